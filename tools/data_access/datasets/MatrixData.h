@@ -1,0 +1,385 @@
+#pragma once
+
+#include "MatrixColumn.h"
+#include "gkBaseQtExport.h"
+
+#include <QColor>
+#include <QList>
+#include <QMap>
+#include <QMetaType>
+#include <QModelIndex>
+#include <QPointF>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include <boost/shared_ptr.hpp>
+
+#include <memory>
+#include <vector>
+
+class QDataStream;
+class QMimeData;
+
+namespace gkBase {
+
+class MatrixDataNotifier;
+class MatrixDataRestore;
+class MatrixDataUndoStack;
+class UnitManager;
+class UnitRegistry;
+
+/// One node of a data-set tree: the root holds data sets, a data set holds attributes, an attribute holds a column
+/// of values. A node without children may also be a table with several columns of one type (frequency tables,
+/// centroid tables).
+///
+/// Rows. A *sheet row* counts the summary rows at the top (minimum, mean, maximum: rowOffSet() of them, 3 for
+/// attributes, 0 for tables); a *record* does not: record = sheet row − rowOffSet(). value(), setValue() and the
+/// table models speak sheet rows; selections, masks, statistics and charts speak records. The summary rows are
+/// computed from the records and cannot be written.
+///
+/// Ownership. A node owns its children. Removed children belong to the undo record that removed them, so that
+/// undoing puts the same object back. The owner link (owner()) of an attribute names its data set and is empty for
+/// a data set; it tells the two kinds apart and owns nothing.
+///
+/// Bad input (a row, column or child out of range, a null pointer) reads as empty and writes nothing.
+class GKBASEQT_EXPORT MatrixData
+{
+public:
+    enum HistogramType { Frequency = 0, RelativeFrequency = 1, CumulativeRelativeFrequency = 2 };
+
+    /// What a chart needs of a data set before it offers it in its chooser.
+    enum AttributeCollection {
+        AnyAttribute = 0,       ///< at least one attribute
+        NumericAttribute,       ///< at least one double, int or bool attribute: each such attribute is one entry
+        NumericPair,            ///< at least two numeric attributes
+        DepthAndNumeric,        ///< a depth and one further numeric attribute
+        Direction,              ///< an attribute of azimuths: each is one entry
+        DipAndAzimuth           ///< a dip (or plunge) and its azimuth
+    };
+
+    /// A node named sName with iColumns columns of iRows records each; −1 means none yet. eType is the type of
+    /// every column. iRowOffSet is the number of summary rows: 3 for roots, data sets and attributes, 0 for tables.
+    explicit MatrixData(const QString& sName = QString(), int iRows = -1, int iColumns = -1,
+                        QMetaType::Type eType = QMetaType::Double, int iRowOffSet = 3);
+    /// bDeep copies the values and the children; otherwise only name, type, unit, colour and flags. Owner links
+    /// inside the copy point into the copy; the copy itself has no owner, no undo list and an identifier of its own.
+    MatrixData(const MatrixData& other, bool bDeep = true);
+    /// Takes values, name, unit, colour and flags of the other node (deep), and copies of its children. The place in
+    /// the tree, the identifier and the undo list stay.
+    MatrixData& operator=(const MatrixData& other);
+    virtual ~MatrixData();
+
+    /// A deep copy of the dynamic type (attribute, array, strike). The caller owns it.
+    virtual MatrixData* clone() const;
+
+    // ---- tree -------------------------------------------------------------------------------------------------
+    int childCount() const { return static_cast<int>(m_vChildren.size()); }
+    MatrixData* child(int i) const;
+    /// Position among the children, −1 when it is none of them.
+    int indexOfChild(const MatrixData* poNode) const;
+    /// Takes ownership. bSetOwner sets the child's owner link to this node (attributes); false leaves it as it is.
+    void appendChild(MatrixData* poNode, bool bSetOwner);
+    /// Takes ownership; an index out of range inserts at the nearer end. Leaves the owner link as it is.
+    void insertChild(int iIndex, MatrixData* poNode);
+    /// Takes the node out of the tree below this node, wherever it stands. The undo record that announced the
+    /// removal keeps it; without such a record it is destroyed. Does nothing when the node is not below this one.
+    void removeChild(MatrixData* poNode);
+    /// As removeChild(), but the caller gets the node. Null when it is not below this one.
+    std::unique_ptr<MatrixData> takeChild(MatrixData* poNode);
+    /// All attributes below this node in tree order (the node itself when it is one).
+    std::vector<MatrixData*> leafs() const;
+    /// The n-th selected attribute below this node in tree order: column n of the table. Null when out of range.
+    MatrixData* getNode(int iColumn) const;
+    /// The first node below this one (tree order, data sets included) of that name; null when there is none.
+    MatrixData* getNodeFromName(const QString& sName) const;
+    /// The first attribute below this node that holds at least one record; null when there is none.
+    MatrixData* getFirstChildWithData() const;
+    /// The node that holds this one among its children; null for a root.
+    MatrixData* parentNode() const { return m_poParent; }
+    MatrixData* root();
+    const MatrixData* root() const;
+
+    MatrixData* owner() const { return m_poOwner; }
+    void setOwner(MatrixData* poOwner) { m_poOwner = poOwner; }
+
+    QString name() const { return m_sName; }
+    void setName(const QString& sName);
+    /// Makes sName unlike every name below this node by appending _1, _2, …; the node being named may be given so
+    /// that its own name does not count. Linear in the number of nodes.
+    void createUniqueName(QString& sName, const MatrixData* poNamed = nullptr) const;
+    int globalID() const { return m_iGlobalIdOfNode; }
+    static int m_iGlobalID; ///< the identifier that the next node gets
+
+    /// True for the vertex coordinate attributes X, Y and Z of a data set, which cannot be deleted.
+    bool isVertex() const { return m_bVertex; }
+    void setVertex(bool bVertex) { m_bVertex = bVertex; }
+    bool isEditable() const { return m_bEditable; }
+    void setEditable(bool bEditable) { m_bEditable = bEditable; }
+
+    bool isSelected() const;
+    /// Switches an attribute in or out of table and charts. On a data set or root it applies to all attributes
+    /// below. bDeselectSiblings true: all siblings are switched off first.
+    void setSelected(bool bSelected, bool bDeselectSiblings = false);
+    /// Number of selected attributes below this node: the columns of the table.
+    int numberOfSelectedItems() const;
+    /// Table rows that show the selected attributes: iStep the thinning step (below 1: none), iListSize the length
+    /// of a list of rows (0: no list). A list: its size, ceil(size / step) when thinned. No list: row offset +
+    /// longest column N, or 1 + N / step when thinned.
+    int maxNumbOfSelectedRows(int iStep, int iListSize) const;
+
+    // ---- values -----------------------------------------------------------------------------------------------
+    QMetaType::Type type() const { return m_eType; }
+    /// Changes the type of every column, converting the cells.
+    void setType(QMetaType::Type eType);
+    int rowOffSet() const { return m_iRowOffSet; }
+    /// Sheet rows: row offset + records.
+    int rowCount() const { return m_iRowOffSet + recordCount(); }
+    int columnCount() const;
+    /// Length of the longest column.
+    int recordCount() const;
+
+    QVariant value(int iRow, int iColumn) const;
+    /// The cell of a table-model index: its row, column 0.
+    QVariant value(const QModelIndex& index) const;
+    /// Sheet rows at or above the row offset only; a row past the end extends the column with missing cells.
+    void setValue(int iRow, int iColumn, const QVariant& qValue);
+    void setValue(const QModelIndex& index, const QVariant& qValue);
+    void setValue(int iRow, const QVariant& qValue) { setValue(iRow, 0, qValue); }
+    void insertValue(int iRow, const QVariant& qValue);
+    /// 99999.0 for a missing cell or one that is no number.
+    double toDouble(int iRow, int iColumn) const;
+    /// 99999 for a missing cell or one that is no number.
+    int toInt(int iRow, int iColumn) const;
+    /// A value in display units; 99999.0 for an invalid variant.
+    double toDisplayDouble(const QVariant& qValue) const;
+
+    const MatrixColumn& column(int iColumn = 0) const;
+    /// Write access for importers, models and undo. Call valuesChanged() after writing.
+    MatrixColumn& mutableColumn(int iColumn = 0);
+    void setColumn(int iColumn, MatrixColumn column);
+    /// Drops cached ranges and tells the root that the values of this node changed.
+    void valuesChanged();
+    /// Number of a record, NaN when missing (99999.0 counts as missing).
+    double recordNumber(int iRecord, int iColumn = 0) const { return column(iColumn).number(iRecord); }
+
+    void appendRows(int iRows);
+    void appendColumns(int iColumns);
+    /// One missing cell at the end of every attribute below this node (each to the length of its data set + 1).
+    void appendOneRowForEachColumn();
+    /// Brings every attribute of each data set below to the length of the longest one (bGrow) or drops the missing
+    /// cells that all of them have at their ends.
+    void resetRowCount(bool bGrow);
+    /// Every data set's attributes get equal lengths (the longest). Called after a paste.
+    void checkValidRowCount();
+
+    /// The value that stands for missing cells of flags and choices (for example the visibility "$V").
+    void setDefaultValue1(const QVariant& qValue) { m_qDefaultValue1 = qValue; }
+    QVariant defaultValue1() const { return m_qDefaultValue1; }
+    void setDefaultValue2(double dValue) { m_dDefaultValue2 = dValue; }
+    double defaultValue2() const { return m_dDefaultValue2; }
+
+    /// Fills the missing cells among the sheet rows iFirstRow … iLastRow of a numeric column linearly between the
+    /// nearest values around each gap inside that range; gaps at its ends stay. The old cells go into poRestore
+    /// (may be null).
+    void interpolate(int iFirstRow, int iLastRow, int iColumn, MatrixDataRestore* poRestore);
+    /// Linear look-up in a table: searches the rising column iColumnY for x and returns the value of column
+    /// iColumnX there. Clamped to the ends outside; 99999.0 for an empty table.
+    double getInterpolationValue(double x, int iColumnX, int iColumnY) const;
+    /// Makes the table a curve: one row for each distinct value b of column iColumnB, rising, holding the mean a of
+    /// column iColumnA in the rows with that b; closed by the right edge (column 2) of the last row at b = the last
+    /// height (column 3) when the table has those columns. The result keeps a in column iColumnA, b in iColumnB.
+    void reduceToAveraged(int iColumnA, int iColumnB);
+    /// Appends to each data set below that has vertices X, Y, Z but no depth an attribute "Measured Depth": the
+    /// length along the path of its vertices, in the unit of Z.
+    void createMeasuredDepth();
+
+    QStringList columnHeaders() const { return m_lColumnHeaders; }
+    void setColumnHeaders(const QStringList& lHeaders) { m_lColumnHeaders = lHeaders; }
+
+    // ---- units ------------------------------------------------------------------------------------------------
+    /// Not owned; asked by setUnitManager(category). Inherited from the parents when not set here.
+    void setRegistry(UnitRegistry* poRegistry) { m_poRegistry = poRegistry; }
+    UnitRegistry* registry() const;
+    /// Takes the registry's manager of that category; an unknown category changes nothing.
+    void setUnitManager(const QString& sCategory);
+    void setUnitManager(boost::shared_ptr<UnitManager> poUnitManager);
+    /// Never null: a node without a unit has the dimensionless one.
+    boost::shared_ptr<UnitManager> unitManager() const;
+    QString unitCategory() const;
+
+    // ---- colours and symbols ----------------------------------------------------------------------------------
+    QColor color() const { return m_oColor; }
+    void setColor(const QColor& oColor);
+    /// The colour of a cell of a colour attribute; invalid when missing or of another type.
+    QColor color(const QModelIndex& index) const;
+    /// The colour that a text names: "#rrggbb" or a colour name; invalid otherwise.
+    QColor color(const QString& sText) const;
+    /// The node's colour as "#rrggbb".
+    QString colorHexaString() const { return colorHexaString(m_oColor); }
+    static QString colorHexaString(const QColor& oColor);
+    /// Black for a text that is no colour.
+    static QColor colorFromHexaString(const QString& sText);
+    /// Cycles through a palette that reads on white and black; bRestart begins with its first colour.
+    static QColor getDefaultColor(bool bRestart = false);
+
+    /// Class ids of a symbol attribute (text, int, bool or double cells): the distinct values get 1, 2, 3 … (texts
+    /// and numbers in rising order), a missing cell gets 0. vIds has one entry per record. names and colors have an
+    /// entry per id, and one for id 0 ("" and gray), which legends do not list.
+    void createSymbolIDs(std::vector<int>& vIds, QMap<int, QVariant>& names, QMap<int, QColor>& colors) const;
+    /// Class ids of a numeric attribute by the bands of a colour map with the given interval from dMin to dMax:
+    /// id 1 is the lowest band; values outside go to the first or last band. Missing cells get 0. A colour
+    /// attribute gets one id per distinct colour.
+    void createColorMapSymbolIDs(std::vector<int>& vIds, QMap<int, QVariant>& names, QMap<int, QColor>& colors,
+                                 double dMin, double dMax, double dInterval, bool bRedToBlue) const;
+
+    // ---- statistics (records; missing values never count) --------------------------------------------------------
+    /// Of column 0, all records; both 99999.0 when there is no value. Cached until the values change.
+    void getMinMax(double& dMin, double& dMax) const;
+    /// Mean of column 0; 99999.0 without values.
+    double mean() const;
+    /// Restricts minimum and maximum of a column to the given records (an empty list: all), until values change.
+    void setMinMax(int iColumn, const std::vector<int>& viRecords);
+    /// Sample standard deviation (n − 1) of column 0; 99999.0 below two values.
+    double standardDeviation() const;
+    double standardDeviation(const std::vector<int>& viRecords) const;
+    /// Mean azimuth in [0, 360) of the given records (an empty list: all) from the sum of their unit vectors, with
+    /// the mean resultant length in [0, 1]. 99999.0 and 0 without values; Mardia and Jupp 2000, section 2.2.
+    double resultantMeanDirection(double& dResultantLength, const std::vector<int>& viRecords) const;
+    /// Counts the given records (an empty list: all) into classes of dIntervalSize from the minimum, closed on the
+    /// left, the last one on both sides. 99999.0 (or anything not above 0) chooses the size and returns it.
+    ///
+    /// The result (the caller owns it) has row offset 0, one row per class and the columns left edge, cumulative
+    /// per cent at the left edge, right edge, height; the height is a count, per cent, or cumulative per cent at
+    /// the right edge (the last is 100). All values equal: one class, interval 0. No values: no rows. The number
+    /// of classes is capped at 100000 and the interval enlarged and returned when it would need more. The frequency
+    /// table has the colour of this node. poClasses (may be null) is an attribute whose distinct values split each
+    /// height: one further column per class from column 4 on. bClosed is kept for callers; true always.
+    MatrixData* newFrequencyData(double& dIntervalSize, HistogramType eType, const std::vector<int>& viRecords,
+                                 MatrixData* poClasses, bool bClosed) const;
+    /// Sectors of a direction attribute: iClasses classes of dIntervalSize from dStart, values taken modulo 360.
+    /// bUnidirectional false counts each value at + 180 as well. The result has one row per sector and column 0 =
+    /// height; with poColorAttribute further columns hold the height of each colour class, whose values go into
+    /// poClassValues (a table of one column; may be null). poColorDataSet names the data set that holds the colour
+    /// classes when it is not this node's own.
+    MatrixData* newFrequencyData(double dIntervalSize, int iClasses, double dStart, HistogramType eType,
+                                 const std::vector<int>& viRecords, MatrixData* poColorAttribute,
+                                 MatrixData* poColorDataSet, MatrixData* poClassValues, bool bUnidirectional) const;
+    /// Largest value of a column of a table (the heights of a frequency table); 0 without values.
+    double maximumOfColumn(int iColumn) const;
+    /// True when a data set below (or this one) holds a dip and an azimuth in the category "orientation".
+    bool hasOrientationData() const;
+    /// The thinning step that shows about as many rows as iRows; −1 when none is needed. Remembered until
+    /// resetDefaultFilterStepSize().
+    int defaultFilterStepSize(int iRows);
+    void resetDefaultFilterStepSize() { m_iDefaultFilterStepSize = 0; }
+
+    // ---- geometry ---------------------------------------------------------------------------------------------
+    /// The line that lies in the plane (dip, dip azimuth) at a pitch (degrees, 0 … 180, measured in the plane from
+    /// the strike by the right-hand rule): its plunge 0 … 90 and azimuth [0, 360).
+    static void plungeAndAzimuth(double& dPlunge, double& dAzimuth, const double& dDip, const double& dDipAzimuth,
+                                 const double& dPitch);
+    /// sPitchDirection is the compass letter or octant of the strike end from which the pitch (0 … 90) is measured.
+    static void plungeAndAzimuth(double& dPlunge, double& dAzimuth, const double& dDip, const double& dDipAzimuth,
+                                 const double& dPitch, const QString& sPitchDirection);
+    /// The segment where a plane through the triangle's three vertices (x, y, value v) has the level: at most 2
+    /// points, iCount 0 when it misses the triangle. Each array holds 3 values; the outputs hold at least 2.
+    static void calculateIsoline(double* x, double* y, double* v, double dLevel, double* outX, double* outY,
+                                 int& iCount);
+    /// The part of the triangle with lower <= value < upper: a polygon of up to 5 points (outputs hold 6).
+    static void calculatePolygon(double* x, double* y, double* v, double dLower, double dUpper, double* outX,
+                                 double* outY, int& iCount);
+    /// True when a point lies inside the polygon of this table's columns 0 and 1 (even-odd rule).
+    bool pointInOrOut(const QPointF& oPoint) const;
+
+    // ---- persistence and transfer -----------------------------------------------------------------------------
+    /// Name, type, unit, colour, flags, columns and (recursively) children, with a version number.
+    virtual void putDataOnStream(QDataStream& stream) const;
+    /// As above, but only the first iRecords records of each column.
+    virtual void putDataOnStream(int iRecords, QDataStream& stream) const;
+    /// Replaces this node's contents; false (and nothing changed) when the stream holds something else or ends.
+    virtual bool getDataFromStream(QDataStream& stream);
+    /// Reads iRecords cells of a stream written by putDataOnStream into column iColumn.
+    bool getDataFromStream(int iRecords, int iColumn, QDataStream& stream);
+    /// An HTML table (and tab-separated text) of the attributes: a header line of names with units, then the given
+    /// records (an empty list: all) in display units. Texts are escaped.
+    static void setHTML_MimeData(QMimeData* pMimeData, const std::vector<MatrixData*>& vpNodes,
+                                 const std::vector<int>& viRecords);
+    /// Writes the data sets below as comma-separated UTF-8 text with full precision (see MatrixDataText.cpp for the
+    /// form), replacing the file atomically. pbRows: one flag per record, only flagged records are written; no
+    /// flag set, or null, writes all. pbOk (may be null) tells success.
+    void writeCSV(const QString& sPath, bool* pbOk, const bool* pbRows = nullptr, int iRows = 0) const;
+
+    // ---- undo (kept at the root; on other nodes these speak to their root) ----------------------------------------
+    /// Takes ownership. The record must hold what it restores before the edit is applied. bNewStep begins an undo
+    /// step; false joins the step before it (or begins one when there is none). Drops the redo list.
+    void appendUndoAction(MatrixDataRestore* poRecord, bool bNewStep);
+    /// Records on the undo list.
+    int sizeUndoActions() const;
+    /// Null when out of range.
+    MatrixDataRestore* undoAction(int i) const;
+    bool canUndo() const;
+    bool canRedo() const;
+    QString undoText() const; ///< name of the step that undo() would take back
+    QString redoText() const;
+    bool undo();
+    bool redo();
+    /// Changes whenever an edit, an undo or a redo happens; equal numbers mean equal states (for the modified mark).
+    int undoState() const;
+    void clearUndoActions();
+
+    // ---- chart support ------------------------------------------------------------------------------------------
+    /// Fills the chooser of a chart with the entries that hold the attribute collection: one per data set, or one
+    /// per attribute for the collections that say so (then "data set: attribute"). ids are globalID()s. The lists
+    /// are emptied first. bSelectedOnly offers selected attributes only.
+    void getDataSetSelectionBoxItems(QList<QString>& lNames, QList<int>& liIds, QList<QColor>& lColors,
+                                     AttributeCollection eCollection, bool bSelectedOnly) const;
+    /// The node of that identifier below this one, null when there is none (any more).
+    MatrixData* nodeFromID(int iGlobalID) const;
+    /// The dip (or plunge) and the azimuth attribute of a data set, null when it has none. Recognised by unit
+    /// category "orientation" and name.
+    MatrixData* dipAttribute() const;
+    MatrixData* azimuthAttribute() const;
+    MatrixData* depthAttribute() const;
+
+    /// Announces changes below a root; made on first use. For any node: the notifier of its root.
+    MatrixDataNotifier* notifier();
+
+    /// Everything equal: names, types, units, colours, flags, cells bit for bit, children in order. Identifiers do
+    /// not count.
+    bool isIdenticalTo(const MatrixData& other) const;
+
+protected:
+    /// Called under setValue() for attributes whose cells are derived (strike): the derived class writes elsewhere.
+    virtual bool writeDerived(int iRecord, int iColumn, const QVariant& qValue);
+
+private:
+    friend class MatrixDataRestore;
+    friend class MatrixDataUndoStack;
+
+    struct ColumnRange;
+
+    QString m_sName;
+    QMetaType::Type m_eType;
+    int m_iRowOffSet;
+    int m_iGlobalIdOfNode;
+    MatrixData* m_poParent = nullptr; ///< not owned: the node that owns this one
+    MatrixData* m_poOwner = nullptr;  ///< not owned: the data set of an attribute
+    std::vector<std::unique_ptr<MatrixData>> m_vChildren;
+    std::vector<MatrixColumn> m_vColumns;
+    QStringList m_lColumnHeaders;
+    bool m_bSelected = false;
+    bool m_bVertex = false;
+    bool m_bEditable = true;
+    QColor m_oColor;
+    QVariant m_qDefaultValue1;
+    double m_dDefaultValue2;
+    int m_iDefaultFilterStepSize = 0;
+    UnitRegistry* m_poRegistry = nullptr; ///< not owned
+    boost::shared_ptr<UnitManager> m_poUnitManager;
+    std::unique_ptr<MatrixDataUndoStack> m_poUndoStack;
+    std::unique_ptr<MatrixDataNotifier> m_poNotifier;
+    mutable std::vector<ColumnRange> m_vRanges; ///< cached minimum, mean and maximum per column
+};
+
+} // namespace gkBase

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "gkBaseQtExport.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <boost/shared_ptr.hpp>
+
+#include <memory>
+
+namespace gkBase {
+
+class UnitConverter;
+
+/// The unit of an attribute: its category, the model unit in which values are stored and the display unit in which
+/// they are shown. The display unit is the one chosen for the category in DisplayUnitManager when it converts,
+/// otherwise the model unit itself.
+class GKBASEQT_EXPORT UnitManager
+{
+public:
+    /// sModelUnit as files write it ("m", "ft", "deg", "us/ft", "g/cm3", "API"); a text that no conversion knows is
+    /// kept and shown as it is, converting to itself only. iPrecision is the number of decimals to show, −1 the
+    /// category's default.
+    UnitManager(const QString& sCategory, const QString& sModelUnit, int iPrecision = -1);
+    ~UnitManager();
+
+    QString category() const { return m_sCategory; }
+    QString modelUnit() const { return m_sModelUnit; }
+
+    /// Missing values (NaN, 99999.0) are returned unchanged.
+    double convertModelToDisplay(double dValue) const;
+    double convertDisplayToModel(double dValue) const;
+    /// Decimals to show, for the current display unit.
+    int precision() const;
+    void setPrecision(int iPrecision) { m_iPrecision = iPrecision; }
+
+    /// Readable name of the display unit ("metre", "degree"); empty for a dimensionless value.
+    QString getDisplayUnitName() const;
+    /// Its sign as shown behind numbers ("m", "°", "µs/ft"); empty for a dimensionless value.
+    QString getDisplayUnitTag() const;
+    /// Chooses the display unit for this manager's category (process-wide); false when it does not convert.
+    bool displayUnit(const QString& sUnit);
+    /// Display units that this model unit converts to, the model unit first.
+    QStringList possibleDisplayUnits() const;
+
+    bool operator==(const UnitManager& other) const;
+
+private:
+    const UnitConverter* converter() const;
+
+    QString m_sCategory;
+    QString m_sModelUnit;
+    int m_iPrecision;
+    mutable std::unique_ptr<UnitConverter> m_poConverter; ///< for the display unit that it was made for
+};
+
+} // namespace gkBase
