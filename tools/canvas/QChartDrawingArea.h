@@ -1,0 +1,225 @@
+#pragma once
+
+#include "ChartBackingStore.h"
+#include "ChartViewport.h"
+#include "PointStyle.h"
+#include "SymbolSpriteCache.h"
+#include "gkBaseToolsExport.h"
+
+#include <QColor>
+#include <QPixmap>
+#include <QPointF>
+#include <QPolygonF>
+#include <QRect>
+#include <QRectF>
+#include <QString>
+#include <QVector>
+#include <QWidget>
+
+class QAction;
+class QComboBox;
+class QMenu;
+class QPainter;
+
+namespace gkBase {
+
+/// Base of every chart canvas: draws the chart off screen, shows a part of it that can be magnified and panned, and
+/// offers the drawing of points that all charts share.
+///
+/// How a canvas draws. A subclass overrides two functions and never opens a painter itself:
+///
+/// - layoutChart() works out shapes for the whole chart of chartSize() logical pixels (zoom included);
+/// - drawChart() strokes and fills these shapes, in the pixels of the whole chart, with (0, 0) at its top left.
+///
+/// The base calls them: redraw() lays out, gets pixels for the visible part, fills them with the background colour and
+/// calls drawChart() with a painter that is translated and clipped to those pixels. Panning calls neither while the
+/// pixels at hand cover the view; otherwise drawChart() alone is called for the strips that came in. renderTo() lays
+/// out for another size and calls drawChart() on any device, so screen, PNG, SVG and PDF show the same. drawChart()
+/// must not reset the painter's transformation or replace its clip (intersecting it is fine), must not paint the
+/// background, and may skip what lies outside QPainter::clipBoundingRect().
+///
+/// What sticks to the visible area (title, boxes, messages) belongs into drawVisibleFrame(), which is drawn over the
+/// chart at each paint and moves with the view.
+class GKBASETOOLS_EXPORT QChartDrawingArea : public QWidget
+{
+    Q_OBJECT
+public:
+    QChartDrawingArea(QWidget* pqParent, const QString& sName);
+    ~QChartDrawingArea() override;
+
+    // ---- virtual operations, in the order that subclasses rely on --------------------------------------------------
+    /// Black/white mode: a colour with some red in it means light texts on black, any other dark texts on white.
+    virtual void setLabelColor(const QColor& oColor);
+    /// Draws the whole chart in chart pixels; see the class description.
+    virtual void drawChart(QPainter& painter);
+    /// Draws axes beside an area in which the visible part of the chart stands.
+    virtual void drawAxis(QPainter& painter, QRect oVisibleArea);
+    /// Lays the chart out and draws its pixels again.
+    virtual void redraw();
+    /// Adds a subclass's actions to the context menu.
+    virtual void addToContextMenuEvent(QMenu* pqMenu);
+    virtual bool colorAttributeIsOn();
+    virtual bool symbolAttributeIsOn();
+    /// A text beside a point, in the label colour.
+    virtual void drawLabel(QPainter* pPainter, const QPointF& oPosition, const QString& sText);
+    /// The cell grid over the plot rectangle; nothing without grid columns and rows.
+    virtual void drawGrid(QPainter* pPainter);
+    /// Chart units to pixels of the whole chart.
+    virtual QPointF transformInPixelPoint(const QPointF& oPoint);
+
+public slots:
+    /// Magnification of the chart against the widget. The wheel keeps to 1 … 20; here any positive number goes, and
+    /// what is none is ignored.
+    virtual void zoom(double dZoom);
+    /// Magnifies the height only.
+    virtual void zoomY(double dZoom);
+    /// Pan position in per cent of what does not fit, 0 … 100.
+    virtual void xoffset(int iPercent);
+    virtual void yoffset(int iPercent);
+    virtual void enableMouseZoom(bool bEnable);
+
+public:
+    /// Works out everything that depends on chartSize(). Also sets the plot rectangle.
+    virtual void layoutChart();
+    /// Drawn over the visible part, with the painter in the co-ordinates of that part: (0, 0) is its top left.
+    virtual void drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea);
+    /// Columns and rows of lines of the cell grid; 0 means none.
+    virtual int gridColumns() const;
+    virtual int gridRows() const;
+
+    // ---- state -----------------------------------------------------------------------------------------------------
+    /// redraw(), then a repaint.
+    void updateChart();
+    /// An empty title empties the header, otherwise it becomes "chart name: title".
+    void changeHeaderTitle(const QString& sTitle);
+    QString headerTitle() const { return m_sHeaderTitle; }
+    QString chartName() const { return m_sChartName; }
+
+    /// Logical size of the whole chart, zoom included.
+    QSize chartSize() const { return m_oViewport.chartSize(); }
+    /// The visible area in pixels of the whole chart.
+    QRect pixmapRect() const { return m_oViewport.visibleRect(); }
+    double zoomFactor() const { return m_oViewport.zoom(); }
+    int offsetPercentX() const { return m_oViewport.percentX(); }
+    int offsetPercentY() const { return m_oViewport.percentY(); }
+    /// Bytes that the chart's pixels take.
+    qint64 pixelMemory() const { return m_oStore.bytes(); }
+
+    /// Draws the whole chart at zoom 1 into the rectangle of any device, clipped to it, with the background colour
+    /// under it. Screen, zoom and pan stay as they are.
+    void renderTo(QPainter& painter, const QRect& oTarget);
+
+    QPointF mousePickingPos() const { return m_oMousePickingPos; }
+    void setMousePickingPos(const QPointF& oPosition) { m_oMousePickingPos = oPosition; }
+    QColor backgroundColor() const { return m_oBackgroundColor; }
+    QColor labelColor() const { return m_oLabelColor; }
+    QColor gridColor() const { return m_oGridColor; }
+    QColor lineColor() const { return m_oLineColor; }
+    void setLineColor(const QColor& oColor) { m_oLineColor = oColor; }
+    QColor pointFillColor() const { return m_oPointFillColor; }
+    void setPointFillColor(const QColor& oColor) { m_oPointFillColor = oColor; }
+    int linePixelSize() const { return m_iLinePixelSize; }
+    void setLinePixelSize(int iPixels) { m_iLinePixelSize = iPixels; }
+    bool symbolColorOnly() const { return m_bSymbolColorOnly; }
+    void setSymbolColorOnly(bool bOnly) { m_bSymbolColorOnly = bOnly; }
+    bool gridIsOn() const { return m_bGridIsOn; }
+    void setGridIsOn(bool bOn) { m_bGridIsOn = bOn; }
+    bool clusterPoleCentroidsOn() const { return m_bClusterPoleCentroidsOn; }
+    void setClusterPoleCentroidsOn(bool bOn) { m_bClusterPoleCentroidsOn = bOn; }
+    bool clusterAzimuthCentroidsOn() const { return m_bClusterAzimuthCentroidsOn; }
+    void setClusterAzimuthCentroidsOn(bool bOn) { m_bClusterAzimuthCentroidsOn = bOn; }
+
+    // ---- pictures of symbols for combo boxes and legends ---------------------------------------------------------
+    /// Fills a combo box with icon, name and (as item data) value of the point styles; all: the seven variants too.
+    void initializePointSytleComboBox(QComboBox* pqComboBox, bool bAll);
+    /// A symbol in the point fill colour.
+    QPixmap symbolPixmap(PointStyle eStyle) const;
+    QPixmap getSymbolPixmap(PointStyle eStyle, const QColor& oColor) const;
+    /// As above, for a stored style; one that does not exist becomes the circle's. bFilled false draws it hollow.
+    QPixmap getSymbolPixmap(int& iStyle, const QColor& oColor, bool bFilled) const;
+
+public slots:
+    /// The widget as it is shown, as a bitmap.
+    void copyToClipboard();
+
+signals:
+    /// A selection mask over the data points; receivers copy it at once.
+    void dataPointsSelection(bool* pbSelection, int iLength);
+    void zoomChanged(double dZoom);
+    /// The cursor in chart units; (99999.0, 99999.0) when it has left the chart.
+    void cursorPos(QPointF oPosition);
+    void signalCopyToClipboard();
+
+protected:
+    void wheelEvent(QWheelEvent* pEvent) override;
+    void paintEvent(QPaintEvent* pEvent) override;
+    void resizeEvent(QResizeEvent* pEvent) override;
+    void contextMenuEvent(QContextMenuEvent* pEvent) override;
+
+    /// The next paint lays out and draws again.
+    void scheduleRedraw();
+
+    // ---- drawing toolkit: centre in chart pixels, size = half the symbol's width; pen and brush as they are
+    // -----------
+    void drawCircle(QPainter* pPainter, const QPointF& oCentre, int iSize);
+    void drawCross(QPainter* pPainter, const QPointF& oCentre, int iSize);
+    void drawRectangle(QPainter* pPainter, const QPointF& oCentre, int iSize);
+    void drawTriangle(QPainter* pPainter, const QPointF& oCentre, int iSize);
+    void drawTriangle2(QPainter* pPainter, const QPointF& oCentre, int iSize);
+    void drawDiamond(QPainter* pPainter, const QPointF& oCentre, int iSize);
+    void drawBigCross(QPainter* pPainter, const QPointF& oCentre, int iSize);
+    void drawBigCross45(QPainter* pPainter, const QPointF& oCentre, int iSize);
+    void drawPolygon(QPainter* pPainter, const QPointF& oCentre, int iSize, int iCorners);
+    /// One symbol with its outline in the colour, filled as its style says (symbolFill()).
+    void drawOneSymbol(QPainter* pPainter, const QPointF& oCentre, PointStyle eStyle, const QColor& oColor, int iSize);
+    /// One symbol of a chart with many: outline in oColor, inside in oFillColor when filled. Hollow styles stay hollow.
+    /// Drawn from the sprite cache on screens.
+    void drawSymbols(QPainter* pPainter, const QPointF& oCentre, PointStyle eStyle, const QColor& oColor, bool bFilled,
+                     const QColor& oFillColor, int iSize);
+    /// As drawSymbols(), but the fill flag alone decides about the inside, whatever the style.
+    void drawDefaultSymbols(QPainter* pPainter, const QPointF& oCentre, PointStyle eStyle, const QColor& oColor,
+                            bool bFilled, const QColor& oFillColor, int iSize);
+    /// A disc with a tail along the azimuth (degrees); nothing for a missing azimuth.
+    void drawTadPole(QPainter* pPainter, const QPointF& oCentre, double dAzimuthDeg, const QColor& oColor, int iSize);
+    /// The same with an outline of another colour.
+    void drawColorFilledTadPole(QPainter* pPainter, const QPointF& oCentre, double dAzimuthDeg, const QColor& oOutline,
+                                const QColor& oFillColor, int iSize);
+    /// Cluster centres: a broad cross in a ring at each point, readable on any colour.
+    void drawCentroids(QPainter* pPainter, const QPolygonF& oCentres, const QColor& oColor);
+    /// A computed result (a mean direction, an eigenvector): a framed square with its label.
+    void drawResultPoint(QPainter* pPainter, const QPointF& oCentre, const QColor& oColor, const QString& sLabel);
+    void drawLabel2(QPainter* pPainter, const QPointF& oPosition, const QString& sText, const QColor& oColor);
+    /// Pen and brush of plain points.
+    void setPointPen(QPainter* pPainter);
+
+    QColor m_oBackgroundColor = Qt::white;
+    QPointF m_oMousePickingPos;        ///< widget pixels, 99999.0 = none
+    QVector<QPointF> m_vSelectionPath; ///< outline of a freehand selection, widget pixels
+    QPixmap m_oOverlayPixmap;          ///< shown instead of the chart's pixels when not null
+    QColor m_oLabelColor = Qt::black;
+    QColor m_oGridColor = Qt::gray;
+    QColor m_oLineColor = Qt::blue;
+    QColor m_oHighlightColor = QColor(183, 200, 255);
+    QColor m_oPointFillColor = Qt::darkBlue;
+    QRectF m_oPlotRect; ///< data area in chart pixels
+    SymbolSpriteCache m_oSprites;
+
+private:
+    void createActions();
+    void drawRegion(const QRegion& oRegion);
+
+    QString m_sChartName;
+    QString m_sHeaderTitle;
+    int m_iLinePixelSize = 2;
+    bool m_bSymbolColorOnly = false;
+    bool m_bGridIsOn = true;
+    bool m_bClusterPoleCentroidsOn = true;
+    bool m_bClusterAzimuthCentroidsOn = false;
+    bool m_bMouseZoomEnabled = true;
+    bool m_bNeedsRedraw = true;
+    ChartViewport m_oViewport;
+    ChartBackingStore m_oStore;
+    QAction* m_pqCopyAction;
+};
+
+} // namespace gkBase

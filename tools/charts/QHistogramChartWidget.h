@@ -1,0 +1,104 @@
+#pragma once
+
+#include "gkBaseToolsExport.h"
+
+#include <QList>
+#include <QPointF>
+#include <QPointer>
+#include <QSize>
+#include <QString>
+#include <QWidget>
+
+#include <vector>
+
+class QCartesianAxisWidget;
+class QCheckBox;
+class QComboBox;
+class QDoubleSpinBoxWithSlider;
+class QFrame;
+class QLabel;
+class QPainter;
+class QPushButton;
+class QRectF;
+class QScrollBar;
+
+namespace gkBase {
+
+class MatrixData;
+class MatrixDataNotifier;
+class QHistogramItemModel;
+class QHistogramPlotWidget;
+
+/// The histogram panel: chart with axes, statistics and the controls of both, for one numeric attribute at a time.
+///
+/// The owner gives the root, the attribute and the selected records; the user may choose another attribute of any
+/// data set. An attribute that is removed from the tree leaves an empty chart. Changes of values do not redraw by
+/// themselves: the owner calls updateHistogram() when the panel is visible.
+class GKBASETOOLS_EXPORT QHistogramChartWidget : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit QHistogramChartWidget(QWidget* pqParent = nullptr);
+    ~QHistogramChartWidget() override;
+
+    /// Not owned; null empties chooser and chart. Fills the chooser.
+    void setDataRoot(MatrixData* poRoot);
+    /// Shows an attribute (a data set: its first numeric attribute) with an interval size that suits it. Not owned;
+    /// null empties the chart.
+    void setDataSet(MatrixData* poData);
+    /// Selects the chooser's entry with that MatrixData::globalID() and shows it; one that is not offered empties the
+    /// chart.
+    void setCurrentDataSet(int iGlobalID);
+    /// The attribute that is shown, null when there is none.
+    MatrixData* currentSelectedDataSet() const { return m_poData; }
+    /// Fills the chooser again with the numeric attributes of all data sets; the shown one stays when it is still
+    /// there.
+    void updateDataSetSelectionBox();
+    /// The records that are counted; an empty list means all. Rebuilds when the list differs.
+    void setSelectedRows(const std::vector<int>& viRecords);
+
+    /// Chart, axes and scroll bars respond or are grayed out.
+    void setChartFrameEnabled(bool bEnabled);
+    /// The x axis ends at 360 (azimuth), or at 180 when Mercator scaling is on as well.
+    void setAzimuthScaling(bool bOn);
+    void setMercatorScaling(bool bOn);
+
+    QHistogramPlotWidget* drawingArea() const { return m_pqPlot; }
+    QHistogramItemModel* histogramItemModel() const { return m_pModel; }
+
+    /// Draws title, axes and the whole chart into the rectangle of any device; the panel need not be shown.
+    void renderTo(QPainter& painter, const QRectF& oTarget);
+    /// Writes the chart to a .png, .svg or .pdf file of that logical size. On failure the file is left alone and the
+    /// reason is in psError (may be null).
+    bool exportChart(const QString& sPath, const QSize& oSize, QString* psError);
+
+public slots:
+    /// The chart with its axes as a bitmap.
+    void copyToClipboard();
+    /// Counts again: type, interval size and attribute as the controls say.
+    void updateHistogram();
+
+signals:
+    /// The user has chosen another attribute.
+    void dataSetSelected();
+
+private slots:
+    void updateHistogramIntervals(double dIntervalSize);
+    void blackWhiteSwitch();
+    void fontSizeChanged(double dPointSize);
+    void updateCursorPosLabel(QPointF oPosition);
+    void slotZoomFactorReset(bool bOn);
+    void slotZoomFactorChanged(double dZoom);
+    void slotVerticalSliderChanged(int iPercent);
+    void slotHorizontalSliderChanged(int iPercent);
+    void updateDiagramSettings();
+
+private:
+    QHistogramItemModel* m_pModel;
+    QHistogramPlotWidget* m_pqPlot;
+    MatrixData* m_poRoot = nullptr;       ///< not owned; dropped when the notifier announces its end
+    MatrixData* m_poData = nullptr;       ///< not owned; dropped likewise
+    std::vector<int> m_viSelectedRecords; ///< empty: all
+};
+
+} // namespace gkBase

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "HistogramGeometry.h"
+#include "QChartDrawingArea.h"
+#include "gkBaseToolsExport.h"
+
+#include <QList>
+#include <QPointer>
+
+#include <vector>
+
+class QCartesianAxisWidget;
+
+namespace gkBase {
+
+class QHistogramItemModel;
+
+/// The canvas of the histogram: bars over intervals, percentile lines and grid. Data units are model units.
+class GKBASETOOLS_EXPORT QHistogramPlotWidget : public QChartDrawingArea
+{
+    Q_OBJECT
+public:
+    explicit QHistogramPlotWidget(QWidget* pqParent = nullptr, const QString& sName = QString());
+
+    /// Not owned; may be deleted while the canvas lives.
+    void setHistogramItemModel(QHistogramItemModel* pModel);
+    /// The axes that stand beside the canvas, for drawAxis(). Not owned; null for none.
+    void setAxes(QCartesianAxisWidget* pqLeft, QCartesianAxisWidget* pqBottom);
+
+    /// The shown range. A range narrower than 5e-7 is widened; boundaries() tells what came out.
+    void setBoundaries(QPointF oLowerLeft, QPointF oUpperRight);
+    HistogramBoundaries boundaries() const { return m_oBoundaries; }
+    /// The percentiles to mark (99999.0: none) and the colour of their lines.
+    void setStatisticPoints(double dP10, double dP50, double dP90, const QColor& oColor);
+    void setShowP10(bool bShow) { m_bShowP10 = bShow; }
+    void setShowP50(bool bShow) { m_bShowP50 = bShow; }
+    void setShowP90(bool bShow) { m_bShowP90 = bShow; }
+
+    QPointF transformInPixelPoint(const QPointF& oPoint) override;
+    /// Chart pixels to data units.
+    QPointF transformInDataPoint(const QPointF& oPixel) const;
+    /// Interval of the bar at a chart pixel, −1 where there is none.
+    int intervalAt(const QPointF& oPixel) const { return barAt(m_vBars, oPixel); }
+    /// Tick positions at which the grid is drawn, in chart pixels.
+    QList<int> verticalGridLines() const { return m_viVerticalGridLines; }
+    QList<int> horizontalGridLines() const { return m_viHorizontalGridLines; }
+    /// Draws the whole chart at another size with the grid lines that belong to it.
+    void renderWithGrid(QPainter& painter, const QRect& oTarget, const QList<int>& viVertical,
+                        const QList<int>& viHorizontal);
+
+    void drawChart(QPainter& painter) override;
+    void drawAxis(QPainter& painter, QRect oVisibleArea) override;
+    void layoutChart() override;
+    void drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea) override;
+
+public slots:
+    void verticalGridLinesChanged(const QList<int>& viPositions);
+    void horizontalGridLinesChanged(const QList<int>& viPositions);
+
+protected:
+    virtual void drawHistogram(QPainter* pPainter);
+    virtual void drawStatisticMeasures(QPainter* pPainter);
+    /// Grid lines at the axes' ticks and the frame of the plot.
+    virtual void drawAxes(QPainter* pPainter);
+    /// What the tool tip of an interval says, as plain text; empty for none.
+    virtual QString intervalToolTip(int iInterval) const;
+
+    bool event(QEvent* pEvent) override;
+    void mouseMoveEvent(QMouseEvent* pEvent) override;
+    void leaveEvent(QEvent* pEvent) override;
+
+    QHistogramItemModel* histogramItemModel() const;
+
+private:
+    void drawPercentileLabels(QPainter& painter, const QRect& oVisibleArea);
+    void drawNoValues(QPainter& painter, const QRect& oVisibleArea);
+
+    QPointer<QHistogramItemModel> m_pModel;        ///< not owned
+    QPointer<QCartesianAxisWidget> m_pqLeftAxis;   ///< not owned
+    QPointer<QCartesianAxisWidget> m_pqBottomAxis; ///< not owned
+    HistogramBoundaries m_oBoundaries;
+    HistogramPercentiles m_oPercentiles;
+    QColor m_oPercentileColor = Qt::white;
+    bool m_bShowP10 = true;
+    bool m_bShowP50 = true;
+    bool m_bShowP90 = true;
+    QList<int> m_viVerticalGridLines;
+    QList<int> m_viHorizontalGridLines;
+    HistogramMap m_oMap;
+    std::vector<HistogramBar> m_vBars;
+    std::vector<HistogramLine> m_vLines;
+};
+
+} // namespace gkBase
