@@ -3,6 +3,7 @@
 #include "gkBaseToolsExport.h"
 
 #include <QColor>
+#include <QCoreApplication>
 #include <QSize>
 #include <QString>
 #include <QStringList>
@@ -17,6 +18,8 @@ namespace gkBase {
 /// Writes a chart to a picture file. The format follows the file's extension: .png, .svg or .pdf.
 class GKBASETOOLS_EXPORT ChartExporter
 {
+    Q_DECLARE_TR_FUNCTIONS(gkBase::ChartExporter)
+
 public:
     /// Draws the chart into the rectangle; called once, with a painter whose unit is one logical pixel (1/96 inch).
     using Render = std::function<void(QPainter&, const QRectF&)>;

@@ -96,9 +96,9 @@ public:
     QString chartName() const { return m_sChartName; }
 
     /// Logical size of the whole chart, zoom included.
-    QSize chartSize() const { return m_oViewport.chartSize(); }
+    QSize chartSize() const { return viewport().chartSize(); }
     /// The visible area in pixels of the whole chart.
-    QRect pixmapRect() const { return m_oViewport.visibleRect(); }
+    QRect pixmapRect() const { return viewport().visibleRect(); }
     double zoomFactor() const { return m_oViewport.zoom(); }
     int offsetPercentX() const { return m_oViewport.percentX(); }
     int offsetPercentY() const { return m_oViewport.percentY(); }
@@ -207,6 +207,8 @@ protected:
 private:
     void createActions();
     void drawRegion(const QRegion& oRegion);
+    /// The viewport at the widget's present size, or at the size that renderTo() draws for.
+    ChartViewport viewport() const;
 
     QString m_sChartName;
     QString m_sHeaderTitle;
@@ -218,6 +220,7 @@ private:
     bool m_bMouseZoomEnabled = true;
     bool m_bNeedsRedraw = true;
     ChartViewport m_oViewport;
+    QSize m_oRenderSize; ///< valid while renderTo() draws
     ChartBackingStore m_oStore;
     QAction* m_pqCopyAction;
 };

@@ -1,0 +1,248 @@
+#include "QChartDrawingArea.h"
+
+#include "MissingValue.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QCoreApplication>
+#include <QFile>
+#include <QIcon>
+#include <QMenu>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QResizeEvent>
+#include <QWheelEvent>
+
+namespace gkBase {
+
+QChartDrawingArea::QChartDrawingArea(QWidget* pqParent, const QString& sName)
+    : QWidget(pqParent)
+    , m_oMousePickingPos(g_dMissingValue, g_dMissingValue)
+    , m_sChartName(sName)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(sName);
+    createActions();
+}
+
+QChartDrawingArea::~QChartDrawingArea() = default;
+
+void QChartDrawingArea::createActions()
+{
+    m_pqCopyAction = new QAction(QCoreApplication::translate("QCrossPlotWidget", "Copy"), this);
+    m_pqCopyAction->setShortcut(QKeySequence(QCoreApplication::translate("QCrossPlotWidget", "Ctrl+C")));
+    // Several charts and tables share a window; the one with the focus copies.
+    m_pqCopyAction->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    const QString sIcon = QStringLiteral(":/orrel/Resources/page_copy.png");
+    m_pqCopyAction->setIcon(QFile::exists(sIcon) ? QIcon(sIcon) : QIcon::fromTheme(QStringLiteral("edit-copy")));
+    connect(m_pqCopyAction, &QAction::triggered, this, &QChartDrawingArea::copyToClipboard);
+    addAction(m_pqCopyAction);
+}
+
+// ---- operations for subclasses --------------------------------------------------------------------------------------
+
+void QChartDrawingArea::setLabelColor(const QColor& oColor)
+{
+    m_oLabelColor = oColor;
+    // Red alone decides: owners pass black or white.
+    const bool bOnBlack = oColor.red() != 0;
+    m_oBackgroundColor = bOnBlack ? QColor(0, 0, 0) : QColor(255, 255, 255);
+    m_oGridColor = bOnBlack ? Qt::lightGray : Qt::gray;
+    scheduleRedraw();
+}
+
+void QChartDrawingArea::drawChart(QPainter&) {}
+
+void QChartDrawingArea::drawAxis(QPainter&, QRect) {}
+
+void QChartDrawingArea::layoutChart() {}
+
+void QChartDrawingArea::drawVisibleFrame(QPainter&, const QRect&) {}
+
+void QChartDrawingArea::addToContextMenuEvent(QMenu*) {}
+
+bool QChartDrawingArea::colorAttributeIsOn()
+{
+    return false;
+}
+
+bool QChartDrawingArea::symbolAttributeIsOn()
+{
+    return false;
+}
+
+int QChartDrawingArea::gridColumns() const
+{
+    return 0;
+}
+
+int QChartDrawingArea::gridRows() const
+{
+    return 0;
+}
+
+QPointF QChartDrawingArea::transformInPixelPoint(const QPointF&)
+{
+    return {0.0, 0.0};
+}
+
+// ---- off-screen picture
+// -----------------------------------------------------------------------------------------------
+
+ChartViewport QChartDrawingArea::viewport() const
+{
+    // A hidden widget has its new size before its resize event.
+    ChartViewport oViewport = m_oRenderSize.isValid() ? ChartViewport() : m_oViewport;
+    oViewport.setViewSize(m_oRenderSize.isValid() ? m_oRenderSize : size());
+    return oViewport;
+}
+
+void QChartDrawingArea::scheduleRedraw()
+{
+    m_bNeedsRedraw = true;
+    update();
+}
+
+void QChartDrawingArea::redraw()
+{
+    m_bNeedsRedraw = false;
+    m_oOverlayPixmap = QPixmap();
+    layoutChart();
+    drawRegion(m_oStore.reset(chartSize(), pixmapRect(), devicePixelRatioF()));
+}
+
+void QChartDrawingArea::drawRegion(const QRegion& oRegion)
+{
+    if (oRegion.isEmpty() || m_oStore.pixmap().isNull())
+        return;
+    QPainter painter(&m_oStore.pixmap());
+    painter.setFont(font());
+    painter.translate(-m_oStore.coverage().topLeft());
+    painter.setClipRegion(oRegion);
+    painter.fillRect(oRegion.boundingRect(), m_oBackgroundColor);
+    drawChart(painter);
+}
+
+void QChartDrawingArea::updateChart()
+{
+    redraw();
+    update();
+}
+
+void QChartDrawingArea::renderTo(QPainter& painter, const QRect& oTarget)
+{
+    if (oTarget.isEmpty())
+        return;
+    m_oRenderSize = oTarget.size();
+    layoutChart();
+    painter.save();
+    painter.setClipRect(oTarget, Qt::IntersectClip);
+    painter.fillRect(oTarget, m_oBackgroundColor);
+    painter.setFont(font());
+    painter.translate(oTarget.topLeft());
+    drawChart(painter);
+    drawVisibleFrame(painter, QRect(QPoint(0, 0), oTarget.size()));
+    painter.restore();
+    m_oRenderSize = QSize();
+    layoutChart();
+}
+
+void QChartDrawingArea::paintEvent(QPaintEvent*)
+{
+    if (m_bNeedsRedraw || m_oStore.devicePixelRatio() != devicePixelRatioF()) {
+        redraw();
+    } else if (!m_oStore.covers(pixmapRect())) {
+        m_oOverlayPixmap = QPixmap(); // it belongs to the pixels that go
+        drawRegion(m_oStore.moveTo(pixmapRect()));
+    }
+    const QRect oVisible = pixmapRect();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.fillRect(rect(), palette().brush(backgroundRole()));
+    const QPixmap& oPixmap = m_oOverlayPixmap.isNull() ? m_oStore.pixmap() : m_oOverlayPixmap;
+    painter.drawPixmap(m_oStore.coverage().topLeft() - oVisible.topLeft(), oPixmap);
+    drawVisibleFrame(painter, oVisible);
+}
+
+void QChartDrawingArea::resizeEvent(QResizeEvent* pEvent)
+{
+    QWidget::resizeEvent(pEvent);
+    scheduleRedraw();
+}
+
+// ---- zoom and pan
+// -------------------------------------------------------------------------------------------------------
+
+void QChartDrawingArea::zoom(double dZoom)
+{
+    if (m_oViewport.setZoom(dZoom))
+        scheduleRedraw();
+}
+
+void QChartDrawingArea::zoomY(double dZoom)
+{
+    if (m_oViewport.setZoomY(dZoom))
+        scheduleRedraw();
+}
+
+void QChartDrawingArea::xoffset(int iPercent)
+{
+    m_oViewport.setPercentX(iPercent);
+    update();
+}
+
+void QChartDrawingArea::yoffset(int iPercent)
+{
+    m_oViewport.setPercentY(iPercent);
+    update();
+}
+
+void QChartDrawingArea::enableMouseZoom(bool bEnable)
+{
+    m_bMouseZoomEnabled = bEnable;
+}
+
+void QChartDrawingArea::wheelEvent(QWheelEvent* pEvent)
+{
+    const int iDelta = pEvent->angleDelta().y();
+    if (!m_bMouseZoomEnabled || iDelta == 0) {
+        pEvent->ignore();
+        return;
+    }
+    pEvent->accept();
+    const double dZoom = ChartViewport::wheelZoom(zoomFactor(), iDelta);
+    if (dZoom == zoomFactor())
+        return;
+    zoom(dZoom);
+    emit zoomChanged(zoomFactor());
+}
+
+// ---- title, copy and menu
+// -----------------------------------------------------------------------------------------------
+
+void QChartDrawingArea::changeHeaderTitle(const QString& sTitle)
+{
+    m_sHeaderTitle = sTitle.isEmpty() ? QString() : m_sChartName + QLatin1String(": ") + sTitle;
+    update();
+}
+
+void QChartDrawingArea::copyToClipboard()
+{
+    QClipboard* pqClipboard = QApplication::clipboard();
+    pqClipboard->clear();
+    pqClipboard->setPixmap(grab(rect()));
+    emit signalCopyToClipboard();
+}
+
+void QChartDrawingArea::contextMenuEvent(QContextMenuEvent* pEvent)
+{
+    QMenu menu(this);
+    menu.addAction(m_pqCopyAction);
+    addToContextMenuEvent(&menu);
+    menu.setDefaultAction(m_pqCopyAction);
+    menu.exec(pEvent->globalPos());
+}
+
+} // namespace gkBase
