@@ -87,7 +87,6 @@ FrequencyClasses::FrequencyClasses(double dMin, double dMax, double dInterval)
         dInterval = std::min(scaledRange(dMin, dMax, 1.0), std::numeric_limits<double>::max());
     }
     const double dRounding = g_dEpsilon * std::max(std::abs(dMin), std::abs(dMax));
-    m_dTolerance = 4.0 * dRounding;
     const double dFinest = std::max(scaledRange(dMin, dMax, 1.0 / s_iMaximumCount), 16.0 * dRounding);
     m_dInterval = std::max(dInterval, dFinest);
     // Subnormal intervals have no reciprocal.
@@ -96,7 +95,8 @@ FrequencyClasses::FrequencyClasses(double dMin, double dMax, double dInterval)
 
     const double dWhole = std::floor(std::min(scaledRange(dMin, dMax, m_dReciprocal), double(s_iMaximumCount)));
     int iCount = std::max(1, static_cast<int>(dWhole));
-    if (iCount < s_iMaximumCount && edgeAt(dMin, m_dInterval, iCount) < dMax - m_dTolerance) {
+    // A maximum that misses the last edge by rounding only lies on it and needs no class of its own.
+    if (iCount < s_iMaximumCount && edgeAt(dMin, m_dInterval, iCount) < dMax - 4.0 * dRounding) {
         ++iCount;
     }
     m_vdEdges.resize(static_cast<std::size_t>(iCount) + 1);
@@ -115,10 +115,10 @@ int FrequencyClasses::classOf(double dValue) const
     // The guess is right but for rounding; the edges themselves decide.
     const double dGuess = scaledRange(m_vdEdges.front(), dValue, m_dReciprocal);
     int iClass = static_cast<int>(std::min(dGuess, static_cast<double>(iLast)));
-    while (iClass < iLast && dValue >= rightEdge(iClass) - m_dTolerance) {
+    while (iClass < iLast && dValue >= rightEdge(iClass)) {
         ++iClass;
     }
-    while (iClass > 0 && dValue < leftEdge(iClass) - m_dTolerance) {
+    while (iClass > 0 && dValue < leftEdge(iClass)) {
         --iClass;
     }
     return iClass;

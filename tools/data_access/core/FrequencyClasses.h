@@ -34,14 +34,13 @@ public:
     /// count() + 1 rising numbers minimum + i · interval; empty without classes.
     std::span<const double> edges() const { return m_vdEdges; }
 
-    /// The class of a value; −1 for one outside the classes or missing. A value that misses a left edge by no more
-    /// than rounding lies on it: 0.3 is the left edge of the third class of 0.1 from 0.1.
+    /// The class of a value; −1 for one outside the classes or missing. Values are compared with the edges as
+    /// doubles, exactly.
     int classOf(double dValue) const;
 
 private:
     double m_dInterval = 0.0;
     double m_dReciprocal = 0.0; ///< 1 / interval; 0 for a single class
-    double m_dTolerance = 0.0;  ///< what counts as rounding at an edge
     std::vector<double> m_vdEdges;
 };
 

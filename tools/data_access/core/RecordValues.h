@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <span>
+#include <vector>
 
 namespace gkBase {
 
@@ -15,6 +16,11 @@ public:
     RecordValues(std::span<const double> vdValues, std::span<const int> viRecords = {})
         : m_vdValues(vdValues)
         , m_viRecords(viRecords)
+    {
+    }
+
+    RecordValues(const std::vector<double>& vdValues, std::span<const int> viRecords = {})
+        : RecordValues(std::span<const double>(vdValues), viRecords)
     {
     }
 

@@ -1,0 +1,334 @@
+#include "Angles.h"
+#include "KMdata.h"
+#include "KMfilterCenters.h"
+#include "KMlocalLloyds.h"
+#include "KMterm.h"
+#include "MissingValue.h"
+#include "ReferenceData.h"
+
+#include <QTest>
+
+#include <algorithm>
+#include <cmath>
+#include <random>
+#include <set>
+
+namespace {
+
+const KMterm g_oTerm(100.0, 0.0, 0.0, 0.0, 0.1, 0.1, 3, 0.5, 10, 0.95);
+
+/// Points in blobs of uneven size, some of them repeated.
+void fill(KMdata& oData, unsigned iSeed)
+{
+    std::mt19937 oRandom(iSeed);
+    for (int i = 0; i < oData.pointCount(); ++i) {
+        for (int d = 0; d < oData.dim(); ++d) {
+            const double dBlob = double((i % 7) * ((d + 3) * 5 % 11));
+            oData[i][d] = dBlob + double(oRandom() % 1000) / 250.0;
+        }
+    }
+}
+
+/// The points that a key of the reference names: columns by name, or direction cosines of the orientations.
+std::vector<std::vector<double>> pointsOf(const QString& sKey, QMap<QString, std::vector<double>> columns)
+{
+    QStringList lNames = sKey.split(' ');
+    if (sKey.startsWith("direction cosines")) {
+        const double dSign = sKey.endsWith("poles") ? -1.0 : 1.0;
+        for (size_t i = 0; i < columns["dip"].size(); ++i) {
+            const double dPlunge =
+                gkBase::radians(sKey.endsWith("poles") ? 90.0 - columns["dip"][i] : columns["dip"][i]);
+            const double dAzimuth = gkBase::radians(columns["dip_azimuth"][i]);
+            columns["north"].push_back(dSign * std::cos(dPlunge) * std::cos(dAzimuth));
+            columns["east"].push_back(dSign * std::cos(dPlunge) * std::sin(dAzimuth));
+            columns["down"].push_back(std::sin(dPlunge));
+        }
+        lNames = {"north", "east", "down"};
+    }
+    std::vector<std::vector<double>> vvdPoints;
+    for (size_t i = 0; i < columns[lNames[0]].size(); ++i) {
+        std::vector<double> vdPoint;
+        for (const QString& sName : lNames) {
+            vdPoint.push_back(columns[sName].empty() ? gkBase::g_dEmptyCell : columns[sName][i]);
+        }
+        if (std::none_of(vdPoint.begin(), vdPoint.end(), gkBase::isMissing)) {
+            vvdPoints.push_back(vdPoint);
+        }
+    }
+    return vvdPoints;
+}
+
+struct Nearest
+{
+    std::vector<int> m_viClusters;
+    std::vector<double> m_vdSquares;
+    double m_dTotal = 0.0;
+};
+
+Nearest assignByHand(const KMdata& oData, const KMfilterCenters& oCenters)
+{
+    Nearest oResult;
+    for (int i = 0; i < oData.pointCount(); ++i) {
+        double dBest = std::numeric_limits<double>::infinity();
+        int iBest = -1;
+        for (int k = 0; k < oCenters.centerCount(); ++k) {
+            double dSquare = 0.0;
+            for (int d = 0; d < oData.dim(); ++d) {
+                dSquare += (oData[i][d] - oCenters[k][d]) * (oData[i][d] - oCenters[k][d]);
+            }
+            if (dSquare < dBest) {
+                dBest = dSquare;
+                iBest = k;
+            }
+        }
+        oResult.m_viClusters.push_back(iBest);
+        oResult.m_vdSquares.push_back(dBest);
+        oResult.m_dTotal += dBest;
+    }
+    return oResult;
+}
+
+} // namespace
+
+class tst_KMeans : public QObject
+{
+    Q_OBJECT
+private slots:
+    void filterEqualsExhaustiveSearch_data();
+    void filterEqualsExhaustiveSearch();
+    void reachesTheReferenceOptimum_data();
+    void reachesTheReferenceOptimum();
+    void resultIsALocalOptimum();
+    void farFromTheOrigin();
+    void repeatable();
+    void clipsToDistinctPoints_data();
+    void clipsToDistinctPoints();
+    void emptyClusterIsFilled();
+    void pointsThatAreNoNumbers();
+    void degenerateInput();
+    void stageBudget();
+};
+
+void tst_KMeans::filterEqualsExhaustiveSearch_data()
+{
+    QTest::addColumn<int>("dim");
+    QTest::addColumn<int>("points");
+    QTest::addColumn<int>("k");
+    QTest::newRow("line") << 1 << 500 << 5;
+    QTest::newRow("plane") << 2 << 3000 << 12;
+    QTest::newRow("space") << 3 << 5000 << 8;
+    QTest::newRow("five dimensions") << 5 << 2000 << 40;
+    QTest::newRow("one centre") << 2 << 100 << 1;
+    QTest::newRow("fewer than a leaf") << 2 << 7 << 3;
+}
+
+void tst_KMeans::filterEqualsExhaustiveSearch()
+{
+    QFETCH(int, dim);
+    QFETCH(int, points);
+    QFETCH(int, k);
+    KMdata oData(dim, points);
+    fill(oData, 7);
+    oData.buildKcTree();
+    KMfilterCenters oCenters(k, oData);
+    QCOMPARE(oCenters.centerCount(), k);
+    for (int iStage = 0; iStage < 4; ++iStage) {
+        const Nearest oExpected = assignByHand(oData, oCenters);
+        GK_COMPARE_CLOSE(oCenters.computeDistortion(), oExpected.m_dTotal, 1e-12);
+        std::vector<int> viClusters(static_cast<size_t>(points));
+        std::vector<double> vdSquares(static_cast<size_t>(points));
+        oCenters.getAssignments(viClusters.data(), vdSquares.data());
+        for (size_t i = 0; i < viClusters.size(); ++i) {
+            // A point midway between two centres may go to either.
+            QVERIFY(viClusters[i] == oExpected.m_viClusters[i] ||
+                    gkTest::isClose(vdSquares[i], oExpected.m_vdSquares[i], 1e-12));
+        }
+        oCenters.moveToCentroids();
+    }
+}
+
+void tst_KMeans::reachesTheReferenceOptimum_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::newRow("clusters_a") << "clusters_a";
+    QTest::newRow("rock") << "rock";
+}
+
+void tst_KMeans::reachesTheReferenceOptimum()
+{
+    GK_REQUIRE_REFERENCE();
+    QFETCH(QString, file);
+    const auto columns = gkTest::referenceColumns(file);
+    const QJsonObject expected = gkTest::referenceValues(file)["k_means"].toObject();
+    QVERIFY(!expected.isEmpty());
+    for (const QString& sColumns : expected.keys()) {
+        const auto vvdPoints = pointsOf(sColumns, columns);
+        if (vvdPoints.empty()) {
+            continue; // made of columns by a projection that is not tested here
+        }
+        KMdata oData(int(vvdPoints[0].size()), int(vvdPoints.size()));
+        for (int i = 0; i < oData.pointCount(); ++i) {
+            std::copy(vvdPoints[size_t(i)].begin(), vvdPoints[size_t(i)].end(), oData[i]);
+        }
+        oData.buildKcTree();
+        for (const auto& run : expected[sColumns].toArray()) {
+            KMlocalLloyds oLloyds(KMfilterCenters(run.toObject()["k"].toInt(), oData, 1.0), g_oTerm);
+            KMfilterCenters oBest = oLloyds.execute();
+            QVERIFY(oLloyds.totalStages() <= 100);
+            const double dOptimum = run.toObject()["optimum_total_distortion"].toDouble();
+            const double dReached = oBest.computeDistortion();
+            QVERIFY(dReached > dOptimum * (1.0 - 1e-9));
+            QVERIFY2(dReached < dOptimum * 1.01, qPrintable(QString("%1 k=%2: %3 %")
+                                                                .arg(sColumns)
+                                                                .arg(oBest.centerCount())
+                                                                .arg(100.0 * (dReached / dOptimum - 1.0))));
+        }
+    }
+}
+
+void tst_KMeans::resultIsALocalOptimum()
+{
+    KMdata oData(2, 4000);
+    fill(oData, 3);
+    oData.buildKcTree();
+    KMfilterCenters oBest = KMlocalLloyds(KMfilterCenters(9, oData, 1.0), g_oTerm).execute();
+    std::vector<int> viClusters(4000);
+    oBest.getAssignments(viClusters.data(), nullptr);
+    for (int k = 0; k < 9; ++k) {
+        double dX = 0.0;
+        double dY = 0.0;
+        int iCount = 0;
+        for (int i = 0; i < 4000; ++i) {
+            if (viClusters[size_t(i)] == k) {
+                dX += oData[i][0];
+                dY += oData[i][1];
+                ++iCount;
+            }
+        }
+        QCOMPARE(oBest.clusterSize(k), iCount);
+        GK_COMPARE_CLOSE(oBest[k][0], dX / iCount, 1e-10); // each centre is the centroid of its points
+        GK_COMPARE_CLOSE(oBest[k][1], dY / iCount, 1e-10);
+    }
+}
+
+void tst_KMeans::farFromTheOrigin()
+{
+    // Map coordinates: the squares of the sums would lose every digit of the distortion.
+    KMdata oNear(2, 2000);
+    fill(oNear, 11);
+    KMdata oFar(2, 2000);
+    for (int i = 0; i < 2000; ++i) {
+        oFar[i][0] = oNear[i][0] + 67108864.0;
+        oFar[i][1] = oNear[i][1] - 536870912.0;
+    }
+    oNear.buildKcTree();
+    oFar.buildKcTree();
+    KMfilterCenters oNearBest = KMlocalLloyds(KMfilterCenters(5, oNear, 1.0), g_oTerm).execute();
+    KMfilterCenters oFarBest = KMlocalLloyds(KMfilterCenters(5, oFar, 1.0), g_oTerm).execute();
+    GK_COMPARE_CLOSE(oFarBest.distortion(), oNearBest.distortion(), 1e-6);
+}
+
+void tst_KMeans::repeatable()
+{
+    KMdata oData(3, 3000);
+    fill(oData, 5);
+    oData.buildKcTree();
+    const KMfilterCenters oFirst = KMlocalLloyds(KMfilterCenters(6, oData, 1.0), g_oTerm).execute();
+    const KMfilterCenters oSecond = KMlocalLloyds(KMfilterCenters(6, oData, 1.0), g_oTerm).execute();
+    for (int k = 0; k < 6; ++k) {
+        QVERIFY(std::equal(oFirst[k], oFirst[k] + 3, oSecond[k]));
+    }
+}
+
+void tst_KMeans::clipsToDistinctPoints_data()
+{
+    QTest::addColumn<int>("points");
+    QTest::addColumn<int>("places");
+    QTest::addColumn<int>("k");
+    QTest::newRow("one place") << 50 << 1 << 3;
+    QTest::newRow("as many as asked") << 400 << 4 << 4;
+    QTest::newRow("fewer places than asked") << 400 << 3 << 10;
+}
+
+void tst_KMeans::clipsToDistinctPoints()
+{
+    QFETCH(int, points);
+    QFETCH(int, places);
+    QFETCH(int, k);
+    KMdata oData(2, points);
+    for (int i = 0; i < points; ++i) {
+        oData[i][0] = double(i % places) * 3.0;
+        oData[i][1] = 5.0;
+    }
+    oData.buildKcTree();
+    KMfilterCenters oBest = KMlocalLloyds(KMfilterCenters(k, oData, 1.0), g_oTerm).execute();
+    QCOMPARE(oBest.centerCount(), places);
+    QCOMPARE(oBest.computeDistortion(), 0.0);
+    std::vector<int> viClusters(static_cast<size_t>(points));
+    oBest.getAssignments(viClusters.data(), nullptr);
+    QCOMPARE(int(std::set<int>(viClusters.begin(), viClusters.end()).size()), places);
+}
+
+void tst_KMeans::emptyClusterIsFilled()
+{
+    KMdata oData(1, 30);
+    for (int i = 0; i < 30; ++i) {
+        oData[i][0] = i % 3 * 10.0 + i * 0.01;
+    }
+    oData.buildKcTree();
+    KMfilterCenters oCenters(3, oData);
+    oCenters[0][0] = 5.0;
+    oCenters[1][0] = 1e6; // far from every point
+    oCenters[2][0] = -1e6;
+    oCenters.computeDistortion();
+    QCOMPARE(oCenters.clusterSize(1), 0);
+    oCenters.moveToCentroids();
+    oCenters.computeDistortion();
+    for (int k = 0; k < 3; ++k) {
+        QVERIFY(oCenters.clusterSize(k) > 0);
+    }
+}
+
+void tst_KMeans::pointsThatAreNoNumbers()
+{
+    KMdata oData(2, 200);
+    fill(oData, 2);
+    oData[17][1] = gkBase::g_dEmptyCell;
+    oData[18][0] = std::numeric_limits<double>::infinity();
+    oData.buildKcTree();
+    const KMfilterCenters oBest = KMlocalLloyds(KMfilterCenters(4, oData, 1.0), g_oTerm).execute();
+    QVERIFY(std::isfinite(oBest.distortion()));
+    std::vector<int> viClusters(200);
+    std::vector<double> vdSquares(200);
+    oBest.getAssignments(viClusters.data(), vdSquares.data());
+    QCOMPARE(std::count(viClusters.begin(), viClusters.end(), -1), 2);
+    QCOMPARE(viClusters[17], -1);
+    QCOMPARE(vdSquares[18], gkBase::g_dMissingValue);
+}
+
+void tst_KMeans::degenerateInput()
+{
+    for (const auto& [iDim, iPoints, k] : {std::array{3, 0, 2}, std::array{0, 5, 2}, std::array{2, 5, 0}}) {
+        KMdata oData(iDim, iPoints);
+        oData.buildKcTree();
+        KMfilterCenters oBest = KMlocalLloyds(KMfilterCenters(k, oData, 1.0), g_oTerm).execute();
+        QCOMPARE(oBest.centerCount(), 0);
+        QCOMPARE(oBest.computeDistortion(), 0.0);
+    }
+    KMdata oNoTree(2, 5);
+    KMfilterCenters oCenters(2, oNoTree);
+    QCOMPARE(oCenters.centerCount(), 0);
+    std::vector<int> viClusters(5, 7);
+    oCenters.getAssignments(viClusters.data(), nullptr);
+    QCOMPARE(viClusters, std::vector<int>(5, -1));
+}
+
+void tst_KMeans::stageBudget()
+{
+    QCOMPARE(g_oTerm.maxTotalStages(8, 1000), 100);
+    QCOMPARE(KMterm(10, 2, 0.5, 0.01, 0, 0, 3, 0, 0, 0).maxTotalStages(8, 100), 10 + 16 + 50 + 8);
+    QCOMPARE(KMterm(-5, 0, 0, 0, 0, 0, 0, 0, 0, 0).maxTotalStages(8, 100), 1);
+}
+
+QTEST_APPLESS_MAIN(tst_KMeans)
+#include "tst_kmeans.moc"

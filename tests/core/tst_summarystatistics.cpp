@@ -1,0 +1,116 @@
+#include "ReferenceData.h"
+#include "SummaryStatistics.h"
+
+#include <QTest>
+
+#include <algorithm>
+#include <array>
+
+using namespace gkBase;
+
+class tst_SummaryStatistics : public QObject
+{
+    Q_OBJECT
+private slots:
+    void summary_data();
+    void summary();
+    void recordList();
+    void quantilesOfAnyOrder();
+    void quantilesMatchReference();
+};
+
+void tst_SummaryStatistics::summary_data()
+{
+    const double dNone = g_dEmptyCell;
+    QTest::addColumn<QList<double>>("values");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<double>("mean");
+    QTest::addColumn<double>("deviation");
+    QTest::newRow("empty") << QList<double>{} << 0 << g_dMissingValue << g_dMissingValue;
+    QTest::newRow("all missing") << QList<double>{dNone, g_dMissingValue} << 0 << g_dMissingValue << g_dMissingValue;
+    QTest::newRow("one") << QList<double>{dNone, 4.5} << 1 << 4.5 << g_dMissingValue;
+    QTest::newRow("textbook") << QList<double>{2, 4, 4, 4, 5, 5, 7, 9} << 8 << 5.0 << std::sqrt(32.0 / 7.0);
+    QTest::newRow("missing left out") << QList<double>{2, dNone, 4, g_dMissingValue, 6} << 3 << 4.0 << 2.0;
+    QTest::newRow("equal values have no spread at all") << QList<double>{0.1, 0.1, 0.1} << 3 << 0.1 << 0.0;
+    QTest::newRow("small spread far from zero")
+        << QList<double>{1e9 + 4, 1e9 + 7, 1e9 + 13, 1e9 + 16} << 4 << 1e9 + 10 << std::sqrt(30.0);
+    QTest::newRow("astronomic") << QList<double>{-1.5e308, 1.5e308} << 2 << 0.0 << 1.5e308 * std::sqrt(2.0);
+    QTest::newRow("sum beyond the doubles") << QList<double>{1e308, 1e308, 1e308} << 3 << 1e308 << 0.0;
+}
+
+void tst_SummaryStatistics::summary()
+{
+    QFETCH(QList<double>, values);
+    QFETCH(int, count);
+    QFETCH(double, mean);
+    QFETCH(double, deviation);
+    const SummaryStatistics oResult = summaryStatistics(RecordValues({values.data(), std::size_t(values.size())}));
+    QCOMPARE(int(oResult.m_iCount), count);
+    QCOMPARE(int(oResult.m_iMissing), int(values.size()) - count);
+    QVERIFY2(oResult.m_dMean == mean, qPrintable(QString::number(oResult.m_dMean, 'g', 17)));
+    if (std::isinf(deviation)) { // √2 · 1.5e308 is no double
+        QVERIFY(std::isinf(oResult.m_dStandardDeviation));
+    } else {
+        GK_COMPARE_CLOSE(oResult.m_dStandardDeviation, deviation, 1e-15);
+    }
+    values.removeIf([](double dValue) { return isMissing(dValue); });
+    QCOMPARE(oResult.m_dMin, values.isEmpty() ? g_dMissingValue : *std::min_element(values.begin(), values.end()));
+    QCOMPARE(oResult.m_dMax, values.isEmpty() ? g_dMissingValue : *std::max_element(values.begin(), values.end()));
+}
+
+void tst_SummaryStatistics::recordList()
+{
+    const std::vector<double> vdValues{1.0, 100.0, 3.0, g_dEmptyCell, 5.0};
+    const std::vector<int> viRecords{4, 0, 3, 2, 17, -5};
+    const SummaryStatistics oResult = summaryStatistics({vdValues, viRecords});
+    QCOMPARE(oResult.m_iCount, std::size_t(3));
+    QCOMPARE(oResult.m_iMissing, std::size_t(3));
+    QCOMPARE(oResult.m_dMax, 5.0);
+    QCOMPARE(oResult.m_dMean, 3.0);
+    QCOMPARE(oResult.m_dStandardDeviation, 2.0);
+}
+
+void tst_SummaryStatistics::quantilesOfAnyOrder()
+{
+    std::vector<double> vdValues;
+    for (int i = 0; i < 1001; ++i) {
+        vdValues.push_back((i * 389) % 1001); // every whole number once, shuffled
+    }
+    vdValues.push_back(g_dEmptyCell);
+    const std::array<double, 6> adPercents{75.0, 0.0, 100.0, 25.04, g_dMissingValue, 50.0};
+    const std::vector<double> vdResult = quantiles(vdValues, adPercents);
+    GK_COMPARE_CLOSE(vdResult[0], 750.0, 1e-14);
+    QCOMPARE(vdResult[1], 0.0);
+    QCOMPARE(vdResult[2], 1000.0);
+    GK_COMPARE_CLOSE(vdResult[3], 250.4, 1e-14);
+    QCOMPARE(vdResult[4], g_dMissingValue);
+    QCOMPARE(vdResult[5], 500.0);
+
+    vdValues.pop_back();
+    std::sort(vdValues.begin(), vdValues.end());
+    QCOMPARE(sortedQuantile(vdValues, 25.04), vdResult[3]);
+    QCOMPARE(sortedQuantile(vdValues, -5.0), 0.0);
+    QCOMPARE(sortedQuantile(vdValues, 105.0), 1000.0);
+    QCOMPARE(sortedQuantile({}, 50.0), g_dMissingValue);
+    QCOMPARE(quantiles(std::span<const double>(), adPercents)[5], g_dMissingValue);
+}
+
+void tst_SummaryStatistics::quantilesMatchReference()
+{
+    GK_REQUIRE_REFERENCE();
+    const auto columns = gkTest::referenceColumns("rock");
+    const QJsonObject attributes = gkTest::referenceValues("rock")["attributes"].toObject();
+    QCOMPARE(attributes.size(), 4);
+    for (const QString& sName : attributes.keys()) {
+        const QJsonObject percentiles =
+            attributes[sName].toObject()["histograms"].toArray()[0].toObject()["percentiles"].toObject();
+        const std::array<double, 3> adPercents{10.0, 50.0, 90.0};
+        const std::vector<double> vdResult = quantiles(columns[sName], adPercents);
+        GK_COMPARE_CLOSE(vdResult[0], percentiles["P10"].toObject()["sample_quantile"].toDouble(), 1e-9);
+        GK_COMPARE_CLOSE(vdResult[1], percentiles["P50"].toObject()["sample_quantile"].toDouble(), 1e-9);
+        GK_COMPARE_CLOSE(vdResult[2], percentiles["P90"].toObject()["sample_quantile"].toDouble(), 1e-9);
+    }
+}
+
+QTEST_APPLESS_MAIN(tst_SummaryStatistics)
+#include "tst_summarystatistics.moc"
