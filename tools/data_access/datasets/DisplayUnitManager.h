@@ -26,6 +26,10 @@ public:
 
     /// An empty unit goes back to the model units. Emits displayChanged() when the choice changes.
     void setDisplayUnit(const QString& sCategory, const QString& sUnit);
+    /// The chosen unit of a category; empty when it shows its model units.
+    QString displayUnit(const QString& sCategory) const;
+    /// Changes with every choice; equal numbers mean that no display unit has changed.
+    int generation() const { return m_iGeneration; }
 
 signals:
     void displayChanged(const QString& sCategory);
@@ -33,6 +37,7 @@ signals:
 private:
     DisplayUnitManager() = default;
     UnitMap m_units;
+    int m_iGeneration = 0;
 };
 
 } // namespace gkBase

@@ -201,7 +201,8 @@ public:
     /// Not owned; asked by setUnitManager(category). Inherited from the parents when not set here.
     void setRegistry(UnitRegistry* poRegistry) { m_poRegistry = poRegistry; }
     UnitRegistry* registry() const;
-    /// Takes the registry's manager of that category; an unknown category changes nothing.
+    /// Takes the registry's manager of that category, or one in the present model unit when it fits the category (a
+    /// length in feet becomes a depth in feet); an unknown category changes nothing.
     void setUnitManager(const QString& sCategory);
     void setUnitManager(boost::shared_ptr<UnitManager> poUnitManager);
     /// Never null: a node without a unit has the dimensionless one.
@@ -228,8 +229,9 @@ public:
     /// entry per id, and one for id 0 ("" and gray), which legends do not list.
     void createSymbolIDs(std::vector<int>& vIds, QMap<int, QVariant>& names, QMap<int, QColor>& colors) const;
     /// Class ids of a numeric attribute by the bands of a colour map with the given interval from dMin to dMax:
-    /// id 1 is the lowest band; values outside go to the first or last band. Missing cells get 0. A colour
-    /// attribute gets one id per distinct colour.
+    /// id 1 is the lowest band; values outside go to the first or last band. Missing cells get 0. Names are the
+    /// bands in display units ("0.25 – 0.50"). A colour attribute gets one id per distinct colour, in the order of
+    /// their RGB values; all its names, that of id 0 included, are colours.
     void createColorMapSymbolIDs(std::vector<int>& vIds, QMap<int, QVariant>& names, QMap<int, QColor>& colors,
                                  double dMin, double dMax, double dInterval, bool bRedToBlue) const;
 
@@ -302,12 +304,13 @@ public:
     /// Reads iRecords cells of a stream written by putDataOnStream into column iColumn.
     bool getDataFromStream(int iRecords, int iColumn, QDataStream& stream);
     /// An HTML table (and tab-separated text) of the attributes: a header line of names with units, then the given
-    /// records (an empty list: all) in display units. Texts are escaped.
+    /// records (an empty list: all) in display units. Texts are escaped. The table shows each unit's decimals, the
+    /// text all digits, so that pasting it back loses nothing. Data sets among the nodes are skipped.
     static void setHTML_MimeData(QMimeData* pMimeData, const std::vector<MatrixData*>& vpNodes,
                                  const std::vector<int>& viRecords);
-    /// Writes the data sets below as comma-separated UTF-8 text with full precision (see MatrixDataText.cpp for the
-    /// form), replacing the file atomically. pbRows: one flag per record, only flagged records are written; no
-    /// flag set, or null, writes all. pbOk (may be null) tells success.
+    /// Writes the data sets below as comma-separated UTF-8 text with full precision in model units (the form is
+    /// described in docs/csv-format.md), replacing the file atomically. pbRows: one flag per record, only flagged
+    /// records are written, none beyond iRows; no flag set, or null, writes all. pbOk (may be null) tells success.
     void writeCSV(const QString& sPath, bool* pbOk, const bool* pbRows = nullptr, int iRows = 0) const;
 
     // ---- undo (kept at the root; on other nodes these speak to their root) ----------------------------------------

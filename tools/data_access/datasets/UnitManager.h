@@ -31,7 +31,7 @@ public:
     /// Missing values (NaN, 99999.0) are returned unchanged.
     double convertModelToDisplay(double dValue) const;
     double convertDisplayToModel(double dValue) const;
-    /// Decimals to show, for the current display unit.
+    /// Decimals to show: the ones set for this manager, otherwise those usual for the current display unit.
     int precision() const;
     void setPrecision(int iPrecision) { m_iPrecision = iPrecision; }
 
@@ -39,20 +39,25 @@ public:
     QString getDisplayUnitName() const;
     /// Its sign as shown behind numbers ("m", "°", "µs/ft"); empty for a dimensionless value.
     QString getDisplayUnitTag() const;
-    /// Chooses the display unit for this manager's category (process-wide); false when it does not convert.
+    /// Chooses the display unit for this manager's category (process-wide); false when it does not convert. An
+    /// empty text goes back to the model units.
     bool displayUnit(const QString& sUnit);
     /// Display units that this model unit converts to, the model unit first.
     QStringList possibleDisplayUnits() const;
 
+    /// Same category, same model unit as written, same precision.
     bool operator==(const UnitManager& other) const;
 
 private:
     const UnitConverter* converter() const;
+    QString displayUnitText() const;
 
     QString m_sCategory;
     QString m_sModelUnit;
     int m_iPrecision;
-    mutable std::unique_ptr<UnitConverter> m_poConverter; ///< for the display unit that it was made for
+    mutable std::unique_ptr<UnitConverter> m_poConverter; ///< null: values are shown in the model unit
+    mutable QString m_sDisplayUnit;                       ///< in which values are shown
+    mutable int m_iGeneration = -1;                       ///< of the display units for which both were made
 };
 
 } // namespace gkBase

@@ -19,7 +19,7 @@ public:
     using const_iterator = CategoryMap::const_iterator;
 
     /// Holds the standard categories: dimensionless, orientation (degree), fraction, length, depth, time,
-    /// temperature, pressure, density, velocity, slowness, resistivity, gamma ray.
+    /// temperature, pressure, density, velocity, slowness, resistivity, conductivity, gamma ray, electric potential.
     UnitRegistry();
 
     const_iterator find_category(const QString& sCategory) const { return m_categories.find(sCategory); }
@@ -35,6 +35,14 @@ public:
     /// managerForUnit() when the unit does not fit the category.
     boost::shared_ptr<UnitManager> managerForUnit(const QString& sUnit, const QString& sCategory) const;
 
+    /// The manager that an attribute's name and unit suggest: as managerForUnit(), but a length of an attribute that
+    /// is called a depth (isDepthName()) is a depth.
+    boost::shared_ptr<UnitManager> managerForAttribute(const QString& sName, const QString& sUnit) const;
+    /// True for the usual names of depths: depth, dept, md, tvd, tvdss, measured depth, … whatever their case.
+    static bool isDepthName(const QString& sName);
+
+    /// The standard registry, for nodes that have been given none.
+    static const UnitRegistry& standard();
     /// The shared manager of values without a unit.
     static boost::shared_ptr<UnitManager> dimensionless();
 
