@@ -15,7 +15,9 @@ private slots:
     void summary_data();
     void summary();
     void recordList();
+    void quantilesOfAnyOrder_data();
     void quantilesOfAnyOrder();
+    void sortedQuantiles();
     void quantilesMatchReference();
 };
 
@@ -70,29 +72,49 @@ void tst_SummaryStatistics::recordList()
     QCOMPARE(oResult.m_dStandardDeviation, 2.0);
 }
 
+void tst_SummaryStatistics::quantilesOfAnyOrder_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<double>("factor");
+    QTest::addColumn<double>("largest");
+    QTest::newRow("one") << 1 << 1.0 << 0.0;
+    QTest::newRow("few") << 7 << 1.0 << 6.0;
+    QTest::newRow("many") << 10007 << 1.0 << 10006.0;
+    QTest::newRow("all others squeezed together by an outlier") << 10007 << 1.0 << 1e15;
+    QTest::newRow("equal") << 997 << 0.0 << 0.0;
+    QTest::newRow("range wider than the doubles") << 997 << -1e305 << 1.7e308;
+    QTest::newRow("smallest doubles") << 997 << 5e-324 << 997 * 5e-324;
+}
+
 void tst_SummaryStatistics::quantilesOfAnyOrder()
 {
+    QFETCH(int, count);
+    QFETCH(double, factor);
+    QFETCH(double, largest);
     std::vector<double> vdValues;
-    for (int i = 0; i < 1001; ++i) {
-        vdValues.push_back((i * 389) % 1001); // every whole number once, shuffled
+    for (int i = 0; i < count; ++i) {
+        vdValues.push_back((i * 389) % count * factor); // every multiple once, shuffled
     }
+    *std::max_element(vdValues.begin(), vdValues.end()) = largest;
     vdValues.push_back(g_dEmptyCell);
-    const std::array<double, 6> adPercents{75.0, 0.0, 100.0, 25.04, g_dMissingValue, 50.0};
+    const std::array<double, 8> adPercents{75.0, 0.0, 100.0, 25.04, g_dMissingValue, 50.0, -5.0, 105.0};
     const std::vector<double> vdResult = quantiles(vdValues, adPercents);
-    GK_COMPARE_CLOSE(vdResult[0], 750.0, 1e-14);
-    QCOMPARE(vdResult[1], 0.0);
-    QCOMPARE(vdResult[2], 1000.0);
-    GK_COMPARE_CLOSE(vdResult[3], 250.4, 1e-14);
-    QCOMPARE(vdResult[4], g_dMissingValue);
-    QCOMPARE(vdResult[5], 500.0);
-
     vdValues.pop_back();
     std::sort(vdValues.begin(), vdValues.end());
-    QCOMPARE(sortedQuantile(vdValues, 25.04), vdResult[3]);
-    QCOMPARE(sortedQuantile(vdValues, -5.0), 0.0);
-    QCOMPARE(sortedQuantile(vdValues, 105.0), 1000.0);
+    for (std::size_t i = 0; i < adPercents.size(); ++i) {
+        QVERIFY(vdResult[i] == sortedQuantile(vdValues, adPercents[i]));
+    }
+}
+
+void tst_SummaryStatistics::sortedQuantiles()
+{
+    const std::vector<double> vdSorted{10.0, 20.0, 40.0, 80.0, 160.0};
+    QCOMPARE(sortedQuantile(vdSorted, 0.0), 10.0);
+    QCOMPARE(sortedQuantile(vdSorted, 50.0), 40.0);
+    QCOMPARE(sortedQuantile(vdSorted, 62.5), 60.0);
+    QCOMPARE(sortedQuantile(vdSorted, 250.0), 160.0);
     QCOMPARE(sortedQuantile({}, 50.0), g_dMissingValue);
-    QCOMPARE(quantiles(std::span<const double>(), adPercents)[5], g_dMissingValue);
+    QCOMPARE(quantiles(std::vector<double>(), std::array{50.0})[0], g_dMissingValue);
 }
 
 void tst_SummaryStatistics::quantilesMatchReference()

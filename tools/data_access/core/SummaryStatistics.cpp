@@ -1,6 +1,7 @@
 #include "SummaryStatistics.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numeric>
 
@@ -93,30 +94,107 @@ double sortedQuantile(std::span<const double> vdSorted, double dPercent)
     return oPosition.m_dShare == 0.0 ? dLower : std::lerp(dLower, vdSorted[oPosition.m_iLower + 1], oPosition.m_dShare);
 }
 
+namespace {
+
+/// Buckets of equal width over the range of the values, and which of them hold a wanted order statistic. Few values
+/// are left to be ordered then; only an outlier that squeezes all others into one bucket brings no gain.
+class WantedBuckets
+{
+public:
+    WantedBuckets(const RecordValues& oValues, const SummaryStatistics& oRange, std::span<const double> vdPercents)
+        : m_dMin(oRange.m_dMin)
+        , m_dFactor(0.999 * s_iBuckets / (0.5 * oRange.m_dMax - 0.5 * oRange.m_dMin))
+    {
+        // A range that is too narrow for a factor goes into one bucket.
+        m_dFactor = std::isnormal(m_dFactor) ? m_dFactor : 0.0;
+        oValues.forEach([this](double dValue) { ++m_aiCounts[bucketOf(dValue)]; });
+        for (const double dPercent : vdPercents) {
+            if (!isMissing(dPercent)) {
+                const QuantilePosition oPosition(oRange.m_iCount, dPercent);
+                m_abWanted[bucketOfRank(oPosition.m_iLower)] = true;
+                m_abWanted[bucketOfRank(std::min(oPosition.m_iLower + 1, oRange.m_iCount - 1))] = true;
+            }
+        }
+    }
+
+    std::vector<double> wantedValues(const RecordValues& oValues) const
+    {
+        std::size_t iCount = 0;
+        for (std::size_t i = 0; i < s_iBuckets; ++i) {
+            iCount += m_abWanted[i] ? m_aiCounts[i] : 0;
+        }
+        std::vector<double> vdWanted;
+        vdWanted.reserve(iCount);
+        oValues.forEach([&](double dValue) {
+            if (m_abWanted[bucketOf(dValue)]) {
+                vdWanted.push_back(dValue);
+            }
+        });
+        return vdWanted;
+    }
+
+    /// The rank among the wanted values of the value that has rank iRank among all.
+    std::size_t rankAmongWanted(std::size_t iRank) const
+    {
+        std::size_t iLeftOut = 0;
+        const std::size_t iBucket = bucketOfRank(iRank);
+        for (std::size_t i = 0; i < iBucket; ++i) {
+            iLeftOut += m_abWanted[i] ? 0 : m_aiCounts[i];
+        }
+        return iRank - iLeftOut;
+    }
+
+private:
+    static constexpr std::size_t s_iBuckets = 4096;
+
+    /// Halves, since the range itself may be wider than the doubles.
+    std::size_t bucketOf(double dValue) const
+    {
+        return static_cast<std::size_t>((0.5 * dValue - 0.5 * m_dMin) * m_dFactor);
+    }
+
+    std::size_t bucketOfRank(std::size_t iRank) const
+    {
+        std::size_t iBucket = 0;
+        for (std::size_t iBelow = 0; iBelow + m_aiCounts[iBucket] <= iRank; ++iBucket) {
+            iBelow += m_aiCounts[iBucket];
+        }
+        return iBucket;
+    }
+
+    double m_dMin;
+    double m_dFactor;
+    std::array<std::size_t, s_iBuckets> m_aiCounts{};
+    std::array<bool, s_iBuckets> m_abWanted{};
+};
+
+} // namespace
+
 std::vector<double> quantiles(const RecordValues& oValues, std::span<const double> vdPercents)
 {
     std::vector<double> vdResult(vdPercents.size(), g_dMissingValue);
-    std::vector<double> vdValues;
-    vdValues.reserve(oValues.size());
-    oValues.forEach([&vdValues](double dValue) { vdValues.push_back(dValue); });
-    if (vdValues.empty()) {
+    const SummaryStatistics oRange = valueRange(oValues);
+    if (oRange.m_iCount == 0) {
         return vdResult;
     }
+    const WantedBuckets oBuckets(oValues, oRange, vdPercents);
+    std::vector<double> vdWanted = oBuckets.wantedValues(oValues);
     std::vector<std::size_t> viOrder(vdPercents.size());
     std::iota(viOrder.begin(), viOrder.end(), std::size_t(0));
     std::erase_if(viOrder, [&](std::size_t i) { return isMissing(vdPercents[i]); });
     std::sort(viOrder.begin(), viOrder.end(),
               [&](std::size_t a, std::size_t b) { return vdPercents[a] < vdPercents[b]; });
-    // Everything before itFrom is in its final half already, so each selection works on what is left.
-    auto itFrom = vdValues.begin();
+    // What lies before itFrom is smaller than the rest already, so each selection works on what is left.
+    auto itFrom = vdWanted.begin();
     for (const std::size_t i : viOrder) {
-        const QuantilePosition oPosition(vdValues.size(), vdPercents[i]);
-        const auto itLower = vdValues.begin() + static_cast<std::ptrdiff_t>(oPosition.m_iLower);
-        std::nth_element(itFrom, itLower, vdValues.end());
+        const QuantilePosition oPosition(oRange.m_iCount, vdPercents[i]);
+        const std::size_t iRank = oBuckets.rankAmongWanted(oPosition.m_iLower);
+        const auto itLower = vdWanted.begin() + static_cast<std::ptrdiff_t>(iRank);
+        std::nth_element(itFrom, itLower, vdWanted.end());
         itFrom = itLower;
         vdResult[i] = *itLower;
         if (oPosition.m_dShare > 0.0) {
-            vdResult[i] = std::lerp(*itLower, *std::min_element(itLower + 1, vdValues.end()), oPosition.m_dShare);
+            vdResult[i] = std::lerp(*itLower, *std::min_element(itLower + 1, vdWanted.end()), oPosition.m_dShare);
         }
     }
     return vdResult;
