@@ -179,11 +179,16 @@ AxisTicks fittedAxisTicks(const AxisScale& oScale, const LabelExtent& labelExten
     NiceStep oStep = niceStep(dMin, dMax, static_cast<int>(std::clamp(dLength / dMinSpacing, 1.0, 1.0e6)));
     for (;;) {
         const AxisTicks oTicks = axisTicks(dMin, dMax, oStep);
+        // With one tick at most there is nothing left to thin out.
+        if (oTicks.m_vMajor.size() <= 1)
+            return oTicks;
         double dLongest = 0.0;
         for (const QString& sLabel : oTicks.m_lLabels)
             dLongest = std::max(dLongest, labelExtent(sLabel));
-        // With one tick at most there is nothing left to thin out.
-        if (oTicks.m_vMajor.size() <= 1 || oStep.value() * dPixelsPerUnit >= dLongest + dGap)
+        // A label that is pushed inside at an end may lie on its neighbour even where the ticks stand apart.
+        const bool bApart = oStep.value() * dPixelsPerUnit >= dLongest + dGap;
+        if (bApart &&
+            placeLabels(oScale, oTicks, labelExtent, 0, oScale.chartLength()).size() == oTicks.m_vMajor.size())
             return oTicks;
         oStep = oStep.next();
     }

@@ -68,7 +68,7 @@ GKBASEQT_EXPORT void niceRange(double& dMin, double& dMax, int iMaxSteps = 10);
 GKBASEQT_EXPORT AxisTicks axisTicks(double dMin, double dMax, const NiceStep& oStep);
 
 /// Ticks of the finest step whose labels stand at least dGap pixels apart along the axis and whose ticks are at least
-/// dMinSpacing apart.
+/// dMinSpacing apart; all labels have room on the whole chart picture, unless there is only one.
 GKBASEQT_EXPORT AxisTicks fittedAxisTicks(const AxisScale& oScale, const LabelExtent& labelExtent, double dGap,
                                           double dMinSpacing);
 

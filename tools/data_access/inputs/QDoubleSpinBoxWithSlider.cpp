@@ -14,6 +14,23 @@ namespace {
 
 constexpr int g_iDefaultDecimals = 2;
 
+/// A box that reads a decimal comma as well as a point, whatever the language settings.
+class DecimalSpinBox : public QDoubleSpinBox
+{
+public:
+    explicit DecimalSpinBox(QWidget* pqParent)
+        : QDoubleSpinBox(pqParent)
+    {
+        setLocale(QLocale::c());
+    }
+
+    QValidator::State validate(QString& sInput, int& iPos) const override
+    {
+        sInput.replace(QLatin1Char(','), QLatin1Char('.'));
+        return QDoubleSpinBox::validate(sInput, iPos);
+    }
+};
+
 double roundedTo(double dValue, int iDecimals)
 {
     const double dPower = std::pow(10.0, iDecimals);
@@ -26,10 +43,9 @@ double roundedTo(double dValue, int iDecimals)
 QDoubleSpinBoxWithSlider::QDoubleSpinBoxWithSlider(double dMin, double dMax, int iSteps, QWidget* pqParent,
                                                    bool bSideBySide)
     : QWidget(pqParent)
-    , m_pqSpinBox(new QDoubleSpinBox(this))
+    , m_pqSpinBox(new DecimalSpinBox(this))
     , m_pqSlider(new QSlider(Qt::Horizontal, this))
 {
-    m_pqSpinBox->setLocale(QLocale::c());
     m_pqSpinBox->setDecimals(g_iDefaultDecimals);
     m_pqSpinBox->setKeyboardTracking(false);
     m_pqSpinBox->setAccelerated(true);

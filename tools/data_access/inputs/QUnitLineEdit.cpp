@@ -2,6 +2,7 @@
 
 #include "DisplayUnitManager.h"
 #include "MissingValue.h"
+#include "UnitConverter.h"
 
 #include <QAction>
 #include <QEvent>
@@ -31,6 +32,8 @@ std::optional<NumberWithUnit> parseNumberWithUnit(const QString& sText)
     // A sign that looks like a minus is one.
     QString sNumber = sText.trimmed();
     sNumber.replace(QChar(0x2212), QLatin1Char('-')).replace(QLatin1Char(','), QLatin1Char('.'));
+    if (sNumber.startsWith(QLatin1String("+-")))
+        return std::nullopt;
     if (sNumber.startsWith(QLatin1Char('+')))
         sNumber.remove(0, 1);
     const QByteArray aNumber = sNumber.toUtf8();
@@ -47,17 +50,15 @@ std::optional<NumberWithUnit> parseNumberWithUnit(const QString& sText)
     return oResult;
 }
 
-/// The typed value in model units; nothing when the unit is not one of the manager's.
+/// The typed value in model units; nothing when its unit does not convert to them.
 std::optional<double> toModelValue(const NumberWithUnit& oTyped, const UnitManager* poUnitManager)
 {
     if (!poUnitManager)
         return oTyped.m_sUnit.isEmpty() ? std::optional(oTyped.m_dValue) : std::nullopt;
-    if (oTyped.m_sUnit.isEmpty() || oTyped.m_sUnit == poUnitManager->getDisplayUnitTag() ||
-        oTyped.m_sUnit == poUnitManager->getDisplayUnitName())
+    if (oTyped.m_sUnit.isEmpty() || oTyped.m_sUnit == poUnitManager->getDisplayUnitTag())
         return poUnitManager->convertDisplayToModel(oTyped.m_dValue);
-    if (oTyped.m_sUnit == poUnitManager->modelUnit())
-        return oTyped.m_dValue;
-    return std::nullopt;
+    const auto poConverter = UnitConverter::create(oTyped.m_sUnit, poUnitManager->modelUnit());
+    return poConverter ? std::optional(poConverter->forward(oTyped.m_dValue)) : std::nullopt;
 }
 
 } // namespace
