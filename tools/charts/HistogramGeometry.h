@@ -1,7 +1,7 @@
 #pragma once
 
+#include "AxisScale.h"
 #include "MissingValue.h"
-#include "ScaleMap.h"
 #include "gkBaseToolsExport.h"
 
 #include <QList>
@@ -36,12 +36,11 @@ struct HistogramBoundaries
     QPointF m_oUpperRight{1.0, 1.0};
 };
 
-/// Data to pixels of a chart whose whole picture is the plotting area: the lower left boundary at the centre of the
-/// bottom-left pixel, the upper right one at that of the top-right pixel.
+/// Data to pixels of a chart whose whole picture is the plotting area, as the axes beside it have it.
 struct HistogramMap
 {
-    ScaleMap m_oX;
-    ScaleMap m_oY;
+    AxisScale m_oX;
+    AxisScale m_oY;
 
     QPointF toPixel(const QPointF& oData) const { return {m_oX.toPixel(oData.x()), m_oY.toPixel(oData.y())}; }
     QPointF toData(const QPointF& oPixel) const { return {m_oX.toData(oPixel.x()), m_oY.toData(oPixel.y())}; }
@@ -66,7 +65,7 @@ GKBASETOOLS_EXPORT HistogramBoundaries guardedBoundaries(const HistogramBoundari
 /// A degenerate boundary or a chart without pixels maps everything to one point, never to NaN.
 GKBASETOOLS_EXPORT HistogramMap histogramMap(const HistogramBoundaries& boundaries, const QSize& oChart);
 /// Bars of the intervals with a height above 0, one pixel narrower on each side so that neighbours stay apart, but at
-/// least one pixel wide.
+/// least one pixel wide. The rectangle names its first and last pixels, as the outline of a pen of one pixel does.
 GKBASETOOLS_EXPORT std::vector<HistogramBar> histogramBars(const std::vector<HistogramInterval>& vIntervals,
                                                            const HistogramMap& map);
 /// Interval of the bar at a chart pixel, −1 where there is none. The bars are in the order of their intervals.
@@ -74,7 +73,8 @@ GKBASETOOLS_EXPORT int barAt(const std::vector<HistogramBar>& vBars, const QPoin
 /// Lines of the percentiles that are neither missing nor switched off nor outside the chart.
 GKBASETOOLS_EXPORT std::vector<HistogramLine> percentileLines(const HistogramPercentiles& percentiles, bool bP10,
                                                               bool bP50, bool bP90, const HistogramMap& map);
-/// Rows (0 = topmost) for labels that are centred at vdX and vdWidths wide, so that labels of one row do not touch.
+/// Rows (0 = topmost) for labels that are centred at vdX (rising) and vdWidths wide, so that labels of one row stay
+/// dGap apart.
 GKBASETOOLS_EXPORT QList<int> labelRows(const QList<double>& vdX, const QList<double>& vdWidths, double dGap);
 
 } // namespace gkBase

@@ -2,9 +2,7 @@
 
 #include "gkBaseToolsExport.h"
 
-#include <QList>
 #include <QPointF>
-#include <QPointer>
 #include <QSize>
 #include <QString>
 #include <QWidget>
@@ -25,7 +23,6 @@ class QScrollBar;
 namespace gkBase {
 
 class MatrixData;
-class MatrixDataNotifier;
 class QHistogramItemModel;
 class QHistogramPlotWidget;
 
@@ -93,12 +90,74 @@ private slots:
     void slotHorizontalSliderChanged(int iPercent);
     void updateDiagramSettings();
 
+protected:
+    bool eventFilter(QObject* pqWatched, QEvent* pEvent) override;
+
 private:
+    void createChart();
+    void createFrame();
+    void createControls();
+    QWidget* createSelectionGroup();
+    QWidget* createStatisticsGroup();
+    QWidget* createDisplayPage();
+    QCheckBox* createPercentileBox(int iPercent);
+    void connectControls();
+
+    void slotDataSetActivated(int iEntry);
+    void slotNodeAboutToBeRemoved(gkBase::MatrixData* poBranch);
+    void slotRootAboutToBeDestroyed();
+    void slotDisplayUnitChanged(const QString& sCategory);
+    void slotCanvasZoomed(double dZoom);
+
+    MatrixData* numericAttribute(MatrixData* poData) const;
+    void showChooserEntry();
+    void updateHistogramWithDefaultIntervals();
+    void initialiseIntervalControl();
+    void initializeNewHistogramChart();
+    void updateDataBoundaries();
+    void showStatistics();
+    void applyZoom(double dZoom);
+    void syncAxes();
+    /// Display units per model unit of the shown attribute, for differences such as interval sizes.
+    double displayScale() const;
+    /// A value in display units with its unit, 3 decimals; "---" when missing.
+    QString shownValue(double dValue) const;
+    QString shownDifference(double dDifference) const;
+
     QHistogramItemModel* m_pModel;
-    QHistogramPlotWidget* m_pqPlot;
+    QHistogramPlotWidget* m_pqPlot = nullptr;
     MatrixData* m_poRoot = nullptr;       ///< not owned; dropped when the notifier announces its end
     MatrixData* m_poData = nullptr;       ///< not owned; dropped likewise
     std::vector<int> m_viSelectedRecords; ///< empty: all
+    bool m_bInitialising = true;          ///< no rebuild while the panel is set up
+    bool m_bAzimuthScaling = false;
+    bool m_bMercatorScaling = false;
+
+    QFrame* m_pqChartFrame = nullptr;
+    QLabel* m_pqTitleLabel = nullptr;
+    QCartesianAxisWidget* m_pqLeftAxis = nullptr;
+    QCartesianAxisWidget* m_pqBottomAxis = nullptr;
+    QScrollBar* m_pqVerticalScrollBar = nullptr;
+    QScrollBar* m_pqHorizontalScrollBar = nullptr;
+    QLabel* m_pqCursorPosLabel = nullptr;
+
+    QComboBox* m_pqHistogramDataSetComboBox = nullptr;
+    QComboBox* m_pqHistogramTypeComboBox = nullptr;
+    QDoubleSpinBoxWithSlider* m_pqIntervalSizeSpinBox = nullptr;
+    QLabel* m_pqNumberOfPointsLabel = nullptr;
+    QLabel* m_pqStandardDeviationLabel = nullptr;
+    QLabel* m_pqP10Label = nullptr;
+    QLabel* m_pqP50Label = nullptr;
+    QLabel* m_pqP90Label = nullptr;
+    QCheckBox* m_pqP10CheckBox = nullptr;
+    QCheckBox* m_pqP50CheckBox = nullptr;
+    QCheckBox* m_pqP90CheckBox = nullptr;
+    QCheckBox* m_pqShowGrid = nullptr;
+    QPushButton* m_pqBlackBackgroundBtn = nullptr;
+    QPushButton* m_pqWhiteBackgroundBtn = nullptr;
+    QDoubleSpinBoxWithSlider* m_pqFontSizeSpinBox = nullptr;
+    QCheckBox* m_pqZoomFactorCheckBox = nullptr;
+    QDoubleSpinBoxWithSlider* m_pqZoomFactorSpinBox = nullptr;
 };
 
 } // namespace gkBase

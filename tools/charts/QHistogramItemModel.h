@@ -39,12 +39,16 @@ public:
     int numberOfPoints() const { return m_iPoints; }
     /// Largest bar; 0 without bars.
     double maximumHeight() const;
+    /// Share of the points in one interval, in per cent, whatever the type; 0 out of range.
+    double intervalShare(int iInterval) const;
     /// Null before the first data set. Owned by the model and replaced at each rebuild.
     const MatrixData* frequencyData() const { return m_poFrequencyData.get(); }
     /// The same as plain intervals for drawing.
     const std::vector<HistogramInterval>& intervals() const { return m_vIntervals; }
     /// 10, 50 and 90 per cent points in model units; 99999.0 without values.
     HistogramPercentiles percentiles() const { return m_oPercentiles; }
+    /// Sample standard deviation of the counted values in model units; 99999.0 below two values.
+    double standardDeviation() const { return m_dStandardDeviation; }
 
     QModelIndex index(int iRow, int iColumn, const QModelIndex& oParent = {}) const override;
     QModelIndex parent(const QModelIndex& oChild) const override;
@@ -62,6 +66,7 @@ private:
     MatrixData::HistogramType m_eType = MatrixData::Frequency;
     double m_dIntervalSize;
     double m_dMin;
+    double m_dStandardDeviation;
     int m_iPoints = 0;
 };
 

@@ -32,9 +32,9 @@ public:
     HistogramBoundaries boundaries() const { return m_oBoundaries; }
     /// The percentiles to mark (99999.0: none) and the colour of their lines.
     void setStatisticPoints(double dP10, double dP50, double dP90, const QColor& oColor);
-    void setShowP10(bool bShow) { m_bShowP10 = bShow; }
-    void setShowP50(bool bShow) { m_bShowP50 = bShow; }
-    void setShowP90(bool bShow) { m_bShowP90 = bShow; }
+    void setShowP10(bool bShow);
+    void setShowP50(bool bShow);
+    void setShowP90(bool bShow);
 
     QPointF transformInPixelPoint(const QPointF& oPoint) override;
     /// Chart pixels to data units.
@@ -72,6 +72,7 @@ protected:
     QHistogramItemModel* histogramItemModel() const;
 
 private:
+    HistogramMap map() const { return histogramMap(m_oBoundaries, chartSize()); }
     void drawPercentileLabels(QPainter& painter, const QRect& oVisibleArea);
     void drawNoValues(QPainter& painter, const QRect& oVisibleArea);
 
@@ -86,7 +87,6 @@ private:
     bool m_bShowP90 = true;
     QList<int> m_viVerticalGridLines;
     QList<int> m_viHorizontalGridLines;
-    HistogramMap m_oMap;
     std::vector<HistogramBar> m_vBars;
     std::vector<HistogramLine> m_vLines;
 };

@@ -1,0 +1,433 @@
+#include "QHistogramChartWidget.h"
+
+#include "DisplayUnitManager.h"
+#include "MatrixData.h"
+#include "MatrixDataNotifier.h"
+#include "MissingValue.h"
+#include "QCartesianAxisWidget.h"
+#include "QDoubleSpinBoxWithSlider.h"
+#include "QHistogramItemModel.h"
+#include "QHistogramPlotWidget.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QEvent>
+#include <QFrame>
+#include <QLabel>
+#include <QPixmap>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalBlocker>
+
+#include <algorithm>
+#include <cmath>
+
+namespace gkBase {
+
+namespace {
+
+constexpr double g_dFullCircle = 360.0;
+constexpr double g_dHalfCircle = 180.0;
+constexpr int g_iStatisticDecimals = 3;
+constexpr int g_iIntervalSteps = 200;
+/// Ranges below this are fixed by the canvas (HistogramGeometry), not widened by the axis.
+constexpr double g_dSmallestRange = 5e-7;
+
+bool isNumeric(const MatrixData& node)
+{
+    const QMetaType::Type eType = node.type();
+    return eType == QMetaType::Double || eType == QMetaType::Int || eType == QMetaType::Bool;
+}
+
+QString dashes()
+{
+    return QStringLiteral("---");
+}
+
+} // namespace
+
+// ---- what is shown
+// ------------------------------------------------------------------------------------------------------
+
+void QHistogramChartWidget::setDataRoot(MatrixData* poRoot)
+{
+    if (poRoot != m_poRoot) {
+        if (m_poRoot)
+            m_poRoot->notifier()->disconnect(this);
+        m_poData = nullptr;
+        m_viSelectedRecords.clear();
+        m_poRoot = poRoot;
+        m_pModel->setDataRoot(poRoot);
+        if (m_poRoot) {
+            MatrixDataNotifier* pqNotifier = m_poRoot->notifier();
+            connect(pqNotifier, &MatrixDataNotifier::nodeAboutToBeRemoved, this,
+                    &QHistogramChartWidget::slotNodeAboutToBeRemoved);
+            connect(pqNotifier, &MatrixDataNotifier::rootAboutToBeDestroyed, this,
+                    &QHistogramChartWidget::slotRootAboutToBeDestroyed);
+        }
+        updateHistogramWithDefaultIntervals();
+    }
+    updateDataSetSelectionBox();
+}
+
+MatrixData* QHistogramChartWidget::numericAttribute(MatrixData* poData) const
+{
+    if (!poData)
+        return nullptr;
+    for (MatrixData* poLeaf : poData->leafs()) {
+        if (isNumeric(*poLeaf))
+            return poLeaf;
+    }
+    return nullptr;
+}
+
+void QHistogramChartWidget::setDataSet(MatrixData* poData)
+{
+    m_poData = numericAttribute(poData);
+    showChooserEntry();
+    updateHistogramWithDefaultIntervals();
+}
+
+void QHistogramChartWidget::setCurrentDataSet(int iGlobalID)
+{
+    setDataSet(m_poRoot ? m_poRoot->nodeFromID(iGlobalID) : nullptr);
+}
+
+void QHistogramChartWidget::setSelectedRows(const std::vector<int>& viRecords)
+{
+    if (viRecords == m_viSelectedRecords)
+        return;
+    m_viSelectedRecords = viRecords;
+    updateHistogram();
+}
+
+void QHistogramChartWidget::updateDataSetSelectionBox()
+{
+    QList<QString> lNames;
+    QList<int> liIds;
+    QList<QColor> lColors;
+    if (m_poRoot)
+        m_poRoot->getDataSetSelectionBoxItems(lNames, liIds, lColors, MatrixData::NumericAttribute, false);
+    const QSignalBlocker blocker(m_pqHistogramDataSetComboBox);
+    m_pqHistogramDataSetComboBox->clear();
+    QPixmap oSwatch(m_pqHistogramDataSetComboBox->iconSize());
+    for (qsizetype i = 0; i < liIds.size(); ++i) {
+        oSwatch.fill(lColors.value(i, Qt::transparent));
+        m_pqHistogramDataSetComboBox->addItem(QIcon(oSwatch), lNames.value(i), liIds[i]);
+    }
+    showChooserEntry();
+}
+
+void QHistogramChartWidget::showChooserEntry()
+{
+    const QSignalBlocker blocker(m_pqHistogramDataSetComboBox);
+    const int iEntry = m_poData ? m_pqHistogramDataSetComboBox->findData(m_poData->globalID()) : -1;
+    m_pqHistogramDataSetComboBox->setCurrentIndex(iEntry);
+}
+
+void QHistogramChartWidget::slotDataSetActivated(int iEntry)
+{
+    setCurrentDataSet(m_pqHistogramDataSetComboBox->itemData(iEntry).toInt());
+    emit dataSetSelected();
+}
+
+void QHistogramChartWidget::slotNodeAboutToBeRemoved(MatrixData* poBranch)
+{
+    if (MatrixDataNotifier::contains(poBranch, m_poData))
+        setDataSet(nullptr);
+    // The chooser must not offer what goes; it is filled again when the owner asks.
+    const QSignalBlocker blocker(m_pqHistogramDataSetComboBox);
+    for (const MatrixData* poLeaf : poBranch->leafs()) {
+        const int iEntry = m_pqHistogramDataSetComboBox->findData(poLeaf->globalID());
+        if (iEntry >= 0)
+            m_pqHistogramDataSetComboBox->removeItem(iEntry);
+    }
+    showChooserEntry();
+}
+
+void QHistogramChartWidget::slotRootAboutToBeDestroyed()
+{
+    m_poRoot = nullptr;
+    m_pModel->setDataRoot(nullptr);
+    m_viSelectedRecords.clear();
+    setDataSet(nullptr);
+    updateDataSetSelectionBox();
+}
+
+void QHistogramChartWidget::slotDisplayUnitChanged(const QString& sCategory)
+{
+    if (!m_poData || m_poData->unitCategory() != sCategory)
+        return;
+    initialiseIntervalControl();
+    updateHistogram();
+}
+
+void QHistogramChartWidget::setAzimuthScaling(bool bOn)
+{
+    m_bAzimuthScaling = bOn;
+    updateHistogram();
+}
+
+void QHistogramChartWidget::setMercatorScaling(bool bOn)
+{
+    m_bMercatorScaling = bOn;
+    updateHistogram();
+}
+
+void QHistogramChartWidget::setChartFrameEnabled(bool bEnabled)
+{
+    m_pqChartFrame->setEnabled(bEnabled);
+    m_pqHorizontalScrollBar->setEnabled(bEnabled);
+    m_pqVerticalScrollBar->setEnabled(bEnabled);
+}
+
+// ---- rebuilding
+// -------------------------------------------------------------------------------------------------------------
+
+void QHistogramChartWidget::updateHistogram()
+{
+    if (m_bInitialising)
+        return;
+    m_pModel->takeNewDataSet(m_poData, m_pqHistogramTypeComboBox->currentIndex(), m_viSelectedRecords);
+    initializeNewHistogramChart();
+}
+
+void QHistogramChartWidget::updateHistogramWithDefaultIntervals()
+{
+    m_pModel->setIntervalSize(g_dMissingValue);
+    updateHistogram();
+    initialiseIntervalControl();
+}
+
+void QHistogramChartWidget::updateHistogramIntervals(double dIntervalSize)
+{
+    if (m_bInitialising)
+        return;
+    m_pModel->setIntervalSize(dIntervalSize / displayScale());
+    updateHistogram();
+}
+
+void QHistogramChartWidget::initialiseIntervalControl()
+{
+    double dMin = 0.0;
+    double dMax = 0.0;
+    if (m_poData)
+        m_poData->getMinMax(dMin, dMax);
+    const double dRange = (dMax - dMin) * displayScale();
+    const QSignalBlocker blocker(m_pqIntervalSizeSpinBox);
+    m_pqIntervalSizeSpinBox->setDecimals(dRange >= 1.0 ? 2 : 4);
+    m_pqIntervalSizeSpinBox->initialise(dRange / 1000.0, dRange / 3.0, g_iIntervalSteps);
+    m_pqIntervalSizeSpinBox->setValue(m_pModel->intervalSize() * displayScale());
+    const QString sUnit = m_poData ? m_poData->unitManager()->getDisplayUnitTag() : QString();
+    m_pqIntervalSizeSpinBox->setSuffix(sUnit.isEmpty() ? QString() : QLatin1Char(' ') + sUnit);
+    m_pqIntervalSizeSpinBox->setEnabled(dRange > 0.0);
+}
+
+void QHistogramChartWidget::initializeNewHistogramChart()
+{
+    const bool bFrequency = m_pModel->histogramType() == MatrixData::Frequency;
+    const QString sType = m_pqHistogramTypeComboBox->currentText();
+    m_pqLeftAxis->setTitle(bFrequency ? sType : sType + QLatin1Char('%'));
+    m_pqBottomAxis->setTitle(m_poData ? m_poData->name() : QString());
+    m_pqBottomAxis->setUnitManager(m_poData ? m_poData->unitManager() : boost::shared_ptr<UnitManager>());
+    const MatrixData* poDataSet = m_poData ? m_poData->owner() : nullptr;
+    m_pqPlot->changeHeaderTitle(poDataSet ? poDataSet->name() : m_pqBottomAxis->title());
+    m_pqTitleLabel->setText(m_pqPlot->headerTitle());
+    showStatistics();
+    updateDataBoundaries();
+    updateDiagramSettings();
+    slotZoomFactorReset(m_pqZoomFactorCheckBox->isChecked());
+}
+
+void QHistogramChartWidget::showStatistics()
+{
+    const bool bEmpty = m_pModel->numberOfPoints() == 0;
+    const HistogramPercentiles percentiles = m_pModel->percentiles();
+    m_pqNumberOfPointsLabel->setText(bEmpty ? dashes() : QString::number(m_pModel->numberOfPoints()));
+    m_pqStandardDeviationLabel->setText(shownDifference(m_pModel->standardDeviation()));
+    m_pqP10Label->setText(shownValue(percentiles.m_dP10));
+    m_pqP50Label->setText(shownValue(percentiles.m_dP50));
+    m_pqP90Label->setText(shownValue(percentiles.m_dP90));
+    m_pqPlot->setStatisticPoints(percentiles.m_dP10, percentiles.m_dP50, percentiles.m_dP90,
+                                 m_pqBlackBackgroundBtn->isChecked() ? Qt::black : Qt::white);
+}
+
+void QHistogramChartWidget::updateDataBoundaries()
+{
+    QPointF oLowerLeft(0.0, 0.0);
+    QPointF oUpperRight(1.0, 1.0);
+    const int iRows = m_pModel->rowCount();
+    if (iRows > 0) {
+        double dMin = m_pModel->min();
+        double dMax = dMin + (iRows + 1) * m_pModel->intervalSize();
+        if (m_bAzimuthScaling)
+            dMax = m_bMercatorScaling ? g_dHalfCircle : g_dFullCircle;
+        else if (dMax - dMin >= g_dSmallestRange)
+            m_pqBottomAxis->fitNiceRange(dMin, dMax);
+        oLowerLeft = QPointF(dMin, 0.0);
+        oUpperRight = QPointF(dMax, m_pModel->maximumHeight());
+    }
+    m_pqPlot->setBoundaries(oLowerLeft, oUpperRight);
+    // The canvas widens ranges that cannot be drawn; the axes show what it shows.
+    const HistogramBoundaries shown = m_pqPlot->boundaries();
+    m_pqBottomAxis->setRange(shown.m_oLowerLeft.x(), shown.m_oUpperRight.x());
+    m_pqLeftAxis->setRange(shown.m_oLowerLeft.y(), shown.m_oUpperRight.y());
+}
+
+double QHistogramChartWidget::displayScale() const
+{
+    if (!m_poData)
+        return 1.0;
+    const boost::shared_ptr<UnitManager> poUnit = m_poData->unitManager();
+    const double dScale = poUnit->convertModelToDisplay(1.0) - poUnit->convertModelToDisplay(0.0);
+    return std::isfinite(dScale) && dScale > 0.0 ? dScale : 1.0;
+}
+
+QString QHistogramChartWidget::shownValue(double dValue) const
+{
+    if (!m_poData || isMissing(dValue))
+        return dashes();
+    const boost::shared_ptr<UnitManager> poUnit = m_poData->unitManager();
+    const QString sNumber = QString::number(poUnit->convertModelToDisplay(dValue), 'f', g_iStatisticDecimals);
+    return (sNumber + QLatin1Char(' ') + poUnit->getDisplayUnitTag()).trimmed();
+}
+
+QString QHistogramChartWidget::shownDifference(double dDifference) const
+{
+    if (!m_poData || isMissing(dDifference))
+        return dashes();
+    const QString sNumber = QString::number(dDifference * displayScale(), 'f', g_iStatisticDecimals);
+    return (sNumber + QLatin1Char(' ') + m_poData->unitManager()->getDisplayUnitTag()).trimmed();
+}
+
+// ---- display settings
+// ---------------------------------------------------------------------------------------------------------
+
+void QHistogramChartWidget::updateDiagramSettings()
+{
+    m_pqPlot->setGridIsOn(m_pqShowGrid->isChecked());
+    m_pqPlot->setShowP10(m_pqP10CheckBox->isChecked());
+    m_pqPlot->setShowP50(m_pqP50CheckBox->isChecked());
+    m_pqPlot->setShowP90(m_pqP90CheckBox->isChecked());
+}
+
+void QHistogramChartWidget::blackWhiteSwitch()
+{
+    const bool bBlack = m_pqBlackBackgroundBtn->isChecked();
+    m_pqPlot->setLabelColor(bBlack ? Qt::white : Qt::black);
+    // The axes and the title stand on the chart's background, whatever the desktop's colours are.
+    QPalette oPalette = m_pqChartFrame->palette();
+    oPalette.setColor(QPalette::Window, m_pqPlot->backgroundColor());
+    oPalette.setColor(QPalette::WindowText, m_pqPlot->labelColor());
+    m_pqChartFrame->setPalette(oPalette);
+    m_pqTitleLabel->setPalette(oPalette);
+    m_pqLeftAxis->setAxisColor(m_pqPlot->labelColor());
+    m_pqBottomAxis->setAxisColor(m_pqPlot->labelColor());
+    showStatistics();
+}
+
+void QHistogramChartWidget::fontSizeChanged(double dPointSize)
+{
+    if (!(dPointSize > 0.0))
+        return;
+    QFont oFont = font();
+    oFont.setPointSizeF(dPointSize);
+    m_pqPlot->setFont(oFont);
+    m_pqLeftAxis->setFont(oFont);
+    m_pqBottomAxis->setFont(oFont);
+    oFont.setBold(true);
+    m_pqTitleLabel->setFont(oFont);
+    if (!m_bInitialising)
+        m_pqPlot->updateChart();
+}
+
+void QHistogramChartWidget::updateCursorPosLabel(QPointF oPosition)
+{
+    if (!m_poData || isMissing(oPosition.x())) {
+        m_pqCursorPosLabel->setText(tr("(x,y):") + QStringLiteral("(-----,-----)"));
+        return;
+    }
+    const boost::shared_ptr<UnitManager> poUnit = m_poData->unitManager();
+    const QString sX = QString::number(poUnit->convertModelToDisplay(oPosition.x()), 'f', poUnit->precision());
+    const QString sUnit = poUnit->getDisplayUnitTag();
+    m_pqCursorPosLabel->setText(
+        tr("(x,y):") + QStringLiteral("(%1, %2)")
+                           .arg((sX + QLatin1Char(' ') + sUnit).trimmed(), QString::number(oPosition.y(), 'f', 2)));
+}
+
+// ---- zoom and pan
+// -----------------------------------------------------------------------------------------------------------------
+
+void QHistogramChartWidget::slotZoomFactorReset(bool bOn)
+{
+    m_pqZoomFactorSpinBox->setEnabled(bOn);
+    applyZoom(bOn ? m_pqZoomFactorSpinBox->getValue() : 1.0);
+}
+
+void QHistogramChartWidget::slotZoomFactorChanged(double dZoom)
+{
+    if (m_pqZoomFactorCheckBox->isChecked())
+        applyZoom(dZoom);
+}
+
+void QHistogramChartWidget::slotCanvasZoomed(double dZoom)
+{
+    const QSignalBlocker boxBlocker(m_pqZoomFactorCheckBox);
+    const QSignalBlocker spinBlocker(m_pqZoomFactorSpinBox);
+    m_pqZoomFactorCheckBox->setChecked(dZoom > 1.0);
+    m_pqZoomFactorSpinBox->setEnabled(dZoom > 1.0);
+    m_pqZoomFactorSpinBox->setValue(dZoom);
+    syncAxes();
+}
+
+void QHistogramChartWidget::applyZoom(double dZoom)
+{
+    if (m_pqPlot->zoomFactor() != dZoom)
+        m_pqPlot->zoom(dZoom);
+    syncAxes();
+}
+
+void QHistogramChartWidget::syncAxes()
+{
+    const QRect oVisible = m_pqPlot->pixmapRect();
+    m_pqLeftAxis->setZoom(m_pqPlot->zoomFactor());
+    m_pqBottomAxis->setZoom(m_pqPlot->zoomFactor());
+    m_pqLeftAxis->setOffset(oVisible.top());
+    m_pqBottomAxis->setOffset(oVisible.left());
+    const bool bZoomed = m_pqPlot->zoomFactor() > 1.0;
+    m_pqVerticalScrollBar->setVisible(bZoomed);
+    m_pqHorizontalScrollBar->setVisible(bZoomed);
+    // Per cent of what does not fit: the handle is as long as the visible share.
+    const int iPage = std::max(1, static_cast<int>(100.0 / std::max(1e-6, m_pqPlot->zoomFactor() - 1.0)));
+    m_pqVerticalScrollBar->setPageStep(iPage);
+    m_pqHorizontalScrollBar->setPageStep(iPage);
+}
+
+void QHistogramChartWidget::slotVerticalSliderChanged(int iPercent)
+{
+    m_pqPlot->yoffset(iPercent);
+    syncAxes();
+}
+
+void QHistogramChartWidget::slotHorizontalSliderChanged(int iPercent)
+{
+    m_pqPlot->xoffset(iPercent);
+    syncAxes();
+}
+
+bool QHistogramChartWidget::eventFilter(QObject* pqWatched, QEvent* pEvent)
+{
+    // The offsets follow from the percentages and the canvas's new size.
+    if (pqWatched == m_pqPlot && pEvent->type() == QEvent::Resize)
+        syncAxes();
+    return QWidget::eventFilter(pqWatched, pEvent);
+}
+
+void QHistogramChartWidget::copyToClipboard()
+{
+    QApplication::clipboard()->setPixmap(m_pqChartFrame->grab());
+}
+
+} // namespace gkBase
