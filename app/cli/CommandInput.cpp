@@ -1,0 +1,116 @@
+#include "CommandInput.h"
+
+#include "RecordFilter.h"
+
+#include <QCoreApplication>
+
+#include <cmath>
+
+namespace gkHost {
+
+namespace {
+
+QString text(const char* pText)
+{
+    return QCoreApplication::translate("CommandLine", pText);
+}
+
+bool isNumeric(const gkBase::MatrixData& attribute)
+{
+    return attribute.type() == QMetaType::Double || attribute.type() == QMetaType::Int ||
+           attribute.type() == QMetaType::Bool;
+}
+
+} // namespace
+
+CommandInput::CommandInput() : m_poRoot(std::make_unique<gkBase::MatrixData>(QStringLiteral("Data")))
+{
+    m_poRoot->setRegistry(&m_registry);
+    m_parser.addPositionalArgument(QStringLiteral("FILE"), text("The data file: CSV, other delimited text, or LAS."));
+    m_parser.addOptions({{QStringLiteral("rows"), text("Only these records, counted from 1."), QStringLiteral("1,4-9")},
+                         {QStringLiteral("where"), text("Only records with this value; may be repeated."),
+                          QStringLiteral("NAME=VALUE")}});
+    m_parser.addHelpOption();
+}
+
+CommandInput::~CommandInput() = default;
+
+std::optional<CommandResult> CommandInput::parse(const QStringList& lArguments)
+{
+    const QString sCommand = lArguments.value(0);
+    if (!m_parser.parse(lArguments))
+        return CommandResult::badUsage(sCommand + QLatin1String(": ") + m_parser.errorText());
+    if (m_parser.isSet(QStringLiteral("help")))
+        return CommandResult::ok(m_parser.helpText());
+    if (m_parser.positionalArguments().size() != 1)
+        return CommandResult::badUsage(text("%1: give one FILE").arg(sCommand));
+    m_sFile = m_parser.positionalArguments().constFirst();
+    return std::nullopt;
+}
+
+std::optional<CommandResult> CommandInput::load()
+{
+    RecordFilter filter;
+    QString sError;
+    if (isSet(QStringLiteral("rows")) && !filter.setRows(value(QStringLiteral("rows")), sError))
+        return CommandResult::badUsage(sError);
+    for (const QString& sCondition : m_parser.values(QStringLiteral("where")))
+        if (!filter.addCondition(sCondition, sError))
+            return CommandResult::badUsage(sError);
+
+    m_file = readDataFile(m_sFile, m_registry);
+    if (!m_file.isOk())
+        return CommandResult::badInput(m_file.m_sError);
+    for (std::unique_ptr<gkBase::MatrixData>& poDataSet : m_file.m_vDataSets) {
+        if (!filter.apply(*poDataSet, sError))
+            return CommandResult::badInput(sError);
+        m_poRoot->appendChild(poDataSet.release(), false);
+    }
+    return std::nullopt;
+}
+
+std::optional<CommandResult> CommandInput::require(const QString& sOption) const
+{
+    if (isSet(sOption) && !value(sOption).isEmpty())
+        return std::nullopt;
+    return CommandResult::badUsage(text("--%1 is missing").arg(sOption));
+}
+
+std::optional<double> CommandInput::positiveNumber(const QString& sOption, std::optional<CommandResult>& oError) const
+{
+    if (!isSet(sOption))
+        return std::nullopt;
+    bool bOk = false;
+    const double dValue = value(sOption).toDouble(&bOk);
+    if (bOk && std::isfinite(dValue) && dValue > 0.0)
+        return dValue;
+    oError = CommandResult::badUsage(text("--%1: \"%2\" is no number above 0").arg(sOption, value(sOption)));
+    return std::nullopt;
+}
+
+gkBase::MatrixData* CommandInput::attribute(const QString& sName, std::optional<CommandResult>& oError) const
+{
+    const std::vector<gkBase::MatrixData*> vpAttributes = m_poRoot->leafs();
+    for (const Qt::CaseSensitivity eCase : {Qt::CaseSensitive, Qt::CaseInsensitive})
+        for (gkBase::MatrixData* poAttribute : vpAttributes)
+            if (poAttribute->name().compare(sName, eCase) == 0)
+                return poAttribute;
+
+    QStringList lNames;
+    for (const gkBase::MatrixData* poAttribute : vpAttributes)
+        lNames << poAttribute->name();
+    oError = CommandResult::badInput(
+        text("%1: there is no attribute \"%2\"; there are %3").arg(m_sFile, sName, lNames.join(QLatin1String(", "))));
+    return nullptr;
+}
+
+gkBase::MatrixData* CommandInput::numericAttribute(const QString& sName, std::optional<CommandResult>& oError) const
+{
+    gkBase::MatrixData* poAttribute = attribute(sName, oError);
+    if (!poAttribute || isNumeric(*poAttribute))
+        return poAttribute;
+    oError = CommandResult::badInput(text("%1: the attribute \"%2\" holds no numbers").arg(m_sFile, sName));
+    return nullptr;
+}
+
+} // namespace gkHost

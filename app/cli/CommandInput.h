@@ -1,0 +1,57 @@
+#pragma once
+
+#include "Command.h"
+#include "DataFile.h"
+
+#include <gkBase/MatrixData.h>
+#include <gkBase/UnitRegistry.h>
+
+#include <QCommandLineParser>
+
+#include <memory>
+#include <optional>
+
+namespace gkHost {
+
+/// The arguments that all commands share, FILE, --rows and --where, and the data sets that they name.
+class CommandInput
+{
+public:
+    CommandInput();
+    ~CommandInput();
+    CommandInput(const CommandInput&) = delete;
+    CommandInput& operator=(const CommandInput&) = delete;
+
+    /// A command adds its own options before parse().
+    QCommandLineParser& parser() { return m_parser; }
+    /// lArguments begins with the name of the command. A result when the command ends here: bad usage, bad input, or
+    /// help was asked for.
+    std::optional<CommandResult> parse(const QStringList& lArguments);
+    /// Reads FILE and keeps the records that --rows and --where name.
+    std::optional<CommandResult> load();
+
+    gkBase::MatrixData& root() { return *m_poRoot; }
+    const ImportReport& report() const { return m_file.m_oReport; }
+    QString filePath() const { return m_sFile; }
+
+    bool isSet(const QString& sOption) const { return m_parser.isSet(sOption); }
+    QString value(const QString& sOption) const { return m_parser.value(sOption); }
+    /// The value of an option that must be given; a message when it is not.
+    std::optional<CommandResult> require(const QString& sOption) const;
+    /// A number above 0 of an option; empty when the option is absent. oError gets a message for anything else.
+    std::optional<double> positiveNumber(const QString& sOption, std::optional<CommandResult>& oError) const;
+
+    /// The attribute of that name (exact case first, then any case); null with a message naming what there is.
+    gkBase::MatrixData* attribute(const QString& sName, std::optional<CommandResult>& oError) const;
+    /// As attribute(), but of numbers.
+    gkBase::MatrixData* numericAttribute(const QString& sName, std::optional<CommandResult>& oError) const;
+
+private:
+    QCommandLineParser m_parser;
+    QString m_sFile;
+    gkBase::UnitRegistry m_registry;
+    DataFile m_file;
+    std::unique_ptr<gkBase::MatrixData> m_poRoot;
+};
+
+} // namespace gkHost

@@ -1,0 +1,101 @@
+#include "CommandLine.h"
+
+#include "ConvertCommand.h"
+#include "RenderCommand.h"
+#include "StatsCommand.h"
+
+#include <QCoreApplication>
+
+#include <array>
+
+namespace gkHost {
+
+namespace {
+
+struct NamedCommand
+{
+    const char* m_pName;
+    bool m_bNeedsWidgets;
+    CommandResult (*m_fnRun)(const QStringList&);
+};
+
+constexpr std::array<NamedCommand, 3> g_commands = {{
+    {"stats", false, runStatsCommand},
+    {"render", true, runRenderCommand},
+    {"convert", false, runConvertCommand},
+}};
+
+const NamedCommand* commandNamed(const QString& sName)
+{
+    for (const NamedCommand& command : g_commands)
+        if (sName == QLatin1String(command.m_pName))
+            return &command;
+    return nullptr;
+}
+
+bool isHelp(const QString& sArgument)
+{
+    return sArgument == QLatin1String("--help") || sArgument == QLatin1String("-h");
+}
+
+bool isVersion(const QString& sArgument)
+{
+    return sArgument == QLatin1String("--version") || sArgument == QLatin1String("-v");
+}
+
+} // namespace
+
+CommandLine::CommandLine(const QStringList& lArguments) : m_lArguments(lArguments.mid(1)) {}
+
+bool CommandLine::isCommand() const
+{
+    const QString sFirst = m_lArguments.value(0);
+    return commandNamed(sFirst) || isHelp(sFirst) || isVersion(sFirst);
+}
+
+bool CommandLine::needsWidgets() const
+{
+    const NamedCommand* pCommand = commandNamed(m_lArguments.value(0));
+    return pCommand && pCommand->m_bNeedsWidgets;
+}
+
+CommandResult CommandLine::run() const
+{
+    const QString sFirst = m_lArguments.value(0);
+    if (isHelp(sFirst))
+        return CommandResult::ok(helpText());
+    if (isVersion(sFirst))
+        return CommandResult::ok(QCoreApplication::applicationName() + QLatin1Char(' ') +
+                                 QCoreApplication::applicationVersion() + QLatin1Char('\n'));
+    if (const NamedCommand* pCommand = commandNamed(sFirst))
+        return pCommand->m_fnRun(m_lArguments);
+    return CommandResult::badUsage(QCoreApplication::translate("CommandLine", "unknown command \"%1\"").arg(sFirst));
+}
+
+QStringList CommandLine::files(QString& sError) const
+{
+    for (const QString& sArgument : m_lArguments)
+        if (sArgument.startsWith(QLatin1Char('-'))) {
+            sError = QCoreApplication::translate("CommandLine", "unknown option %1").arg(sArgument);
+            return {};
+        }
+    return m_lArguments;
+}
+
+QString CommandLine::helpText()
+{
+    return QCoreApplication::translate(
+        "CommandLine",
+        "Usage:\n"
+        "  gkanalyser [FILE...]                       open files in the analyser\n"
+        "  gkanalyser stats FILE --attribute NAME     print the statistics of an attribute\n"
+        "  gkanalyser render FILE --chart NAME --out PATH.png|.svg|.pdf\n"
+        "                                             draw a chart into a file\n"
+        "  gkanalyser convert FILE --out PATH.csv     write all data sets as CSV\n"
+        "  gkanalyser --version | --help\n"
+        "\n"
+        "Every command takes --help, --rows 1,4-9 and --where NAME=VALUE. The exit status is 0, or 1 for bad input\n"
+        "and 2 for bad usage.\n");
+}
+
+} // namespace gkHost

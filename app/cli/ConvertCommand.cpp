@@ -1,0 +1,36 @@
+#include "ConvertCommand.h"
+
+#include "CommandInput.h"
+
+#include <QCoreApplication>
+
+namespace gkHost {
+
+CommandResult runConvertCommand(const QStringList& lArguments)
+{
+    CommandInput input;
+    const auto text = [](const char* pText) { return QCoreApplication::translate("CommandLine", pText); };
+    input.parser().setApplicationDescription(text("Writes all data sets of a file as CSV with full precision."));
+    input.parser().addOptions({{QStringLiteral("out"), text("The CSV file to write."), QStringLiteral("PATH")},
+                               {QStringLiteral("report"), text("Write the import report here."), QStringLiteral("PATH")}});
+    if (const auto oResult = input.parse(lArguments))
+        return *oResult;
+
+    std::optional<CommandResult> oError = input.require(QStringLiteral("out"));
+    if (!oError)
+        oError = input.load();
+    if (oError)
+        return *oError;
+
+    QString sError;
+    if (input.isSet(QStringLiteral("report")) && !input.report().save(input.value(QStringLiteral("report")), &sError))
+        return CommandResult::badInput(sError);
+    const QString sOut = input.value(QStringLiteral("out"));
+    bool bOk = false;
+    input.root().writeCSV(sOut, &bOk);
+    if (!bOk)
+        return CommandResult::badInput(text("%1: cannot be written").arg(sOut));
+    return CommandResult::ok();
+}
+
+} // namespace gkHost

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "Command.h"
+
+#include <QStringList>
+
+namespace gkHost {
+
+/// "stats FILE --attribute NAME [--interval X] [--json]": summary, percentiles and classes of an attribute.
+CommandResult runStatsCommand(const QStringList& lArguments);
+
+} // namespace gkHost

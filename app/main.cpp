@@ -1,0 +1,63 @@
+#include "AnalyserApplication.h"
+#include "CommandLine.h"
+
+#include <QApplication>
+#include <QCoreApplication>
+
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+void print(std::FILE* pFile, const QString& sText)
+{
+    std::fputs(sText.toUtf8().constData(), pFile);
+}
+
+int finish(const gkHost::CommandResult& result)
+{
+    print(stdout, result.m_sOutput);
+    if (!result.m_sMessage.isEmpty())
+        print(stderr, QStringLiteral("gkanalyser: %1\n").arg(result.m_sMessage));
+    return result.m_eStatus;
+}
+
+QStringList arguments(int argc, char** argv)
+{
+    QStringList lArguments;
+    for (int i = 0; i < argc; ++i)
+        lArguments << QString::fromLocal8Bit(argv[i]);
+    return lArguments;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication::setApplicationName(QStringLiteral("gkanalyser"));
+    QCoreApplication::setOrganizationName(QStringLiteral("gkBaseTools"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(GK_VERSION));
+
+    const gkHost::CommandLine commandLine(arguments(argc, argv));
+    if (commandLine.isCommand()) {
+        // Commands run without a display; they draw with the same code as the window.
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+        std::unique_ptr<QCoreApplication> pqApplication;
+        if (commandLine.needsWidgets())
+            pqApplication = std::make_unique<QApplication>(argc, argv);
+        else
+            pqApplication = std::make_unique<QCoreApplication>(argc, argv);
+        return finish(commandLine.run());
+    }
+
+    QString sError;
+    const QStringList lFiles = commandLine.files(sError);
+    if (!sError.isEmpty())
+        return finish(gkHost::CommandResult::badUsage(sError));
+
+    QApplication application(argc, argv);
+    gkHost::AnalyserApplication analyser;
+    analyser.start(lFiles);
+    return QApplication::exec();
+}
