@@ -1,0 +1,26 @@
+#pragma once
+
+#include "ImportReport.h"
+
+#include <QDialog>
+
+#include <vector>
+
+namespace gkHost {
+
+/// The reports of the files that were opened, newest first, with a button that saves them as text.
+class ImportReportDialog : public QDialog
+{
+    Q_OBJECT
+public:
+    explicit ImportReportDialog(const std::vector<ImportReport>& vReports, QWidget* pqParent = nullptr);
+
+private:
+    void save();
+
+    std::vector<ImportReport> m_vReports; ///< newest first
+    class QComboBox* m_pqFiles;
+    class QPlainTextEdit* m_pqText;
+};
+
+} // namespace gkHost

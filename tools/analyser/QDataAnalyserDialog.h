@@ -1,0 +1,207 @@
+#pragma once
+
+#include "MatrixData.h"
+#include "gkBaseToolsExport.h"
+
+#include <QList>
+#include <QMetaObject>
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+#include <array>
+#include <functional>
+#include <vector>
+
+class QAction;
+class QMenu;
+class QSplitter;
+
+namespace gkBase {
+
+class AnalyserTablePage;
+class QAttributeTreeView;
+class QHistogramChartWidget;
+class QSelectCellsDialog;
+class QTreeItemModel;
+class QVertexItemModel;
+class QVertexMinMaxModelTableView;
+class QVertexModelTableView;
+class TabWidgetWithFloatingTabs;
+class UnitRegistry;
+
+/// The attribute analyser: the tree of data sets beside pages with the attribute table and the charts.
+///
+/// The rows selected in the table are the one selection. A chart that selects hands its records over; a chart that
+/// shows is refilled from the table's rows, at once when it is visible (as a page or torn off), otherwise when it is
+/// next shown, and once for any number of changes.
+///
+/// A host constructs the dialog, calls initialize(), gives it the root and the unit registry (both owned by the host)
+/// and listens to dataModified(). It may destroy the root at any time: the dialog is then empty.
+class GKBASETOOLS_EXPORT QDataAnalyserDialog : public QWidget
+{
+    Q_OBJECT
+public:
+    /// Asks for the file of "Save As"; an empty answer means that the user cancelled.
+    using FileChooser = std::function<QString(QWidget* pqParent, const QString& sStartPath)>;
+
+    explicit QDataAnalyserDialog(QWidget* pqParent = nullptr);
+    ~QDataAnalyserDialog() override;
+
+    /// Builds the widgets; call it once. sName goes to the chart panels as the name of their data. pqMenu (not owned)
+    /// is the context menu of the tables; null builds the default one. eOrientation lays out tree and pages. bFlag
+    /// is kept for the panels of point charts. bOrientationCharts and bDepthPlot ask for those pages, as far as their
+    /// panels exist. iTableOption 1 lets pasting and Enter append rows to the table, 0 does not.
+    void initialize(const QString& sName, QMenu* pqMenu, Qt::Orientation eOrientation, bool bFlag,
+                    bool bOrientationCharts, bool bDepthPlot, int iTableOption);
+
+    MatrixData* dataRoot() const { return m_poDataRoot; }
+    /// Not owned; null empties the dialog.
+    void changeDataRoot(MatrixData* poRoot);
+    UnitRegistry* registry() const { return m_poRegistry; }
+    /// Not owned. Also given to the root.
+    void setRegistry(UnitRegistry* poRegistry);
+
+    /// Defaults of "Save As".
+    void setFileName(const QString& sFileName) { m_sFileName = sFileName; }
+    QString fileName() const { return m_sFileName; }
+    void setAbsolutPath(const QString& sPath) { m_sAbsolutePath = sPath; }
+    QString absolutePath() const { return m_sAbsolutePath; }
+    /// Replaces the file dialog of "Save As". An empty function goes back to it.
+    void setFileChooser(FileChooser fnChooser);
+
+    QAttributeTreeView* treeView() const { return m_pqTreeView; }
+    QTreeItemModel* treeItemModel() const { return m_pTreeModel; }
+    QVertexModelTableView* vertexTable() const;
+    QVertexItemModel* vertexItemModel() const;
+    QVertexMinMaxModelTableView* minMaxVertexTable() const;
+    QHistogramChartWidget* histogramChart() const { return m_pqHistogramChart; }
+    TabWidgetWithFloatingTabs* tabWidget() const { return m_pqTabWidget; }
+    /// The context menu of the tables with the actions below, or the host's.
+    QMenu* menu() const { return m_pqMenu; }
+    /// Null when the host gave a menu of its own.
+    QAction* copyAction() const { return m_pqCopyAction; }
+    QAction* pasteAction() const { return m_pqPasteAction; }
+    QAction* selectCellsAction() const { return m_pqSelectCellsAction; }
+    QAction* selectInverseAction() const { return m_pqSelectInverseAction; }
+    QAction* saveAsAction() const { return m_pqSaveAsAction; }
+
+    /// Fills the attribute choosers of the charts that offer the collection. bSelectedOnly is for choosers that offer
+    /// checked attributes only.
+    void updateChartDataSetSelectionBox(MatrixData::AttributeCollection eCollection, bool bSelectedOnly);
+    /// Adds measured depths to data sets with vertices, as MatrixData::createMeasuredDepth() does, and shows them.
+    void createMeasuredDepth();
+    void clearAllSelections();
+    /// By the page's object name ("TABLE", "HISTOGRAM", …); an unknown name does nothing.
+    void hideTab(const QString& sName);
+    void showTab(const QString& sName);
+    /// Hides the summary table.
+    void setLightMode();
+    /// Hides the summary table, the tree and the tab bar: only the page that is shown remains.
+    void setUltraLightMode();
+    void saveSettings();
+    void readSettings();
+    /// Also hides the select-cells dialog.
+    void hide();
+
+public slots:
+    void copyToClipboard();
+    void showSelectValueCellsDlg();
+    void selectInverse();
+    /// Reads the whole tree again after outside changes.
+    void updateAllViews();
+    void updateCellView();
+    void slotTabWidgetChanged();
+    void resetChartsUpdateNeeded();
+    void checkResetChartsUpdateNeeded();
+    /// One flag per record; copied at once.
+    void setNewRowSelectionFromGraphicalSelection(bool* pvFlags, int iCount);
+    void slotSaveAs();
+    /// Shows the orientation pages when the data have orientations, and hides them otherwise.
+    void hideShowOrientationWindows();
+    void updateHistogramData();
+
+signals:
+    void dataModified(bool bModified);
+    void signalEnablePasteAction();
+    /// "Save As" wrote the file, or could not.
+    void csvWritten(const QString& sPath, bool bOk);
+
+private slots:
+    void updateChartDataSetSelectionBoxes();
+    void enablePasteAction();
+    void pasteFromClipboard();
+    void accept_ClearSelection();
+    void accept_SelectValueCellsDlg();
+    void setCurrentHistogramDataSet();
+    void updateTableViews();
+    void slotDataModified(bool bOk);
+
+private:
+    /// The charts in the order of their update-needed flags.
+    enum Chart
+    {
+        CrossPlot,
+        BarChart,
+        Histogram,
+        RosePlot,
+        StereoPlot,
+        TangentPlot,
+        DepthPlot,
+        NumberOfCharts
+    };
+
+    /// A page with a chart: how it is filled and copied.
+    struct ChartPage
+    {
+        Chart m_eChart;
+        QWidget* m_pqPage;
+        std::function<void()> m_fnRefill;
+        std::function<void()> m_fnCopy;
+    };
+
+    QMenu* createDefaultPopupMenu();
+    void createTableWidget(int iTableOption);
+    void createTreeWidget();
+    void createHistogramChart(const QString& sName);
+    void addPage(QWidget* pqPage, const QString& sObjectName, const QString& sText, const QString& sIcon);
+    QWidget* pageNamed(const QString& sName) const;
+    const ChartPage* currentChartPage() const;
+    bool isTablePageCurrent() const;
+    bool isPageVisible(const QWidget* pqPage) const;
+    void connectRoot();
+    void slotRootAboutToBeDestroyed();
+    void scheduleRefill();
+    void refillVisibleCharts();
+    void resetSplitterRatios();
+    void fillSelectCellsDialog();
+
+    MatrixData* m_poDataRoot = nullptr;   ///< not owned
+    UnitRegistry* m_poRegistry = nullptr; ///< not owned
+    QString m_sFileName;
+    QString m_sAbsolutePath;
+    FileChooser m_fnFileChooser;
+
+    QSplitter* m_pqSplitter = nullptr;
+    QList<int> m_liSplitterSizes; ///< as the user left them
+    QTreeItemModel* m_pTreeModel = nullptr;
+    QAttributeTreeView* m_pqTreeView = nullptr;
+    TabWidgetWithFloatingTabs* m_pqTabWidget = nullptr;
+    AnalyserTablePage* m_pqTablePage = nullptr;
+    QHistogramChartWidget* m_pqHistogramChart = nullptr;
+    QPointer<QSelectCellsDialog> m_pqSelectCellsDialog;
+    QPointer<QMenu> m_pqMenu;
+    QPointer<QAction> m_pqCopyAction;
+    QPointer<QAction> m_pqPasteAction;
+    QPointer<QAction> m_pqSelectCellsAction;
+    QPointer<QAction> m_pqSelectInverseAction;
+    QPointer<QAction> m_pqSaveAsAction;
+
+    std::vector<ChartPage> m_vChartPages;
+    std::array<bool, NumberOfCharts> m_bUpdateNeeded{};
+    int m_iRowsInCharts = 0; ///< selected rows when the charts were last marked
+    bool m_bRefillPending = false;
+    QList<QMetaObject::Connection> m_lRootConnections;
+};
+
+} // namespace gkBase
