@@ -129,7 +129,8 @@ void QDataAnalyserDialog::initialize(const QString& sName, QMenu* pqMenu, Qt::Or
     createHistogramChart(sName);
     m_pqTabWidget->setCurrentIndex(0);
     connect(m_pqTabWidget, &QTabWidget::currentChanged, this, &QDataAnalyserDialog::slotTabWidgetChanged);
-    connect(m_pqTabWidget, &TabWidgetWithFloatingTabs::detachingTab, this, &QDataAnalyserDialog::scheduleRefill);
+    // Tearing a page off makes another one current without currentChanged().
+    connect(m_pqTabWidget, &TabWidgetWithFloatingTabs::detachedTab, this, &QDataAnalyserDialog::scheduleRefill);
 
     readSettings();
     m_liSplitterSizes = m_pqSplitter->sizes();
@@ -435,7 +436,8 @@ void QDataAnalyserDialog::resetSplitterRatios()
 
 QWidget* QDataAnalyserDialog::pageNamed(const QString& sName) const
 {
-    for (int i = 0; m_pqTabWidget && i < m_pqTabWidget->count(); ++i)
+    // Torn-off pages are numbered after the tabs.
+    for (int i = 0; m_pqTabWidget && m_pqTabWidget->widget(i); ++i)
         if (m_pqTabWidget->widget(i)->objectName() == sName)
             return m_pqTabWidget->widget(i);
     return nullptr;
@@ -461,13 +463,15 @@ bool QDataAnalyserDialog::isPageVisible(const QWidget* pqPage) const
 
 void QDataAnalyserDialog::hideTab(const QString& sName)
 {
-    if (QWidget* pqPage = pageNamed(sName))
+    QWidget* pqPage = pageNamed(sName);
+    if (pqPage && !m_pqTabWidget->isFloating(pqPage))
         m_pqTabWidget->setTabVisible(m_pqTabWidget->indexOf(pqPage), false);
 }
 
 void QDataAnalyserDialog::showTab(const QString& sName)
 {
-    if (QWidget* pqPage = pageNamed(sName))
+    QWidget* pqPage = pageNamed(sName);
+    if (pqPage && !m_pqTabWidget->isFloating(pqPage))
         m_pqTabWidget->setTabVisible(m_pqTabWidget->indexOf(pqPage), true);
 }
 

@@ -3,7 +3,9 @@
 #include "MatrixData.h"
 #include "gkBaseToolsExport.h"
 
+#include <QAction>
 #include <QList>
+#include <QMenu>
 #include <QMetaObject>
 #include <QPointer>
 #include <QString>
@@ -13,8 +15,6 @@
 #include <functional>
 #include <vector>
 
-class QAction;
-class QMenu;
 class QSplitter;
 
 namespace gkBase {
