@@ -1,0 +1,187 @@
+#include "AnalyserApplication.h"
+#include "AnalyserWindow.h"
+
+#include <gkBase/QDataAnalyserDialog.h>
+#include <gkBase/QVertexItemModel.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QDropEvent>
+#include <QFile>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QUrl>
+
+using namespace gkHost;
+
+class tst_AnalyserWindow : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_folder.isValid());
+        QSettings::setDefaultFormat(QSettings::IniFormat);
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
+        QCoreApplication::setOrganizationName(QStringLiteral("test"));
+        QCoreApplication::setApplicationName(QStringLiteral("window"));
+        write("good.csv", "Depth [m],GR [API]\n1,50\n2,60\n3,70\n");
+        write("other.csv", "Dip [deg],Azimuth [deg]\n10,350\n20,360\n");
+        write("bad.csv", QByteArray("a,b\n1,\"never closed\n"));
+        QApplication::setQuitOnLastWindowClosed(false);
+    }
+
+    void init()
+    {
+        m_pApplication = std::make_unique<AnalyserApplication>();
+        m_pApplication->importController()->setMessage([this](QWidget*, const QString& sText) { m_lMessages << sText; });
+        m_pApplication->importController()->setOrientationChoice(
+            [](const ImportTable&, const std::vector<OrientationProposal>& vProposals) { return vProposals; });
+        m_pApplication->start({});
+        m_pqWindow = m_pApplication->windows().constFirst();
+        m_lMessages.clear();
+    }
+
+    void cleanup() { m_pApplication.reset(); }
+
+    void filesOpenTogetherAndABadOneChangesNothing()
+    {
+        open({"good.csv", "bad.csv", "other.csv"});
+        QCOMPARE(document()->root()->childCount(), 2);
+        QCOMPARE(m_lMessages.size(), 1);
+        QVERIFY2(m_lMessages.constFirst().contains(QLatin1String("bad.csv")), qPrintable(m_lMessages.constFirst()));
+        QCOMPARE(document()->reports().size(), 2U);
+        QCOMPARE(m_pqWindow->analyser()->vertexItemModel()->columnCount(), 4);
+        QVERIFY(m_pqWindow->windowTitle().contains(QLatin1String("good.csv")));
+        QVERIFY(!m_pqWindow->isWindowModified());
+        QCOMPARE(m_pApplication->recentFiles().size(), 2);
+
+        const gkBase::MatrixData* poAzimuth = document()->root()->getNodeFromName(QStringLiteral("Azimuth"));
+        QCOMPARE(poAzimuth->unitCategory(), QStringLiteral("orientation"));
+        QCOMPARE(poAzimuth->recordNumber(1), 0.0); // 360
+
+        open({"good.csv"}); // again: a second data set of its own name
+        QCOMPARE(document()->root()->childCount(), 3);
+        QVERIFY(document()->root()->child(2)->name() != document()->root()->child(0)->name());
+    }
+
+    void editsMarkTheWindowsAndUndoUnmarksThem()
+    {
+        open({"good.csv"});
+        AnalyserWindow* pqSecond = m_pApplication->newWindow();
+        gkBase::QVertexItemModel* pModel = m_pqWindow->analyser()->vertexItemModel();
+        QVERIFY(pModel->setData(pModel->index(3, 1), QStringLiteral("55")));
+        QVERIFY(m_pqWindow->isWindowModified());
+        QVERIFY(pqSecond->isWindowModified());
+        QCOMPARE(pqSecond->analyser()->vertexItemModel()->data(pModel->index(3, 1).siblingAtColumn(1), Qt::EditRole)
+                     .isValid(), true);
+        QAction* pqUndo = action(QStringLiteral("Undo"));
+        QVERIFY2(pqUndo->text().contains(QLatin1String("Edit Cell: value=55")), qPrintable(pqUndo->text()));
+        pqUndo->trigger();
+        QVERIFY(!m_pqWindow->isWindowModified());
+        QVERIFY(!pqUndo->isEnabled());
+        QCOMPARE(document()->root()->getNodeFromName(QStringLiteral("GR"))->recordNumber(0), 50.0);
+        action(QStringLiteral("Redo"))->trigger();
+        QCOMPARE(document()->root()->getNodeFromName(QStringLiteral("GR"))->recordNumber(0), 55.0);
+        QVERIFY(m_pqWindow->isWindowModified());
+    }
+
+    void closingAsksBeforeEditsAreLost()
+    {
+        open({"good.csv"});
+        gkBase::QVertexItemModel* pModel = m_pqWindow->analyser()->vertexItemModel();
+        QVERIFY(pModel->setData(pModel->index(3, 1), QStringLiteral("55")));
+        answerQuestion(QMessageBox::Cancel);
+        m_pqWindow->close();
+        QVERIFY(m_bAsked);
+        QVERIFY(m_pqWindow->isVisible());
+
+        m_bAsked = false;
+        QPointer<AnalyserWindow> pqSecond = m_pApplication->newWindow();
+        pqSecond->close(); // the data stay open in the first window
+        QVERIFY(!m_bAsked);
+
+        answerQuestion(QMessageBox::Discard);
+        m_pqWindow->close();
+        QVERIFY(m_bAsked);
+        QTRY_VERIFY(!m_pqWindow);
+    }
+
+    void filesCanBeDropped()
+    {
+        QMimeData mimeData;
+        mimeData.setUrls({QUrl::fromLocalFile(path("good.csv"))});
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &mimeData, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(m_pqWindow, &enter);
+        QVERIFY(enter.isAccepted());
+        QSignalSpy finished(m_pApplication->importController(), &ImportController::finished);
+        QDropEvent drop({5, 5}, Qt::CopyAction, &mimeData, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(m_pqWindow, &drop);
+        QVERIFY(finished.wait());
+        QCOMPARE(document()->root()->childCount(), 1);
+    }
+
+    void leavingWhileReadingIsSafe()
+    {
+        m_pApplication->importController()->open({path("good.csv"), path("other.csv")}, m_pqWindow);
+        m_pApplication.reset();
+        QCoreApplication::processEvents();
+        QVERIFY(!m_pqWindow);
+    }
+
+private:
+    QString path(const char* pName) const { return m_folder.filePath(QLatin1String(pName)); }
+    Document* document() const { return m_pApplication->document(); }
+
+    void write(const char* pName, const QByteArray& qContent) const
+    {
+        QFile file(path(pName));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(qContent);
+    }
+
+    void open(const QList<const char*>& lNames)
+    {
+        QSignalSpy finished(m_pApplication->importController(), &ImportController::finished);
+        QStringList lFiles;
+        for (const char* pName : lNames)
+            lFiles << path(pName);
+        m_pApplication->importController()->open(lFiles, m_pqWindow);
+        QVERIFY(finished.wait());
+    }
+
+    QAction* action(const QString& sStart) const
+    {
+        for (QAction* pqMenu : m_pqWindow->menuBar()->actions())
+            for (QAction* pqAction : pqMenu->menu()->actions())
+                if (pqAction->text().remove(QLatin1Char('&')).startsWith(sStart))
+                    return pqAction;
+        return nullptr;
+    }
+
+    void answerQuestion(QMessageBox::StandardButton eAnswer)
+    {
+        QTimer::singleShot(0, this, [this, eAnswer] {
+            if (auto* pqBox = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                m_bAsked = true;
+                pqBox->button(eAnswer)->click();
+            }
+        });
+    }
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<AnalyserApplication> m_pApplication;
+    QPointer<AnalyserWindow> m_pqWindow;
+    QStringList m_lMessages;
+    bool m_bAsked = false;
+};
+
+QTEST_MAIN(tst_AnalyserWindow)
+#include "tst_analyserwindow.moc"

@@ -1,0 +1,215 @@
+#include "CommandLine.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <QTest>
+
+using gkHost::CommandLine;
+using gkHost::CommandResult;
+
+class tst_CommandLine : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_folder.isValid());
+        write("even.csv", "Value [m],Set,Flag\n" + evenRows());
+        write("bad.csv", QByteArray("a,b\n1,\"never closed\n"));
+    }
+
+    void statistics()
+    {
+        const QJsonObject json = stats({QStringLiteral("--interval"), QStringLiteral("10")});
+        QCOMPARE(json[QStringLiteral("attribute")].toString(), QStringLiteral("Value"));
+        QCOMPARE(json[QStringLiteral("unit")].toString(), QStringLiteral("m"));
+        QCOMPARE(json[QStringLiteral("n")].toInt(), 101);
+        QCOMPARE(json[QStringLiteral("missing")].toInt(), 1);
+        QCOMPARE(json[QStringLiteral("min")].toDouble(), 0.0);
+        QCOMPARE(json[QStringLiteral("max")].toDouble(), 100.0);
+        QCOMPARE(json[QStringLiteral("mean")].toDouble(), 50.0);
+        QCOMPARE(json[QStringLiteral("standardDeviation")].toDouble(), 29.300170647967224); // of 0, 1, … 100
+        QCOMPARE(json[QStringLiteral("interval")].toDouble(), 10.0);
+        const QJsonArray classes = json[QStringLiteral("classes")].toArray();
+        QCOMPARE(classes.size(), 10);
+        double dCount = 0.0;
+        double dRelative = 0.0;
+        for (const QJsonValue& value : classes) {
+            dCount += value[QStringLiteral("count")].toDouble();
+            dRelative += value[QStringLiteral("relative")].toDouble();
+        }
+        QCOMPARE(dCount, 101.0);
+        QVERIFY(qAbs(dRelative - 100.0) < 1e-9);
+        QCOMPARE(classes.first()[QStringLiteral("count")].toDouble(), 10.0);
+        QCOMPARE(classes.last()[QStringLiteral("count")].toDouble(), 11.0); // closed on both sides
+        QCOMPARE(classes.last()[QStringLiteral("cumulative")].toDouble(), 100.0);
+        QVERIFY(qAbs(json[QStringLiteral("p50")].toDouble() - 50.0) < 1.0);
+    }
+
+    void recordsAreCountedFromOne()
+    {
+        const QJsonObject rows = stats({QStringLiteral("--rows"), QStringLiteral("1,4-9")});
+        QCOMPARE(rows[QStringLiteral("n")].toInt(), 7);
+        QCOMPARE(rows[QStringLiteral("max")].toDouble(), 8.0);
+        QCOMPARE(stats({QStringLiteral("--where"), QStringLiteral("Set=even")})[QStringLiteral("n")].toInt(), 51);
+        QCOMPARE(stats({QStringLiteral("--where"), QStringLiteral("Value=3.0")})[QStringLiteral("n")].toInt(), 1);
+        QCOMPARE(stats({QStringLiteral("--where"), QStringLiteral("Flag=false"), QStringLiteral("--where"),
+                        QStringLiteral("Set=odd"), QStringLiteral("--rows"), QStringLiteral("1-10")})
+                     [QStringLiteral("n")].toInt(), 5);
+        // Nothing passes: nothing is counted, and nothing is invented.
+        const QJsonObject none = stats({QStringLiteral("--where"), QStringLiteral("Set=none")});
+        QCOMPARE(none[QStringLiteral("n")].toInt(), 0);
+        QVERIFY(none[QStringLiteral("mean")].isNull());
+        QVERIFY(none[QStringLiteral("p50")].isNull());
+        QVERIFY(none[QStringLiteral("classes")].toArray().isEmpty());
+    }
+
+    void exitStatus_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<int>("status");
+        const QString sEven = path("even.csv");
+        const QString sOut = path("out.png");
+        QTest::newRow("help") << QStringList{"--help"} << 0;
+        QTest::newRow("version") << QStringList{"--version"} << 0;
+        QTest::newRow("command help") << QStringList{"stats", "--help"} << 0;
+        QTest::newRow("no file") << QStringList{"stats", "--attribute", "Value"} << 2;
+        QTest::newRow("no attribute") << QStringList{"stats", sEven} << 2;
+        QTest::newRow("unknown option") << QStringList{"stats", sEven, "--attribute", "Value", "--nonsense"} << 2;
+        QTest::newRow("bad rows") << QStringList{"stats", sEven, "--attribute", "Value", "--rows", "4-1"} << 2;
+        QTest::newRow("row zero") << QStringList{"stats", sEven, "--attribute", "Value", "--rows", "0"} << 2;
+        QTest::newRow("bad interval") << QStringList{"stats", sEven, "--attribute", "Value", "--interval", "-1"} << 2;
+        QTest::newRow("unknown attribute") << QStringList{"stats", sEven, "--attribute", "Dip"} << 1;
+        QTest::newRow("text attribute") << QStringList{"stats", sEven, "--attribute", "Set"} << 1;
+        QTest::newRow("unknown condition") << QStringList{"stats", sEven, "--attribute", "Value", "--where", "x=1"} << 1;
+        QTest::newRow("missing file") << QStringList{"stats", path("none.csv"), "--attribute", "Value"} << 1;
+        QTest::newRow("bad file") << QStringList{"stats", path("bad.csv"), "--attribute", "a"} << 1;
+        QTest::newRow("no chart") << QStringList{"render", sEven, "--out", sOut} << 2;
+        QTest::newRow("unknown chart") << QStringList{"render", sEven, "--chart", "pie", "--out", sOut} << 2;
+        QTest::newRow("unknown type")
+            << QStringList{"render", sEven, "--chart", "histogram", "--attribute", "Value", "--type", "x", "--out", sOut}
+            << 2;
+        QTest::newRow("unknown format")
+            << QStringList{"render", sEven, "--chart", "histogram", "--attribute", "Value", "--out", path("x.gif")} << 2;
+        QTest::newRow("bad size")
+            << QStringList{"render", sEven, "--chart", "histogram", "--attribute", "Value", "--out", sOut, "--size", "9"}
+            << 2;
+        QTest::newRow("folder that is not there")
+            << QStringList{"render", sEven, "--chart", "histogram", "--attribute", "Value", "--out", path("no/x.png")}
+            << 1;
+        QTest::newRow("convert into nowhere") << QStringList{"convert", sEven, "--out", path("no/x.csv")} << 1;
+    }
+
+    void exitStatus()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(int, status);
+        const CommandResult result = run(arguments);
+        QCOMPARE(static_cast<int>(result.m_eStatus), status);
+        QCOMPARE(result.m_sMessage.isEmpty(), status == 0); // one message when something is wrong
+        QVERIFY(!result.m_sMessage.contains(QLatin1Char('\n')));
+        QCOMPARE(result.m_sOutput.isEmpty(), status != 0);
+    }
+
+    void renderWritesEveryFormat_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QByteArray>("start");
+        QTest::newRow("png") << path("h.png") << QByteArray("\x89PNG");
+        QTest::newRow("svg") << path("h.svg") << QByteArray("<?xml");
+        QTest::newRow("pdf") << path("h.pdf") << QByteArray("%PDF");
+    }
+
+    void renderWritesEveryFormat()
+    {
+        QFETCH(QString, file);
+        QFETCH(QByteArray, start);
+        const CommandResult result =
+            run({"render", path("even.csv"), "--chart", "histogram", "--attribute", "Value", "--interval", "5", "--type",
+                 "relative", "--background", "black", "--size", "640x480", "--out", file});
+        QCOMPARE(result.m_sMessage, QString());
+        QFile picture(file);
+        QVERIFY(picture.open(QIODevice::ReadOnly));
+        QVERIFY(picture.readAll().startsWith(start));
+        if (file.endsWith(QLatin1String(".png"))) {
+            const QImage image(file);
+            QCOMPARE(image.size(), QSize(640, 480));
+            QCOMPARE(image.pixelColor(2, 2), QColor(Qt::black));
+        }
+    }
+
+    void convertReadsBackTheSame()
+    {
+        const QString sFirst = path("first.csv");
+        const QString sSecond = path("second.csv");
+        const QString sReport = path("report.txt");
+        QCOMPARE(run({"convert", path("even.csv"), "--out", sFirst, "--report", sReport}).m_sMessage, QString());
+        QVERIFY(QFile::exists(sReport));
+        QCOMPARE(run({"convert", sFirst, "--out", sSecond}).m_sMessage, QString());
+        QByteArray qFirst = content(sFirst);
+        QByteArray qSecond = content(sSecond);
+        QVERIFY(!qFirst.isEmpty());
+        // The data set keeps the name of the first file, which the second one has to say.
+        QVERIFY2(qSecond.endsWith(qFirst.mid(qFirst.indexOf("# types"))), qSecond.constData());
+    }
+
+    void windowArguments()
+    {
+        QString sError;
+        QVERIFY(!CommandLine({"gkanalyser", "a.csv", "b.las"}).isCommand());
+        QCOMPARE(CommandLine({"gkanalyser", "a.csv", "b.las"}).files(sError), (QStringList{"a.csv", "b.las"}));
+        QVERIFY(sError.isEmpty());
+        CommandLine({"gkanalyser", "--what"}).files(sError);
+        QVERIFY(sError.contains(QLatin1String("--what")));
+    }
+
+private:
+    QString path(const char* pName) const { return m_folder.filePath(QLatin1String(pName)); }
+
+    static QByteArray content(const QString& sFile)
+    {
+        QFile file(sFile);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    void write(const char* pName, const QByteArray& qContent) const
+    {
+        QFile file(path(pName));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(qContent);
+    }
+
+    /// 0, 1, … 100 and one empty cell, even and odd.
+    static QByteArray evenRows()
+    {
+        QByteArray qRows;
+        for (int i = 0; i <= 100; ++i)
+            qRows += QByteArray::number(i) + (i % 2 ? ",odd,false\n" : ",even,true\n");
+        return qRows + ",even,true\n";
+    }
+
+    static CommandResult run(const QStringList& lArguments)
+    {
+        return CommandLine(QStringList{QStringLiteral("gkanalyser")} + lArguments).run();
+    }
+
+    QJsonObject stats(const QStringList& lArguments) const
+    {
+        const CommandResult result =
+            run(QStringList{"stats", path("even.csv"), "--attribute", "Value", "--json"} + lArguments);
+        if (!result.m_sMessage.isEmpty())
+            qWarning().noquote() << result.m_sMessage;
+        return QJsonDocument::fromJson(result.m_sOutput.toUtf8()).object();
+    }
+
+    QTemporaryDir m_folder;
+};
+
+QTEST_MAIN(tst_CommandLine)
+#include "tst_commandline.moc"
