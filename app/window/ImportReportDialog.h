@@ -6,6 +6,9 @@
 
 #include <vector>
 
+class QComboBox;
+class QPlainTextEdit;
+
 namespace gkHost {
 
 /// The reports of the files that were opened, newest first, with a button that saves them as text.
@@ -19,8 +22,8 @@ private:
     void save();
 
     std::vector<ImportReport> m_vReports; ///< newest first
-    class QComboBox* m_pqFiles;
-    class QPlainTextEdit* m_pqText;
+    QComboBox* m_pqFiles;
+    QPlainTextEdit* m_pqText;
 };
 
 } // namespace gkHost
