@@ -159,6 +159,11 @@ double labelGap(const AxisStyle& oStyle)
     return oStyle.labelsRunAcross() ? metrics.height() / 2 : 2 * metrics.averageCharWidth();
 }
 
+double tickSpacing(const AxisStyle& oStyle)
+{
+    return 1.75 * QFontMetricsF(oStyle.m_oFont).height();
+}
+
 int axisThickness(const AxisTicks& oTicks, const AxisStyle& oStyle)
 {
     double dThickness = g_iMajorTick + g_iLabelDistance + labelDepth(oTicks, oStyle) + g_iRim;

@@ -38,6 +38,8 @@ struct AxisStyle
 LabelExtent labelExtent(const AxisStyle& oStyle);
 /// Pixels that the labels of two ticks keep free between them, along the axis.
 double labelGap(const AxisStyle& oStyle);
+/// Pixels that should lie between two major ticks, so that a grid through them does not crowd the chart.
+double tickSpacing(const AxisStyle& oStyle);
 /// Pixels between the chart's side and the outer rim of the axis with these labels.
 int axisThickness(const AxisTicks& oTicks, const AxisStyle& oStyle);
 

@@ -179,9 +179,10 @@ AxisTicks fittedAxisTicks(const AxisScale& oScale, const LabelExtent& labelExten
     NiceStep oStep = niceStep(dMin, dMax, static_cast<int>(std::clamp(dLength / dMinSpacing, 1.0, 1.0e6)));
     for (;;) {
         const AxisTicks oTicks = axisTicks(dMin, dMax, oStep);
-        // With one tick at most there is nothing left to thin out.
-        if (oTicks.m_vMajor.size() <= 1)
-            return oTicks;
+        if (oTicks.m_vMajor.size() <= 1) {
+            // Nothing left to thin out. One number is no scale: a short axis may have its ticks closer.
+            return dMinSpacing > dGap ? fittedAxisTicks(oScale, labelExtent, dGap, dGap) : oTicks;
+        }
         double dLongest = 0.0;
         for (const QString& sLabel : oTicks.m_lLabels)
             dLongest = std::max(dLongest, labelExtent(sLabel));

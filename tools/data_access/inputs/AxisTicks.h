@@ -67,8 +67,8 @@ GKBASEQT_EXPORT void niceRange(double& dMin, double& dMax, int iMaxSteps = 10);
 /// tick, at that value; a range that is not finite gets none.
 GKBASEQT_EXPORT AxisTicks axisTicks(double dMin, double dMax, const NiceStep& oStep);
 
-/// Ticks of the finest step whose labels stand at least dGap pixels apart along the axis and whose ticks are at least
-/// dMinSpacing apart; all labels have room on the whole chart picture, unless there is only one.
+/// Ticks of the finest step whose labels stand at least dGap pixels apart along the axis, with ticks at least
+/// dMinSpacing apart unless that leaves a single one; all labels have room on the whole chart picture.
 GKBASEQT_EXPORT AxisTicks fittedAxisTicks(const AxisScale& oScale, const LabelExtent& labelExtent, double dGap,
                                           double dMinSpacing);
 

@@ -221,8 +221,8 @@ gkBase::AxisScale QCartesianAxisWidget::scaleForLength(int iVisibleLength) const
 gkBase::AxisTicks QCartesianAxisWidget::ticksForScale(const gkBase::AxisScale& oScale) const
 {
     const gkBase::AxisStyle oStyle = axisStyle();
-    const double dGap = gkBase::labelGap(oStyle);
-    return gkBase::fittedAxisTicks(oScale, gkBase::labelExtent(oStyle), dGap, 3.0 * dGap);
+    return gkBase::fittedAxisTicks(oScale, gkBase::labelExtent(oStyle), gkBase::labelGap(oStyle),
+                                   gkBase::tickSpacing(oStyle));
 }
 
 gkBase::AxisStyle QCartesianAxisWidget::axisStyle() const
@@ -255,7 +255,10 @@ void QCartesianAxisWidget::updateTicks()
 {
     m_oScale = scaleForLength(visibleLength());
     m_oTicks = ticksForScale(m_oScale);
-    updateGeometry();
+    if (const int iThickness = thickness(); iThickness != m_iThickness) {
+        m_iThickness = iThickness;
+        updateGeometry();
+    }
 
     QList<int> vGridLines;
     if (m_oScale.isValid()) {

@@ -126,6 +126,7 @@ private:
     double m_dMax = 1.0;
     double m_dZoom = 1.0;
     int m_iOffset = 0;
+    int m_iThickness = 0; ///< that the layout knows
     bool m_bDrawTitle = true;
     bool m_bInverted = false;
     QString m_sTitle;
