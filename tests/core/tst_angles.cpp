@@ -19,6 +19,7 @@ private slots:
     void circularMean();
     void axialMean_data();
     void axialMean();
+    void meansMatchReference();
     void meanIgnoresMissingAndForeignRecords();
     void lineInPlane_data();
     void lineInPlane();
@@ -108,6 +109,24 @@ void tst_Angles::axialMean()
     } else {
         QVERIFY(oMean.m_dDirection >= 0.0 && oMean.m_dDirection < 180.0);
         QVERIFY(axialDifference(oMean.m_dDirection, direction) < 1e-12);
+    }
+}
+
+void tst_Angles::meansMatchReference()
+{
+    GK_REQUIRE_REFERENCE();
+    const QJsonObject sets = gkTest::referenceValues("rose_a")["sets"].toObject();
+    QCOMPARE(sets.size(), 5);
+    for (const QString& sSet : sets.keys()) {
+        const QJsonObject expected = sets[sSet].toObject();
+        const std::vector<double> vdAzimuths = gkTest::referenceColumns("rose_a", "set", sSet)["azimuth"];
+        const CircularMean oMean = gkBase::circularMean(vdAzimuths);
+        const CircularMean oAxial = gkBase::axialMean(vdAzimuths);
+        QCOMPARE(int(oMean.m_iCount), expected["n"].toInt());
+        GK_COMPARE_CLOSE(oMean.m_dDirection, expected["mean_direction"].toDouble(), 1e-9);
+        GK_COMPARE_CLOSE(oMean.m_dResultantLength, expected["normalized_length"].toDouble(), 1e-9);
+        GK_COMPARE_CLOSE(oAxial.m_dDirection, expected["axial_mean_doubled_angles"].toDouble(), 1e-9);
+        GK_COMPARE_CLOSE(oAxial.m_dResultantLength, expected["axial_length_doubled_angles"].toDouble(), 1e-9);
     }
 }
 

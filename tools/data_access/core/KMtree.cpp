@@ -26,7 +26,7 @@ public:
     {
     }
 
-    /// aiCandidates has room for iCount numbers on every level below this node.
+    /// Behind the iCount candidates there is room for as many on every level below this node.
     void visit(std::size_t iNode, int* piCandidates, std::size_t iCount)
     {
         const Node& oNode = m_oTree.m_vNodes[iNode];

@@ -46,7 +46,8 @@ bool hasManyValues(const ColumnNumbers& oNumbers)
     return false;
 }
 
-/// Colours and distinct values are groups of their own; an attribute of very many numbers is cut into bands.
+/// Colours and distinct values are groups of their own; an attribute of very many numbers is cut into bands, one of
+/// very many texts or colours (comments, photographs) makes no groups.
 Groups groupsOf(const MatrixData* poAttribute)
 {
     Groups oGroups;
@@ -65,7 +66,7 @@ Groups groupsOf(const MatrixData* poAttribute)
     } else {
         poAttribute->createSymbolIDs(oGroups.m_viIdOfRecord, oGroups.m_names, colors);
     }
-    return oGroups;
+    return oGroups.count() <= g_iMostGroups ? oGroups : Groups();
 }
 
 /// The counts as the chart type wants them; iTotal is what 100 per cent mean.
