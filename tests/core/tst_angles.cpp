@@ -13,18 +13,15 @@ class tst_Angles : public QObject
     Q_OBJECT
 private slots:
     void wrapsIntoHalfOpenCircle();
-    void differences_data();
     void differences();
     void circularMean_data();
     void circularMean();
-    void axialMean_data();
     void axialMean();
     void meansMatchReference();
     void meanIgnoresMissingAndForeignRecords();
     void lineInPlane_data();
     void lineInPlane();
     void lineLiesInThePlane();
-    void pitchFromNamedEnd();
     void compassAzimuth();
     void crossProductFollowsTheRightHand();
 };
@@ -42,26 +39,14 @@ void tst_Angles::wrapsIntoHalfOpenCircle()
     QCOMPARE(asinDegrees(-1.0 - 1e-15), -90.0);
 }
 
-void tst_Angles::differences_data()
-{
-    QTest::addColumn<double>("first");
-    QTest::addColumn<double>("second");
-    QTest::addColumn<double>("directional");
-    QTest::addColumn<double>("axial");
-    QTest::newRow("across north") << 350.0 << 10.0 << 20.0 << 20.0;
-    QTest::newRow("opposite") << 10.0 << 190.0 << 180.0 << 0.0;
-    QTest::newRow("right angle") << 0.0 << 270.0 << 90.0 << 90.0;
-    QTest::newRow("several turns") << -720.0 << 3720.0 << 120.0 << 60.0;
-}
-
 void tst_Angles::differences()
 {
-    QFETCH(double, first);
-    QFETCH(double, second);
-    QTEST(angularDifference(first, second), "directional");
-    QTEST(angularDifference(second, first), "directional");
-    QTEST(axialDifference(first, second), "axial");
-    QTEST(axialDifference(second, first), "axial");
+    QCOMPARE(angularDifference(350.0, 10.0), 20.0);
+    QCOMPARE(angularDifference(10.0, 190.0), 180.0);
+    QCOMPARE(axialDifference(10.0, 190.0), 0.0);
+    QCOMPARE(axialDifference(0.0, 270.0), 90.0);
+    QCOMPARE(angularDifference(-720.0, 3720.0), 120.0);
+    QCOMPARE(axialDifference(3720.0, -720.0), 60.0);
 }
 
 void tst_Angles::circularMean_data()
@@ -89,27 +74,12 @@ void tst_Angles::circularMean()
     GK_COMPARE_CLOSE(oMean.m_dResultantLength, length, 1e-14);
 }
 
-void tst_Angles::axialMean_data()
-{
-    QTest::addColumn<QList<double>>("angles");
-    QTest::addColumn<double>("direction");
-    QTest::newRow("one axis, both ends") << QList<double>{30.0, 210.0} << 30.0;
-    QTest::newRow("across north-south") << QList<double>{170.0, 190.0, 10.0, 350.0} << 0.0;
-    QTest::newRow("at right angles") << QList<double>{45.0, 135.0} << g_dMissingValue;
-}
-
 void tst_Angles::axialMean()
 {
-    QFETCH(QList<double>, angles);
-    QFETCH(double, direction);
-    const CircularMean oMean = gkBase::axialMean(RecordValues({angles.data(), std::size_t(angles.size())}));
-    if (isMissing(direction)) {
-        QCOMPARE(oMean.m_dDirection, g_dMissingValue);
-        QCOMPARE(oMean.m_dResultantLength, 0.0);
-    } else {
-        QVERIFY(oMean.m_dDirection >= 0.0 && oMean.m_dDirection < 180.0);
-        QVERIFY(axialDifference(oMean.m_dDirection, direction) < 1e-12);
-    }
+    const CircularMean oMean = gkBase::axialMean(std::vector<double>{170.0, 190.0, 10.0, 350.0});
+    QVERIFY(oMean.m_dDirection < 180.0 && axialDifference(oMean.m_dDirection, 0.0) < 1e-12);
+    GK_COMPARE_CLOSE(gkBase::axialMean(std::vector<double>{30.0, 210.0}).m_dDirection, 30.0, 1e-14);
+    QCOMPARE(gkBase::axialMean(std::vector<double>{45.0, 135.0}).m_dDirection, g_dMissingValue);
 }
 
 void tst_Angles::meansMatchReference()
@@ -187,20 +157,6 @@ void tst_Angles::lineLiesInThePlane()
     }
 }
 
-void tst_Angles::pitchFromNamedEnd()
-{
-    // Strike of the plane 50/120: 30 and 210.
-    const LineOrientation oFromNorth = gkBase::lineInPlane(50.0, 120.0, 25.0, 0.0);
-    const LineOrientation oFromSouth = gkBase::lineInPlane(50.0, 120.0, 25.0, 180.0);
-    const LineOrientation oPlain = gkBase::lineInPlane(50.0, 120.0, 25.0);
-    const LineOrientation oMirrored = gkBase::lineInPlane(50.0, 120.0, 155.0);
-    QCOMPARE(oFromNorth.m_dAzimuth, oPlain.m_dAzimuth);
-    QCOMPARE(oFromSouth.m_dAzimuth, oMirrored.m_dAzimuth);
-    QCOMPARE(oFromSouth.m_dPlunge, oPlain.m_dPlunge);
-    // Equally near to both ends: the right-hand strike.
-    QCOMPARE(gkBase::lineInPlane(50.0, 120.0, 25.0, 300.0).m_dAzimuth, oPlain.m_dAzimuth);
-}
-
 void tst_Angles::compassAzimuth()
 {
     QCOMPARE(gkBase::compassAzimuth("N").value_or(-1.0), 0.0);
@@ -214,11 +170,6 @@ void tst_Angles::compassAzimuth()
 void tst_Angles::crossProductFollowsTheRightHand()
 {
     QVERIFY((gdfVertex(1, 0, 0) ^ gdfVertex(0, 1, 0)) == gdfVertex(0, 0, 1));
-    const gdfVertex first(1.5, -2.0, 0.25);
-    const gdfVertex second(-3.0, 4.0, 7.0);
-    const gdfVertex normal = first ^ second;
-    QCOMPARE(normal.dot(first), 0.0);
-    QCOMPARE(normal.dot(second), 0.0);
     gdfVertex tiny(3e-320, 4e-320, 0.0);
     QVERIFY(tiny.normalize());
     GK_COMPARE_CLOSE(tiny.length(), 1.0, 1e-3); // few digits are left in such numbers, but the direction is there

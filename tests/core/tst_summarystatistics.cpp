@@ -14,7 +14,6 @@ class tst_SummaryStatistics : public QObject
 private slots:
     void summary_data();
     void summary();
-    void recordList();
     void quantilesOfAnyOrder_data();
     void quantilesOfAnyOrder();
     void sortedQuantiles();
@@ -60,25 +59,12 @@ void tst_SummaryStatistics::summary()
     QCOMPARE(oResult.m_dMax, values.isEmpty() ? g_dMissingValue : *std::max_element(values.begin(), values.end()));
 }
 
-void tst_SummaryStatistics::recordList()
-{
-    const std::vector<double> vdValues{1.0, 100.0, 3.0, g_dEmptyCell, 5.0};
-    const std::vector<int> viRecords{4, 0, 3, 2, 17, -5};
-    const SummaryStatistics oResult = summaryStatistics({vdValues, viRecords});
-    QCOMPARE(oResult.m_iCount, std::size_t(3));
-    QCOMPARE(oResult.m_iMissing, std::size_t(3));
-    QCOMPARE(oResult.m_dMax, 5.0);
-    QCOMPARE(oResult.m_dMean, 3.0);
-    QCOMPARE(oResult.m_dStandardDeviation, 2.0);
-}
-
 void tst_SummaryStatistics::quantilesOfAnyOrder_data()
 {
     QTest::addColumn<int>("count");
     QTest::addColumn<double>("factor");
     QTest::addColumn<double>("largest");
     QTest::newRow("one") << 1 << 1.0 << 0.0;
-    QTest::newRow("few") << 7 << 1.0 << 6.0;
     QTest::newRow("many") << 10007 << 1.0 << 10006.0;
     QTest::newRow("all others squeezed together by an outlier") << 10007 << 1.0 << 1e15;
     QTest::newRow("equal") << 997 << 0.0 << 0.0;
