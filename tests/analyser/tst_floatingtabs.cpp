@@ -450,6 +450,8 @@ void tst_FloatingTabs::deathInAnyOrder()
                 delete pqDock;
             if (bDeferred)
                 runDeferredDeletes();
+            if (victim == u't')
+                QVERIFY2(!vPages[2], "torn-off pages die with their tab widget");
             if (victim == u'd' && !sOrder.startsWith(u'p'))
                 QCOMPARE(pqTabs->indexOf(vPages[1]), 1); // a tab again
             if (victim == u'p')

@@ -110,6 +110,7 @@ void tst_Inputs::doubleSpinBox_keepsTheValueExactly()
 
     type(pqBox, "0.2718", Qt::Key_Return);
     QCOMPARE(oWidget.getValue(), 0.2718); // not drawn to one of the ten steps
+    oWidget.setSuffix(QStringLiteral(" m, true"));
     type(pqBox, "0,05", Qt::Key_Return);
     QCOMPARE(oWidget.getValue(), 0.05);
 }

@@ -12,7 +12,7 @@
 namespace gkBase {
 
 /// Edits the display unit of a category with a combo box of the units to which its values convert. The item's edit
-/// value is the unit's name.
+/// value is the unit as UnitManager::possibleDisplayUnits() writes it.
 class GKBASEQT_EXPORT CategoryUnitItemDelegate : public QStyledItemDelegate
 {
     Q_OBJECT

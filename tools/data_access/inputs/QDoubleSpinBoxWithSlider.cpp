@@ -26,7 +26,10 @@ public:
 
     QValidator::State validate(QString& sInput, int& iPos) const override
     {
-        sInput.replace(QLatin1Char(','), QLatin1Char('.'));
+        const bool bHasSuffix = !suffix().isEmpty() && sInput.endsWith(suffix());
+        const qsizetype iNumberEnd = sInput.size() - (bHasSuffix ? suffix().size() : 0);
+        if (const qsizetype iComma = sInput.indexOf(QLatin1Char(',')); iComma >= 0 && iComma < iNumberEnd)
+            sInput[iComma] = QLatin1Char('.');
         return QDoubleSpinBox::validate(sInput, iPos);
     }
 };
