@@ -1,6 +1,7 @@
 #include "ImportTable.h"
 
 #include <gkBase/MatrixData.h>
+#include <gkBase/MatrixDataCsv.h>
 #include <gkBase/MatrixDataStrike.h>
 #include <gkBase/UnitRegistry.h>
 
@@ -49,15 +50,14 @@ std::unique_ptr<MatrixData> toDataSet(ImportTable&& table, const UnitRegistry& r
     std::vector<MatrixData*> vpNodes;
     for (ImportColumn& column : table.m_vColumns) {
         std::unique_ptr<MatrixData> poNode;
-        if (column.m_iStrikeOf >= 0) {
+        if (column.m_iStrikeOf != -1) {
             poNode = std::make_unique<MatrixDataStrike>(column.m_sName, nullptr);
         } else {
             poNode = std::make_unique<MatrixData>(column.m_sName, 0, 1, column.m_oValues.type());
             poNode->setColumn(0, std::move(column.m_oValues));
         }
-        poNode->setUnitManager(column.m_sCategory.isEmpty()
-                                   ? registry.managerForUnit(column.m_sUnit)
-                                   : registry.managerForUnit(column.m_sUnit, column.m_sCategory));
+        const gkBase::MatrixDataCsv::Header oHeader{column.m_sName, column.m_sUnit, column.m_sCategory};
+        poNode->setUnitManager(gkBase::MatrixDataCsv::headerUnit(oHeader, registry));
         poNode->setColor(column.m_oColor.isValid() ? column.m_oColor : MatrixData::getDefaultColor(vpNodes.empty()));
         vpNodes.push_back(poNode.get());
         poDataSet->appendChild(poNode.release(), true);

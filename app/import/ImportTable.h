@@ -17,6 +17,9 @@ class UnitRegistry;
 
 namespace gkHost {
 
+/// A strike attribute whose azimuth is not known.
+inline constexpr int g_iStrikeWithoutAzimuth = -2;
+
 /// One column of a file, not yet part of a data set.
 struct ImportColumn
 {
@@ -25,7 +28,8 @@ struct ImportColumn
     QString m_sCategory; ///< unit category; empty: it follows from the unit
     QString m_sDescription;
     QColor m_oColor; ///< invalid: the next default colour
-    /// Index of the azimuth column that this strike is linked to; −1 for a column with values of its own.
+    /// Index of the azimuth column that this strike is linked to (or g_iStrikeWithoutAzimuth); −1 for a column with
+    /// values of its own.
     int m_iStrikeOf = -1;
     gkBase::MatrixColumn m_oValues{QMetaType::Double};
 };
