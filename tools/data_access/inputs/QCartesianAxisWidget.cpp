@@ -193,11 +193,6 @@ void QCartesianAxisWidget::slotDisplayUnitChanged(const QString& sCategory)
     redraw();
 }
 
-int QCartesianAxisWidget::visibleLength() const
-{
-    return orientation() == Qt::Vertical ? height() : width();
-}
-
 double QCartesianAxisWidget::toDisplay(double dModelValue) const
 {
     return m_poUnitManager ? m_poUnitManager->convertModelToDisplay(convertibleValue(dModelValue)) : dModelValue;
@@ -253,7 +248,8 @@ gkBase::AxisStyle QCartesianAxisWidget::axisStyle() const
 
 void QCartesianAxisWidget::updateTicks()
 {
-    m_oScale = scaleForLength(visibleLength());
+    m_iVisibleLength = orientation() == Qt::Vertical ? height() : width();
+    m_oScale = scaleForLength(m_iVisibleLength);
     m_oTicks = ticksForScale(m_oScale);
     if (const int iThickness = thickness(); iThickness != m_iThickness) {
         m_iThickness = iThickness;
@@ -296,15 +292,15 @@ QSize QCartesianAxisWidget::minimumSizeHint() const
     return orientation() == Qt::Vertical ? QSize(thickness(), iLength) : QSize(iLength, thickness());
 }
 
-void QCartesianAxisWidget::drawAxis(QPainter& painter, const QRect& visibleArea)
+void QCartesianAxisWidget::drawAxis(QPainter& painter, const QRect& visibleArea) const
 {
     const int iLength = orientation() == Qt::Vertical ? visibleArea.height() : visibleArea.width();
-    if (iLength == visibleLength()) {
+    if (iLength == m_iVisibleLength) {
         gkBase::drawAxis(painter, visibleArea, m_oScale, m_oTicks, m_iOffset, axisStyle());
         return;
     }
     const gkBase::AxisScale oScale = scaleForLength(iLength);
-    const double dOffset = visibleLength() > 0 ? double(m_iOffset) * iLength / visibleLength() : 0.0;
+    const double dOffset = m_iVisibleLength > 0 ? double(m_iOffset) * iLength / m_iVisibleLength : 0.0;
     gkBase::drawAxis(painter, visibleArea, oScale, ticksForScale(oScale), qRound(dOffset), axisStyle());
 }
 

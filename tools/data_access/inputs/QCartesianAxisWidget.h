@@ -80,7 +80,7 @@ public:
     /// An invalid colour (default) leaves the background to the parent.
     void setBackgroundColor(const QColor& color);
 
-    /// The scale in display units over the chart picture that belongs to the widget's present size.
+    /// The scale in display units over the chart picture. A hidden widget follows its size at the next redraw().
     const gkBase::AxisScale& scale() const { return m_oScale; }
     const gkBase::AxisTicks& ticks() const { return m_oTicks; }
     /// Pixel positions of the major ticks on the chart picture, rising.
@@ -89,7 +89,7 @@ public:
     /// Draws the same axis beside a chart of which visibleArea is shown, with the painter in that area's co-ordinates:
     /// the axis line touches the area's side and everything else lies outside of it. An area of another length than
     /// the widget's scales the offset with it.
-    virtual void drawAxis(QPainter& painter, const QRect& visibleArea);
+    virtual void drawAxis(QPainter& painter, const QRect& visibleArea) const;
     /// Space in pixels that drawAxis() needs beside the area.
     int thickness() const;
 
@@ -113,7 +113,6 @@ private:
     void slotDisplayUnitChanged(const QString& sCategory);
     void updateTicks();
     void updateSizePolicy();
-    int visibleLength() const;
     double toDisplay(double dModelValue) const;
     double toModel(double dDisplayValue) const;
     gkBase::AxisScale scaleForLength(int iVisibleLength) const;
@@ -126,7 +125,8 @@ private:
     double m_dMax = 1.0;
     double m_dZoom = 1.0;
     int m_iOffset = 0;
-    int m_iThickness = 0; ///< that the layout knows
+    int m_iThickness = 0;     ///< that the layout knows
+    int m_iVisibleLength = 0; ///< for which scale and ticks were made; a hidden widget may be resized later
     bool m_bDrawTitle = true;
     bool m_bInverted = false;
     QString m_sTitle;
