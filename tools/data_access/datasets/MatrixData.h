@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MatrixColumn.h"
+#include "MatrixDataPointer.h"
 #include "gkBaseQtExport.h"
 
 #include <QColor>
@@ -16,6 +17,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 class QDataStream;
@@ -76,6 +78,8 @@ public:
     // ---- tree -------------------------------------------------------------------------------------------------
     int childCount() const { return static_cast<int>(m_vChildren.size()); }
     MatrixData* child(int i) const;
+    /// True for a node that holds values: one with an owner link, or one without children that has columns.
+    bool isAttribute() const { return m_vChildren.empty() && (m_poOwner || columnCount() > 0); }
     /// Position among the children, −1 when it is none of them.
     int indexOfChild(const MatrixData* poNode) const;
     /// Takes ownership. bSetOwner sets the child's owner link to this node (attributes); false leaves it as it is.
@@ -100,8 +104,9 @@ public:
     MatrixData* root();
     const MatrixData* root() const;
 
-    MatrixData* owner() const { return m_poOwner; }
-    void setOwner(MatrixData* poOwner) { m_poOwner = poOwner; }
+    /// Null as well once the data set is destroyed.
+    MatrixData* owner() const { return m_poOwner.get(); }
+    void setOwner(MatrixData* poOwner) { m_poOwner = MatrixDataPointer(poOwner); }
 
     QString name() const { return m_sName; }
     void setName(const QString& sName);
@@ -117,6 +122,8 @@ public:
     bool isEditable() const { return m_bEditable; }
     void setEditable(bool bEditable) { m_bEditable = bEditable; }
 
+    /// The flag of an attribute; a data set or root is selected when at least one attribute below it is (its own
+    /// flag counts while it has none).
     bool isSelected() const;
     /// Switches an attribute in or out of table and charts. On a data set or root it applies to all attributes
     /// below. bDeselectSiblings true: all siblings are switched off first.
@@ -130,22 +137,31 @@ public:
 
     // ---- values -----------------------------------------------------------------------------------------------
     QMetaType::Type type() const { return m_eType; }
-    /// Changes the type of every column, converting the cells.
+    /// Changes the type of every column, converting the cells; a text that is no number becomes missing. For undo,
+    /// MatrixDataRestore::storeContents() keeps the type too.
     void setType(QMetaType::Type eType);
     int rowOffSet() const { return m_iRowOffSet; }
     /// Sheet rows: row offset + records.
     int rowCount() const { return m_iRowOffSet + recordCount(); }
-    int columnCount() const;
+    virtual int columnCount() const;
     /// Length of the longest column.
-    int recordCount() const;
+    virtual int recordCount() const;
+    /// True for nodes whose cells are not kept in columns: computed from another attribute (strike) or in an array.
+    /// Such nodes have no length of their own that could be changed.
+    virtual bool isDerived() const { return false; }
 
+    /// The summary rows of column 0 (minimum, mean, maximum) are doubles, minimum and maximum of int and bool
+    /// columns ints; invalid for texts, colours and columns without a value.
     QVariant value(int iRow, int iColumn) const;
     /// The cell of a table-model index: its row, column 0.
     QVariant value(const QModelIndex& index) const;
-    /// Sheet rows at or above the row offset only; a row past the end extends the column with missing cells.
+    /// Sheet rows at or above the row offset only; a row past the end extends the column with missing cells (a node
+    /// without columns gets its first one). Announced by MatrixDataNotifier::valuesChanged(): put a
+    /// MatrixDataNotifier::Batch around many calls.
     void setValue(int iRow, int iColumn, const QVariant& qValue);
     void setValue(const QModelIndex& index, const QVariant& qValue);
     void setValue(int iRow, const QVariant& qValue) { setValue(iRow, 0, qValue); }
+    /// Inserts a cell into column 0; the cells from that sheet row on move down.
     void insertValue(int iRow, const QVariant& qValue);
     /// 99999.0 for a missing cell or one that is no number.
     double toDouble(int iRow, int iColumn) const;
@@ -154,16 +170,26 @@ public:
     /// A value in display units; 99999.0 for an invalid variant.
     double toDisplayDouble(const QVariant& qValue) const;
 
-    const MatrixColumn& column(int iColumn = 0) const;
-    /// Write access for importers, models and undo. Call valuesChanged() after writing.
-    MatrixColumn& mutableColumn(int iColumn = 0);
+    /// The cells of a column, an empty column when out of range. For derived attributes the computed cells; the
+    /// reference stays valid until the values change.
+    virtual const MatrixColumn& column(int iColumn = 0) const;
+    /// Write access for importers, models and undo. Call valuesChanged() after writing. Do not change the type of
+    /// the column (setColumn() does). Out of range, or for a derived attribute, it gives a column that nobody reads.
+    virtual MatrixColumn& mutableColumn(int iColumn = 0);
+    /// Replaces a column; iColumn == columnCount() adds one. The node takes the type of its first column, further
+    /// columns are converted to it. Nothing for derived attributes.
     void setColumn(int iColumn, MatrixColumn column);
-    /// Drops cached ranges and tells the root that the values of this node changed.
+    /// Drops cached ranges and tells the root that the values of this node, and of attributes derived from it,
+    /// changed.
     void valuesChanged();
+    /// Grows with every change of the values: equal numbers mean that what was computed from them still holds.
+    quint64 revision() const { return m_iRevision; }
     /// Number of a record, NaN when missing (99999.0 counts as missing).
-    double recordNumber(int iRecord, int iColumn = 0) const { return column(iColumn).number(iRecord); }
+    double recordNumber(int iRecord, int iColumn = 0) const { return cellNumber(iRecord, iColumn); }
 
+    /// Appends missing cells to every column of this node, or of the attributes below it.
     void appendRows(int iRows);
+    /// Appends columns of missing cells, as long as the longest.
     void appendColumns(int iColumns);
     /// One missing cell at the end of every attribute below this node (each to the length of its data set + 1).
     void appendOneRowForEachColumn();
@@ -295,14 +321,20 @@ public:
     bool pointInOrOut(const QPointF& oPoint) const;
 
     // ---- persistence and transfer -----------------------------------------------------------------------------
-    /// Name, type, unit, colour, flags, columns and (recursively) children, with a version number.
-    virtual void putDataOnStream(QDataStream& stream) const;
+    /// Name, type, unit, colour, flags, columns and (recursively) children, with a version number. The form does not
+    /// depend on the stream's version or byte order, which stay as they are.
+    void putDataOnStream(QDataStream& stream) const;
     /// As above, but only the first iRecords records of each column.
-    virtual void putDataOnStream(int iRecords, QDataStream& stream) const;
-    /// Replaces this node's contents; false (and nothing changed) when the stream holds something else or ends.
-    virtual bool getDataFromStream(QDataStream& stream);
-    /// Reads iRecords cells of a stream written by putDataOnStream into column iColumn.
+    void putDataOnStream(int iRecords, QDataStream& stream) const;
+    /// Replaces this node's contents; false (and nothing changed, the stream's status says so) when the stream holds
+    /// something else or ends. The place in the tree, the owner link, the identifier and the undo list stay. An
+    /// attribute takes the values of a streamed strike; an array or a strike takes only its own kind.
+    bool getDataFromStream(QDataStream& stream);
+    /// Reads a node written by putDataOnStream() and puts the first iRecords cells of its first column into column
+    /// iColumn, converted to its type. False (and nothing changed) as above.
     bool getDataFromStream(int iRecords, int iColumn, QDataStream& stream);
+    /// A new node of the kind (attribute, array, strike) that the stream holds; null as above.
+    static std::unique_ptr<MatrixData> fromStream(QDataStream& stream, UnitRegistry* poRegistry = nullptr);
     /// An HTML table (and tab-separated text) of the attributes: a header line of names with units, then the given
     /// records (an empty list: all) in display units. Texts are escaped. The table shows each unit's decimals, the
     /// text all digits, so that pasting it back loses nothing. Data sets among the nodes are skipped.
@@ -348,26 +380,80 @@ public:
     /// Announces changes below a root; made on first use. For any node: the notifier of its root.
     MatrixDataNotifier* notifier();
 
-    /// Everything equal: names, types, units, colours, flags, cells bit for bit, children in order. Identifiers do
-    /// not count.
+    /// Everything equal: kinds, names, types, units, colours, flags, cells bit for bit, children in order.
+    /// Identifiers do not count.
     bool isIdenticalTo(const MatrixData& other) const;
 
+    /// Heap memory of the cells of this node and the nodes below, in bytes.
+    virtual std::size_t memoryUsage() const;
+
 protected:
-    /// Called under setValue() for attributes whose cells are derived (strike): the derived class writes elsewhere.
+    enum class StreamKind : quint8 { Attribute = 0, Strike = 1, Array = 2 };
+    using NodeMap = std::unordered_map<const MatrixData*, MatrixData*>;
+
+    /// Called under setValue(): a class that keeps its cells elsewhere (strike, array) writes there and returns true.
     virtual bool writeDerived(int iRecord, int iColumn, const QVariant& qValue);
+    /// The node whose columns hold the cells, for undo; null when there is none.
+    virtual MatrixData* storageNode() { return this; }
+    /// One cell and its number, without a detour over column().
+    virtual QVariant cellValue(int iRecord, int iColumn) const;
+    virtual double cellNumber(int iRecord, int iColumn) const;
+    /// What only the derived class holds is equal; other has the same dynamic type.
+    virtual bool hasEqualExtras(const MatrixData& other) const;
+    /// After a branch was copied: links to nodes of the old branch are led to the new ones.
+    virtual void relink(const NodeMap& nodes);
+    virtual StreamKind streamKind() const { return StreamKind::Attribute; }
+    /// What only the derived class holds, behind the columns and children of the node.
+    virtual void writeExtras(QDataStream& stream, int iRecords) const;
+    virtual bool readExtras(QDataStream& stream);
+    /// Called once the siblings of a node that was read are there.
+    virtual void resolveLinks(const std::vector<MatrixData*>& vpSiblings);
+    /// Exchanges everything but the place in the tree, the owner link, the identifier, the registry and the undo list
+    /// with a node of the same dynamic type that stands in no tree.
+    virtual void swapContents(MatrixData& other);
+
+    void copyProperties(const MatrixData& other);
+    /// False for a node that was taken out of a tree, unless this one was taken out with it.
+    bool isReachable(const MatrixData& node) const;
+    /// While this node is a dependent of another, changes of the other's values are changes of its own.
+    void addDependentTo(MatrixData& source);
+    void removeDependentFrom(MatrixData& source);
+    /// Something that the values depend on changed: as valuesChanged(), without a signal.
+    void touch();
+
+    void notifyAttributes();
 
 private:
+    friend class MatrixDataNotifier;
+    friend class MatrixDataPointer;
     friend class MatrixDataRestore;
+    friend struct MatrixDataStreamAccess;
     friend class MatrixDataUndoStack;
 
     struct ColumnRange;
+
+    void copyColumns(const MatrixData& other);
+    void copyChildren(const MatrixData& other);
+    void ensureColumn(int iColumn, int iRecords);
+    void resizeRecords(int iRecords);
+    bool applyStep(bool (MatrixDataUndoStack::*pApply)());
+    QVariant summaryValue(int iRow, int iColumn) const;
+    std::vector<MatrixData*> dataSetsWithAttributes() const;
+    void adoptChildren(MatrixData* poFormerParent);
+    void touchBranchDependents();
+    std::unique_ptr<MatrixData> detachChild(int iIndex);
+    void attachChild(int iIndex, std::unique_ptr<MatrixData> poNode);
+    MatrixDataNotifier* existingNotifier() const;
+    MatrixDataUndoStack* existingUndoStack() const;
+    void notifyStructure();
+    std::shared_ptr<MatrixData*> handle() const;
 
     QString m_sName;
     QMetaType::Type m_eType;
     int m_iRowOffSet;
     int m_iGlobalIdOfNode;
     MatrixData* m_poParent = nullptr; ///< not owned: the node that owns this one
-    MatrixData* m_poOwner = nullptr;  ///< not owned: the data set of an attribute
+    MatrixDataPointer m_poOwner;      ///< not owned: the data set of an attribute
     std::vector<std::unique_ptr<MatrixData>> m_vChildren;
     std::vector<MatrixColumn> m_vColumns;
     QStringList m_lColumnHeaders;
@@ -382,6 +468,10 @@ private:
     boost::shared_ptr<UnitManager> m_poUnitManager;
     std::unique_ptr<MatrixDataUndoStack> m_poUndoStack;
     std::unique_ptr<MatrixDataNotifier> m_poNotifier;
+    std::vector<MatrixData*> m_vDependents; ///< not owned: attributes derived from this one, they sign off themselves
+    quint64 m_iRevision = 0;
+    bool m_bDetached = false; ///< taken out of a tree
+    mutable std::shared_ptr<MatrixData*> m_pHandle; ///< made for the first MatrixDataPointer
     mutable std::vector<ColumnRange> m_vRanges; ///< cached minimum, mean and maximum per column
 };
 
