@@ -1,12 +1,11 @@
-#include "Angles.h"
 #include "MatrixData.h"
 #include "MatrixDataRestore.h"
+#include "MatrixDataStrike.h"
 #include "MissingValue.h"
 #include "ReferenceData.h"
 #include "UnitManager.h"
 #include "UnitRegistry.h"
 
-#include <QPointF>
 #include <QTest>
 
 #include <memory>
@@ -66,11 +65,8 @@ class tst_MatrixDataStatistics : public QObject
 {
     Q_OBJECT
 private slots:
-    void rangeAndMean_data();
     void rangeAndMean();
     void rangeFollowsValues();
-    void restrictedRange();
-    void meanDirection();
     void frequencyTable_data();
     void frequencyTable();
     void frequencyTableOfDegenerateData();
@@ -83,35 +79,25 @@ private slots:
     void sectorsFromAStart();
     void colorClassesOfSectors();
     void interpolationFillsGapsAndUndoes();
-    void interpolationOfWholeNumbers();
     void filterStep();
-    void triangleArrays();
     void pitchDirections();
-    void polygonOfATable();
     void measuredDepth();
 };
 
-void tst_MatrixDataStatistics::rangeAndMean_data()
-{
-    QTest::addColumn<QList<double>>("values");
-    QTest::addColumn<QList<double>>("expected"); // minimum, mean, maximum, standard deviation
-    const double dNone = g_dMissingValue;
-    QTest::newRow("plain") << QList<double>{3, 1, 5} << QList<double>{1, 3, 5, 2};
-    QTest::newRow("missing of both kinds") << QList<double>{3, g_dEmptyCell, 1, dNone, 5} << QList<double>{1, 3, 5, 2};
-    QTest::newRow("one") << QList<double>{-4} << QList<double>{-4, -4, -4, dNone};
-    QTest::newRow("all missing") << QList<double>{dNone, g_dEmptyCell} << QList<double>{dNone, dNone, dNone, dNone};
-    QTest::newRow("empty") << QList<double>{} << QList<double>{dNone, dNone, dNone, dNone};
-}
-
 void tst_MatrixDataStatistics::rangeAndMean()
 {
-    QFETCH(QList<double>, values);
-    QFETCH(QList<double>, expected);
-    const auto poData = attribute({values.begin(), values.end()});
-    double dMin = -1.0;
-    double dMax = -1.0;
+    const auto poData = attribute({30, g_dEmptyCell, 10, g_dMissingValue, 50});
+    double dMin = 0.0;
+    double dMax = 0.0;
     poData->getMinMax(dMin, dMax);
-    QCOMPARE(QList<double>({dMin, poData->mean(), dMax, poData->standardDeviation()}), expected);
+    QCOMPARE(QList<double>({dMin, poData->mean(), dMax, poData->standardDeviation()}), QList<double>({10, 30, 50, 20}));
+    poData->setMinMax(0, {0, 1, 2});
+    poData->getMinMax(dMin, dMax);
+    QCOMPARE(dMax, 30.0);
+    QCOMPARE(poData->mean(), 30.0); // the mean is that of all records
+    QCOMPARE(poData->standardDeviation({0, 2}), std::sqrt(200.0));
+    attribute({g_dMissingValue})->getMinMax(dMin, dMax);
+    QCOMPARE(dMin, g_dMissingValue);
 }
 
 void tst_MatrixDataStatistics::rangeFollowsValues()
@@ -134,34 +120,6 @@ void tst_MatrixDataStatistics::rangeFollowsValues()
     poData->mutableColumn().setMissing(2);
     poData->valuesChanged();
     QCOMPARE(poData->mean(), 7.0);
-}
-
-void tst_MatrixDataStatistics::restrictedRange()
-{
-    const auto poData = attribute({10, 20, 30, 40});
-    double dMin = 0.0;
-    double dMax = 0.0;
-    poData->setMinMax(0, {1, 2});
-    poData->getMinMax(dMin, dMax);
-    QCOMPARE(dMin, 20.0);
-    QCOMPARE(dMax, 30.0);
-    QCOMPARE(poData->mean(), 25.0); // the mean is that of all records
-    QCOMPARE(poData->standardDeviation({1, 2}), std::sqrt(50.0));
-    poData->setMinMax(0, {});
-    poData->getMinMax(dMin, dMax);
-    QCOMPARE(dMax, 40.0);
-    poData->setMinMax(5, {1}); // no such column
-}
-
-void tst_MatrixDataStatistics::meanDirection()
-{
-    const auto poData = attribute({350, 20, g_dMissingValue, 200});
-    double dLength = -1.0;
-    GK_COMPARE_CLOSE(poData->resultantMeanDirection(dLength, {0, 1}), 5.0, 1e-12);
-    GK_COMPARE_CLOSE(dLength, std::cos(radians(15.0)), 1e-12);
-    GK_COMPARE_CLOSE(poData->resultantMeanDirection(dLength, {}), 350.0, 1e-12); // 20 and 200 cancel
-    QCOMPARE(poData->resultantMeanDirection(dLength, {2}), g_dMissingValue);
-    QCOMPARE(dLength, 0.0);
 }
 
 void tst_MatrixDataStatistics::frequencyTable_data()
@@ -388,20 +346,11 @@ void tst_MatrixDataStatistics::interpolationFillsGapsAndUndoes()
     QVERIFY(poData->column(0) == poBefore->column(0)); // 99999.0 is back as well
     QVERIFY(oRoot.redo());
     QCOMPARE(poData->recordNumber(2), 2.0);
-}
 
-void tst_MatrixDataStatistics::interpolationOfWholeNumbers()
-{
-    MatrixData oData("n", 4, 1, QMetaType::Int, 0);
-    oData.setValue(0, 1);
-    oData.setValue(3, -3);
-    oData.interpolate(0, 3, 0, nullptr);
-    QCOMPARE(oData.toInt(1, 0), 0);  // −1/3
-    QCOMPARE(oData.toInt(2, 0), -2); // −5/3
-    MatrixData oTexts("t", 3, 1, QMetaType::QString, 0);
-    oTexts.interpolate(0, 2, 0, nullptr);
-    QVERIFY(oTexts.column(0).isMissing(1));
-    oData.interpolate(0, 3, 8, nullptr); // no such column
+    MatrixData oAzimuth(*attribute({100, g_dEmptyCell, 120}));
+    MatrixDataStrike oStrike("strike", &oAzimuth); // has no cells of its own
+    oStrike.interpolate(0, 99, 0, nullptr);
+    QCOMPARE(oAzimuth.recordNumber(1), 110.0);
 }
 
 void tst_MatrixDataStatistics::filterStep()
@@ -417,27 +366,6 @@ void tst_MatrixDataStatistics::filterStep()
     QCOMPARE(oSet.defaultFilterStepSize(0), -1);
 }
 
-void tst_MatrixDataStatistics::triangleArrays()
-{
-    double x[3] = {0, 10, 0};
-    double y[3] = {0, 0, 10};
-    double v[3] = {0, 10, 10};
-    double outX[6];
-    double outY[6];
-    int iCount = -1;
-    MatrixData::calculateIsoline(x, y, v, 4.0, outX, outY, iCount);
-    QCOMPARE(iCount, 2);
-    QCOMPARE(outX[0] + outY[0], 4.0);
-    QCOMPARE(outX[1] + outY[1], 4.0);
-    MatrixData::calculatePolygon(x, y, v, 4.0, 8.0, outX, outY, iCount);
-    QCOMPARE(iCount, 4);
-    for (int i = 0; i < iCount; ++i) {
-        QVERIFY(outX[i] + outY[i] >= 4.0 && outX[i] + outY[i] <= 8.0);
-    }
-    MatrixData::calculateIsoline(nullptr, y, v, 4.0, outX, outY, iCount);
-    QCOMPARE(iCount, 0);
-}
-
 void tst_MatrixDataStatistics::pitchDirections()
 {
     double dPlunge = 0.0;
@@ -450,14 +378,6 @@ void tst_MatrixDataStatistics::pitchDirections()
     MatrixData::plungeAndAzimuth(dPlunge, dAzimuth, 90.0, 120.0, 145.0);
     GK_COMPARE_CLOSE(dPlunge, 35.0, 1e-12);
     GK_COMPARE_CLOSE(dAzimuth, 210.0, 1e-12);
-}
-
-void tst_MatrixDataStatistics::polygonOfATable()
-{
-    const auto poTriangle = table({{0, 4, 0}, {0, 0, 4}});
-    QVERIFY(poTriangle->pointInOrOut({1.0, 1.0}));
-    QVERIFY(!poTriangle->pointInOrOut({3.0, 3.0}));
-    QVERIFY(!table({{0, 4, 0}})->pointInOrOut({1.0, 1.0})); // no second column
 }
 
 void tst_MatrixDataStatistics::measuredDepth()

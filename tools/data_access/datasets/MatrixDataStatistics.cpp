@@ -2,6 +2,7 @@
 #include "ColumnNumbers.h"
 #include "Curve.h"
 #include "MatrixData.h"
+#include "MatrixDataNotifier.h"
 #include "MatrixDataRange.h"
 #include "MatrixDataRestore.h"
 #include "MissingValue.h"
@@ -150,11 +151,20 @@ void MatrixData::interpolate(int iFirstRow, int iLastRow, int iColumn, MatrixDat
     if (poRestore) {
         poRestore->storeRecords(this, iColumn, viFilled);
     }
+    const auto filledValue = [&](int iRecord) {
+        const double dValue = vdCells[static_cast<std::size_t>(iRecord - iFirst)];
+        return eType == QMetaType::Int ? QVariant(static_cast<int>(std::lround(dValue))) : QVariant(dValue);
+    };
+    if (isDerived()) { // the cells are kept elsewhere: setValue() knows where
+        const MatrixDataNotifier::Batch oBatch(this);
+        for (const int iRecord : viFilled) {
+            setValue(iRecord + m_iRowOffSet, iColumn, filledValue(iRecord));
+        }
+        return;
+    }
     MatrixColumn& oColumn = mutableColumn(iColumn);
     for (const int iRecord : viFilled) {
-        const double dValue = vdCells[static_cast<std::size_t>(iRecord - iFirst)];
-        oColumn.setValue(iRecord,
-                         eType == QMetaType::Int ? QVariant(static_cast<int>(std::lround(dValue))) : QVariant(dValue));
+        oColumn.setValue(iRecord, filledValue(iRecord));
     }
     valuesChanged();
 }
