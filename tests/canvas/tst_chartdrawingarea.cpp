@@ -24,7 +24,10 @@ namespace {
 class PlaidChart : public QChartDrawingArea
 {
 public:
-    PlaidChart() : QChartDrawingArea(nullptr, QStringLiteral("Plaid")) {}
+    PlaidChart()
+        : QChartDrawingArea(nullptr, QStringLiteral("Plaid"))
+    {
+    }
 
     static QColor colorAt(const QPoint& oChart) { return QColor((oChart.x() / 8) % 256, (oChart.y() / 8) % 256, 77); }
 
@@ -49,8 +52,8 @@ public:
 void turnWheel(QWidget& widget, const QPoint& oDelta)
 {
     const QPointF oPos = widget.rect().center();
-    QWheelEvent event(oPos, widget.mapToGlobal(oPos), QPoint(), oDelta, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
+    QWheelEvent event(oPos, widget.mapToGlobal(oPos), QPoint(), oDelta, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                      false);
     QCoreApplication::sendEvent(&widget, &event);
 }
 

@@ -1,0 +1,440 @@
+// The histogram's model and panel on small data sets.
+
+#include "ReferenceData.h"
+
+#include <gkBase/HistogramGeometry.h>
+#include <gkBase/MatrixData.h>
+#include <gkBase/MatrixDataRestore.h>
+#include <gkBase/QCartesianAxisWidget.h>
+#include <gkBase/QDoubleSpinBoxWithSlider.h>
+#include <gkBase/QHistogramChartWidget.h>
+#include <gkBase/QHistogramItemModel.h>
+#include <gkBase/QHistogramPlotWidget.h>
+#include <gkBase/UnitManager.h>
+
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QFile>
+#include <QImage>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cmath>
+#include <memory>
+#include <numeric>
+
+using namespace gkBase;
+
+namespace {
+
+MatrixData* attribute(const QString& sName, const std::vector<double>& vdValues)
+{
+    auto* poNode = new MatrixData(sName, 0, 1, QMetaType::Double);
+    poNode->setColumn(0, MatrixColumn::fromDoubles(vdValues));
+    return poNode;
+}
+
+/// A root with one data set "Well" that holds the attributes.
+std::unique_ptr<MatrixData> rootOf(const std::vector<MatrixData*>& vpAttributes)
+{
+    auto poRoot = std::make_unique<MatrixData>(QStringLiteral("root"));
+    auto* poSet = new MatrixData(QStringLiteral("Well"));
+    poRoot->appendChild(poSet, false);
+    for (MatrixData* poAttribute : vpAttributes)
+        poSet->appendChild(poAttribute, true);
+    return poRoot;
+}
+
+std::vector<double> ramp(int iCount, double dStep = 1.0)
+{
+    std::vector<double> vdValues(static_cast<std::size_t>(iCount));
+    for (int i = 0; i < iCount; ++i)
+        vdValues[static_cast<std::size_t>(i)] = i * dStep;
+    return vdValues;
+}
+
+QLabel* labelNamed(const QWidget& panel, const QString& sAccessibleName)
+{
+    for (QLabel* pqLabel : panel.findChildren<QLabel*>()) {
+        if (pqLabel->accessibleName() == sAccessibleName)
+            return pqLabel;
+    }
+    return nullptr;
+}
+
+QComboBox* chooserOf(const QWidget& panel)
+{
+    for (QComboBox* pqBox : panel.findChildren<QComboBox*>()) {
+        if (pqBox->accessibleName() == QLatin1String("Select a Data Set"))
+            return pqBox;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+class TestHistogram : public QObject
+{
+    Q_OBJECT
+private slots:
+    void heightsObeyTheirType_data();
+    void heightsObeyTheirType();
+    void intervalOfZeroIsChosen();
+    void headers();
+    void referenceCountsAndPercentiles();
+    void percentilesDoNotDependOnTheType();
+    void panelShowsAnAttribute();
+    void equalValues();
+    void noValues();
+    void intervalControlDecimals_data();
+    void intervalControlDecimals();
+    void fixedAzimuthRange();
+    void selectedRowsAreCounted();
+    void removedAttributeLeavesAnEmptyChart();
+    void rootMayDieFirst();
+    void userPicksAnAttribute();
+    void zoomMovesTheAxes();
+    void exportWithoutAWindow();
+};
+
+void TestHistogram::heightsObeyTheirType_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::newRow("frequency") << 0;
+    QTest::newRow("relative") << 1;
+    QTest::newRow("cumulative") << 2;
+    QTest::newRow("unknown type counts") << 7;
+}
+
+void TestHistogram::heightsObeyTheirType()
+{
+    QFETCH(int, type);
+    std::vector<double> vdValues = ramp(100, 0.37);
+    vdValues[3] = 99999.0;
+    vdValues[9] = std::nan("");
+    const std::unique_ptr<MatrixData> poData(attribute(QStringLiteral("a"), vdValues));
+    QHistogramItemModel model;
+    const QAbstractItemModelTester tester(&model);
+    model.setIntervalSize(2.0);
+    model.takeNewDataSet(poData.get(), type, {});
+    QCOMPARE(model.numberOfPoints(), 98);
+    QCOMPARE(model.intervalSize(), 2.0);
+    QCOMPARE(model.min(), 0.0);
+    double dSum = 0.0;
+    double dShares = 0.0;
+    for (int i = 0; i < model.rowCount(); ++i) {
+        const double dHeight = model.index(i, 3).data().toDouble();
+        dShares += model.intervalShare(i);
+        dSum += dHeight;
+        const double dExpected = type == 1   ? model.intervalShare(i)
+                                 : type == 2 ? dShares
+                                             : model.intervalShare(i) * 0.98;
+        QVERIFY(std::abs(dHeight - dExpected) < 1e-9);
+    }
+    QVERIFY(std::abs(dShares - 100.0) < 1e-9);
+    if (type == 2)
+        QCOMPARE(model.maximumHeight(), 100.0);
+    else
+        QVERIFY(std::abs(dSum - (type == 1 ? 100.0 : 98.0)) < 1e-9);
+}
+
+void TestHistogram::intervalOfZeroIsChosen()
+{
+    const std::unique_ptr<MatrixData> poData(attribute(QStringLiteral("a"), ramp(200)));
+    for (const double dSize : {0.0, 1e-9, -3.0, std::nan("")}) {
+        QHistogramItemModel model;
+        model.setIntervalSize(dSize);
+        model.takeNewDataSet(poData.get(), 0, {});
+        QVERIFY(model.intervalSize() > 1e-8 && model.intervalSize() < 200.0);
+        QVERIFY(model.rowCount() > 1);
+    }
+}
+
+void TestHistogram::headers()
+{
+    const std::unique_ptr<MatrixData> poData(attribute(QStringLiteral("a"), ramp(11)));
+    QHistogramItemModel model;
+    QCOMPARE(model.headerData(0, Qt::Horizontal).toString(), QString());
+    QCOMPARE(model.headerData(0, Qt::Vertical).toString(), QString());
+    model.setIntervalSize(2.5);
+    model.takeNewDataSet(poData.get(), 0, {});
+    QCOMPARE(model.headerData(0, Qt::Vertical).toString(), QStringLiteral("-2.50")); // one interval low
+    QCOMPARE(model.headerData(2, Qt::Vertical).toString(), QStringLiteral("2.50"));
+    QCOMPARE(model.index(0, 0).data(Qt::TextAlignmentRole).toInt(), int(Qt::AlignRight | Qt::AlignVCenter));
+    model.takeNewDataSet(nullptr, 0, {});
+    QCOMPARE(model.rowCount(), 0);
+    QVERIFY(!model.frequencyData());
+}
+
+void TestHistogram::referenceCountsAndPercentiles()
+{
+    GK_REQUIRE_REFERENCE();
+    const QMap<QString, std::vector<double>> columns = gkTest::referenceColumns(QStringLiteral("rock"));
+    const QJsonObject attributes =
+        gkTest::referenceValues(QStringLiteral("rock"))[QStringLiteral("attributes")].toObject();
+    int iHistograms = 0;
+    for (const QString& sName : attributes.keys()) {
+        const QJsonObject expected = attributes[sName].toObject();
+        const std::unique_ptr<MatrixData> poData(attribute(sName, columns[sName]));
+        for (const QJsonValue& value : expected[QStringLiteral("histograms")].toArray()) {
+            const QJsonObject histogram = value.toObject();
+            QHistogramItemModel model;
+            model.setIntervalSize(histogram[QStringLiteral("interval_size")].toDouble());
+            model.takeNewDataSet(poData.get(), 0, {});
+            const std::vector<double> vdCounts = gkTest::toDoubles(histogram[QStringLiteral("frequency")].toArray());
+            QCOMPARE(model.intervals().size(), vdCounts.size());
+            for (std::size_t i = 0; i < vdCounts.size(); ++i)
+                QCOMPARE(model.intervals()[i].m_dHeight, vdCounts[i]);
+            const QJsonObject percentiles = histogram[QStringLiteral("percentiles")].toObject();
+            const auto at = [&](const char* pName) {
+                return percentiles[QLatin1String(pName)].toObject()[QLatin1String("at_right_edges")].toDouble();
+            };
+            GK_COMPARE_CLOSE(model.percentiles().m_dP10, at("P10"), 1e-9);
+            GK_COMPARE_CLOSE(model.percentiles().m_dP50, at("P50"), 1e-9);
+            GK_COMPARE_CLOSE(model.percentiles().m_dP90, at("P90"), 1e-9);
+            GK_COMPARE_CLOSE(model.standardDeviation(),
+                             expected[QStringLiteral("standard_deviation_n_minus_1")].toDouble(), 1e-9);
+            ++iHistograms;
+        }
+    }
+    QVERIFY(iHistograms >= 4);
+}
+
+void TestHistogram::percentilesDoNotDependOnTheType()
+{
+    // Uniform values: the percentile is the value below which so many per cent lie, within an interval.
+    const std::unique_ptr<MatrixData> poData(attribute(QStringLiteral("a"), ramp(1001, 0.1)));
+    QHistogramItemModel model;
+    model.setIntervalSize(0.5);
+    for (const int iType : {0, 1, 2}) {
+        model.takeNewDataSet(poData.get(), iType, {});
+        QVERIFY(std::abs(model.percentiles().m_dP10 - 10.0) < 0.5);
+        QVERIFY(std::abs(model.percentiles().m_dP50 - 50.0) < 0.5);
+        QVERIFY(std::abs(model.percentiles().m_dP90 - 90.0) < 0.5);
+    }
+}
+
+void TestHistogram::panelShowsAnAttribute()
+{
+    const std::unique_ptr<MatrixData> poRoot = rootOf({attribute(QStringLiteral("GR"), ramp(101))});
+    MatrixData* poData = poRoot->leafs().front();
+    QHistogramChartWidget panel;
+    panel.setDataRoot(poRoot.get());
+    panel.setDataSet(poRoot->child(0)); // a data set stands for its first numeric attribute
+    QCOMPARE(panel.currentSelectedDataSet(), poData);
+    QCOMPARE(chooserOf(panel)->currentData().toInt(), poData->globalID());
+    QCOMPARE(labelNamed(panel, QStringLiteral("Number of Points:"))->text(), QStringLiteral("101"));
+    const double dDeviation = std::sqrt(101.0 * 102.0 / 12.0); // of 0 … 100 with n − 1
+    QCOMPARE(labelNamed(panel, QStringLiteral("Stand. Deviation:"))->text(), QString::number(dDeviation, 'f', 3));
+
+    const QHistogramItemModel& model = *panel.histogramItemModel();
+    const HistogramBoundaries shown = panel.drawingArea()->boundaries();
+    QVERIFY(shown.m_oLowerLeft.x() <= model.min());
+    QVERIFY(shown.m_oUpperRight.x() >= model.min() + (model.rowCount() + 1) * model.intervalSize());
+    QCOMPARE(shown.m_oUpperRight.y(), model.maximumHeight());
+}
+
+void TestHistogram::equalValues()
+{
+    const std::unique_ptr<MatrixData> poRoot = rootOf({attribute(QStringLiteral("a"), std::vector<double>(8, 3.0))});
+    QHistogramChartWidget panel;
+    panel.setDataRoot(poRoot.get());
+    panel.setDataSet(poRoot->child(0));
+    const HistogramBoundaries shown = panel.drawingArea()->boundaries();
+    QCOMPARE(shown.m_oLowerLeft, QPointF(-1.0, 0.0)); // 3 ± 8 / 2
+    QCOMPARE(shown.m_oUpperRight, QPointF(7.0, 8.0));
+    QCOMPARE(labelNamed(panel, QStringLiteral("P(50)"))->text(), QStringLiteral("3.000"));
+}
+
+void TestHistogram::noValues()
+{
+    const std::unique_ptr<MatrixData> poRoot =
+        rootOf({attribute(QStringLiteral("a"), std::vector<double>(5, 99999.0))});
+    QHistogramChartWidget panel;
+    panel.setDataRoot(poRoot.get());
+    panel.setDataSet(poRoot->child(0));
+    for (const char* pName : {"Number of Points:", "Stand. Deviation:", "P(10)", "P(50)", "P(90)"})
+        QCOMPARE(labelNamed(panel, QLatin1String(pName))->text(), QStringLiteral("---"));
+    panel.resize(800, 500);
+    QVERIFY(!panel.grab().isNull());
+}
+
+void TestHistogram::intervalControlDecimals_data()
+{
+    QTest::addColumn<double>("range");
+    QTest::addColumn<int>("decimals");
+    QTest::newRow("wide") << 250.0 << 2;
+    QTest::newRow("exactly 1") << 1.0 << 2;
+    QTest::newRow("below 1") << 0.99 << 4;
+}
+
+void TestHistogram::intervalControlDecimals()
+{
+    QFETCH(double, range);
+    QFETCH(int, decimals);
+    const std::unique_ptr<MatrixData> poRoot =
+        rootOf({attribute(QStringLiteral("a"), {0.0, range * 0.3, range * 0.4, range * 0.7, range})});
+    QHistogramChartWidget panel;
+    panel.setDataRoot(poRoot.get());
+    panel.setDataSet(poRoot->child(0));
+    const QDoubleSpinBoxWithSlider* pqInterval = nullptr;
+    for (const auto* pqBox : panel.findChildren<QDoubleSpinBoxWithSlider*>()) {
+        if (std::abs(pqBox->maximum() - range / 3.0) < 1e-12 && std::abs(pqBox->minimum() - range / 1000.0) < 1e-12)
+            pqInterval = pqBox;
+    }
+    QVERIFY(pqInterval);
+    QCOMPARE(pqInterval->findChild<QDoubleSpinBox*>()->decimals(), decimals);
+    QVERIFY(std::abs(pqInterval->getValue() - panel.histogramItemModel()->intervalSize()) < 1e-12);
+}
+
+void TestHistogram::fixedAzimuthRange()
+{
+    const std::unique_ptr<MatrixData> poRoot = rootOf({attribute(QStringLiteral("azimuth"), ramp(120))});
+    QHistogramChartWidget panel;
+    panel.setDataRoot(poRoot.get());
+    panel.setDataSet(poRoot->child(0));
+    panel.setAzimuthScaling(true);
+    QCOMPARE(panel.drawingArea()->boundaries().m_oUpperRight.x(), 360.0);
+    panel.setMercatorScaling(true);
+    QCOMPARE(panel.drawingArea()->boundaries().m_oUpperRight.x(), 180.0);
+    panel.setAzimuthScaling(false);
+    QVERIFY(panel.drawingArea()->boundaries().m_oUpperRight.x() < 180.0);
+}
+
+void TestHistogram::selectedRowsAreCounted()
+{
+    const std::unique_ptr<MatrixData> poRoot = rootOf({attribute(QStringLiteral("a"), ramp(50))});
+    QHistogramChartWidget panel;
+    panel.setDataRoot(poRoot.get());
+    panel.setDataSet(poRoot->child(0));
+    QSignalSpy resets(panel.histogramItemModel(), &QAbstractItemModel::modelReset);
+    panel.setSelectedRows({2, 3, 5, 7, 11});
+    QCOMPARE(panel.histogramItemModel()->numberOfPoints(), 5);
+    panel.setSelectedRows({2, 3, 5, 7, 11});
+    QCOMPARE(resets.size(), 1);
+    panel.setSelectedRows({});
+    QCOMPARE(panel.histogramItemModel()->numberOfPoints(), 50);
+}
+
+void TestHistogram::removedAttributeLeavesAnEmptyChart()
+{
+    const std::unique_ptr<MatrixData> poRoot =
+        rootOf({attribute(QStringLiteral("a"), ramp(50)), attribute(QStringLiteral("b"), ramp(60))});
+    const std::vector<MatrixData*> vpLeafs = poRoot->leafs();
+    QHistogramChartWidget panel;
+    panel.setDataRoot(poRoot.get());
+    panel.setDataSet(vpLeafs[1]);
+    QCOMPARE(chooserOf(panel)->count(), 2);
+    poRoot->removeChild(vpLeafs[0]); // another attribute goes: the chart stays
+    QCOMPARE(chooserOf(panel)->count(), 1);
+    QCOMPARE(panel.histogramItemModel()->numberOfPoints(), 60);
+    poRoot->removeChild(vpLeafs[1]);
+    QCOMPARE(panel.currentSelectedDataSet(), nullptr);
+    QCOMPARE(panel.histogramItemModel()->rowCount(), 0);
+    QCOMPARE(chooserOf(panel)->currentIndex(), -1);
+    panel.updateHistogram();
+    panel.resize(600, 400);
+    panel.grab();
+}
+
+void TestHistogram::rootMayDieFirst()
+{
+    std::unique_ptr<MatrixData> poRoot = rootOf({attribute(QStringLiteral("a"), ramp(50))});
+    QHistogramChartWidget panel;
+    panel.setDataRoot(poRoot.get());
+    panel.setDataSet(poRoot->child(0));
+    poRoot.reset();
+    QCOMPARE(panel.currentSelectedDataSet(), nullptr);
+    QCOMPARE(chooserOf(panel)->count(), 0);
+    panel.updateDataSetSelectionBox();
+    panel.updateHistogram();
+}
+
+void TestHistogram::userPicksAnAttribute()
+{
+    const std::unique_ptr<MatrixData> poRoot =
+        rootOf({attribute(QStringLiteral("a"), ramp(50)), attribute(QStringLiteral("b"), ramp(60, 100.0))});
+    QHistogramChartWidget panel;
+    panel.setDataRoot(poRoot.get());
+    panel.setDataSet(poRoot->leafs()[0]);
+    const double dOldInterval = panel.histogramItemModel()->intervalSize();
+    QSignalSpy picked(&panel, &QHistogramChartWidget::dataSetSelected);
+    panel.setCurrentDataSet(poRoot->leafs()[1]->globalID());
+    QCOMPARE(picked.size(), 0);
+    panel.setDataSet(poRoot->leafs()[0]);
+    QComboBox* pqChooser = chooserOf(panel);
+    pqChooser->setCurrentIndex(1);
+    emit pqChooser->activated(1);
+    QCOMPARE(picked.size(), 1);
+    QCOMPARE(panel.currentSelectedDataSet(), poRoot->leafs()[1]);
+    QVERIFY(panel.histogramItemModel()->intervalSize() > dOldInterval); // chosen anew
+}
+
+void TestHistogram::zoomMovesTheAxes()
+{
+    const std::unique_ptr<MatrixData> poRoot = rootOf({attribute(QStringLiteral("a"), ramp(50))});
+    QHistogramChartWidget panel;
+    panel.setDataRoot(poRoot.get());
+    panel.setDataSet(poRoot->child(0));
+    panel.resize(900, 600);
+    panel.grab();
+    QHistogramPlotWidget* pqPlot = panel.drawingArea();
+    emit pqPlot->zoomChanged((pqPlot->zoom(3.0), 3.0)); // as the wheel does
+    panel.grab();
+    for (const auto* pqAxis : panel.findChildren<QCartesianAxisWidget*>()) {
+        const bool bVertical = pqAxis->orientation() == Qt::Vertical;
+        QCOMPARE(pqAxis->zoom(), 3.0);
+        QCOMPARE(bVertical ? pqAxis->height() : pqAxis->width(), bVertical ? pqPlot->height() : pqPlot->width());
+        QCOMPARE(pqAxis->offset(), bVertical ? pqPlot->pixmapRect().top() : pqPlot->pixmapRect().left());
+        QCOMPARE(pqAxis->gridLines(), bVertical ? pqPlot->horizontalGridLines() : pqPlot->verticalGridLines());
+        const double dRight = pqAxis->scale().toPixel(pqAxis->maxValue());
+        QCOMPARE(dRight, bVertical ? 0.0 : pqPlot->chartSize().width() - 1.0);
+    }
+    panel.updateHistogram(); // a rebuild keeps the zoom that is switched on
+    QCOMPARE(pqPlot->zoomFactor(), 3.0);
+}
+
+void TestHistogram::exportWithoutAWindow()
+{
+    auto* poAttribute = attribute(QStringLiteral("Depth"), ramp(500));
+    poAttribute->setUnitManager(
+        boost::shared_ptr<UnitManager>(new UnitManager(QStringLiteral("length"), QStringLiteral("m"))));
+    const std::unique_ptr<MatrixData> poRoot = rootOf({poAttribute});
+    QHistogramChartWidget panel;
+    panel.setDataRoot(poRoot.get());
+    panel.setDataSet(poRoot->child(0));
+    QTemporaryDir folder;
+    QString sError;
+    QVERIFY2(panel.exportChart(folder.filePath(QStringLiteral("h.svg")), {1000, 800}, &sError), qPrintable(sError));
+    QFile svg(folder.filePath(QStringLiteral("h.svg")));
+    QVERIFY(svg.open(QIODevice::ReadOnly));
+    const QByteArray oSvg = svg.readAll();
+    QVERIFY(!oSvg.contains("<image"));
+    for (const char* pText : {"Depth [m]", "Frequency", "P10", "P50", "P90", "Histogram: Well"})
+        QVERIFY2(oSvg.contains(pText), pText);
+    QVERIFY(oSvg.count("<path") + oSvg.count("<rect") > panel.histogramItemModel()->rowCount());
+
+    // The bars have the attribute's colour, and the picture covers the page.
+    QVERIFY(panel.exportChart(folder.filePath(QStringLiteral("h.png")), {640, 480}, &sError));
+    const QImage oImage(folder.filePath(QStringLiteral("h.png")));
+    QCOMPARE(oImage.size(), QSize(640, 480));
+    int iBarPixels = 0;
+    for (int y = 0; y < oImage.height(); ++y) {
+        for (int x = 0; x < oImage.width(); ++x)
+            iBarPixels += oImage.pixelColor(x, y).rgb() == poAttribute->color().rgb();
+    }
+    QVERIFY(iBarPixels > 640 * 480 / 4);
+    QVERIFY(!panel.exportChart(folder.filePath(QStringLiteral("none/h.png")), {640, 480}, &sError));
+    QVERIFY(!sError.isEmpty());
+    // A page too small for the axes stays a page.
+    QVERIFY(panel.exportChart(folder.filePath(QStringLiteral("tiny.png")), {5, 5}, &sError));
+}
+
+QTEST_MAIN(TestHistogram)
+#include "tst_histogram.moc"
