@@ -2,6 +2,7 @@
 
 #include <gkBase/ChartExporter.h>
 #include <gkBase/QChartDrawingArea.h>
+#include <gkBase/SymbolGeometry.h>
 #include <gkBase/SymbolSpriteCache.h>
 
 #include <QApplication>

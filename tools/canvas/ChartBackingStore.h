@@ -37,6 +37,8 @@ public:
 
     bool covers(const QRect& oVisible) const;
     QRect coverage() const { return m_oCoverage; }
+    /// The chart that the last reset() was for.
+    QSize chartSize() const { return m_oChart; }
     qreal devicePixelRatio() const { return m_dDevicePixelRatio; }
     QPixmap& pixmap() { return m_oPixmap; }
     const QPixmap& pixmap() const { return m_oPixmap; }

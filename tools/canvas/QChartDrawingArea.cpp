@@ -169,7 +169,9 @@ void QChartDrawingArea::paintEvent(QPaintEvent*)
 void QChartDrawingArea::resizeEvent(QResizeEvent* pEvent)
 {
     QWidget::resizeEvent(pEvent);
-    scheduleRedraw();
+    // Hidden widgets hear of one resize again and again.
+    if (m_oStore.chartSize() != chartSize())
+        scheduleRedraw();
 }
 
 // ---- zoom and pan
