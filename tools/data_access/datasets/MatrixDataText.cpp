@@ -231,8 +231,10 @@ private:
             for (int iColumn = 0; iColumn < std::max(1, poAttribute->columnCount()); ++iColumn) {
                 const QString sHeader =
                     MatrixDataCsv::headerText(columnName(*poAttribute, iColumn), *poAttribute->unitManager());
-                sTypes += (sTypes.empty() ? "" : ",") + sType;
-                sHeaders += (sHeaders.empty() ? "" : ",") + csvCell(sHeader);
+                sTypes += sTypes.empty() ? "" : ",";
+                sTypes += sType;
+                sHeaders += sHeaders.empty() ? "" : ",";
+                sHeaders += csvCell(sHeader);
             }
         }
         m_sBuffer += MatrixDataCsv::acTypesPrefix + sTypes + '\n' + sHeaders + '\n';
