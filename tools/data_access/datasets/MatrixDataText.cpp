@@ -72,10 +72,8 @@ class CellWriter
 {
 public:
     CellWriter(const MatrixData& attribute, int iColumn)
-        : m_oAttribute(attribute)
-        , m_column(attribute.column(iColumn))
+        : m_column(attribute.column(iColumn))
         , m_doubles(m_column.doubles())
-        , m_bDerived(dynamic_cast<const MatrixDataStrike*>(&attribute) != nullptr)
     {
         m_vsTexts.reserve(m_column.texts().size());
         for (const QString& sText : m_column.texts())
@@ -84,8 +82,6 @@ public:
 
     void append(std::string& sOut, int iRecord) const
     {
-        if (m_bDerived)
-            return appendDerived(sOut, iRecord);
         if (iRecord >= m_column.size())
             return;
         const std::size_t i = static_cast<std::size_t>(iRecord);
@@ -113,18 +109,8 @@ public:
     }
 
 private:
-    /// A strike has no cells of its own: its values come from the azimuth.
-    void appendDerived(std::string& sOut, int iRecord) const
-    {
-        const QVariant qValue = m_oAttribute.value(m_oAttribute.rowOffSet() + iRecord, 0);
-        if (const double dValue = qValue.toDouble(); qValue.isValid() && !std::isnan(dValue))
-            appendNumber(sOut, dValue);
-    }
-
-    const MatrixData& m_oAttribute;
     const MatrixColumn& m_column;
     std::span<const double> m_doubles;
-    bool m_bDerived;
     std::vector<std::string> m_vsTexts;
 };
 
@@ -137,11 +123,6 @@ struct CsvBlock
     std::vector<const MatrixData*> vpAttributes;
 };
 
-bool isDataSet(const MatrixData& node)
-{
-    return node.childCount() > 0 || (!node.owner() && node.columnCount() == 0);
-}
-
 /// The data sets at and below a node, in tree order; a single attribute makes a block of its own. A node that holds
 /// only data sets is none.
 void collectBlocks(const MatrixData& node, std::vector<CsvBlock>& vBlocks)
@@ -149,8 +130,8 @@ void collectBlocks(const MatrixData& node, std::vector<CsvBlock>& vBlocks)
     CsvBlock block{&node, {}};
     std::vector<const MatrixData*> vpInner;
     for (int i = 0; i < node.childCount(); ++i)
-        (isDataSet(*node.child(i)) ? vpInner : block.vpAttributes).push_back(node.child(i));
-    if (!isDataSet(node))
+        (node.child(i)->isAttribute() ? block.vpAttributes : vpInner).push_back(node.child(i));
+    if (node.isAttribute())
         block.vpAttributes.push_back(&node);
     const bool bEmptyDataSet = node.childCount() == 0 && node.parentNode();
     if (!block.vpAttributes.empty() || bEmptyDataSet)
@@ -357,7 +338,7 @@ void MatrixData::setHTML_MimeData(QMimeData* pMimeData, const std::vector<Matrix
     std::vector<const MatrixData*> vpAttributes;
     int iRecords = 0;
     for (const MatrixData* poNode : vpNodes)
-        if (poNode && !isDataSet(*poNode)) {
+        if (poNode && poNode->isAttribute()) {
             vpAttributes.push_back(poNode);
             iRecords = std::max(iRecords, poNode->recordCount());
         }

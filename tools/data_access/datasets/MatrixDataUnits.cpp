@@ -76,11 +76,6 @@ int azimuthRank(const QString& sName)
 
 // ---- attributes ---------------------------------------------------------------------------------------------------
 
-bool isAttribute(const MatrixData& node)
-{
-    return node.childCount() == 0 && (node.owner() || node.columnCount() > 0);
-}
-
 bool isNumeric(const MatrixData& node)
 {
     return node.type() == QMetaType::Double || node.type() == QMetaType::Int || node.type() == QMetaType::Bool;
@@ -96,7 +91,7 @@ std::vector<MatrixData*> attributesOf(const MatrixData& dataSet)
 {
     std::vector<MatrixData*> vpAttributes;
     for (int i = 0; i < dataSet.childCount(); ++i)
-        if (isAttribute(*dataSet.child(i)))
+        if (dataSet.child(i)->isAttribute())
             vpAttributes.push_back(dataSet.child(i));
     return vpAttributes;
 }
@@ -190,11 +185,11 @@ void collectDataSets(const MatrixData& node, std::vector<const MatrixData*>& vpD
 {
     bool bDataSet = false;
     for (int i = 0; i < node.childCount() && !bDataSet; ++i)
-        bDataSet = isAttribute(*node.child(i));
+        bDataSet = node.child(i)->isAttribute();
     if (bDataSet)
         vpDataSets.push_back(&node);
     for (int i = 0; i < node.childCount(); ++i)
-        if (!isAttribute(*node.child(i)))
+        if (!node.child(i)->isAttribute())
             collectDataSets(*node.child(i), vpDataSets);
 }
 
