@@ -42,7 +42,10 @@ QString ImportReport::NoteList::toText(const QString& sTitle) const
 
 void ImportReport::addAssumption(const QString& sWhat, const QString& sValue)
 {
-    m_lAssumptions << sWhat + ": " + sValue;
+    const QString sLine = sWhat + ": " + sValue;
+    if (m_lAssumptions.isEmpty() || m_lAssumptions.last() != sLine) { // the tables of one file often agree
+        m_lAssumptions << sLine;
+    }
 }
 
 void ImportReport::addRepair(qint64 iLine, const QString& sText)

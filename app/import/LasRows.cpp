@@ -64,26 +64,31 @@ int usualCount(const std::vector<int>& viCounts)
     return it == mCounts.end() ? 0 : it->first;
 }
 
+/// The delimiter that gives the most lines as many cells as there are curves; the declared one when it is as good.
 char detectDelimiter(const std::vector<std::string_view>& vLines, int iCurves, char cDeclared)
 {
-    const char cFirst = cDeclared != 0 ? cDeclared : ' ';
-    if (usualCount(cellCounts(vLines, cFirst)) == iCurves) {
-        return cFirst;
-    }
-    constexpr std::array vcCandidates = {' ', ',', '\t', ';'};
+    const std::array vcCandidates = {cDeclared != 0 ? cDeclared : ' ', ' ', ',', '\t', ';'};
+    char cBest = 0;
+    std::ptrdiff_t iBest = 0;
     for (const char cDelimiter : vcCandidates) {
-        if (iCurves > 1 && usualCount(cellCounts(vLines, cDelimiter)) == iCurves) {
-            return cDelimiter;
+        const std::vector<int> viCounts = cellCounts(vLines, cDelimiter);
+        const auto iFitting = std::count(viCounts.begin(), viCounts.end(), iCurves);
+        if (iFitting > iBest && (iCurves > 1 || cBest == 0)) {
+            iBest = iFitting;
+            cBest = cDelimiter;
         }
     }
-    // No delimiter gives the number of curves: a declared one counts when it parts the lines at all.
+    if (2 * iBest > static_cast<std::ptrdiff_t>(vLines.size())) {
+        return cBest;
+    }
+    // None gives the number of curves: a declared one counts when it parts the lines at all.
     if (cDeclared != 0 && usualCount(cellCounts(vLines, cDeclared)) > 1) {
         return cDeclared;
     }
     std::vector<std::string_view> vCells;
     if (!vLines.empty()) {
         splitLasLine(vLines.front(), ' ', vCells);
-        if (!vCells.front().empty() && vCells.front().back() == ',') {
+        if (vCells.front().back() == ',') {
             return ',';
         }
     }
@@ -191,7 +196,13 @@ LasRows::LasRows(const LasSection& section, const LasDataForm& form, ImportRepor
     , m_oLines(section.m_sBody, section.m_iLine + 1)
     , m_pReport(pReport)
 {
-    learnColumns(section);
+    const std::vector<std::string_view> vLines = sampleLines(section);
+    const auto iWithNumbers = std::count_if(vLines.begin(), vLines.end(), [this](std::string_view sLine) {
+        splitLasLine(sLine, m_oForm.m_cDelimiter, m_vTokens);
+        return std::any_of(m_vTokens.begin(), m_vTokens.end(), isNumber);
+    });
+    m_bNumbers = 2 * iWithNumbers > static_cast<std::ptrdiff_t>(vLines.size());
+    learnColumns(vLines);
 }
 
 void LasRows::tellRepair(const QString& sText)
@@ -237,14 +248,16 @@ bool LasRows::next(std::vector<std::string_view>& vCells)
 bool LasRows::nextWrapped(std::vector<std::string_view>& vCells)
 {
     const auto iColumns = static_cast<std::size_t>(m_oForm.m_iColumns);
+    std::size_t iLastTokens = 0;
     vCells.clear();
     while (m_bPending || nextLine()) {
-        // A single value far from the end of a record is the depth of the next one.
-        if (!m_bPending && !vCells.empty() && m_vTokens.size() == 1 && vCells.size() + 1 != iColumns) {
+        // Below lines of several values, a single one far from the end of its record is the depth of the next one.
+        if (!m_bPending && iLastTokens > 1 && m_vTokens.size() == 1 && vCells.size() + 1 != iColumns) {
             m_bPending = true;
             break;
         }
         m_bPending = false;
+        iLastTokens = m_vTokens.size();
         if (vCells.empty()) {
             m_iRecordLine = m_oLines.line();
         }
@@ -255,6 +268,7 @@ bool LasRows::nextWrapped(std::vector<std::string_view>& vCells)
         if (vCells.size() > iColumns) {
             tellRejected(tr("%1 values for %2 curves.").arg(vCells.size()).arg(iColumns));
             vCells.clear();
+            iLastTokens = 0;
         }
     }
     if (vCells.empty()) {
@@ -268,13 +282,13 @@ bool LasRows::nextWrapped(std::vector<std::string_view>& vCells)
 bool LasRows::fitLine(std::vector<std::string_view>& vCells)
 {
     const auto iColumns = static_cast<std::size_t>(m_oForm.m_iColumns);
-    if (vCells.size() == iColumns) {
-        return true;
-    }
     const std::size_t iCells = vCells.size();
-    if (std::none_of(vCells.begin(), vCells.end(), isNumber)) {
+    if (m_bNumbers && std::none_of(vCells.begin(), vCells.end(), isNumber)) {
         tellRejected(tr("no values."));
         return false;
+    }
+    if (iCells == iColumns) {
+        return true;
     }
     if (iCells > iColumns) {
         tellRejected(tr("%1 values for %2 curves.").arg(iCells).arg(iColumns));
@@ -294,14 +308,14 @@ bool LasRows::fitLine(std::vector<std::string_view>& vCells)
 }
 
 /// Where the columns end, when all full lines of the sample agree on it.
-void LasRows::learnColumns(const LasSection& section)
+void LasRows::learnColumns(const std::vector<std::string_view>& vLines)
 {
     if (m_oForm.m_cDelimiter != ' ' || m_oForm.m_bWrapped) {
         return;
     }
     std::vector<std::string_view> vCells;
     std::vector<std::size_t> viEnds;
-    for (const std::string_view sLine : sampleLines(section)) {
+    for (const std::string_view sLine : vLines) {
         splitLasLine(sLine, ' ', vCells);
         if (static_cast<int>(vCells.size()) != m_oForm.m_iColumns) {
             continue;

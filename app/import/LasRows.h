@@ -52,7 +52,7 @@ private:
     bool splitAtColumns(std::vector<std::string_view>& vCells) const;
     bool placeAtColumns(std::vector<std::string_view>& vCells) const;
     bool splitAtSigns(std::vector<std::string_view>& vCells) const;
-    void learnColumns(const LasSection& section);
+    void learnColumns(const std::vector<std::string_view>& vLines);
     void tellRepair(const QString& sText);
     void tellRejected(const QString& sText);
 
@@ -63,6 +63,7 @@ private:
     qint64 m_iRecordLine = 0;
     std::vector<std::string_view> m_vTokens; ///< of the current line
     bool m_bPending = false;                 ///< the current line begins the next record
+    bool m_bNumbers = false;                  ///< most lines hold a number: one without is no record
     std::vector<std::size_t> m_viEnds;       ///< where the columns end; empty when lines differ
 };
 

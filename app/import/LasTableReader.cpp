@@ -252,7 +252,7 @@ void LasTableReader::emptyNulls(ColumnCollector& collector)
     if (m_oHeader.m_odNull) {
         vdMarks.push_back(*m_oHeader.m_odNull);
         // An index that runs through the null value means that depth.
-        const auto [dLow, dHigh] = std::minmax(m_oHeader.m_odStart.value_or(0), m_oHeader.m_odStop.value_or(0));
+        const auto [dLow, dHigh] = std::minmax({m_oHeader.m_odStart.value_or(0), m_oHeader.m_odStop.value_or(0)});
         if (*m_oHeader.m_odNull >= dLow && *m_oHeader.m_odNull <= dHigh) {
             vpNumbers.front() = nullptr;
         }

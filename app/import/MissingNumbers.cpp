@@ -52,7 +52,8 @@ bool standsApart(const std::vector<double>& vdValues, double dMark)
             dMax = std::max(dMax, dValue);
         }
     }
-    return dMin > dMax || dMin >= 0 || (dMin > dMark && dMin - dMark > 0.5 * (dMax - dMin));
+    const double dGap = dMin - dMark;
+    return dMin > dMax || dMin >= 0 || dGap > std::max(0.5 * (dMax - dMin), 0.25 * std::abs(dMark));
 }
 
 qint64 emptyNumber(std::vector<double>& vdValues, double dMark)

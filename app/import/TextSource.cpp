@@ -44,7 +44,7 @@ TextEncoding guessUtf16(std::string_view sBytes)
         viZeros[i % 2] += sBytes[i] == '\0' ? 1 : 0;
     }
     const auto mostly = [iEnd](std::size_t iZeros, std::size_t iOthers) {
-        return iZeros * 5 > iEnd && iOthers * 50 < iEnd;
+        return iZeros * 4 > iEnd && iOthers * 50 < iEnd;
     };
     if (mostly(viZeros[1], viZeros[0])) {
         return TextEncoding::Utf16LittleEndian;
