@@ -1,10 +1,6 @@
 #include "LasImporter.h"
+#include "ReferenceData.h"
 
-#include <QDir>
-#include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -41,13 +37,6 @@ QStringList dump(const ImportTable& table)
         lLines << column.m_sName + sUnit + QStringLiteral(": ") + lCells.join(u'|');
     }
     return lLines;
-}
-
-QString referenceFolder()
-{
-    const QString sNamed = qEnvironmentVariable("GK_REFERENCE_DIR");
-    return (sNamed.isEmpty() ? QStringLiteral(GK_SOURCE_DIR "/../../shared/reference") : sNamed) +
-           QStringLiteral("/las");
 }
 
 struct Statistics
@@ -293,7 +282,7 @@ void TestLasImport::likeTheOtherReader_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QJsonObject>("expected");
-    QFile file(referenceFolder() + "/expected.json");
+    QFile file(gkTest::referenceFolder() + "/las/expected.json");
     if (!file.open(QIODevice::ReadOnly)) {
         QTest::newRow("no reference files") << QString() << QJsonObject();
         return;
@@ -308,10 +297,8 @@ void TestLasImport::likeTheOtherReader()
 {
     QFETCH(QString, file);
     QFETCH(QJsonObject, expected);
-    if (file.isEmpty()) {
-        QSKIP("The reference files are not on this machine.");
-    }
-    const ImportResult result = LasImporter::readFile(referenceFolder() + u'/' + file);
+    GK_REQUIRE_REFERENCE();
+    const ImportResult result = LasImporter::readFile(gkTest::referenceFolder() + "/las/" + file);
     QCOMPARE(result.m_sError, QString());
     QVERIFY(result.m_vTables.at(0).columnCount() > 0);
     if (!expected.contains("curves")) {
