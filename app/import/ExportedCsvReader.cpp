@@ -47,7 +47,7 @@ bool ExportedCsvReader::recognises(std::string_view sBytes)
 
 bool ExportedCsvReader::fail(const QString& sReason)
 {
-    m_oResult.m_sError = tr("%1: line %2: %3").arg(m_oSource.file()).arg(m_oScanner.line()).arg(sReason);
+    m_oResult.m_sError = tr("%1: line %2: %3").arg(m_oSource.file()).arg(m_oScanner.nextLine() - 1).arg(sReason);
     return false;
 }
 
@@ -69,6 +69,14 @@ std::string_view ExportedCsvReader::takeTagLine()
         sLine.remove_suffix(1);
     }
     return sLine;
+}
+
+/// A colour in the first column begins with the sign of the tag lines.
+bool ExportedCsvReader::atColorRow(const std::vector<Column>& vColumns) const
+{
+    const std::string_view sRest = m_oSource.bytes().substr(static_cast<std::size_t>(m_oScanner.position()));
+    return vColumns.front().m_eType == QMetaType::QColor && isColorText(sRest.substr(0, 7)) &&
+           (sRest.size() == 7 || sRest[7] == ',' || sRest[7] == '\n' || sRest[7] == '\r');
 }
 
 bool ExportedCsvReader::startsDataSet(std::string_view sRest) const
@@ -179,7 +187,7 @@ bool ExportedCsvReader::readRows(ImportTable& table, std::vector<Column>& vColum
             m_oResult.m_bCancelled = true;
             return false;
         }
-        if (atTagLine()) {
+        if (atTagLine() && !atColorRow(vColumns)) {
             if (startsDataSet(sBytes.substr(static_cast<std::size_t>(m_oScanner.position())))) {
                 return true;
             }

@@ -37,6 +37,7 @@ private:
     };
 
     bool atTagLine() const;
+    bool atColorRow(const std::vector<Column>& vColumns) const;
     std::string_view takeTagLine();
     bool startsDataSet(std::string_view sRest) const;
     /// Types, header and rows of one data set, up to the next one.

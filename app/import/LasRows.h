@@ -63,7 +63,7 @@ private:
     qint64 m_iRecordLine = 0;
     std::vector<std::string_view> m_vTokens; ///< of the current line
     bool m_bPending = false;                 ///< the current line begins the next record
-    bool m_bNumbers = false;                  ///< most lines hold a number: one without is no record
+    bool m_bNumbers = false;                 ///< most lines hold a number: one without is no record
     std::vector<std::size_t> m_viEnds;       ///< where the columns end; empty when lines differ
 };
 

@@ -106,6 +106,7 @@ std::unique_ptr<MatrixData> randomDataSet(QRandomGenerator& random, const QStrin
         poDataSet->appendChild(poStrike, true);
         poDataSet->appendChild(poAzimuth, true);
         poStrike->setUnitManager(boost::make_shared<UnitManager>("orientation", "deg"));
+        poAzimuth->setUnitManager(poStrike->unitManager());
     }
     return poDataSet;
 }

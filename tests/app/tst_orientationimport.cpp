@@ -90,7 +90,7 @@ void TestOrientationImport::planeTexts_data()
     row("N90W 80S", 80, 180);
     row("N30E/90", 90, 120);
     row("N30E/0", 0, 120);
-    row("N30E/30NE", 0, -1); // points along the strike within 15 degrees is fine, but NE of N45E is not:
+    row("N30E/30NE", 30, 120); // the letters lie 15 degrees off the strike
     row("N45E/30NE", 0, -1);
     row("N30E/45", 0, -1); // either side
     row("N30E/95NW", 0, -1);
