@@ -20,7 +20,6 @@
 #include <QFile>
 #include <QImage>
 #include <QLabel>
-#include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -71,11 +70,7 @@ QLabel* labelNamed(const QWidget& panel, const QString& sAccessibleName)
 
 QComboBox* chooserOf(const QWidget& panel)
 {
-    for (QComboBox* pqBox : panel.findChildren<QComboBox*>()) {
-        if (pqBox->accessibleName() == QLatin1String("Select a Data Set"))
-            return pqBox;
-    }
-    return nullptr;
+    return panel.findChild<QComboBox*>(QStringLiteral("m_pqHistogramDataSetComboBox"));
 }
 
 } // namespace
@@ -295,12 +290,9 @@ void TestHistogram::intervalControlDecimals()
     QHistogramChartWidget panel;
     panel.setDataRoot(poRoot.get());
     panel.setDataSet(poRoot->child(0));
-    const QDoubleSpinBoxWithSlider* pqInterval = nullptr;
-    for (const auto* pqBox : panel.findChildren<QDoubleSpinBoxWithSlider*>()) {
-        if (std::abs(pqBox->maximum() - range / 3.0) < 1e-12 && std::abs(pqBox->minimum() - range / 1000.0) < 1e-12)
-            pqInterval = pqBox;
-    }
-    QVERIFY(pqInterval);
+    const auto* pqInterval = panel.findChild<QDoubleSpinBoxWithSlider*>(QStringLiteral("m_pqIntervalSizeSpinBox"));
+    QCOMPARE(pqInterval->minimum(), range / 1000.0);
+    QCOMPARE(pqInterval->maximum(), range / 3.0);
     QCOMPARE(pqInterval->findChild<QDoubleSpinBox*>()->decimals(), decimals);
     QVERIFY(std::abs(pqInterval->getValue() - panel.histogramItemModel()->intervalSize()) < 1e-12);
 }

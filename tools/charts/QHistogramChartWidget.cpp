@@ -16,8 +16,9 @@
 #include <QEvent>
 #include <QFrame>
 #include <QLabel>
+#include <QPainter>
 #include <QPixmap>
-#include <QPushButton>
+#include <QRadioButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
 
@@ -39,6 +40,20 @@ bool isNumeric(const MatrixData& node)
 {
     const QMetaType::Type eType = node.type();
     return eType == QMetaType::Double || eType == QMetaType::Int || eType == QMetaType::Bool;
+}
+
+/// A small square of the colour, framed so that it shows on every desktop.
+QIcon colorSwatch(const QComboBox& oBox, const QColor& oColor)
+{
+    const qreal dRatio = oBox.devicePixelRatioF();
+    QPixmap oSwatch(oBox.iconSize() * dRatio);
+    oSwatch.setDevicePixelRatio(dRatio);
+    oSwatch.fill(Qt::transparent);
+    QPainter painter(&oSwatch);
+    painter.setPen(oBox.palette().color(QPalette::Text));
+    painter.setBrush(oColor);
+    painter.drawRect(QRect(QPoint(1, 1), oBox.iconSize() - QSize(3, 3)));
+    return QIcon(oSwatch);
 }
 
 QString dashes()
@@ -112,11 +127,9 @@ void QHistogramChartWidget::updateDataSetSelectionBox()
         m_poRoot->getDataSetSelectionBoxItems(lNames, liIds, lColors, MatrixData::NumericAttribute, false);
     const QSignalBlocker blocker(m_pqHistogramDataSetComboBox);
     m_pqHistogramDataSetComboBox->clear();
-    QPixmap oSwatch(m_pqHistogramDataSetComboBox->iconSize());
-    for (qsizetype i = 0; i < liIds.size(); ++i) {
-        oSwatch.fill(lColors.value(i, Qt::transparent));
-        m_pqHistogramDataSetComboBox->addItem(QIcon(oSwatch), lNames.value(i), liIds[i]);
-    }
+    for (qsizetype i = 0; i < liIds.size(); ++i)
+        m_pqHistogramDataSetComboBox->addItem(colorSwatch(*m_pqHistogramDataSetComboBox, lColors.value(i)),
+                                              lNames.value(i), liIds[i]);
     showChooserEntry();
 }
 

@@ -16,7 +16,7 @@ class QDoubleSpinBoxWithSlider;
 class QFrame;
 class QLabel;
 class QPainter;
-class QPushButton;
+class QRadioButton;
 class QRectF;
 class QScrollBar;
 
@@ -101,6 +101,7 @@ private:
     QWidget* createStatisticsGroup();
     QWidget* createDisplayPage();
     QCheckBox* createPercentileBox(int iPercent);
+    void nameControls();
     void connectControls();
 
     void slotDataSetActivated(int iEntry);
@@ -153,8 +154,8 @@ private:
     QCheckBox* m_pqP50CheckBox = nullptr;
     QCheckBox* m_pqP90CheckBox = nullptr;
     QCheckBox* m_pqShowGrid = nullptr;
-    QPushButton* m_pqBlackBackgroundBtn = nullptr;
-    QPushButton* m_pqWhiteBackgroundBtn = nullptr;
+    QRadioButton* m_pqBlackBackgroundBtn = nullptr;
+    QRadioButton* m_pqWhiteBackgroundBtn = nullptr;
     QDoubleSpinBoxWithSlider* m_pqFontSizeSpinBox = nullptr;
     QCheckBox* m_pqZoomFactorCheckBox = nullptr;
     QDoubleSpinBoxWithSlider* m_pqZoomFactorSpinBox = nullptr;

@@ -17,7 +17,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
+#include <QRadioButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSplitter>
@@ -62,6 +62,7 @@ QHistogramChartWidget::QHistogramChartWidget(QWidget* pqParent)
     createChart();
     createFrame();
     createControls();
+    nameControls();
     connectControls();
     blackWhiteSwitch();
     fontSizeChanged(m_pqFontSizeSpinBox->getValue());
@@ -98,6 +99,7 @@ void QHistogramChartWidget::createFrame()
     pqGrid->setSpacing(0);
     pqGrid->setContentsMargins(6, 6, 12, 6);
     pqGrid->addWidget(m_pqTitleLabel, 0, 1);
+    m_pqTitleLabel->setContentsMargins(0, 0, 0, 4);
     pqGrid->addWidget(m_pqLeftAxis, 1, 0);
     pqGrid->addWidget(m_pqPlot, 1, 1);
     pqGrid->addWidget(m_pqBottomAxis, 2, 1);
@@ -223,13 +225,12 @@ QWidget* QHistogramChartWidget::createDisplayPage()
     m_pqShowGrid = new QCheckBox(tr("Grid"));
     m_pqShowGrid->setChecked(true);
     m_pqShowGrid->setToolTip(tr("Lines at the ticks of both axes"));
-    m_pqBlackBackgroundBtn = new QPushButton(tr("black"));
-    m_pqWhiteBackgroundBtn = new QPushButton(tr("white"));
+    m_pqBlackBackgroundBtn = new QRadioButton(tr("black"));
+    m_pqWhiteBackgroundBtn = new QRadioButton(tr("white"));
     m_pqBlackBackgroundBtn->setAccessibleName(tr("Background Color: black"));
     m_pqWhiteBackgroundBtn->setAccessibleName(tr("Background Color: white"));
     auto* pqExclusive = new QButtonGroup(this);
-    for (QPushButton* pqButton : {m_pqBlackBackgroundBtn, m_pqWhiteBackgroundBtn}) {
-        pqButton->setCheckable(true);
+    for (QRadioButton* pqButton : {m_pqBlackBackgroundBtn, m_pqWhiteBackgroundBtn}) {
         pqExclusive->addButton(pqButton);
     }
     m_pqWhiteBackgroundBtn->setChecked(true);
@@ -262,6 +263,23 @@ QWidget* QHistogramChartWidget::createDisplayPage()
     return pqPage;
 }
 
+/// Style sheets and scripts find the controls by these names.
+void QHistogramChartWidget::nameControls()
+{
+    m_pqHistogramDataSetComboBox->setObjectName(QStringLiteral("m_pqHistogramDataSetComboBox"));
+    m_pqHistogramTypeComboBox->setObjectName(QStringLiteral("m_pqHistogramTypeComboBox"));
+    m_pqIntervalSizeSpinBox->setObjectName(QStringLiteral("m_pqIntervalSizeSpinBox"));
+    m_pqP10CheckBox->setObjectName(QStringLiteral("m_pqP10CheckBox"));
+    m_pqP50CheckBox->setObjectName(QStringLiteral("m_pqP50CheckBox"));
+    m_pqP90CheckBox->setObjectName(QStringLiteral("m_pqP90CheckBox"));
+    m_pqShowGrid->setObjectName(QStringLiteral("m_pqShowGrid"));
+    m_pqBlackBackgroundBtn->setObjectName(QStringLiteral("m_pqBlackBackgroundBtn"));
+    m_pqWhiteBackgroundBtn->setObjectName(QStringLiteral("m_pqWhiteBackgroundBtn"));
+    m_pqFontSizeSpinBox->setObjectName(QStringLiteral("m_pqFontSizeSpinBox"));
+    m_pqZoomFactorCheckBox->setObjectName(QStringLiteral("m_pqZoomFactorCheckBox"));
+    m_pqZoomFactorSpinBox->setObjectName(QStringLiteral("m_pqZoomFactorSpinBox"));
+}
+
 void QHistogramChartWidget::connectControls()
 {
     using Panel = QHistogramChartWidget;
@@ -276,8 +294,8 @@ void QHistogramChartWidget::connectControls()
             &QHistogramPlotWidget::horizontalGridLinesChanged);
     connect(m_pqBottomAxis, &QCartesianAxisWidget::gridLinesChanged, m_pqPlot,
             &QHistogramPlotWidget::verticalGridLinesChanged);
-    connect(m_pqBlackBackgroundBtn, &QPushButton::clicked, this, &Panel::blackWhiteSwitch);
-    connect(m_pqWhiteBackgroundBtn, &QPushButton::clicked, this, &Panel::blackWhiteSwitch);
+    connect(m_pqBlackBackgroundBtn, &QRadioButton::clicked, this, &Panel::blackWhiteSwitch);
+    connect(m_pqWhiteBackgroundBtn, &QRadioButton::clicked, this, &Panel::blackWhiteSwitch);
     for (QCheckBox* pqBox : {m_pqShowGrid, m_pqP10CheckBox, m_pqP50CheckBox, m_pqP90CheckBox})
         connect(pqBox, &QCheckBox::stateChanged, this, &Panel::updateDiagramSettings);
     connect(m_pqZoomFactorCheckBox, &QCheckBox::toggled, this, &Panel::slotZoomFactorReset);

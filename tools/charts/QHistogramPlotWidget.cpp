@@ -203,7 +203,7 @@ void QHistogramPlotWidget::drawPercentileLabels(QPainter& painter, const QRect& 
         lTexts << QStringLiteral("P%1").arg(line.m_iPercent);
         vdWidths << metrics.horizontalAdvance(lTexts.last()) + 2.0 * g_dLabelPadding;
         const double dHalf = vdWidths.last() / 2.0;
-        vdCentres << std::max(dHalf, std::min(dX, oVisibleArea.width() - dHalf));
+        vdCentres << std::max(dHalf, std::min(dX, oVisibleArea.width() - 1.0 - dHalf));
     }
     const QList<int> viRows = labelRows(vdCentres, vdWidths, g_dLabelGap);
     const double dHeight = metrics.height() + 2.0;
