@@ -235,8 +235,8 @@ private slots:
         const MatrixDataPointer poDepth(poTree->m_poDepth);
         bool bWhole = false;
         connect(pqNotifier, &MatrixDataNotifier::nodeAboutToBeRemoved, this, [&](MatrixData* poBranch) {
-            bWhole = poBranch == poTree->m_poWell && poTree->m_poWell->parentNode() == &poTree->m_oRoot
-                     && MatrixDataNotifier::contains(poBranch, poTree->m_poDepth);
+            bWhole = poBranch == poTree->m_poWell && poTree->m_poWell->parentNode() == &poTree->m_oRoot &&
+                     MatrixDataNotifier::contains(poBranch, poTree->m_poDepth);
         });
         poTree->m_oRoot.removeChild(poTree->m_poWell);
         QVERIFY(bWhole);

@@ -42,7 +42,11 @@ std::unique_ptr<MatrixData> makeTree()
 class Editor
 {
 public:
-    Editor(MatrixData& oRoot, quint32 iSeed) : m_oRoot(oRoot), m_random(iSeed) {}
+    Editor(MatrixData& oRoot, quint32 iSeed)
+        : m_oRoot(oRoot)
+        , m_random(iSeed)
+    {
+    }
 
     static constexpr int iKinds = 12;
 
@@ -78,6 +82,7 @@ private:
             MatrixData* poOwner = poNode->owner();
             MatrixData* poSecond = poOwner->child(below(poOwner->childCount()));
             const int iFirst = 3 + below(iRecords);
+            poRecord->storeRowCount(&m_oRoot); // checkValidRowCount() may change any length
             for (int iRow = iFirst; iRow < iFirst + 12; ++iRow)
                 for (MatrixData* poColumn : {poNode, poSecond})
                     poRecord->dataStore(poColumn, iRow, 0, poColumn->value(iRow, 0));
@@ -181,18 +186,21 @@ private slots:
                 editor.edit(iKind < 0 ? int(random.bounded(Editor::iKinds)) : iKind);
                 states[poRoot->undoState()] = std::make_unique<MatrixData>(*poRoot);
             }
+            const int iRecords = poRoot->sizeUndoActions();
             const auto matches = [&] { return poRoot->isIdenticalTo(*states.at(poRoot->undoState())); };
             for (int iRound = 0; iRound < 2; ++iRound) {
                 while (poRoot->undo())
-                    QVERIFY(matches());
+                    QVERIFY2(matches(), qPrintable(QString("seed %1, undone %2").arg(iSeed).arg(poRoot->redoText())));
                 QCOMPARE(poRoot->sizeUndoActions(), 0);
                 while (poRoot->redo())
-                    QVERIFY(matches());
-                QCOMPARE(poRoot->sizeUndoActions(), 25);
+                    QVERIFY2(matches(), qPrintable(QString("seed %1, redone %2").arg(iSeed).arg(poRoot->undoText())));
+                QCOMPARE(poRoot->sizeUndoActions(), iRecords);
             }
             for (int i = 0; i < 4; ++i)
                 poRoot->undo();
+            const int iLeft = poRoot->sizeUndoActions();
             editor.edit(4);
+            QCOMPARE(poRoot->sizeUndoActions(), iLeft + 1);
             QVERIFY(!poRoot->canRedo());
             while (poRoot->undo()) {
             }

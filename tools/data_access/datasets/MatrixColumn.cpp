@@ -26,7 +26,8 @@ bool sameDouble(double a, double b)
 
 } // namespace
 
-MatrixColumn::MatrixColumn(QMetaType::Type eType, int iSize) : m_eType(columnType(eType))
+MatrixColumn::MatrixColumn(QMetaType::Type eType, int iSize)
+    : m_eType(columnType(eType))
 {
     switch (m_eType) {
     case QMetaType::Int:
@@ -380,7 +381,8 @@ MatrixColumn MatrixColumn::converted(QMetaType::Type eType) const
         const QVariant qValue = value(i);
         if (!qValue.isValid())
             continue;
-        if (m_eType == QMetaType::QString && (result.m_eType == QMetaType::Double || result.m_eType == QMetaType::Int)) {
+        if (m_eType == QMetaType::QString &&
+            (result.m_eType == QMetaType::Double || result.m_eType == QMetaType::Int)) {
             bool bOk = false;
             const double dValue = qValue.toString().trimmed().toDouble(&bOk);
             if (bOk && std::isfinite(dValue))

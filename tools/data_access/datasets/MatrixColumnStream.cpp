@@ -16,7 +16,14 @@ namespace {
 
 constexpr int iBlock = 1 << 16; ///< cells that are read or written at once
 
-enum class StreamType : quint8 { Double = 1, Int, Bool, Text, Color };
+enum class StreamType : quint8
+{
+    Double = 1,
+    Int,
+    Bool,
+    Text,
+    Color
+};
 
 StreamType streamType(QMetaType::Type eType)
 {
@@ -55,21 +62,22 @@ template <typename Cell>
 using Bits = std::conditional_t<sizeof(Cell) == 8, quint64, std::conditional_t<sizeof(Cell) == 4, quint32, quint8>>;
 
 /// Cells as little-endian bits, so that NaN payloads and signed zeros survive, without a call per cell.
-template <typename Cell> void writeCells(QDataStream& stream, std::span<const Cell> vCells)
+template <typename Cell>
+void writeCells(QDataStream& stream, std::span<const Cell> vCells)
 {
     QByteArray oBytes;
     for (std::size_t nFirst = 0; nFirst < vCells.size(); nFirst += iBlock) {
         const std::size_t nCells = std::min<std::size_t>(iBlock, vCells.size() - nFirst);
         oBytes.resize(static_cast<qsizetype>(nCells * sizeof(Cell)));
         for (std::size_t n = 0; n < nCells; ++n)
-            qToLittleEndian(std::bit_cast<Bits<Cell>>(vCells[nFirst + n]),
-                            oBytes.data() + n * sizeof(Cell));
+            qToLittleEndian(std::bit_cast<Bits<Cell>>(vCells[nFirst + n]), oBytes.data() + n * sizeof(Cell));
         stream.writeRawData(oBytes.constData(), static_cast<int>(oBytes.size()));
     }
 }
 
 /// False when the stream ends early; grows with what arrives.
-template <typename Cell> bool readCells(QDataStream& stream, int iCells, std::vector<Cell>& vCells)
+template <typename Cell>
+bool readCells(QDataStream& stream, int iCells, std::vector<Cell>& vCells)
 {
     const QIODevice* pqDevice = stream.device();
     const qint64 iBytes = static_cast<qint64>(iCells) * static_cast<qint64>(sizeof(Cell));
@@ -166,8 +174,8 @@ std::optional<MatrixColumn> MatrixColumn::read(QDataStream& stream)
                     column.setMissing(static_cast<int>(n));
         }
     } else if (auto* pFlags = std::get_if<BoolCells>(&column.m_cells)) {
-        bOk = readCells(stream, iCount, *pFlags)
-              && std::all_of(pFlags->begin(), pFlags->end(), [](std::uint8_t iFlag) { return iFlag <= 2; });
+        bOk = readCells(stream, iCount, *pFlags) &&
+              std::all_of(pFlags->begin(), pFlags->end(), [](std::uint8_t iFlag) { return iFlag <= 2; });
     } else if (auto* pColors = std::get_if<ColorCells>(&column.m_cells)) {
         bOk = readCells(stream, iCount, pColors->values);
         for (QRgb& iColor : pColors->values)
@@ -196,8 +204,8 @@ bool MatrixColumn::readTexts(QDataStream& stream, int iCount)
     }
     if (!readCells(stream, iCount, cells.codes))
         return false;
-    return std::all_of(
-        cells.codes.begin(), cells.codes.end(), [iTexts](std::int32_t iCode) { return iCode >= -1 && iCode < iTexts; });
+    return std::all_of(cells.codes.begin(), cells.codes.end(),
+                       [iTexts](std::int32_t iCode) { return iCode >= -1 && iCode < iTexts; });
 }
 
 } // namespace gkBase

@@ -13,21 +13,27 @@ namespace gkBase {
 
 int MatrixData::m_iGlobalID = 0;
 
-MatrixDataPointer::MatrixDataPointer(const MatrixData* poNode) : m_pHandle(poNode ? poNode->handle() : nullptr)
+MatrixDataPointer::MatrixDataPointer(const MatrixData* poNode)
+    : m_pHandle(poNode ? poNode->handle() : nullptr)
 {
 }
 
 MatrixData::MatrixData(const QString& sName, int iRows, int iColumns, QMetaType::Type eType, int iRowOffSet)
-    : m_sName(sName), m_eType(MatrixColumn::columnType(eType)), m_iRowOffSet(std::max(iRowOffSet, 0)),
-      m_iGlobalIdOfNode(m_iGlobalID++), m_dDefaultValue2(g_dMissingValue)
+    : m_sName(sName)
+    , m_eType(MatrixColumn::columnType(eType))
+    , m_iRowOffSet(std::max(iRowOffSet, 0))
+    , m_iGlobalIdOfNode(m_iGlobalID++)
+    , m_dDefaultValue2(g_dMissingValue)
 {
     for (int i = 0; i < iColumns; ++i)
         m_vColumns.emplace_back(m_eType, std::max(iRows, 0));
 }
 
 MatrixData::MatrixData(const MatrixData& other, bool bDeep)
-    : m_eType(other.m_eType), m_iRowOffSet(other.m_iRowOffSet), m_iGlobalIdOfNode(m_iGlobalID++),
-      m_dDefaultValue2(other.m_dDefaultValue2)
+    : m_eType(other.m_eType)
+    , m_iRowOffSet(other.m_iRowOffSet)
+    , m_iGlobalIdOfNode(m_iGlobalID++)
+    , m_dDefaultValue2(other.m_dDefaultValue2)
 {
     copyProperties(other);
     if (bDeep) {
@@ -161,13 +167,14 @@ bool MatrixData::isIdenticalTo(const MatrixData& other) const
 {
     if (typeid(*this) != typeid(other) || childCount() != other.childCount() || columnCount() != other.columnCount())
         return false;
-    const bool bSameUnit = m_poUnitManager == other.m_poUnitManager
-                           || (m_poUnitManager && other.m_poUnitManager && *m_poUnitManager == *other.m_poUnitManager);
-    const bool bSameColor = m_oColor.isValid() == other.m_oColor.isValid() && m_oColor.rgba64() == other.m_oColor.rgba64();
-    if (!bSameUnit || !bSameColor || m_sName != other.m_sName || m_eType != other.m_eType
-        || m_iRowOffSet != other.m_iRowOffSet || m_lColumnHeaders != other.m_lColumnHeaders
-        || m_bSelected != other.m_bSelected || m_bVertex != other.m_bVertex || m_bEditable != other.m_bEditable
-        || m_qDefaultValue1 != other.m_qDefaultValue1 || m_dDefaultValue2 != other.m_dDefaultValue2)
+    const bool bSameUnit = m_poUnitManager == other.m_poUnitManager ||
+                           (m_poUnitManager && other.m_poUnitManager && *m_poUnitManager == *other.m_poUnitManager);
+    const bool bSameColor =
+        m_oColor.isValid() == other.m_oColor.isValid() && m_oColor.rgba64() == other.m_oColor.rgba64();
+    if (!bSameUnit || !bSameColor || m_sName != other.m_sName || m_eType != other.m_eType ||
+        m_iRowOffSet != other.m_iRowOffSet || m_lColumnHeaders != other.m_lColumnHeaders ||
+        m_bSelected != other.m_bSelected || m_bVertex != other.m_bVertex || m_bEditable != other.m_bEditable ||
+        m_qDefaultValue1 != other.m_qDefaultValue1 || m_dDefaultValue2 != other.m_dDefaultValue2)
         return false;
     if (static_cast<bool>(m_poOwner) != static_cast<bool>(other.m_poOwner) || !hasEqualExtras(other))
         return false;
@@ -185,9 +192,7 @@ bool MatrixData::hasEqualExtras(const MatrixData&) const
     return true;
 }
 
-void MatrixData::relink(const NodeMap&)
-{
-}
+void MatrixData::relink(const NodeMap&) {}
 
 std::size_t MatrixData::memoryUsage() const
 {

@@ -48,16 +48,22 @@ class UnitRegistry;
 class GKBASEQT_EXPORT MatrixData
 {
 public:
-    enum HistogramType { Frequency = 0, RelativeFrequency = 1, CumulativeRelativeFrequency = 2 };
+    enum HistogramType
+    {
+        Frequency = 0,
+        RelativeFrequency = 1,
+        CumulativeRelativeFrequency = 2
+    };
 
     /// What a chart needs of a data set before it offers it in its chooser.
-    enum AttributeCollection {
-        AnyAttribute = 0,       ///< at least one attribute
-        NumericAttribute,       ///< at least one double, int or bool attribute: each such attribute is one entry
-        NumericPair,            ///< at least two numeric attributes
-        DepthAndNumeric,        ///< a depth and one further numeric attribute
-        Direction,              ///< an attribute of azimuths: each is one entry
-        DipAndAzimuth           ///< a dip (or plunge) and its azimuth
+    enum AttributeCollection
+    {
+        AnyAttribute = 0, ///< at least one attribute
+        NumericAttribute, ///< at least one double, int or bool attribute: each such attribute is one entry
+        NumericPair,      ///< at least two numeric attributes
+        DepthAndNumeric,  ///< a depth and one further numeric attribute
+        Direction,        ///< an attribute of azimuths: each is one entry
+        DipAndAzimuth     ///< a dip (or plunge) and its azimuth
     };
 
     /// A node named sName with iColumns columns of iRows records each; −1 means none yet. eType is the type of
@@ -196,7 +202,8 @@ public:
     /// Brings every attribute of each data set below to the length of the longest one (bGrow) or drops the missing
     /// cells that all of them have at their ends.
     void resetRowCount(bool bGrow);
-    /// Every data set's attributes get equal lengths (the longest). Called after a paste.
+    /// Every data set's attributes get equal lengths (the longest). Called after a paste; the record of the paste
+    /// takes MatrixDataRestore::storeRowCount() of this node first, since any attribute may grow.
     void checkValidRowCount();
 
     /// The value that stands for missing cells of flags and choices (for example the visibility "$V").
@@ -388,7 +395,12 @@ public:
     virtual std::size_t memoryUsage() const;
 
 protected:
-    enum class StreamKind : quint8 { Attribute = 0, Strike = 1, Array = 2 };
+    enum class StreamKind : quint8
+    {
+        Attribute = 0,
+        Strike = 1,
+        Array = 2
+    };
     using NodeMap = std::unordered_map<const MatrixData*, MatrixData*>;
 
     /// Called under setValue(): a class that keeps its cells elsewhere (strike, array) writes there and returns true.
@@ -470,9 +482,9 @@ private:
     std::unique_ptr<MatrixDataNotifier> m_poNotifier;
     std::vector<MatrixData*> m_vDependents; ///< not owned: attributes derived from this one, they sign off themselves
     quint64 m_iRevision = 0;
-    bool m_bDetached = false; ///< taken out of a tree
+    bool m_bDetached = false;                       ///< taken out of a tree
     mutable std::shared_ptr<MatrixData*> m_pHandle; ///< made for the first MatrixDataPointer
-    mutable std::vector<ColumnRange> m_vRanges; ///< cached minimum, mean and maximum per column
+    mutable std::vector<ColumnRange> m_vRanges;     ///< cached minimum, mean and maximum per column
 };
 
 } // namespace gkBase

@@ -25,13 +25,15 @@ bool sameDouble(double a, double b)
 } // namespace
 
 MatrixDataArray::MatrixDataArray(const QString& sName, int iRows, int iColumns, QMetaType::Type eType, int iRowOffSet)
-    : MatrixData(sName, -1, -1, QMetaType::Double, iRowOffSet), m_eCellType(arrayType(eType))
+    : MatrixData(sName, -1, -1, QMetaType::Double, iRowOffSet)
+    , m_eCellType(arrayType(eType))
 {
     reserve(iRows, iColumns);
 }
 
 MatrixDataArray::MatrixDataArray(const MatrixDataArray& other, bool bDeep)
-    : MatrixData(other, false), m_eCellType(other.m_eCellType)
+    : MatrixData(other, false)
+    , m_eCellType(other.m_eCellType)
 {
     if (bDeep)
         copyCells(other);
@@ -176,10 +178,10 @@ bool MatrixDataArray::hasEqualExtras(const MatrixData& other) const
     const auto samePoint = [](const QPointF& a, const QPointF& b) {
         return sameDouble(a.x(), b.x()) && sameDouble(a.y(), b.y());
     };
-    return m_eCellType == array.m_eCellType && m_iRows == array.m_iRows && m_iColumns == array.m_iColumns
-           && sameDouble(m_dIntervalSize, array.m_dIntervalSize) && m_bExpandColormap == array.m_bExpandColormap
-           && std::equal(m_vdCells.begin(), m_vdCells.end(), array.m_vdCells.begin(), array.m_vdCells.end(), sameDouble)
-           && std::equal(m_vPoints.begin(), m_vPoints.end(), array.m_vPoints.begin(), array.m_vPoints.end(), samePoint);
+    return m_eCellType == array.m_eCellType && m_iRows == array.m_iRows && m_iColumns == array.m_iColumns &&
+           sameDouble(m_dIntervalSize, array.m_dIntervalSize) && m_bExpandColormap == array.m_bExpandColormap &&
+           std::equal(m_vdCells.begin(), m_vdCells.end(), array.m_vdCells.begin(), array.m_vdCells.end(), sameDouble) &&
+           std::equal(m_vPoints.begin(), m_vPoints.end(), array.m_vPoints.begin(), array.m_vPoints.end(), samePoint);
 }
 
 void MatrixDataArray::writeExtras(QDataStream& stream, int iRecords) const

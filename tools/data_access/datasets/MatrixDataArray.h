@@ -72,7 +72,8 @@ private:
     }
     std::size_t index(int iRow, int iColumn) const
     {
-        return static_cast<std::size_t>(iRow) * static_cast<std::size_t>(m_iColumns) + static_cast<std::size_t>(iColumn);
+        return static_cast<std::size_t>(iRow) * static_cast<std::size_t>(m_iColumns) +
+               static_cast<std::size_t>(iColumn);
     }
     void copyCells(const MatrixDataArray& other);
 

@@ -6,7 +6,8 @@
 
 namespace gkBase {
 
-MatrixDataNotifier::Batch::Batch(MatrixData* poNode) : m_pqNotifier(poNode ? poNode->notifier() : nullptr)
+MatrixDataNotifier::Batch::Batch(MatrixData* poNode)
+    : m_pqNotifier(poNode ? poNode->notifier() : nullptr)
 {
     if (m_pqNotifier)
         ++m_pqNotifier->m_iBatchDepth;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MatrixData.h" // complete, so that the signals can be queued and recorded
 #include "MatrixDataPointer.h"
 #include "gkBaseQtExport.h"
 
@@ -10,8 +11,6 @@
 #include <vector>
 
 namespace gkBase {
-
-class MatrixData;
 
 /// Announces the changes of one data-set tree. Get it from MatrixData::notifier(); it lives as long as the root.
 ///

@@ -6,7 +6,9 @@
 namespace gkBase {
 
 MatrixDataRestore::MatrixDataRestore(MatrixData* poNode, const QString& sName, bool bRemoval)
-    : m_poNode(poNode), m_sName(sName), m_bRemoval(bRemoval)
+    : m_poNode(poNode)
+    , m_sName(sName)
+    , m_bRemoval(bRemoval)
 {
 }
 

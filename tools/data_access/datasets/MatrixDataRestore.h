@@ -22,8 +22,8 @@ namespace gkBase {
 /// current one, so that a record costs what it overwrote, once.
 ///
 /// Cells are kept in typed blocks (a block of doubles costs 8 bytes a cell and 4 for its row). Cells of a derived
-/// attribute (strike) are kept as the cells that they are computed from; those of an array with storeContents() only. A node that was destroyed without a record
-/// is left out when its records are applied.
+/// attribute (strike) are kept as the cells that they are computed from; those of an array with storeContents() only. A
+/// node that was destroyed without a record is left out when its records are applied.
 class GKBASEQT_EXPORT MatrixDataRestore
 {
 public:

@@ -9,7 +9,9 @@
 namespace gkBase {
 
 MatrixDataRestore::CellsEntry::CellsEntry(MatrixData* poNode, int iColumn)
-    : Entry(poNode), m_iColumn(iColumn), m_oCells(poNode->type())
+    : Entry(poNode)
+    , m_iColumn(iColumn)
+    , m_oCells(poNode->type())
 {
 }
 
@@ -33,7 +35,9 @@ std::size_t MatrixDataRestore::CellsEntry::memoryUsage() const
 }
 
 MatrixDataRestore::ColumnEntry::ColumnEntry(MatrixData* poNode, int iColumn)
-    : Entry(poNode), m_iColumn(iColumn), m_eType(poNode->type())
+    : Entry(poNode)
+    , m_iColumn(iColumn)
+    , m_eType(poNode->type())
 {
     if (iColumn < poNode->columnCount())
         m_oColumn = poNode->column(iColumn);
@@ -63,7 +67,8 @@ std::size_t MatrixDataRestore::ColumnEntry::memoryUsage() const
     return sizeof(*this) + (m_oColumn ? m_oColumn->memoryUsage() : 0);
 }
 
-MatrixDataRestore::LengthEntry::LengthEntry(MatrixData* poNode) : Entry(poNode)
+MatrixDataRestore::LengthEntry::LengthEntry(MatrixData* poNode)
+    : Entry(poNode)
 {
     for (int i = 0; i < poNode->columnCount(); ++i)
         m_viSizes.push_back(poNode->column(i).size());
@@ -132,7 +137,9 @@ void MatrixDataRestore::UnitEntry::exchange(bool)
     }
 }
 
-MatrixDataRestore::ContentsEntry::ContentsEntry(MatrixData* poNode) : Entry(poNode), m_poContents(poNode->clone())
+MatrixDataRestore::ContentsEntry::ContentsEntry(MatrixData* poNode)
+    : Entry(poNode)
+    , m_poContents(poNode->clone())
 {
 }
 
@@ -152,7 +159,10 @@ std::size_t MatrixDataRestore::ContentsEntry::memoryUsage() const
 
 MatrixDataRestore::BranchEntry::BranchEntry(MatrixData* poNode, MatrixData* poParent, int iIndex,
                                             std::unique_ptr<MatrixData> poOwned)
-    : Entry(poNode), m_poParent(poParent), m_iIndex(iIndex), m_poOwned(std::move(poOwned))
+    : Entry(poNode)
+    , m_poParent(poParent)
+    , m_iIndex(iIndex)
+    , m_poOwned(std::move(poOwned))
 {
 }
 

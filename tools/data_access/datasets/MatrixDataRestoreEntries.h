@@ -10,7 +10,10 @@ namespace gkBase {
 /// direction, since cells that were stored twice have to come back in the opposite order.
 struct MatrixDataRestore::Entry
 {
-    explicit Entry(MatrixData* poNode) : m_poNode(poNode) {}
+    explicit Entry(MatrixData* poNode)
+        : m_poNode(poNode)
+    {
+    }
     virtual ~Entry() = default;
     Entry(const Entry&) = delete;
     Entry& operator=(const Entry&) = delete;
@@ -61,7 +64,11 @@ struct MatrixDataRestore::LengthEntry : Entry
 
 struct MatrixDataRestore::NameEntry : Entry
 {
-    explicit NameEntry(MatrixData* poNode) : Entry(poNode), m_sName(poNode->name()) {}
+    explicit NameEntry(MatrixData* poNode)
+        : Entry(poNode)
+        , m_sName(poNode->name())
+    {
+    }
     void exchange(bool bUndo) override;
 
     QString m_sName;
@@ -69,7 +76,11 @@ struct MatrixDataRestore::NameEntry : Entry
 
 struct MatrixDataRestore::ColorEntry : Entry
 {
-    explicit ColorEntry(MatrixData* poNode) : Entry(poNode), m_oColor(poNode->color()) {}
+    explicit ColorEntry(MatrixData* poNode)
+        : Entry(poNode)
+        , m_oColor(poNode->color())
+    {
+    }
     void exchange(bool bUndo) override;
 
     QColor m_oColor;
@@ -77,7 +88,11 @@ struct MatrixDataRestore::ColorEntry : Entry
 
 struct MatrixDataRestore::UnitEntry : Entry
 {
-    explicit UnitEntry(MatrixData* poNode) : Entry(poNode), m_poUnitManager(poNode->m_poUnitManager) {}
+    explicit UnitEntry(MatrixData* poNode)
+        : Entry(poNode)
+        , m_poUnitManager(poNode->m_poUnitManager)
+    {
+    }
     void exchange(bool bUndo) override;
 
     boost::shared_ptr<UnitManager> m_poUnitManager;

@@ -21,15 +21,25 @@ constexpr quint16 iVersion = 1;
 constexpr int iMaxDepth = 16;
 constexpr int iMaxRowOffSet = 1000;
 
-enum NodeFlag : quint8 { SelectedFlag = 1, VertexFlag = 2, NotEditableFlag = 4, OwnerFlag = 8, UnitFlag = 16, ColorFlag = 32 };
+enum NodeFlag : quint8
+{
+    SelectedFlag = 1,
+    VertexFlag = 2,
+    NotEditableFlag = 4,
+    OwnerFlag = 8,
+    UnitFlag = 16,
+    ColorFlag = 32
+};
 
 /// Gives a stream the fixed form of the payload, and its own form back at the end.
 class StreamForm
 {
 public:
     explicit StreamForm(QDataStream& stream)
-        : m_stream(stream), m_iVersion(stream.version()), m_eOrder(stream.byteOrder()),
-          m_ePrecision(stream.floatingPointPrecision())
+        : m_stream(stream)
+        , m_iVersion(stream.version())
+        , m_eOrder(stream.byteOrder())
+        , m_ePrecision(stream.floatingPointPrecision())
     {
         stream.setVersion(QDataStream::Qt_6_0);
         stream.setByteOrder(QDataStream::BigEndian);
@@ -129,7 +139,8 @@ void MatrixDataStreamAccess::writeNode(const MatrixData& node, QDataStream& stre
     iFlags |= node.m_poOwner ? OwnerFlag : 0;
     iFlags |= bUnit ? UnitFlag : 0;
     iFlags |= node.m_oColor.isValid() ? ColorFlag : 0;
-    stream << static_cast<quint8>(node.streamKind()) << node.m_sName << iFlags << static_cast<qint32>(node.m_iRowOffSet);
+    stream << static_cast<quint8>(node.streamKind()) << node.m_sName << iFlags
+           << static_cast<qint32>(node.m_iRowOffSet);
     if (bUnit)
         stream << node.m_poUnitManager->category() << node.m_poUnitManager->modelUnit();
     if (node.m_oColor.isValid())
@@ -181,8 +192,8 @@ std::unique_ptr<MatrixData> MatrixDataStreamAccess::readNode(QDataStream& stream
     else if (eKind == MatrixData::StreamKind::Array)
         poNode = std::make_unique<MatrixDataArray>(QString(), 0, 0, QMetaType::Double);
 
-    if (!poNode || iDepth > iMaxDepth || !readProperties(*poNode, stream, poRegistry, bOwner)
-        || !readColumns(*poNode, stream) || !readChildren(*poNode, stream, poRegistry, iDepth))
+    if (!poNode || iDepth > iMaxDepth || !readProperties(*poNode, stream, poRegistry, bOwner) ||
+        !readColumns(*poNode, stream) || !readChildren(*poNode, stream, poRegistry, iDepth))
         return nullptr;
     if (bStrike && bAsAttribute) {
         QString sAzimuth;
@@ -317,17 +328,13 @@ bool MatrixData::getDataFromStream(int iRecords, int iColumn, QDataStream& strea
     return true;
 }
 
-void MatrixData::writeExtras(QDataStream&, int) const
-{
-}
+void MatrixData::writeExtras(QDataStream&, int) const {}
 
 bool MatrixData::readExtras(QDataStream&)
 {
     return true;
 }
 
-void MatrixData::resolveLinks(const std::vector<MatrixData*>&)
-{
-}
+void MatrixData::resolveLinks(const std::vector<MatrixData*>&) {}
 
 } // namespace gkBase

@@ -25,14 +25,16 @@ double strikeOf(double dAzimuth)
 
 } // namespace
 
-MatrixDataStrike::MatrixDataStrike(const QString& sName, MatrixData* poAzimuth) : MatrixData(sName)
+MatrixDataStrike::MatrixDataStrike(const QString& sName, MatrixData* poAzimuth)
+    : MatrixData(sName)
 {
     link(poAzimuth);
     if (poAzimuth)
         setUnitManager(poAzimuth->unitManager());
 }
 
-MatrixDataStrike::MatrixDataStrike(const MatrixDataStrike& other, bool) : MatrixData(other, false)
+MatrixDataStrike::MatrixDataStrike(const MatrixDataStrike& other, bool)
+    : MatrixData(other, false)
 {
     link(other.m_poAzimuth.get());
 }

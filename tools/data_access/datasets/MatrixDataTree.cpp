@@ -12,7 +12,8 @@ namespace gkBase {
 namespace {
 
 /// Calls visit(node) for every node below poNode in tree order until it returns true; the node where it stopped.
-template <typename Node, typename Visit> Node* findBelow(Node* poNode, const Visit& visit)
+template <typename Node, typename Visit>
+Node* findBelow(Node* poNode, const Visit& visit)
 {
     for (int i = 0; i < poNode->childCount(); ++i) {
         Node* poChild = poNode->child(i);
@@ -25,7 +26,8 @@ template <typename Node, typename Visit> Node* findBelow(Node* poNode, const Vis
 }
 
 /// As above for attributes, the node itself included.
-template <typename Node, typename Visit> Node* findAttribute(Node* poNode, const Visit& visit)
+template <typename Node, typename Visit>
+Node* findAttribute(Node* poNode, const Visit& visit)
 {
     if (poNode->childCount() == 0)
         return poNode->isAttribute() && visit(poNode) ? poNode : nullptr;
@@ -46,8 +48,8 @@ int MatrixData::indexOfChild(const MatrixData* poNode) const
 {
     if (!poNode || poNode->m_poParent != this)
         return -1;
-    const auto it = std::find_if(
-        m_vChildren.begin(), m_vChildren.end(), [poNode](const auto& poChild) { return poChild.get() == poNode; });
+    const auto it = std::find_if(m_vChildren.begin(), m_vChildren.end(),
+                                 [poNode](const auto& poChild) { return poChild.get() == poNode; });
     return it == m_vChildren.end() ? -1 : static_cast<int>(it - m_vChildren.begin());
 }
 
@@ -140,8 +142,8 @@ MatrixData* MatrixData::getNode(int iColumn) const
 {
     if (iColumn < 0)
         return nullptr;
-    return const_cast<MatrixData*>(findAttribute(
-        this, [&iColumn](const MatrixData* poNode) { return poNode->m_bSelected && iColumn-- == 0; }));
+    return const_cast<MatrixData*>(
+        findAttribute(this, [&iColumn](const MatrixData* poNode) { return poNode->m_bSelected && iColumn-- == 0; }));
 }
 
 MatrixData* MatrixData::getNodeFromName(const QString& sName) const
@@ -152,8 +154,8 @@ MatrixData* MatrixData::getNodeFromName(const QString& sName) const
 
 MatrixData* MatrixData::getFirstChildWithData() const
 {
-    return const_cast<MatrixData*>(findAttribute(
-        this, [this](const MatrixData* poNode) { return poNode != this && poNode->recordCount() > 0; }));
+    return const_cast<MatrixData*>(
+        findAttribute(this, [this](const MatrixData* poNode) { return poNode != this && poNode->recordCount() > 0; }));
 }
 
 MatrixData* MatrixData::nodeFromID(int iGlobalID) const

@@ -256,8 +256,8 @@ int longestUsed(const std::vector<MatrixData*>& vpAttributes)
 void MatrixData::resizeRecords(int iRecords)
 {
     ensureColumn(0, 0);
-    const bool bSame = std::all_of(
-        m_vColumns.begin(), m_vColumns.end(), [iRecords](const auto& oColumn) { return oColumn.size() == iRecords; });
+    const bool bSame = std::all_of(m_vColumns.begin(), m_vColumns.end(),
+                                   [iRecords](const auto& oColumn) { return oColumn.size() == iRecords; });
     if (bSame)
         return;
     for (MatrixColumn& oColumn : m_vColumns)
