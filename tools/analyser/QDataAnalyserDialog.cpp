@@ -371,13 +371,29 @@ void QDataAnalyserDialog::setCurrentHistogramDataSet()
     scheduleRefill();
 }
 
+MatrixData* QDataAnalyserDialog::firstCountableAttribute() const
+{
+    MatrixData* poFirst = nullptr;
+    for (MatrixData* poAttribute : m_poDataRoot ? m_poDataRoot->leafs() : std::vector<MatrixData*>()) {
+        const bool bNumeric = poAttribute->type() == QMetaType::Double || poAttribute->type() == QMetaType::Int;
+        if (bNumeric && poAttribute->isSelected())
+            return poAttribute;
+        if (bNumeric && !poFirst)
+            poFirst = poAttribute;
+    }
+    return poFirst;
+}
+
 void QDataAnalyserDialog::updateHistogramData()
 {
     if (!m_pqHistogramChart)
         return;
-    m_pqHistogramChart->setSelectedRows(vertexTable()->selectedRecords());
-    m_pqHistogramChart->updateHistogram();
     m_bUpdateNeeded[Histogram] = false;
+    const bool bRebuilt = m_pqHistogramChart->setSelectedRows(vertexTable()->selectedRecords());
+    if (!m_pqHistogramChart->currentSelectedDataSet())
+        m_pqHistogramChart->setDataSet(firstCountableAttribute());
+    else if (!bRebuilt)
+        m_pqHistogramChart->updateHistogram();
 }
 
 void QDataAnalyserDialog::hideShowOrientationWindows()

@@ -175,6 +175,8 @@ private:
     void refillVisibleCharts();
     void resetSplitterRatios();
     void fillSelectCellsDialog();
+    /// What the histogram shows first: a number attribute that is switched on, or any. Null without one.
+    MatrixData* firstCountableAttribute() const;
 
     MatrixData* m_poDataRoot = nullptr;   ///< not owned
     UnitRegistry* m_poRegistry = nullptr; ///< not owned

@@ -110,12 +110,29 @@ void QHistogramChartWidget::setCurrentDataSet(int iGlobalID)
     setDataSet(m_poRoot ? m_poRoot->nodeFromID(iGlobalID) : nullptr);
 }
 
-void QHistogramChartWidget::setSelectedRows(const std::vector<int>& viRecords)
+bool QHistogramChartWidget::setSelectedRows(const std::vector<int>& viRecords)
 {
     if (viRecords == m_viSelectedRecords)
-        return;
+        return false;
     m_viSelectedRecords = viRecords;
     updateHistogram();
+    return true;
+}
+
+void QHistogramChartWidget::setHistogramType(int iType)
+{
+    if (iType < 0 || iType >= m_pqHistogramTypeComboBox->count())
+        return;
+    m_pqHistogramTypeComboBox->setCurrentIndex(iType);
+    updateHistogram();
+}
+
+void QHistogramChartWidget::setIntervalSize(double dIntervalSize)
+{
+    m_pModel->setIntervalSize(dIntervalSize);
+    updateHistogram();
+    const QSignalBlocker blocker(m_pqIntervalSizeSpinBox);
+    m_pqIntervalSizeSpinBox->setValue(m_pModel->intervalSize() * displayScale());
 }
 
 void QHistogramChartWidget::updateDataSetSelectionBox()
@@ -324,6 +341,13 @@ void QHistogramChartWidget::updateDiagramSettings()
     m_pqPlot->setShowP10(m_pqP10CheckBox->isChecked());
     m_pqPlot->setShowP50(m_pqP50CheckBox->isChecked());
     m_pqPlot->setShowP90(m_pqP90CheckBox->isChecked());
+}
+
+void QHistogramChartWidget::setBlackBackground(bool bBlack)
+{
+    m_pqBlackBackgroundBtn->setChecked(bBlack);
+    m_pqWhiteBackgroundBtn->setChecked(!bBlack);
+    blackWhiteSwitch();
 }
 
 void QHistogramChartWidget::blackWhiteSwitch()

@@ -51,8 +51,14 @@ public:
     /// Fills the chooser again with the numeric attributes of all data sets; the shown one stays when it is still
     /// there.
     void updateDataSetSelectionBox();
-    /// The records that are counted; an empty list means all. Rebuilds when the list differs.
-    void setSelectedRows(const std::vector<int>& viRecords);
+    /// The records that are counted; an empty list means all. Rebuilds when the list differs and tells whether it did.
+    bool setSelectedRows(const std::vector<int>& viRecords);
+    /// A MatrixData::HistogramType; rebuilds. One that does not exist is ignored.
+    void setHistogramType(int iType);
+    /// Width of the intervals in model units; anything not above 0 chooses one. Rebuilds.
+    void setIntervalSize(double dIntervalSize);
+    /// White texts on black, or black texts on white.
+    void setBlackBackground(bool bBlack);
 
     /// Chart, axes and scroll bars respond or are grayed out.
     void setChartFrameEnabled(bool bEnabled);
