@@ -96,6 +96,7 @@ private slots:
     void rootMayDieFirst();
     void userPicksAnAttribute();
     void zoomMovesTheAxes();
+    void displayUnitsAreShown();
     void exportWithoutAWindow();
 };
 
@@ -402,6 +403,30 @@ void TestHistogram::zoomMovesTheAxes()
     }
     panel.updateHistogram(); // a rebuild keeps the zoom that is switched on
     QCOMPARE(pqPlot->zoomFactor(), 3.0);
+}
+
+void TestHistogram::displayUnitsAreShown()
+{
+    auto* poAttribute = attribute(QStringLiteral("Depth"), ramp(301));
+    const boost::shared_ptr<UnitManager> poUnit(new UnitManager(QStringLiteral("length"), QStringLiteral("m")));
+    poAttribute->setUnitManager(poUnit);
+    const std::unique_ptr<MatrixData> poRoot = rootOf({poAttribute});
+    QHistogramChartWidget panel;
+    panel.setDataRoot(poRoot.get());
+    panel.setDataSet(poRoot->child(0));
+    const QLabel* pqP50 = labelNamed(panel, QStringLiteral("P(50)"));
+    const auto* pqInterval = panel.findChild<QDoubleSpinBoxWithSlider*>(QStringLiteral("m_pqIntervalSizeSpinBox"));
+    const double dP50 = panel.histogramItemModel()->percentiles().m_dP50;
+    const double dInterval = panel.histogramItemModel()->intervalSize();
+    QCOMPARE(pqP50->text(), QString::number(dP50, 'f', 3) + QStringLiteral(" m"));
+    QVERIFY(poUnit->displayUnit(QStringLiteral("ft")));
+    const QString sInFeet = pqP50->text();
+    const double dShownInterval = pqInterval->getValue();
+    poUnit->displayUnit(QStringLiteral("m"));
+    QCOMPARE(sInFeet, QString::number(dP50 / 0.3048, 'f', 3) + QStringLiteral(" ft"));
+    QVERIFY(std::abs(dShownInterval - dInterval / 0.3048) < 1e-9);
+    QVERIFY(std::abs(panel.histogramItemModel()->intervalSize() - dInterval) < 1e-9); // bars stay as they are
+    QCOMPARE(pqP50->text(), QString::number(dP50, 'f', 3) + QStringLiteral(" m"));
 }
 
 void TestHistogram::exportWithoutAWindow()

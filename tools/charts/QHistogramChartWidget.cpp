@@ -415,7 +415,9 @@ void QHistogramChartWidget::slotCanvasZoomed(double dZoom)
     const QSignalBlocker spinBlocker(m_pqZoomFactorSpinBox);
     m_pqZoomFactorCheckBox->setChecked(dZoom > 1.0);
     m_pqZoomFactorSpinBox->setEnabled(dZoom > 1.0);
-    m_pqZoomFactorSpinBox->setValue(dZoom);
+    // Back at 1 the box keeps the last factor for the next time that it is checked.
+    if (dZoom > 1.0)
+        m_pqZoomFactorSpinBox->setValue(dZoom);
     syncAxes();
 }
 

@@ -30,6 +30,8 @@ namespace {
 constexpr int g_iCentrePercent = 50;
 constexpr double g_dSmallestFont = 5.0;
 constexpr double g_dLargestFont = 30.0;
+/// What checking the zoom box gives at first.
+constexpr double g_dFirstZoom = 2.0;
 constexpr int g_iPlotMinimumWidth = 120;
 constexpr int g_iPlotMinimumHeight = 90;
 constexpr int g_iSideBarWidth = 270;
@@ -246,6 +248,7 @@ QWidget* QHistogramChartWidget::createDisplayPage()
     m_pqZoomFactorSpinBox->setDecimals(1);
     m_pqZoomFactorSpinBox->setControlName(tr("Zoom Factor"));
     m_pqZoomFactorSpinBox->setToolTip(tr("Size of the chart against the window, 1 to 20"));
+    m_pqZoomFactorSpinBox->setValue(g_dFirstZoom);
     m_pqZoomFactorSpinBox->setEnabled(false);
 
     auto* pqBackground = new QHBoxLayout;
