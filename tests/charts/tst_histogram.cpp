@@ -422,7 +422,12 @@ void TestHistogram::displayUnitsAreShown()
     QVERIFY(poUnit->displayUnit(QStringLiteral("ft")));
     const QString sInFeet = pqP50->text();
     const double dShownInterval = pqInterval->getValue();
+    auto* pqFeet = panel.findChild<QDoubleSpinBoxWithSlider*>(QStringLiteral("m_pqIntervalSizeSpinBox"));
+    pqFeet->setValue(100.0);
+    const double dHundredFeet = panel.histogramItemModel()->intervalSize();
+    pqFeet->setValue(dShownInterval);
     poUnit->displayUnit(QStringLiteral("m"));
+    QVERIFY(std::abs(dHundredFeet - 30.48) < 1e-9);
     QCOMPARE(sInFeet, QString::number(dP50 / 0.3048, 'f', 3) + QStringLiteral(" ft"));
     QVERIFY(std::abs(dShownInterval - dInterval / 0.3048) < 1e-9);
     QVERIFY(std::abs(panel.histogramItemModel()->intervalSize() - dInterval) < 1e-9); // bars stay as they are
