@@ -57,10 +57,10 @@ public:
     /// True when the method applies to the type and all values that it needs can be read as that type.
     bool isValid(QMetaType::Type eType) const;
 
-    /// Sets flag i to whether cell i satisfies the condition, for every flag (false past the end of the column), and
-    /// returns the number of true ones. poUnit (may be null: values are shown as stored, with two decimals) converts
-    /// and rounds numbers. A condition that is not valid for the column's type flags nothing. Linear, no allocation
-    /// per cell.
+    /// Sets flag i to whether cell i satisfies the condition, for every flag (cells past the end of the
+    /// column are missing), and returns the number of true ones. poUnit (may be null: values are shown as stored, with
+    /// two decimals) converts and rounds numbers. A condition that is not valid for the column's type flags nothing.
+    /// Linear, no allocation per cell.
     int flagCells(const MatrixColumn& column, const UnitManager* poUnit, std::span<bool> vbFlags) const;
 
 private:

@@ -80,9 +80,14 @@ public:
     QVariant headerData(int iSection, Qt::Orientation eOrientation, int iRole = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
     QStringList mimeTypes() const override;
+    /// The attributes among the indexes as they are now, data sets left out. The caller owns it.
     QMimeData* mimeData(const QModelIndexList& lIndexes) const override;
+    /// A payload that is broken anywhere is refused as a whole.
     bool dropMimeData(const QMimeData* pqData, Qt::DropAction eAction, int iRow, int iColumn,
                       const QModelIndex& parent) override;
+    /// Only onto a node: the space below the tree takes no attributes.
+    bool canDropMimeData(const QMimeData* pqData, Qt::DropAction eAction, int iRow, int iColumn,
+                         const QModelIndex& parent) const override;
     Qt::DropActions supportedDropActions() const override;
 
 signals:
@@ -95,18 +100,19 @@ signals:
 
 private:
     class OwnChange;
+    class TreeReset;
 
     void connectRoot();
     bool renameNode(const QModelIndex& index, MatrixData* poNode, const QString& sName);
     std::set<MatrixData*> deletableNodes(const QList<QModelIndex>& lIndexes) const;
     std::vector<MatrixData*> attributesOf(const QList<QModelIndex>& lIndexes) const;
-    std::vector<int> askForTargets(MatrixData* poFirst, int iCount) const;
+    bool dropOntoAttribute(MatrixData* poFirst, int iCount, QDataStream& stream);
+    std::vector<int> askForTargets(MatrixData* poFirst, int iCount);
     bool overwriteAttributes(const std::vector<int>& viTargetIds, QDataStream& stream);
     bool createAttributes(MatrixData* poDataSet, int iRow, int iCount, QDataStream& stream);
     bool dropDataFromStream(MatrixData* poNode, QDataStream& stream, bool bMakeUniqueName);
 
-    void beginTreeReset();
-    void endTreeReset();
+    void dropPersistentIndexes();
     void slotNodeAboutToBeRemoved(MatrixData* poBranch);
     void slotStructureChanged();
     void slotAttributesChanged(MatrixData* poNode);
