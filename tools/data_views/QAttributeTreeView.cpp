@@ -36,8 +36,7 @@ QIcon hostIcon(const QString& sPath)
 
 struct QAttributeTreeView::ViewState
 {
-    std::vector<int> m_viDataSets;  ///< all, rising
-    std::vector<int> m_viCollapsed; ///< rising
+    std::vector<int> m_viCollapsed; ///< data sets, rising
     std::vector<int> m_viSelected;  ///< in selection order
     int m_iCurrent = -1;
     int m_iScrollPosition = 0;
@@ -154,14 +153,19 @@ void QAttributeTreeView::changeColor()
 
 // ---- resets ---------------------------------------------------------------------------------------------------------
 
-void QAttributeTreeView::setModel(QAbstractItemModel* pqModel)
+// Called by setModel() too. The selection model clears itself on a reset; restoring must come after it.
+void QAttributeTreeView::setSelectionModel(QItemSelectionModel* pqSelectionModel)
 {
-    if (model())
-        disconnect(model(), &QAbstractItemModel::modelAboutToBeReset, this, &QAttributeTreeView::rememberState);
+    QTreeView::setSelectionModel(pqSelectionModel);
+    disconnect(m_oAboutToBeReset);
+    disconnect(m_oReset);
     m_pState.reset();
-    QTreeView::setModel(pqModel);
-    if (pqModel)
-        connect(pqModel, &QAbstractItemModel::modelAboutToBeReset, this, &QAttributeTreeView::rememberState);
+    noteDataSets();
+    if (!model())
+        return;
+    m_oAboutToBeReset =
+        connect(model(), &QAbstractItemModel::modelAboutToBeReset, this, &QAttributeTreeView::rememberState);
+    m_oReset = connect(model(), &QAbstractItemModel::modelReset, this, &QAttributeTreeView::restoreState);
 }
 
 void QAttributeTreeView::rememberState()
@@ -170,14 +174,10 @@ void QAttributeTreeView::rememberState()
     if (!pqModel)
         return;
     m_pState = std::make_unique<ViewState>();
-    for (int iRow = 0; iRow < pqModel->rowCount(); ++iRow) {
-        const QModelIndex dataSet = pqModel->index(iRow, 0);
-        const int iId = pqModel->nodeFromIndex(dataSet)->globalID();
-        m_pState->m_viDataSets.push_back(iId);
-        if (!isExpanded(dataSet))
+    // An insertion has moved rows already; the indexes noted before it still say what is expanded.
+    for (const auto& [iId, dataSet] : m_vDataSets)
+        if (dataSet.isValid() && !isExpanded(dataSet))
             m_pState->m_viCollapsed.push_back(iId);
-    }
-    std::sort(m_pState->m_viDataSets.begin(), m_pState->m_viDataSets.end());
     std::sort(m_pState->m_viCollapsed.begin(), m_pState->m_viCollapsed.end());
     for (const QModelIndex& index : selectedIndexes())
         m_pState->m_viSelected.push_back(pqModel->nodeFromIndex(index)->globalID());
@@ -186,23 +186,26 @@ void QAttributeTreeView::rememberState()
     m_pState->m_iScrollPosition = verticalScrollBar()->value();
 }
 
-void QAttributeTreeView::reset()
+void QAttributeTreeView::noteDataSets()
 {
-    QTreeView::reset();
-    if (m_pState)
-        restoreState();
+    m_vDataSets.clear();
+    if (const QTreeItemModel* pqModel = treeModel()) {
+        for (int iRow = 0; iRow < pqModel->rowCount(); ++iRow) {
+            const QModelIndex dataSet = pqModel->index(iRow, 0);
+            m_vDataSets.emplace_back(pqModel->nodeFromIndex(dataSet)->globalID(), dataSet);
+        }
+    }
 }
 
 void QAttributeTreeView::restoreState()
 {
+    noteDataSets();
     const std::unique_ptr<ViewState> pState = std::move(m_pState);
     const QTreeItemModel* pqModel = treeModel();
-    if (!pqModel || !pqModel->dataRoot())
+    if (!pState || !pqModel || !pqModel->dataRoot() || !selectionModel())
         return;
     const QScopedValueRollback<bool> oRestoring(m_bRestoring, true);
-    for (int iRow = 0; iRow < pqModel->rowCount(); ++iRow) {
-        const QModelIndex dataSet = pqModel->index(iRow, 0);
-        const int iId = pqModel->nodeFromIndex(dataSet)->globalID();
+    for (const auto& [iId, dataSet] : m_vDataSets) {
         setExpanded(dataSet, !std::binary_search(pState->m_viCollapsed.begin(), pState->m_viCollapsed.end(), iId));
     }
     const auto fnIndex = [pqModel](int iId) { return pqModel->indexFromNode(pqModel->dataRoot()->nodeFromID(iId)); };
@@ -222,6 +225,7 @@ void QAttributeTreeView::updateView()
 {
     rememberState();
     reset();
+    restoreState();
     expandAll();
 }
 

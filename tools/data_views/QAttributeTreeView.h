@@ -2,11 +2,13 @@
 
 #include "gkBaseToolsExport.h"
 
+#include <QPersistentModelIndex>
 #include <QPointer>
 #include <QTreeView>
 
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 class QColor;
@@ -50,8 +52,7 @@ public:
     /// Replaces the colour dialog. An empty function goes back to it.
     void setColorPicker(ColorPicker fnPicker);
 
-    void setModel(QAbstractItemModel* pqModel) override;
-    void reset() override;
+    void setSelectionModel(QItemSelectionModel* pqSelectionModel) override;
     void scrollTo(const QModelIndex& index, ScrollHint eHint = EnsureVisible) override;
 
 public slots:
@@ -80,12 +81,17 @@ private:
     QMenu* createDefaultPopupMenu();
     void rememberState();
     void restoreState();
+    void noteDataSets();
     QModelIndex ownIndex(const QModelIndex& index) const;
 
     QPointer<QMenu> m_pqMenu;
     ColorPicker m_fnColorPicker;
     std::unique_ptr<ViewState> m_pState; ///< set from the start of a model reset to its end
+    /// The data sets after the last reset, with the indexes by which the base class knows them.
+    std::vector<std::pair<int, QPersistentModelIndex>> m_vDataSets;
     bool m_bRestoring = false;
+    QMetaObject::Connection m_oAboutToBeReset;
+    QMetaObject::Connection m_oReset;
 };
 
 } // namespace gkBase

@@ -98,9 +98,7 @@ private:
     QPushButton* m_pqClearButton = nullptr;
     QPushButton* m_pqCloseButton = nullptr;
 
-    QString m_sAttribute;
     QMetaType::Type m_eType = QMetaType::UnknownType;
-    boost::shared_ptr<UnitManager> m_poUnit;
 };
 
 } // namespace gkBase
