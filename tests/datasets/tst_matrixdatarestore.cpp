@@ -234,6 +234,22 @@ private slots:
         QCOMPARE(poRoot->redoText(), QString("step 2"));
     }
 
+    void restoresACellThatWasStoredTwice()
+    {
+        const auto poRoot = makeTree();
+        MatrixData* poNode = poRoot->leafs().front();
+        auto* poRecord = new MatrixDataRestore(poNode, "twice");
+        for (double dValue : {1.0, 2.0}) {
+            poRecord->dataStore(3, poNode->value(3, 0));
+            poNode->setValue(3, 0, dValue);
+        }
+        poRoot->appendUndoAction(poRecord, true);
+        QVERIFY(poRoot->undo());
+        QCOMPARE(poNode->value(3, 0), QVariant(0.0));
+        QVERIFY(poRoot->redo());
+        QCOMPARE(poNode->value(3, 0), QVariant(2.0));
+    }
+
     void putsTheSameObjectBack()
     {
         const auto poRoot = makeTree();
