@@ -74,6 +74,7 @@ void ColumnCollector::addCell(int iColumn, std::string_view sCell, qint64 iLine)
     } else if (m_oMarks.isMissingNumber(sCell)) {
         addMissing(iColumn);
     } else {
+        column.m_bLeadingZero = eKind == NumberKind::LeadingZero;
         addNoNumber(column, sCell, iLine);
     }
 }
@@ -205,7 +206,14 @@ QString ColumnCollector::typeName(int iColumn) const
 void ColumnCollector::remarkTexts(int iColumn, const QString& sName, ImportReport& report) const
 {
     const Column& column = m_vColumns[static_cast<std::size_t>(iColumn)];
-    if (column.m_eType == QMetaType::QString && column.m_iNumbers > 0) {
+    if (column.m_eType != QMetaType::QString) {
+        return;
+    }
+    if (column.m_bLeadingZero) {
+        report.addRemark(
+            column.m_iTextLine,
+            tr("Column \"%1\" is text: the zeros in front of \"%2\" make it a label.").arg(sName, column.m_sText));
+    } else if (column.m_iNumbers > 0) {
         report.addRemark(column.m_iTextLine,
                          tr("Column \"%1\" is text: \"%2\" is no number that can be held exactly, after %3 numbers.")
                              .arg(sName, column.m_sText)

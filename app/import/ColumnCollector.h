@@ -72,6 +72,7 @@ private:
         bool m_bYesNo = true;
         bool m_bColor = true;
         bool m_bSecondPass = false;
+        bool m_bLeadingZero = false; ///< the first cell that is no number is one like "007"
         qint64 m_iMissing = 0;
         qint64 m_iNumbers = 0;  ///< cells read as numbers before the first text
         qint64 m_iTextLine = 0; ///< of the first cell that is no number

@@ -188,6 +188,7 @@ void TestCsvImport::lateTextKeepsEarlierCells()
     QCOMPARE(texts.text(5000), QStringLiteral("broken"));
     QCOMPARE(result.m_vTables[0].m_vColumns[1].m_oValues.type(), QMetaType::Int);
     QCOMPARE(result.m_oReport.remarks().at(0).m_iLine, 5002);
+    QCOMPARE(read("id\n\n007\n").m_oReport.remarks().at(0).m_iLine, 3);
 }
 
 void TestCsvImport::raggedRowsAreReported()
