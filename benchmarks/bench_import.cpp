@@ -51,7 +51,7 @@ std::string csvHeader()
 {
     std::string sHeader = "c0";
     for (int i = 1; i < g_iColumns; ++i) {
-        sHeader += ",c" + std::to_string(i);
+        sHeader.append(",c").append(std::to_string(i));
     }
     return sHeader + '\n';
 }
@@ -96,7 +96,7 @@ void readLas(benchmark::State& state)
 {
     std::string sHeader = "~V\nVERS. 2.0 :\nWRAP. NO :\n~W\nNULL. -999.25 :\n~C\n";
     for (int i = 0; i < g_iColumns; ++i) {
-        sHeader += "C" + std::to_string(i) + ".M :\n";
+        sHeader.append("C").append(std::to_string(i)).append(".M :\n");
     }
     const QByteArray qBytes = table(sHeader + "~A\n", state.range(0), ' ', false);
     ImportResult result;
