@@ -139,7 +139,7 @@ std::size_t blankCellEnd(std::string_view sText)
             return iClose + 1;
         }
     }
-    return std::min(sText.find_first_of(" \t"), sText.size());
+    return static_cast<std::size_t>(std::find_if(sText.begin(), sText.end(), isBlank) - sText.begin());
 }
 
 } // namespace

@@ -88,7 +88,10 @@ bool LineReader::next(std::string_view& sLine)
     if (m_sRest.empty()) {
         return false;
     }
-    const std::size_t iEnd = std::min(m_sRest.find_first_of("\r\n"), m_sRest.size());
+    std::size_t iEnd = 0;
+    while (iEnd < m_sRest.size() && m_sRest[iEnd] != '\n' && m_sRest[iEnd] != '\r') {
+        ++iEnd;
+    }
     sLine = m_sRest.substr(0, iEnd);
     const std::string_view sEnd = m_sRest.substr(iEnd, 2);
     m_sRest.remove_prefix(iEnd + (sEnd == "\r\n" ? 2 : std::min<std::size_t>(sEnd.size(), 1)));
