@@ -1,11 +1,13 @@
 #pragma once
 
+#include "MatrixColumn.h"
 #include "gkBaseToolsExport.h"
 
 #include <QByteArray>
-#include <QMetaType>
 #include <QString>
 #include <QVariant>
+
+#include <boost/shared_ptr.hpp>
 
 #include <optional>
 #include <vector>
@@ -13,16 +15,17 @@
 namespace gkBase {
 
 class MatrixData;
+class UnitManager;
 
 /// A rectangle of cell values with their types and units, as a drag carries it.
 struct GKBASETOOLS_EXPORT CellBlock
 {
     struct Column
     {
-        QMetaType::Type m_eType = QMetaType::Double;
         QString m_sCategory;
         QString m_sModelUnit;
-        std::vector<QVariant> m_vqValues; ///< model values, one per row; invalid: missing
+        MatrixColumn m_oValues;                   ///< model values, one per row
+        boost::shared_ptr<UnitManager> m_poUnits; ///< made of the two texts for a block that was read
     };
 
     int m_iRows = 0;

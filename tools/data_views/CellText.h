@@ -3,6 +3,7 @@
 #include "gkBaseToolsExport.h"
 
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 
 #include <optional>

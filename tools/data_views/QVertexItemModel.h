@@ -9,8 +9,6 @@
 #include <QAbstractItemModel>
 #include <QVariant>
 
-#include <functional>
-#include <memory>
 #include <vector>
 
 class QMimeData;
@@ -18,8 +16,7 @@ class QMimeData;
 namespace gkBase {
 
 class MatrixData;
-class MatrixDataNotifier;
-class MatrixDataRestore;
+struct CellBlock;
 
 /// The checked attributes of a data-set tree as a table: one column per attribute, one row per sheet row, optionally
 /// thinned to every n-th row or restricted to a list of rows (TableRowMap tells which). Values are shown and edited
@@ -67,6 +64,7 @@ public:
     void setModified(bool bModified);
     /// Whether edits are recorded; they are at first.
     void enableUndoRedo(bool bEnable) { m_bUndoRedo = bEnable; }
+    bool isUndoRedoEnabled() const { return m_bUndoRedo; }
     bool rowsCanBeExtended() const { return m_bRowsCanBeExtended; }
     /// Whether pasting and Enter in the last row may append rows; they may not at first.
     void setRowsCanBeExtended(bool bExtend) { m_bRowsCanBeExtended = bExtend; }
@@ -129,8 +127,8 @@ protected:
     void rebuildColumns();
     /// The cell as text for copies.
     virtual QString exactText(int iRow, int iColumn) const;
-    /// Runs an edit whose change signals this model sends itself.
-    void editQuietly(const std::function<void()>& edit);
+    /// What a cell of a sheet row shows, or its editor with Qt::EditRole; empty for colours and flags.
+    static QVariant cellText(const MatrixData& oNode, int iSheetRow, int iRole);
 
 private slots:
     void slotUpdate();
@@ -147,17 +145,28 @@ private:
     void resetColumns();
     void emitColumnChanged(int iColumn);
 
-    QVariant cellData(const MatrixData& oNode, const QModelIndex& index, int iRole) const;
+    std::vector<MatrixData*> shownColumns() const;
     QVariant background(const MatrixData& oNode, const QModelIndex& index) const;
     bool isWritable(int iTableRow, int iColumn) const;
+    QString undoPlace(const QModelIndex& index) const;
     bool setEditedText(const QModelIndex& index, MatrixData* poNode, const QVariant& qValue);
     bool setCheckState(const QModelIndex& index, MatrixData* poNode, const QVariant& qValue);
     void writeCell(const QModelIndex& index, MatrixData* poNode, const QVariant& qValue, const QString& sUndoName);
-    std::unique_ptr<MatrixDataRestore> newRecord(MatrixData* poNode, const QString& sName) const;
-    bool applyBlock(BlockWrite& oBlock, const QString& sUndoName);
-    bool writeBlock(int iRows, int iColumns, int iRow, int iColumn, const QString& sUndoName,
-                    const std::function<QVariant(const MatrixData&, int, int)>& valueOf);
-    bool dropTarget(int iRow, int iColumn, const QModelIndex& parent, int& iTargetRow, int& iTargetColumn) const;
+
+    void addTargets(BlockWrite& oBlock, int iRows, int iColumns, int iRow, int iColumn) const;
+    void storeBlock(const BlockWrite& oBlock);
+    bool applyBlock(BlockWrite& oBlock);
+    bool writeRectangle(BlockWrite& oBlock);
+    bool writeCellBlock(const CellBlock& oCells, int iRow, int iColumn);
+    bool interpolateCells(const CellRuns& oCells);
+    /// The value of a cell after a calculation in display units; invalid when there is none.
+    static QVariant changedValue(const MatrixData& oNode, int iRecord, CellModification::Method eMethod,
+                                 double dOperand);
+    static QString modifyName(CellModification::Method eMethod, const QString& sOperand,
+                              const MatrixData& oFirstColumn);
+    CellBlock cellBlock(const CellRuns& oCells, const std::vector<int>& viRows,
+                        const std::vector<int>& viColumns) const;
+    bool dropTarget(int iRow, int iColumn, const QModelIndex& parent, QModelIndex& target) const;
 
     MatrixData* m_poDataRoot = nullptr; ///< not owned
     bool m_bModified = false;
@@ -167,7 +176,8 @@ private:
     int m_iNextFilterStepSize = -1;
     bool m_bUndoRedo = true;
     bool m_bRowsCanBeExtended = false;
-    bool m_bEditing = false; ///< the change signals of the tree come from this model's own edit
+    MatrixData* m_poEdited = nullptr; ///< whose change this model announces itself
+    bool m_bResetFollows = false;     ///< changes of the tree need no signals of their own
 };
 
 } // namespace gkBase

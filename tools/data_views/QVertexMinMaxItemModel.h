@@ -44,6 +44,8 @@ public:
 
     /// What the editors of the unit and category rows offer for a column; empty for other rows.
     QStringList choices(const QModelIndex& index) const;
+    /// The one of them that holds now.
+    QString currentChoice(const QModelIndex& index) const;
 
 signals:
     void unitCategoryChanged();
