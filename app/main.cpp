@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QCoreApplication>
+#include <QIcon>
 
 #include <cstdio>
 #include <memory>
@@ -57,6 +58,7 @@ int main(int argc, char** argv)
         return finish(gkHost::CommandResult::badUsage(sError));
 
     QApplication application(argc, argv);
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/gkanalyser/gkanalyser.png")));
     gkHost::AnalyserApplication analyser;
     analyser.start(lFiles);
     return QApplication::exec();

@@ -69,12 +69,14 @@ void AnalyserTablePage::connectTables()
     connect(m_pqTable, &QVertexModelTableView::sliderMoved, m_pqSummaryTable,
             &QVertexMinMaxModelTableView::slotSliderMoved);
     connect(m_pModel, &QAbstractItemModel::modelReset, this, &AnalyserTablePage::alignRowLabels);
+    connect(m_pSummaryModel, &QAbstractItemModel::modelReset, this, &AnalyserTablePage::alignRowLabels);
 }
 
 void AnalyserTablePage::alignRowLabels()
 {
-    const int iWidth = std::max(m_pqTable->verticalHeader()->sizeHint().width(),
-                                m_pqSummaryTable->verticalHeader()->sizeHint().width());
+    // Each view fixes the width that its own labels need.
+    const int iWidth = std::max(m_pqTable->verticalHeader()->minimumWidth(),
+                                m_pqSummaryTable->verticalHeader()->minimumWidth());
     m_pqTable->verticalHeader()->setFixedWidth(iWidth);
     m_pqSummaryTable->verticalHeader()->setFixedWidth(iWidth);
 }

@@ -122,7 +122,7 @@ void QDataAnalyserDialog::initialize(const QString& sName, QMenu* pqMenu, Qt::Or
     m_pqTabWidget = new TabWidgetWithFloatingTabs(m_pqSplitter);
     m_pqSplitter->setStretchFactor(0, 0);
     m_pqSplitter->setStretchFactor(1, 1);
-    m_pqSplitter->setSizes({220, 780});
+    m_pqSplitter->setSizes({m_iTreeSize, width() - m_iTreeSize});
 
     createTableWidget(iTableOption);
     createTreeWidget();
@@ -133,8 +133,7 @@ void QDataAnalyserDialog::initialize(const QString& sName, QMenu* pqMenu, Qt::Or
     connect(m_pqTabWidget, &TabWidgetWithFloatingTabs::detachedTab, this, &QDataAnalyserDialog::scheduleRefill);
 
     readSettings();
-    m_liSplitterSizes = m_pqSplitter->sizes();
-    connect(m_pqSplitter, &QSplitter::splitterMoved, this, [this] { m_liSplitterSizes = m_pqSplitter->sizes(); });
+    connect(m_pqSplitter, &QSplitter::splitterMoved, this, [this] { m_iTreeSize = m_pqSplitter->sizes().value(0); });
     connect(QApplication::clipboard(), &QClipboard::dataChanged, this, &QDataAnalyserDialog::enablePasteAction);
     updateChartDataSetSelectionBoxes();
 }
@@ -446,8 +445,8 @@ void QDataAnalyserDialog::slotTabWidgetChanged()
 void QDataAnalyserDialog::resetSplitterRatios()
 {
     // A page with a wide minimum size must not squeeze the tree for the pages after it.
-    if (!m_liSplitterSizes.isEmpty())
-        m_pqSplitter->setSizes(m_liSplitterSizes);
+    const QList<int> liSizes = m_pqSplitter->sizes();
+    m_pqSplitter->setSizes({m_iTreeSize, liSizes.value(0) + liSizes.value(1) - m_iTreeSize});
 }
 
 QWidget* QDataAnalyserDialog::pageNamed(const QString& sName) const
@@ -695,7 +694,8 @@ void QDataAnalyserDialog::readSettings()
     if (!m_pqSplitter)
         return;
     settings.beginGroup(QLatin1String(g_splitterGroup));
-    m_pqSplitter->restoreState(settings.value(QStringLiteral("tree_splitter")).toByteArray());
+    if (m_pqSplitter->restoreState(settings.value(QStringLiteral("tree_splitter")).toByteArray()))
+        m_iTreeSize = m_pqSplitter->sizes().value(0, m_iTreeSize);
     settings.endGroup();
 }
 

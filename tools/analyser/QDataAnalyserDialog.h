@@ -185,7 +185,7 @@ private:
     FileChooser m_fnFileChooser;
 
     QSplitter* m_pqSplitter = nullptr;
-    QList<int> m_liSplitterSizes; ///< as the user left them
+    int m_iTreeSize = 220; ///< pixels, as the user left them
     QTreeItemModel* m_pTreeModel = nullptr;
     QAttributeTreeView* m_pqTreeView = nullptr;
     TabWidgetWithFloatingTabs* m_pqTabWidget = nullptr;

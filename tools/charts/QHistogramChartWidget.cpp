@@ -260,6 +260,7 @@ void QHistogramChartWidget::initializeNewHistogramChart()
     const bool bFrequency = m_pModel->histogramType() == MatrixData::Frequency;
     const QString sType = m_pqHistogramTypeComboBox->currentText();
     m_pqLeftAxis->setTitle(bFrequency ? sType : sType + QLatin1Char('%'));
+    m_pqLeftAxis->setWholeNumbers(bFrequency);
     m_pqBottomAxis->setTitle(m_poData ? m_poData->name() : QString());
     m_pqBottomAxis->setUnitManager(m_poData ? m_poData->unitManager() : boost::shared_ptr<UnitManager>());
     const MatrixData* poDataSet = m_poData ? m_poData->owner() : nullptr;

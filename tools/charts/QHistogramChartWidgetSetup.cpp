@@ -1,6 +1,7 @@
 // The controls of the histogram panel and how they are laid out and connected.
 
 #include "DisplayUnitManager.h"
+#include "ElidedLabel.h"
 #include "QCartesianAxisWidget.h"
 #include "QDecoratedToolBox.h"
 #include "QDoubleSpinBoxWithSlider.h"
@@ -85,9 +86,8 @@ void QHistogramChartWidget::createChart()
     m_pqLeftAxis = new QCartesianAxisWidget(QCartesianAxisWidget::Left, this);
     m_pqBottomAxis = new QCartesianAxisWidget(QCartesianAxisWidget::Bottom, this);
     m_pqPlot->setAxes(m_pqLeftAxis, m_pqBottomAxis);
-    m_pqTitleLabel = new QLabel(this);
+    m_pqTitleLabel = new ElidedLabel(this);
     m_pqTitleLabel->setTextFormat(Qt::PlainText);
-    m_pqTitleLabel->setAlignment(Qt::AlignCenter);
     // A long name must not push the chart wider than the window.
     m_pqTitleLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }

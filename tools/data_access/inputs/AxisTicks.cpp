@@ -167,7 +167,8 @@ AxisTicks axisTicks(double dMin, double dMax, const NiceStep& oStep)
     return oTicks;
 }
 
-AxisTicks fittedAxisTicks(const AxisScale& oScale, const LabelExtent& labelExtent, double dGap, double dMinSpacing)
+AxisTicks fittedAxisTicks(const AxisScale& oScale, const LabelExtent& labelExtent, double dGap, double dMinSpacing,
+                          double dSmallestStep)
 {
     const double dMin = oScale.minValue();
     const double dMax = oScale.maxValue();
@@ -177,11 +178,13 @@ AxisTicks fittedAxisTicks(const AxisScale& oScale, const LabelExtent& labelExten
     const double dPixelsPerUnit = std::abs(oScale.map().pixelsPerUnit());
     const double dLength = oScale.chartLength();
     NiceStep oStep = niceStep(dMin, dMax, static_cast<int>(std::clamp(dLength / dMinSpacing, 1.0, 1.0e6)));
+    while (oStep.m_iMantissa != 0 && oStep.value() < dSmallestStep)
+        oStep = oStep.next();
     for (;;) {
         const AxisTicks oTicks = axisTicks(dMin, dMax, oStep);
         if (oTicks.m_vMajor.size() <= 1) {
             // Nothing left to thin out. One number is no scale: a short axis may have its ticks closer.
-            return dMinSpacing > dGap ? fittedAxisTicks(oScale, labelExtent, dGap, dGap) : oTicks;
+            return dMinSpacing > dGap ? fittedAxisTicks(oScale, labelExtent, dGap, dGap, dSmallestStep) : oTicks;
         }
         double dLongest = 0.0;
         for (const QString& sLabel : oTicks.m_lLabels)

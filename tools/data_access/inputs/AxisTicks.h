@@ -68,9 +68,10 @@ GKBASEQT_EXPORT void niceRange(double& dMin, double& dMax, int iMaxSteps = 10);
 GKBASEQT_EXPORT AxisTicks axisTicks(double dMin, double dMax, const NiceStep& oStep);
 
 /// Ticks of the finest step whose labels stand at least dGap pixels apart along the axis, with ticks at least
-/// dMinSpacing apart unless that leaves a single one; all labels have room on the whole chart picture.
+/// dMinSpacing apart unless that leaves a single one; all labels have room on the whole chart picture. No step is
+/// smaller than dSmallestStep (1 for counts).
 GKBASEQT_EXPORT AxisTicks fittedAxisTicks(const AxisScale& oScale, const LabelExtent& labelExtent, double dGap,
-                                          double dMinSpacing);
+                                          double dMinSpacing, double dSmallestStep = 0.0);
 
 /// The labels of multiples of a step: as many decimals as the step needs, digits grouped by threes from 100 000 on, and
 /// an exponent where that is shorter. All labels of one axis have the same form.

@@ -167,6 +167,14 @@ void QCartesianAxisWidget::setInverted(bool bInverted)
     redraw();
 }
 
+void QCartesianAxisWidget::setWholeNumbers(bool bWholeNumbers)
+{
+    if (bWholeNumbers == m_bWholeNumbers)
+        return;
+    m_bWholeNumbers = bWholeNumbers;
+    redraw();
+}
+
 void QCartesianAxisWidget::setAxisColor(const QColor& color)
 {
     m_oAxisColor = color;
@@ -217,7 +225,7 @@ gkBase::AxisTicks QCartesianAxisWidget::ticksForScale(const gkBase::AxisScale& o
 {
     const gkBase::AxisStyle oStyle = axisStyle();
     return gkBase::fittedAxisTicks(oScale, gkBase::labelExtent(oStyle), gkBase::labelGap(oStyle),
-                                   gkBase::tickSpacing(oStyle));
+                                   gkBase::tickSpacing(oStyle), m_bWholeNumbers ? 1.0 : 0.0);
 }
 
 gkBase::AxisStyle QCartesianAxisWidget::axisStyle() const

@@ -74,6 +74,8 @@ public:
     /// Turns the direction in which the values grow: downwards on a vertical axis, to the left on a horizontal one.
     void setInverted(bool bInverted);
     bool isInverted() const { return m_bInverted; }
+    /// Labels whole numbers only, for an axis of counts.
+    void setWholeNumbers(bool bWholeNumbers);
 
     /// Colour of line, ticks and texts; an invalid colour (default) takes the palette's text colour.
     void setAxisColor(const QColor& color);
@@ -129,6 +131,7 @@ private:
     int m_iVisibleLength = 0; ///< for which scale and ticks were made; a hidden widget may be resized later
     bool m_bDrawTitle = true;
     bool m_bInverted = false;
+    bool m_bWholeNumbers = false;
     QString m_sTitle;
     QColor m_oAxisColor;
     QColor m_oBackgroundColor;
