@@ -3,12 +3,12 @@
 #include <gkBase/MatrixColumn.h>
 #include <gkBase/MatrixData.h>
 #include <gkBase/MatrixDataStrike.h>
+#include <gkBase/MissingValue.h>
 
 #include <QColor>
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <optional>
 
 namespace gkHost {
 
@@ -35,14 +35,15 @@ gkBase::MatrixData* attributeOf(const gkBase::MatrixData& dataSet, const QString
     return nullptr;
 }
 
-bool cellEquals(const gkBase::MatrixColumn& column, int iRecord, const QString& sValue, std::optional<double> oNumber)
+/// dNumber is sValue as a number, NaN when it is none.
+bool cellEquals(const gkBase::MatrixColumn& column, int iRecord, const QString& sValue, double dNumber)
 {
     if (column.isMissing(iRecord))
         return sValue.isEmpty();
     switch (column.type()) {
     case QMetaType::Double:
     case QMetaType::Int:
-        return oNumber && column.number(iRecord) == *oNumber;
+        return column.number(iRecord) == dNumber;
     case QMetaType::Bool:
         return column.value(iRecord).toBool()
                    ? sValue.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0 || sValue == QLatin1String("1")
@@ -105,12 +106,13 @@ bool RecordFilter::apply(gkBase::MatrixData& dataSet, QString& sError) const
             return false;
         }
         bool bNumber = false;
-        const double dNumber = condition.m_sValue.toDouble(&bNumber);
-        const std::optional<double> oNumber = bNumber ? std::optional<double>(dNumber) : std::nullopt;
+        double dNumber = condition.m_sValue.toDouble(&bNumber);
+        if (!bNumber)
+            dNumber = gkBase::g_dEmptyCell;
         const gkBase::MatrixColumn& column = poAttribute->column();
         for (int i = 0; i < iRecords; ++i)
             if (vbKeep[static_cast<std::size_t>(i)])
-                vbKeep[static_cast<std::size_t>(i)] = cellEquals(column, i, condition.m_sValue, oNumber);
+                vbKeep[static_cast<std::size_t>(i)] = cellEquals(column, i, condition.m_sValue, dNumber);
     }
 
     for (int iChild = 0; iChild < dataSet.childCount(); ++iChild) {

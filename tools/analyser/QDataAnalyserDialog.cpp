@@ -189,6 +189,11 @@ void QDataAnalyserDialog::createTableWidget(int iTableOption)
     connect(m_pqTablePage, &AnalyserTablePage::tableClicked, this, &QDataAnalyserDialog::enablePasteAction);
     connect(pqTable, &QVertexModelTableView::selectionChangedByUser, this,
             &QDataAnalyserDialog::resetChartsUpdateNeeded);
+    // Whole columns and vertices are no block of cells that a frame would mark.
+    connect(pqTable, &QVertexModelTableView::sectionClicked, pqTable,
+            &QVertexModelTableView::turnOffSelectionRectangle);
+    connect(pqTable, &QVertexModelTableView::verteciesSelected, pqTable,
+            &QVertexModelTableView::turnOffSelectionRectangle);
     connect(m_pqTablePage, &AnalyserTablePage::contextMenuRequested, this, [this](const QPoint& oGlobalPos) {
         enablePasteAction();
         if (m_pqMenu)
