@@ -5,8 +5,9 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 export QT_QPA_PLATFORM=offscreen
+programs() { find build/release/benchmarks -maxdepth 1 -type f -executable -name 'bench_*' | sort; }
 if [ "${1:-}" = "--smoke" ]; then
-    for program in build/release/benchmarks/bench_*; do
+    for program in $(programs); do
         "$program" --benchmark_list_tests >/dev/null
         echo "$(basename "$program"): starts"
     done
@@ -14,7 +15,7 @@ if [ "${1:-}" = "--smoke" ]; then
 fi
 cmake --preset release -DGK_BUILD_BENCHMARKS=ON >/dev/null
 cmake --build --preset release
-for program in build/release/benchmarks/bench_*; do
+for program in $(programs); do
     echo "== $(basename "$program")"
     "$program" "$@"
 done
