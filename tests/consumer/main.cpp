@@ -1,5 +1,6 @@
 #include <gkBase/MatrixData.h>
 #include <gkBase/QDataAnalyserDialog.h>
+#include <gkBase/QVertexModelTableView.h>
 #include <gkBase/UnitRegistry.h>
 
 #include <QApplication>
@@ -27,7 +28,7 @@ int main(int argc, char** argv)
     analyser.changeDataRoot(&root);
     analyser.resize(900, 600);
     analyser.show();
-    QApplication::processEvents();
+    QCoreApplication::processEvents();
 
     const QAbstractItemModel* pqTable = analyser.vertexTable()->model();
     const int iRows = pqTable->rowCount();
