@@ -39,11 +39,11 @@ std::optional<CommandResult> renderHistogram(CommandInput& input, const QString&
 {
     std::optional<CommandResult> oError = input.require(QStringLiteral("attribute"));
     const auto oInterval = input.positiveNumber(QStringLiteral("interval"), oError);
-    const int iType = choice(input, QStringLiteral("type"),
-                             {QStringLiteral("frequency"), QStringLiteral("relative"), QStringLiteral("cumulative")},
-                             oError);
-    const int iBackground = choice(input, QStringLiteral("background"),
-                                   {QStringLiteral("white"), QStringLiteral("black")}, oError);
+    const int iType =
+        choice(input, QStringLiteral("type"),
+               {QStringLiteral("frequency"), QStringLiteral("relative"), QStringLiteral("cumulative")}, oError);
+    const int iBackground =
+        choice(input, QStringLiteral("background"), {QStringLiteral("white"), QStringLiteral("black")}, oError);
     if (!oError)
         oError = input.load();
     if (oError)

@@ -5,7 +5,12 @@
 namespace gkHost {
 
 /// Exit status of the program.
-enum ExitStatus { ExitOk = 0, ExitBadInput = 1, ExitBadUsage = 2 };
+enum ExitStatus
+{
+    ExitOk = 0,
+    ExitBadInput = 1,
+    ExitBadUsage = 2
+};
 
 /// What a command came to: its exit status, the text for standard output and, unless it went well, one message for
 /// standard error.

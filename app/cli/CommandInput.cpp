@@ -23,7 +23,8 @@ bool isNumeric(const gkBase::MatrixData& attribute)
 
 } // namespace
 
-CommandInput::CommandInput() : m_poRoot(std::make_unique<gkBase::MatrixData>(QStringLiteral("Data")))
+CommandInput::CommandInput()
+    : m_poRoot(std::make_unique<gkBase::MatrixData>(QStringLiteral("Data")))
 {
     m_poRoot->setRegistry(&m_registry);
     m_parser.addPositionalArgument(QStringLiteral("FILE"), text("The data file: CSV, other delimited text, or LAS."));

@@ -45,7 +45,10 @@ bool isVersion(const QString& sArgument)
 
 } // namespace
 
-CommandLine::CommandLine(const QStringList& lArguments) : m_lArguments(lArguments.mid(1)) {}
+CommandLine::CommandLine(const QStringList& lArguments)
+    : m_lArguments(lArguments.mid(1))
+{
+}
 
 bool CommandLine::isCommand() const
 {

@@ -11,8 +11,9 @@ CommandResult runConvertCommand(const QStringList& lArguments)
     CommandInput input;
     const auto text = [](const char* pText) { return QCoreApplication::translate("CommandLine", pText); };
     input.parser().setApplicationDescription(text("Writes all data sets of a file as CSV with full precision."));
-    input.parser().addOptions({{QStringLiteral("out"), text("The CSV file to write."), QStringLiteral("PATH")},
-                               {QStringLiteral("report"), text("Write the import report here."), QStringLiteral("PATH")}});
+    input.parser().addOptions(
+        {{QStringLiteral("out"), text("The CSV file to write."), QStringLiteral("PATH")},
+         {QStringLiteral("report"), text("Write the import report here."), QStringLiteral("PATH")}});
     if (const auto oResult = input.parse(lArguments))
         return *oResult;
 

@@ -78,8 +78,8 @@ CommandResult runRenderCommand(const QStringList& lArguments)
         return *oMissing;
     const QString sPath = input.value(QStringLiteral("out"));
     if (!gkBase::ChartExporter::formats().contains(QFileInfo(sPath).suffix().toLower()))
-        return CommandResult::badUsage(text("--out: \"%1\" must end in .%2").arg(
-            sPath, gkBase::ChartExporter::formats().join(QLatin1String(", ."))));
+        return CommandResult::badUsage(text("--out: \"%1\" must end in .%2")
+                                           .arg(sPath, gkBase::ChartExporter::formats().join(QLatin1String(", ."))));
     const std::optional<QSize> oSize = sizeFrom(input.value(QStringLiteral("size")));
     if (!oSize)
         return CommandResult::badUsage(

@@ -16,15 +16,15 @@ CommandResult runStatsCommand(const QStringList& lArguments)
     CommandInput input;
     const auto text = [](const char* pText) { return QCoreApplication::translate("CommandLine", pText); };
     input.parser().setApplicationDescription(text("Prints the statistics of an attribute, in model units."));
-    input.parser().addOptions({{QStringLiteral("attribute"), text("The attribute."), QStringLiteral("NAME")},
-                               {QStringLiteral("interval"), text("Class size; chosen when absent."), QStringLiteral("X")},
-                               {QStringLiteral("json"), text("Print JSON.")}});
+    input.parser().addOptions(
+        {{QStringLiteral("attribute"), text("The attribute."), QStringLiteral("NAME")},
+         {QStringLiteral("interval"), text("Class size; chosen when absent."), QStringLiteral("X")},
+         {QStringLiteral("json"), text("Print JSON.")}});
     if (const auto oResult = input.parse(lArguments))
         return *oResult;
 
     std::optional<CommandResult> oError = input.require(QStringLiteral("attribute"));
-    const double dInterval =
-        input.positiveNumber(QStringLiteral("interval"), oError).value_or(gkBase::g_dMissingValue);
+    const double dInterval = input.positiveNumber(QStringLiteral("interval"), oError).value_or(gkBase::g_dMissingValue);
     if (!oError)
         oError = input.load();
     if (oError)

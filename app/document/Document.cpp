@@ -6,7 +6,9 @@
 
 namespace gkHost {
 
-Document::Document(QObject* pqParent) : QObject(pqParent), m_root(QStringLiteral("Data"))
+Document::Document(QObject* pqParent)
+    : QObject(pqParent)
+    , m_root(QStringLiteral("Data"))
 {
     m_root.setRegistry(&m_registry);
     m_iSavedState = m_root.undoState();

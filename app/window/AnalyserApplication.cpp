@@ -19,7 +19,8 @@ QString recentFilesKey()
 } // namespace
 
 AnalyserApplication::AnalyserApplication(QObject* pqParent)
-    : QObject(pqParent), m_importController(&m_document)
+    : QObject(pqParent)
+    , m_importController(&m_document)
 {
     connect(&m_importController, &ImportController::opened, this, &AnalyserApplication::addRecentFile);
 }

@@ -3,9 +3,9 @@
 #include "AnalyserApplication.h"
 #include "AnglesDialog.h"
 #include "ExportChartDialog.h"
+#include "FileImporter.h"
 #include "ImportOptionsDialog.h"
 #include "ImportReportDialog.h"
-#include "FileImporter.h"
 
 #include <gkBase/ChartExporter.h>
 #include <gkBase/DisplayUnitManager.h>
@@ -52,7 +52,8 @@ QString withExtension(const QString& sPath, const QString& sExtension)
 } // namespace
 
 AnalyserWindow::AnalyserWindow(AnalyserApplication* pApplication)
-    : m_pApplication(pApplication), m_pqAnalyser(new gkBase::QDataAnalyserDialog(this))
+    : m_pApplication(pApplication)
+    , m_pqAnalyser(new gkBase::QDataAnalyserDialog(this))
     , m_pqStatusLabel(new QLabel(this))
 {
     setAttribute(Qt::WA_DeleteOnClose);
@@ -92,7 +93,8 @@ AnalyserWindow::~AnalyserWindow()
     m_pqAnalyser->changeDataRoot(nullptr);
 }
 
-// ---- menus -----------------------------------------------------------------------------------------------------------
+// ---- menus
+// -----------------------------------------------------------------------------------------------------------
 
 void AnalyserWindow::createFileMenu()
 {
@@ -104,8 +106,8 @@ void AnalyserWindow::createFileMenu()
     m_pqReportAction = pqMenu->addAction(tr("&Import Report…"), this, &AnalyserWindow::showReport);
     pqMenu->addSeparator();
     pqMenu->addAction(tr("&Save As CSV…"), QKeySequence(tr("Ctrl+Shift+S")), this, &AnalyserWindow::saveAsCsv);
-    m_pqExportAction = pqMenu->addAction(tr("&Export Chart…"), QKeySequence(tr("Ctrl+Shift+E")), this,
-                                         &AnalyserWindow::exportChart);
+    m_pqExportAction =
+        pqMenu->addAction(tr("&Export Chart…"), QKeySequence(tr("Ctrl+Shift+E")), this, &AnalyserWindow::exportChart);
     pqMenu->addSeparator();
     pqMenu->addAction(tr("&Close Window"), QKeySequence::Close, this, &QWidget::close);
     pqMenu->addAction(tr("&Quit"), QKeySequence::Quit, qApp, &QApplication::closeAllWindows);
@@ -199,9 +201,8 @@ void AnalyserWindow::fillUnitsMenu()
         const auto it = DisplayUnitManager::instance().find(sCategory);
         const QString sChosen = it == DisplayUnitManager::instance().end() ? QString() : it->second;
         const auto addUnit = [&, &sName = sCategory](const QString& sText, const QString& sUnit) {
-            QAction* pqAction = pqMenu->addAction(sText, this, [sName, sUnit] {
-                DisplayUnitManager::instance().setDisplayUnit(sName, sUnit);
-            });
+            QAction* pqAction = pqMenu->addAction(
+                sText, this, [sName, sUnit] { DisplayUnitManager::instance().setDisplayUnit(sName, sUnit); });
             pqAction->setCheckable(true);
             pqAction->setChecked(sUnit == sChosen);
             pqGroup->addAction(pqAction);
@@ -233,7 +234,8 @@ void AnalyserWindow::fillWindowMenu()
     }
 }
 
-// ---- files -----------------------------------------------------------------------------------------------------------
+// ---- files
+// -----------------------------------------------------------------------------------------------------------
 
 QString AnalyserWindow::lastFolder() const
 {
@@ -283,8 +285,8 @@ bool AnalyserWindow::saveAsCsv()
     Document* pDocument = m_pApplication->document();
     QString sStart = lastFolder();
     if (!pDocument->files().isEmpty())
-        sStart += QLatin1Char('/') + QFileInfo(pDocument->files().constFirst()).completeBaseName() +
-                  QStringLiteral(".csv");
+        sStart +=
+            QLatin1Char('/') + QFileInfo(pDocument->files().constFirst()).completeBaseName() + QStringLiteral(".csv");
     const QString sPath = withExtension(
         QFileDialog::getSaveFileName(this, tr("Save As CSV"), sStart, QStringLiteral("CSV(Comma delimited)(*.csv)")),
         QStringLiteral("csv"));
@@ -303,11 +305,10 @@ void AnalyserWindow::exportChart()
     ExportChartDialog dialog(this);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    const QString sPath = withExtension(QFileDialog::getSaveFileName(this, tr("Export Chart"),
-                                                                     lastFolder() + QStringLiteral("/histogram.png"),
-                                                                     gkBase::ChartExporter::nameFilters().join(
-                                                                         QLatin1String(";;"))),
-                                        QStringLiteral("png"));
+    const QString sPath = withExtension(
+        QFileDialog::getSaveFileName(this, tr("Export Chart"), lastFolder() + QStringLiteral("/histogram.png"),
+                                     gkBase::ChartExporter::nameFilters().join(QLatin1String(";;"))),
+        QStringLiteral("png"));
     if (sPath.isEmpty())
         return;
     m_pqAnalyser->updateHistogramData();
@@ -318,7 +319,8 @@ void AnalyserWindow::exportChart()
         m_pqStatusLabel->setText(tr("Exported %1").arg(sPath));
 }
 
-// ---- state -----------------------------------------------------------------------------------------------------------
+// ---- state
+// -----------------------------------------------------------------------------------------------------------
 
 void AnalyserWindow::updateTitle()
 {
@@ -348,9 +350,9 @@ bool AnalyserWindow::mayLoseEdits()
         iWindows += pqWindow && pqWindow->isVisible();
     if (iWindows > 1 || !pDocument->isModified())
         return true;
-    const auto eAnswer = QMessageBox::question(
-        this, tr("gkanalyser"), tr("The data have been edited. Save them before closing?"),
-        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    const auto eAnswer =
+        QMessageBox::question(this, tr("gkanalyser"), tr("The data have been edited. Save them before closing?"),
+                              QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
     if (eAnswer == QMessageBox::Save)
         return saveAsCsv();
     return eAnswer == QMessageBox::Discard;

@@ -22,7 +22,8 @@ QSpinBox* newSizeBox(const QString& sName, int iValue, QWidget* pqParent)
 } // namespace
 
 ExportChartDialog::ExportChartDialog(QWidget* pqParent)
-    : QDialog(pqParent), m_pqWidth(newSizeBox(tr("Width"), 1000, this))
+    : QDialog(pqParent)
+    , m_pqWidth(newSizeBox(tr("Width"), 1000, this))
     , m_pqHeight(newSizeBox(tr("Height"), 800, this))
 {
     setWindowTitle(tr("Export Chart"));

@@ -14,7 +14,7 @@ namespace gkHost {
 
 namespace {
 
-constexpr int g_iProgressInterval = 100;  // milliseconds
+constexpr int g_iProgressInterval = 100; // milliseconds
 constexpr int g_iProgressSteps = 1000;
 
 void showMessage(QWidget* pqParent, const QString& sText)
@@ -27,7 +27,10 @@ void showMessage(QWidget* pqParent, const QString& sText)
 } // namespace
 
 ImportController::ImportController(Document* pDocument, QObject* pqParent)
-    : QObject(pqParent), m_pDocument(pDocument), m_fnMessage(showMessage), m_pqProgressTimer(new QTimer(this))
+    : QObject(pqParent)
+    , m_pDocument(pDocument)
+    , m_fnMessage(showMessage)
+    , m_pqProgressTimer(new QTimer(this))
 {
     m_pqProgressTimer->setInterval(g_iProgressInterval);
     connect(m_pqProgressTimer, &QTimer::timeout, this, &ImportController::showProgress);
@@ -62,14 +65,15 @@ void ImportController::startNext()
     m_iDone = 0;
     m_iTotal = 0;
     m_bCancel = false;
-    m_pqThread = QThread::create([this, sPath = m_lJobs.constFirst().m_sPath, options = m_lJobs.constFirst().m_options] {
-        m_pResult = std::make_unique<ImportResult>(
-            FileImporter::readFile(sPath, options, [this](qint64 iDone, qint64 iTotal) {
-                m_iDone = iDone;
-                m_iTotal = iTotal;
-                return !m_bCancel;
-            }));
-    });
+    m_pqThread =
+        QThread::create([this, sPath = m_lJobs.constFirst().m_sPath, options = m_lJobs.constFirst().m_options] {
+            m_pResult = std::make_unique<ImportResult>(
+                FileImporter::readFile(sPath, options, [this](qint64 iDone, qint64 iTotal) {
+                    m_iDone = iDone;
+                    m_iTotal = iTotal;
+                    return !m_bCancel;
+                }));
+        });
     connect(m_pqThread, &QThread::finished, this, &ImportController::finishJob);
     m_pqThread->start();
     m_pqProgressTimer->start();
@@ -107,10 +111,10 @@ void ImportController::finishJob()
     } else {
         const OrientationChoice fnChoice =
             m_fnChoice ? m_fnChoice
-                       : OrientationChoice([&job](const ImportTable& table,
-                                                  const std::vector<OrientationProposal>& vProposals) {
-                             return OrientationDialog::choose(table, vProposals, job.m_pqWindow);
-                         });
+                       : OrientationChoice(
+                             [&job](const ImportTable& table, const std::vector<OrientationProposal>& vProposals) {
+                                 return OrientationDialog::choose(table, vProposals, job.m_pqWindow);
+                             });
         DataFile file = dataFileFrom(std::move(*pResult), *m_pDocument->registry(), fnChoice);
         if (file.isOk()) {
             m_pDocument->add(std::move(file), job.m_sPath);

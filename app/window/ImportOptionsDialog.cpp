@@ -42,7 +42,8 @@ std::optional<bool> flagOf(const QComboBox* pqBox)
 } // namespace
 
 ImportOptionsDialog::ImportOptionsDialog(QWidget* pqParent)
-    : QDialog(pqParent), m_pqMissing(new QLineEdit(this))
+    : QDialog(pqParent)
+    , m_pqMissing(new QLineEdit(this))
     , m_pqDetectMissing(new QCheckBox(tr("Read repeated values such as -999.25 as empty"), this))
 {
     setWindowTitle(tr("Import Options"));

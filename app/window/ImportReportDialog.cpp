@@ -13,7 +13,9 @@
 namespace gkHost {
 
 ImportReportDialog::ImportReportDialog(const std::vector<ImportReport>& vReports, QWidget* pqParent)
-    : QDialog(pqParent), m_vReports(vReports.rbegin(), vReports.rend()), m_pqFiles(new QComboBox(this))
+    : QDialog(pqParent)
+    , m_vReports(vReports.rbegin(), vReports.rend())
+    , m_pqFiles(new QComboBox(this))
     , m_pqText(new QPlainTextEdit(this))
 {
     setWindowTitle(tr("Import Report"));
@@ -47,9 +49,9 @@ ImportReportDialog::ImportReportDialog(const std::vector<ImportReport>& vReports
 void ImportReportDialog::save()
 {
     const ImportReport& report = m_vReports[static_cast<std::size_t>(m_pqFiles->currentIndex())];
-    const QString sPath = QFileDialog::getSaveFileName(this, tr("Save Import Report"),
-                                                       report.file() + QStringLiteral(".report.txt"),
-                                                       tr("Text (*.txt);;All files (*)"));
+    const QString sPath =
+        QFileDialog::getSaveFileName(this, tr("Save Import Report"), report.file() + QStringLiteral(".report.txt"),
+                                     tr("Text (*.txt);;All files (*)"));
     QString sError;
     if (!sPath.isEmpty() && !report.save(sPath, &sError))
         QMessageBox::warning(this, windowTitle(), sError);

@@ -12,7 +12,13 @@ namespace gkHost {
 
 namespace {
 
-enum Column { UseColumn, ConventionColumn, ReasonColumn, ColumnCount };
+enum Column
+{
+    UseColumn,
+    ConventionColumn,
+    ReasonColumn,
+    ColumnCount
+};
 
 QString columnNames(const ImportTable& table, const OrientationProposal& proposal)
 {
@@ -27,13 +33,15 @@ QString columnNames(const ImportTable& table, const OrientationProposal& proposa
 
 OrientationDialog::OrientationDialog(const ImportTable& table, const std::vector<OrientationProposal>& vProposals,
                                      QWidget* pqParent)
-    : QDialog(pqParent), m_vProposals(vProposals)
+    : QDialog(pqParent)
+    , m_vProposals(vProposals)
     , m_pqTable(new QTableWidget(static_cast<int>(vProposals.size()), ColumnCount, this))
 {
     setWindowTitle(tr("Orientations in %1").arg(table.m_sName));
-    auto* pqIntroduction = new QLabel(tr("These columns look like orientations. Confirm how they are written; angles are "
-                                         "in degrees, azimuths clockwise from north, strike by the right-hand rule."),
-                                      this);
+    auto* pqIntroduction =
+        new QLabel(tr("These columns look like orientations. Confirm how they are written; angles are "
+                      "in degrees, azimuths clockwise from north, strike by the right-hand rule."),
+                   this);
     pqIntroduction->setTextFormat(Qt::PlainText);
     pqIntroduction->setWordWrap(true);
 

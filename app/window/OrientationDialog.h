@@ -23,9 +23,8 @@ public:
     std::vector<OrientationProposal> chosen() const;
 
     /// Runs the dialog; none when the user leaves the columns as they are.
-    static std::vector<OrientationProposal> choose(const ImportTable& table,
-                                                   const std::vector<OrientationProposal>& vProposals,
-                                                   QWidget* pqParent);
+    static std::vector<OrientationProposal>
+    choose(const ImportTable& table, const std::vector<OrientationProposal>& vProposals, QWidget* pqParent);
 
 private:
     void addRow(int iRow, const ImportTable& table);

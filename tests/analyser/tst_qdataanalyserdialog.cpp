@@ -224,9 +224,9 @@ private slots:
         const QByteArray qText = file.readAll();
         QVERIFY2(qText.contains("2,10") && qText.contains("3,15") && !qText.contains("4,20"), qText.constData());
         QCOMPARE(m_pqDialog->fileName(), QStringLiteral("well.csv"));
-        QCOMPARE(QSettings().value(QStringLiteral(
-                     "attribute_analyser/last_trn_data_analyser_file_path/path")).toString(),
-                 m_folder.path());
+        QCOMPARE(
+            QSettings().value(QStringLiteral("attribute_analyser/last_trn_data_analyser_file_path/path")).toString(),
+            m_folder.path());
         QVERIFY(QSettings().contains(QStringLiteral("attribute_analyser/tree_splitter_size/tree_splitter")));
     }
 

@@ -42,7 +42,8 @@ private slots:
     void init()
     {
         m_pApplication = std::make_unique<AnalyserApplication>();
-        m_pApplication->importController()->setMessage([this](QWidget*, const QString& sText) { m_lMessages << sText; });
+        m_pApplication->importController()->setMessage(
+            [this](QWidget*, const QString& sText) { m_lMessages << sText; });
         m_pApplication->importController()->setOrientationChoice(
             [](const ImportTable&, const std::vector<OrientationProposal>& vProposals) { return vProposals; });
         m_pApplication->start({});
@@ -81,8 +82,11 @@ private slots:
         QVERIFY(pModel->setData(pModel->index(3, 1), QStringLiteral("55")));
         QVERIFY(m_pqWindow->isWindowModified());
         QVERIFY(pqSecond->isWindowModified());
-        QCOMPARE(pqSecond->analyser()->vertexItemModel()->data(pModel->index(3, 1).siblingAtColumn(1), Qt::EditRole)
-                     .isValid(), true);
+        QCOMPARE(pqSecond->analyser()
+                     ->vertexItemModel()
+                     ->data(pModel->index(3, 1).siblingAtColumn(1), Qt::EditRole)
+                     .isValid(),
+                 true);
         QAction* pqUndo = action(QStringLiteral("Undo"));
         QVERIFY2(pqUndo->text().contains(QLatin1String("Edit Cell: value=55")), qPrintable(pqUndo->text()));
         pqUndo->trigger();

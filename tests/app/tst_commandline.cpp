@@ -59,9 +59,11 @@ private slots:
         QCOMPARE(rows[QStringLiteral("max")].toDouble(), 8.0);
         QCOMPARE(stats({QStringLiteral("--where"), QStringLiteral("Set=even")})[QStringLiteral("n")].toInt(), 51);
         QCOMPARE(stats({QStringLiteral("--where"), QStringLiteral("Value=3.0")})[QStringLiteral("n")].toInt(), 1);
-        QCOMPARE(stats({QStringLiteral("--where"), QStringLiteral("Flag=false"), QStringLiteral("--where"),
-                        QStringLiteral("Set=odd"), QStringLiteral("--rows"), QStringLiteral("1-10")})
-                     [QStringLiteral("n")].toInt(), 5);
+        QCOMPARE(
+            stats({QStringLiteral("--where"), QStringLiteral("Flag=false"), QStringLiteral("--where"),
+                   QStringLiteral("Set=odd"), QStringLiteral("--rows"), QStringLiteral("1-10")})[QStringLiteral("n")]
+                .toInt(),
+            5);
         // Nothing passes: nothing is counted, and nothing is invented.
         const QJsonObject none = stats({QStringLiteral("--where"), QStringLiteral("Set=none")});
         QCOMPARE(none[QStringLiteral("n")].toInt(), 0);
@@ -87,19 +89,21 @@ private slots:
         QTest::newRow("bad interval") << QStringList{"stats", sEven, "--attribute", "Value", "--interval", "-1"} << 2;
         QTest::newRow("unknown attribute") << QStringList{"stats", sEven, "--attribute", "Dip"} << 1;
         QTest::newRow("text attribute") << QStringList{"stats", sEven, "--attribute", "Set"} << 1;
-        QTest::newRow("unknown condition") << QStringList{"stats", sEven, "--attribute", "Value", "--where", "x=1"} << 1;
+        QTest::newRow("unknown condition")
+            << QStringList{"stats", sEven, "--attribute", "Value", "--where", "x=1"} << 1;
         QTest::newRow("missing file") << QStringList{"stats", path("none.csv"), "--attribute", "Value"} << 1;
         QTest::newRow("bad file") << QStringList{"stats", path("bad.csv"), "--attribute", "a"} << 1;
         QTest::newRow("no chart") << QStringList{"render", sEven, "--out", sOut} << 2;
         QTest::newRow("unknown chart") << QStringList{"render", sEven, "--chart", "pie", "--out", sOut} << 2;
-        QTest::newRow("unknown type")
-            << QStringList{"render", sEven, "--chart", "histogram", "--attribute", "Value", "--type", "x", "--out", sOut}
-            << 2;
-        QTest::newRow("unknown format")
-            << QStringList{"render", sEven, "--chart", "histogram", "--attribute", "Value", "--out", path("x.gif")} << 2;
-        QTest::newRow("bad size")
-            << QStringList{"render", sEven, "--chart", "histogram", "--attribute", "Value", "--out", sOut, "--size", "9"}
-            << 2;
+        QTest::newRow("unknown type") << QStringList{"render", sEven,    "--chart", "histogram", "--attribute",
+                                                     "Value",  "--type", "x",       "--out",     sOut}
+                                      << 2;
+        QTest::newRow("unknown format") << QStringList{"render",      sEven,   "--chart", "histogram",
+                                                       "--attribute", "Value", "--out",   path("x.gif")}
+                                        << 2;
+        QTest::newRow("bad size") << QStringList{"render", sEven,   "--chart", "histogram", "--attribute",
+                                                 "Value",  "--out", sOut,      "--size",    "9"}
+                                  << 2;
         QTest::newRow("folder that is not there")
             << QStringList{"render", sEven, "--chart", "histogram", "--attribute", "Value", "--out", path("no/x.png")}
             << 1;
@@ -131,8 +135,8 @@ private slots:
         QFETCH(QString, file);
         QFETCH(QByteArray, start);
         const CommandResult result =
-            run({"render", path("even.csv"), "--chart", "histogram", "--attribute", "Value", "--interval", "5", "--type",
-                 "relative", "--background", "black", "--size", "640x480", "--out", file});
+            run({"render", path("even.csv"), "--chart", "histogram", "--attribute", "Value", "--interval", "5",
+                 "--type", "relative", "--background", "black", "--size", "640x480", "--out", file});
         QCOMPARE(result.m_sMessage, QString());
         QFile picture(file);
         QVERIFY(picture.open(QIODevice::ReadOnly));

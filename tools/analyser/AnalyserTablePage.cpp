@@ -75,8 +75,8 @@ void AnalyserTablePage::connectTables()
 void AnalyserTablePage::alignRowLabels()
 {
     // Each view fixes the width that its own labels need.
-    const int iWidth = std::max(m_pqTable->verticalHeader()->minimumWidth(),
-                                m_pqSummaryTable->verticalHeader()->minimumWidth());
+    const int iWidth =
+        std::max(m_pqTable->verticalHeader()->minimumWidth(), m_pqSummaryTable->verticalHeader()->minimumWidth());
     m_pqTable->verticalHeader()->setFixedWidth(iWidth);
     m_pqSummaryTable->verticalHeader()->setFixedWidth(iWidth);
 }

@@ -1,0 +1,190 @@
+// How QDataAnalyserDialog builds its widgets and connects them.
+
+#include "AnalyserTablePage.h"
+#include "QAttributeTreeView.h"
+#include "QDataAnalyserDialog.h"
+#include "QHistogramChartWidget.h"
+#include "QTreeItemModel.h"
+#include "QVertexItemModel.h"
+#include "QVertexMinMaxItemModel.h"
+#include "QVertexModelTableView.h"
+#include "TabWidgetWithFloatingTabs.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QIcon>
+#include <QMenu>
+#include <QSplitter>
+
+namespace gkBase {
+
+namespace {
+
+constexpr char g_tablePage[] = "TABLE";
+constexpr char g_histogramPage[] = "HISTOGRAM";
+
+QString browserText(const char* pText)
+{
+    return QCoreApplication::translate("AttributeBrowser", pText);
+}
+
+QIcon pageIcon(const char* pName)
+{
+    return QIcon(QStringLiteral(":/gkBaseQt/Resources/") + QLatin1String(pName));
+}
+
+QIcon actionIcon(const char* pName)
+{
+    return QIcon(QStringLiteral(":/orrel/Resources/") + QLatin1String(pName));
+}
+
+} // namespace
+
+void QDataAnalyserDialog::initialize(const QString& sName, QMenu* pqMenu, Qt::Orientation eOrientation, bool bFlag,
+                                     bool bOrientationCharts, bool bDepthPlot, int iTableOption)
+{
+    // The panels of point charts and orientations that these three ask for are not part of the library yet.
+    Q_UNUSED(bFlag)
+    Q_UNUSED(bOrientationCharts)
+    Q_UNUSED(bDepthPlot)
+    if (m_pqSplitter)
+        return;
+    m_bUpdateNeeded.fill(true);
+    m_pqMenu = pqMenu ? pqMenu : createDefaultPopupMenu();
+
+    auto* pqLayout = new QGridLayout(this);
+    pqLayout->setContentsMargins(0, 0, 0, 0);
+    m_pqSplitter = new QSplitter(eOrientation, this);
+    m_pqSplitter->setChildrenCollapsible(false);
+    pqLayout->addWidget(m_pqSplitter);
+
+    m_pTreeModel = new QTreeItemModel(this, m_poDataRoot);
+    m_pqTreeView = new QAttributeTreeView(m_pqSplitter, nullptr);
+    m_pqTreeView->setAccessibleName(tr("Data sets"));
+    m_pqTreeView->setMinimumSize(150, 100);
+    m_pqTreeView->setModel(m_pTreeModel);
+    connect(m_pTreeModel, &QTreeItemModel::dataModified, this, &QDataAnalyserDialog::dataModified);
+    connect(m_pTreeModel, &QTreeItemModel::updateView, m_pqTreeView, &QAttributeTreeView::updateView);
+    m_pqTreeView->expandAll();
+
+    m_pqTabWidget = new TabWidgetWithFloatingTabs(m_pqSplitter);
+    m_pqSplitter->setStretchFactor(0, 0);
+    m_pqSplitter->setStretchFactor(1, 1);
+    m_pqSplitter->setSizes({m_iTreeSize, width() - m_iTreeSize});
+
+    createTableWidget(iTableOption);
+    createTreeWidget();
+    createHistogramChart(sName);
+    m_pqTabWidget->setCurrentIndex(0);
+    connect(m_pqTabWidget, &QTabWidget::currentChanged, this, &QDataAnalyserDialog::slotTabWidgetChanged);
+    // Tearing a page off makes another one current without currentChanged().
+    connect(m_pqTabWidget, &TabWidgetWithFloatingTabs::detachedTab, this, &QDataAnalyserDialog::scheduleRefill);
+
+    readSettings();
+    connect(m_pqSplitter, &QSplitter::splitterMoved, this, [this] { m_iTreeSize = m_pqSplitter->sizes().value(0); });
+    connect(QApplication::clipboard(), &QClipboard::dataChanged, this, &QDataAnalyserDialog::enablePasteAction);
+    updateChartDataSetSelectionBoxes();
+}
+
+// ---- construction --------------------------------------------------------------------------------------------------
+
+QMenu* QDataAnalyserDialog::createDefaultPopupMenu()
+{
+    auto* pqMenu = new QMenu(browserText("Default Menu"), this);
+    const auto addAction = [this, pqMenu](const char* pText, const QKeySequence& shortcut, const char* pIcon,
+                                          void (QDataAnalyserDialog::*slot)()) {
+        QAction* pqAction = pqMenu->addAction(pIcon ? actionIcon(pIcon) : QIcon(), browserText(pText));
+        pqAction->setShortcut(shortcut);
+        // Chart canvases have shortcuts of their own: these belong to the widgets that the actions are added to.
+        pqAction->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        connect(pqAction, &QAction::triggered, this, slot);
+        return pqAction;
+    };
+    m_pqCopyAction = addAction("Copy", QKeySequence(QStringLiteral("Ctrl+C")), "page_copy.png",
+                               &QDataAnalyserDialog::copyToClipboard);
+    m_pqPasteAction = addAction("Paste", QKeySequence(QStringLiteral("Ctrl+V")), "page_paste.png",
+                                &QDataAnalyserDialog::pasteFromClipboard);
+    m_pqPasteAction->setEnabled(false);
+    m_pqSelectCellsAction =
+        addAction("Select Cell(s)...", {}, "find.png", &QDataAnalyserDialog::showSelectValueCellsDlg);
+    m_pqSelectInverseAction = addAction("Select Inverse", {}, "arrow_switch.png", &QDataAnalyserDialog::selectInverse);
+    m_pqSaveAsAction = addAction("Save As...", {}, nullptr, &QDataAnalyserDialog::slotSaveAs);
+    return pqMenu;
+}
+
+void QDataAnalyserDialog::createTableWidget(int iTableOption)
+{
+    m_pqTablePage = new AnalyserTablePage(m_poDataRoot, iTableOption == 1, m_pqTabWidget);
+    addPage(m_pqTablePage, QLatin1String(g_tablePage), tr("Table View"), QStringLiteral("table.png"));
+    if (m_pqCopyAction) {
+        m_pqTablePage->addAction(m_pqCopyAction);
+        m_pqTablePage->addAction(m_pqPasteAction);
+    }
+
+    connect(m_pqTablePage->model(), &QVertexItemModel::dataModified, this, &QDataAnalyserDialog::slotDataModified);
+    connect(m_pqTablePage->summaryModel(), &QVertexItemModel::dataModified, this,
+            &QDataAnalyserDialog::slotDataModified);
+    connect(m_pqTablePage->model(), &QVertexItemModel::dataModified, this,
+            &QDataAnalyserDialog::updateChartDataSetSelectionBoxes);
+    connect(m_pqTablePage->summaryModel(), &QVertexItemModel::dataModified, this,
+            &QDataAnalyserDialog::updateChartDataSetSelectionBoxes);
+    connect(m_pqTablePage->summaryModel(), &QVertexMinMaxItemModel::unitCategoryChanged, this,
+            &QDataAnalyserDialog::hideShowOrientationWindows);
+
+    QVertexModelTableView* pqTable = vertexTable();
+    connect(m_pqTablePage, &AnalyserTablePage::tableClicked, pqTable, &QVertexModelTableView::slotDeselectVertecies);
+    connect(m_pqTablePage, &AnalyserTablePage::tableClicked, this, &QDataAnalyserDialog::checkResetChartsUpdateNeeded);
+    connect(m_pqTablePage, &AnalyserTablePage::tableClicked, this, &QDataAnalyserDialog::enablePasteAction);
+    connect(pqTable, &QVertexModelTableView::selectionChangedByUser, this,
+            &QDataAnalyserDialog::resetChartsUpdateNeeded);
+    // Whole columns and vertices are no block of cells that a frame would mark.
+    connect(pqTable, &QVertexModelTableView::sectionClicked, pqTable,
+            &QVertexModelTableView::turnOffSelectionRectangle);
+    connect(pqTable, &QVertexModelTableView::verteciesSelected, pqTable,
+            &QVertexModelTableView::turnOffSelectionRectangle);
+    connect(m_pqTablePage, &AnalyserTablePage::contextMenuRequested, this, [this](const QPoint& oGlobalPos) {
+        enablePasteAction();
+        if (m_pqMenu)
+            m_pqMenu->popup(oGlobalPos);
+    });
+}
+
+void QDataAnalyserDialog::createTreeWidget()
+{
+    connect(m_pTreeModel, &QTreeItemModel::treeItemNameChanged, this,
+            &QDataAnalyserDialog::updateChartDataSetSelectionBoxes);
+    connect(m_pTreeModel, &QTreeItemModel::treeItemNameChanged, this, &QDataAnalyserDialog::updateTableViews);
+    connect(m_pTreeModel, &QTreeItemModel::treeItemSelected, this, &QDataAnalyserDialog::updateTableViews);
+    connect(m_pTreeModel, &QTreeItemModel::treeItemSelected, this,
+            &QDataAnalyserDialog::updateChartDataSetSelectionBoxes);
+    connect(m_pqTreeView, &QAbstractItemView::clicked, this, &QDataAnalyserDialog::accept_ClearSelection);
+    connect(m_pqTreeView, &QAbstractItemView::clicked, this, &QDataAnalyserDialog::setCurrentHistogramDataSet);
+    connect(vertexTable(), &QVertexModelTableView::tableItemSelected, m_pqTreeView, &QAbstractItemView::clearSelection);
+    connect(vertexTable(), &QAbstractItemView::clicked, m_pqTreeView, &QAbstractItemView::clearSelection);
+    connect(m_pqTreeView, &QAttributeTreeView::treeItemsChanged, this,
+            &QDataAnalyserDialog::updateChartDataSetSelectionBoxes);
+}
+
+void QDataAnalyserDialog::createHistogramChart(const QString& sName)
+{
+    m_pqHistogramChart = new QHistogramChartWidget(m_pqTabWidget);
+    m_pqHistogramChart->setAccessibleName(sName);
+    m_pqHistogramChart->setDataRoot(m_poDataRoot);
+    addPage(m_pqHistogramChart, QLatin1String(g_histogramPage), tr("Histogram Chart"), QStringLiteral("histogram.png"));
+    m_vChartPages.push_back({Histogram, m_pqHistogramChart, [this] { updateHistogramData(); },
+                             [this] { m_pqHistogramChart->copyToClipboard(); }});
+    connect(m_pqHistogramChart, &QHistogramChartWidget::dataSetSelected, this,
+            &QDataAnalyserDialog::updateHistogramData);
+}
+
+void QDataAnalyserDialog::addPage(QWidget* pqPage, const QString& sObjectName, const QString& sText,
+                                  const QString& sIcon)
+{
+    pqPage->setObjectName(sObjectName);
+    m_pqTabWidget->addTab(pqPage, pageIcon(sIcon.toLatin1().constData()), sText);
+}
+
+} // namespace gkBase
