@@ -15,6 +15,13 @@ void print(std::FILE* pFile, const QString& sText)
     std::fputs(sText.toUtf8().constData(), pFile);
 }
 
+/// Commands write their one message themselves; what the toolkit remarks about its surroundings would only hide it.
+void ignoreRemarks(QtMsgType eType, const QMessageLogContext&, const QString& sText)
+{
+    if (eType == QtCriticalMsg || eType == QtFatalMsg)
+        print(stderr, sText + QLatin1Char('\n'));
+}
+
 int finish(const gkHost::CommandResult& result)
 {
     print(stdout, result.m_sOutput);
@@ -44,6 +51,7 @@ int main(int argc, char** argv)
         // Commands run without a display; they draw with the same code as the window.
         if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
             qputenv("QT_QPA_PLATFORM", "offscreen");
+        qInstallMessageHandler(ignoreRemarks);
         std::unique_ptr<QCoreApplication> pqApplication;
         if (commandLine.needsWidgets())
             pqApplication = std::make_unique<QApplication>(argc, argv);
