@@ -25,6 +25,7 @@ public:
     }
 
     bool hasRecordList() const { return !m_viRecords.empty(); }
+    std::span<const double> column() const { return m_vdValues; }
     std::size_t columnSize() const { return m_vdValues.size(); }
     /// Values that are visited at most: the length of the list, or of the column.
     std::size_t size() const { return hasRecordList() ? m_viRecords.size() : m_vdValues.size(); }

@@ -26,17 +26,30 @@ Range& rangeOf(std::vector<Range>& vRanges, int iColumn)
     return vRanges[static_cast<std::size_t>(iColumn)];
 }
 
+/// Fills what is not known yet. Tables show mean and range together, so both are taken while the column is at hand.
+template <typename Range>
+void summarize(Range& oRange, const MatrixColumn& column)
+{
+    if (oRange.m_bRangeKnown && oRange.m_bMeanKnown) {
+        return;
+    }
+    const ColumnNumbers numbers(column);
+    const SummaryStatistics oSummary = valueRange(numbers.values());
+    oRange.m_dMean = meanInRange(numbers.values(), oSummary);
+    oRange.m_bMeanKnown = true;
+    if (!oRange.m_bRangeKnown) {
+        oRange.m_dMin = oSummary.m_dMin;
+        oRange.m_dMax = oSummary.m_dMax;
+        oRange.m_bRangeKnown = true;
+    }
+}
+
 } // namespace
 
 void MatrixData::getMinMax(double& dMin, double& dMax) const
 {
     ColumnRange& oRange = rangeOf(m_vRanges, 0);
-    if (!oRange.m_bRangeKnown) {
-        const SummaryStatistics oSummary = valueRange(ColumnNumbers(column(0)).values());
-        oRange.m_dMin = oSummary.m_dMin;
-        oRange.m_dMax = oSummary.m_dMax;
-        oRange.m_bRangeKnown = true;
-    }
+    summarize(oRange, column(0));
     dMin = oRange.m_dMin;
     dMax = oRange.m_dMax;
 }
@@ -56,10 +69,7 @@ void MatrixData::setMinMax(int iColumn, const std::vector<int>& viRecords)
 double MatrixData::mean() const
 {
     ColumnRange& oRange = rangeOf(m_vRanges, 0);
-    if (!oRange.m_bMeanKnown) {
-        oRange.m_dMean = summaryStatistics(ColumnNumbers(column(0)).values()).m_dMean;
-        oRange.m_bMeanKnown = true;
-    }
+    summarize(oRange, column(0));
     return oRange.m_dMean;
 }
 
