@@ -37,6 +37,7 @@ private slots:
     void uselessZoomsAreIgnored();
     void wheel_data();
     void wheel();
+    void wheelThereAndBack();
     void heldPart_data();
     void heldPart();
     void symbolBoxes_data();
@@ -106,6 +107,7 @@ void TestChartGeometry::wheel_data()
     QTest::newRow("below a notch back") << 1.5 << -119 << 1.5;
     QTest::newRow("a notch and a half") << 1.5 << 180 << 1.6;
     QTest::newRow("lower end") << 1.0 << -120 << 1.0;
+    QTest::newRow("below a notch between tenths") << 1.23456789 << 119 << 1.23456789;
     QTest::newRow("onto the lower end") << 1.05 << -120 << 1.0;
     QTest::newRow("upper end") << 19.95 << 240 << 20.0;
 }
@@ -116,6 +118,17 @@ void TestChartGeometry::wheel()
     QFETCH(int, delta);
     QFETCH(double, expected);
     QVERIFY(std::abs(ChartViewport::wheelZoom(zoom, delta) - expected) < 1e-12);
+}
+
+void TestChartGeometry::wheelThereAndBack()
+{
+    // Zoom 1 is compared exactly: it hides scroll bars and drops the offsets.
+    for (int iNotches = 1; iNotches <= 190; ++iNotches) {
+        double zoom = 1.0;
+        for (int i = 0; i < 2 * iNotches; ++i)
+            zoom = ChartViewport::wheelZoom(zoom, i < iNotches ? 120 : -120);
+        QCOMPARE(zoom - 1.0, 0.0);
+    }
 }
 
 void TestChartGeometry::heldPart_data()

@@ -13,6 +13,8 @@ constexpr double g_dMaxChartSide = 1 << 24;
 constexpr int g_iWheelUnitsPerDegree = 8;
 constexpr int g_iDegreesPerStep = 15;
 constexpr double g_dZoomPerStep = 0.1;
+/// Zooms per unit that a wheel can tell apart.
+constexpr double g_dZoomGrain = 1e6;
 
 /// Halves go up for negative numbers too, so that a view stays in place when the chart shrinks below it.
 int rounded(double dValue)
@@ -75,7 +77,11 @@ double ChartViewport::wheelZoom(double dZoom, int iDelta)
 {
     // Two truncating divisions: a turn below one notch changes nothing.
     const int iSteps = iDelta / g_iWheelUnitsPerDegree / g_iDegreesPerStep;
-    return std::clamp(dZoom + iSteps * g_dZoomPerStep, s_dMinZoom, s_dMaxZoom);
+    if (iSteps == 0)
+        return dZoom;
+    // Tenths have no exact sum: without rounding, as many notches back as forth would end beside 1.
+    const double dNew = std::round((dZoom + iSteps * g_dZoomPerStep) * g_dZoomGrain) / g_dZoomGrain;
+    return std::clamp(dNew, s_dMinZoom, s_dMaxZoom);
 }
 
 } // namespace gkBase
