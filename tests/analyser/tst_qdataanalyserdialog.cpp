@@ -3,6 +3,7 @@
 #include "QDataAnalyserDialog.h"
 #include "QHistogramChartWidget.h"
 #include "QHistogramItemModel.h"
+#include "QHistogramPlotWidget.h"
 #include "QSelectCellsDialog.h"
 #include "QTreeItemModel.h"
 #include "QVertexItemModel.h"
@@ -13,9 +14,12 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QFile>
 #include <QHeaderView>
 #include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QPushButton>
 #include <QSettings>
@@ -69,7 +73,7 @@ private slots:
 
     void init()
     {
-        QTest::failOnWarning(QRegularExpression(QStringLiteral("QObject::connect|No such (signal|slot)")));
+        QTest::failOnWarning(QRegularExpression(QStringLiteral("QObject::connect|No such (signal|slot)|Ambiguous")));
         QSettings().clear();
         m_poRoot = newRoot();
         m_pqWindow = std::make_unique<QMainWindow>();
@@ -134,6 +138,137 @@ private slots:
         QTRY_COMPARE(histogramModel()->numberOfPoints(), 10);
         select({0, 9});
         QTRY_COMPARE(histogramModel()->numberOfPoints(), 2);
+
+        QWidget* pqDock = m_pqDialog->histogramChart()->window();
+        pqDock->hide();
+        select({0, 1, 2});
+        QCoreApplication::processEvents();
+        QCOMPARE(histogramModel()->numberOfPoints(), 2);
+        pqDock->show();
+        QTRY_COMPARE(histogramModel()->numberOfPoints(), 3);
+    }
+
+    void oneChangeCountsOnce()
+    {
+        const QSignalSpy refills(histogramModel(), &QAbstractItemModel::modelReset);
+        const auto clickInTree = [this](const QString& sName) {
+            const MatrixData* poNode = m_poRoot->getNodeFromName(sName);
+            const QRect oRect = m_pqDialog->treeView()->visualRect(m_pqDialog->treeItemModel()->indexFromNode(poNode));
+            QTest::mouseClick(m_pqDialog->treeView()->viewport(), Qt::LeftButton, {}, oRect.center());
+            QCoreApplication::processEvents();
+        };
+        select({1});
+        clickInTree(QStringLiteral("Dip"));
+        QCOMPARE(refills.count(), 0); // hidden
+        showHistogram();
+        QCOMPARE(refills.count(), 1);
+        QCOMPARE(histogramModel()->numberOfPoints(), 10);
+        clickInTree(QStringLiteral("Depth"));
+        QCOMPARE(refills.count(), 2);
+        auto* pqChooser =
+            m_pqDialog->histogramChart()->findChild<QComboBox*>(QStringLiteral("m_pqHistogramDataSetComboBox"));
+        QVERIFY(pqChooser && pqChooser->count() == 2);
+        QTest::keyClick(pqChooser, Qt::Key_Down);
+        QCoreApplication::processEvents();
+        QCOMPARE(refills.count(), 3);
+        QCOMPARE(m_pqDialog->histogramChart()->currentSelectedDataSet()->name(), QStringLiteral("Dip"));
+    }
+
+    void secondAnalyserOfTheSameRootFollows()
+    {
+        QDataAnalyserDialog other;
+        other.initialize(QStringLiteral("Other"), nullptr, Qt::Vertical, false, true, true, 0);
+        other.changeDataRoot(m_poRoot.get());
+        other.show();
+        other.tabWidget()->setCurrentWidget(other.histogramChart());
+        QCoreApplication::processEvents();
+        other.histogramChart()->setCurrentDataSet(m_poRoot->getNodeFromName(QStringLiteral("Dip"))->globalID());
+        const QAbstractItemModel* pSummary = other.minMaxVertexTable()->model();
+        const auto shown = [pSummary] {
+            QStringList lTexts;
+            for (int iRow = 0; iRow < pSummary->rowCount(); ++iRow)
+                lTexts << pSummary->index(iRow, 1).data().toString();
+            return lTexts;
+        };
+        const QStringList lBefore = shown();
+        QVERIFY(m_pqDialog->vertexItemModel()->setData(m_pqDialog->vertexItemModel()->index(3, 1), 500));
+        QCOMPARE(other.vertexItemModel()->index(3, 1).data(Qt::EditRole).toDouble(), 500.0);
+        QVERIFY(shown() != lBefore);
+        QTRY_COMPARE(other.histogramChart()->drawingArea()->boundaries().m_oUpperRight.x() >= 500.0, true);
+        QVERIFY(m_poRoot->undo());
+        QCOMPARE(shown(), lBefore);
+        m_poRoot.reset(); // before both
+        QCOMPARE(other.vertexItemModel()->columnCount(), 0);
+    }
+
+    void copyKeyCopiesWhereTheFocusIs_data()
+    {
+        QTest::addColumn<QString>("where");
+        QTest::addColumn<QString>("copied"); // empty: a picture
+        QTest::newRow("tree") << QStringLiteral("tree") << QStringLiteral("Dip\n0\n");
+        QTest::newRow("table") << QStringLiteral("table") << QStringLiteral("1\t5");
+        QTest::newRow("torn-off table") << QStringLiteral("torn-off table") << QStringLiteral("1\t5");
+        QTest::newRow("chart") << QStringLiteral("chart") << QString();
+        QTest::newRow("torn-off chart") << QStringLiteral("torn-off chart") << QString();
+    }
+
+    void copyKeyCopiesWhereTheFocusIs()
+    {
+        QFETCH(QString, where);
+        QFETCH(QString, copied);
+        QMenu* pqEditMenu = m_pqWindow->menuBar()->addMenu(QStringLiteral("Edit"));
+        pqEditMenu->addAction(m_pqDialog->copyAction());
+        pqEditMenu->addAction(m_pqDialog->pasteAction());
+        select({1});
+        QWidget* pqFocus = m_pqDialog->vertexTable();
+        if (where == QStringLiteral("tree")) {
+            pqFocus = m_pqDialog->treeView();
+            m_pqDialog->treeView()->setCurrentIndex(
+                m_pqDialog->treeItemModel()->indexFromNode(m_poRoot->getNodeFromName(QStringLiteral("Dip"))));
+        } else if (where.endsWith(QStringLiteral("chart"))) {
+            showHistogram();
+            pqFocus = m_pqDialog->histogramChart()->drawingArea();
+        }
+        if (where.startsWith(QStringLiteral("torn-off")))
+            m_pqDialog->tabWidget()->slotTabBarMoved(m_pqDialog->tabWidget()->currentIndex());
+        pqFocus->window()->activateWindow();
+        pqFocus->setFocus();
+        QTRY_VERIFY(pqFocus->hasFocus());
+
+        QApplication::clipboard()->setText(QStringLiteral("old"));
+        QTest::keyClick(pqFocus, Qt::Key_C, Qt::ControlModifier);
+        const auto checkClipboard = [&] {
+            const QMimeData* pMimeData = QApplication::clipboard()->mimeData();
+            QCOMPARE(pMimeData->hasImage(), copied.isEmpty());
+            QVERIFY2(pMimeData->text().contains(copied), qPrintable(pMimeData->text()));
+            QCOMPARE(pMimeData->hasHtml(), !copied.isEmpty());
+        };
+        checkClipboard();
+        // The same by the menu.
+        QApplication::clipboard()->setText(QStringLiteral("old"));
+        m_pqDialog->copyAction()->trigger();
+        checkClipboard();
+        QCOMPARE(m_pqDialog->pasteAction()->isEnabled(), !copied.isEmpty());
+    }
+
+    void settingsComeBack()
+    {
+        auto* pqSplitter = m_pqDialog->findChild<QSplitter*>();
+        pqSplitter->setSizes({333, 667});
+        m_pqDialog->setAbsolutPath(m_folder.path());
+        m_pqDialog->saveSettings();
+        for (const Qt::Orientation eOrientation : {Qt::Horizontal, Qt::Vertical}) {
+            QDataAnalyserDialog later;
+            later.initialize(QStringLiteral("Later"), nullptr, eOrientation, false, false, false, 0);
+            later.resize(1000, 700);
+            later.show();
+            later.tabWidget()->setCurrentIndex(1);
+            const auto* pqLaterSplitter = later.findChild<QSplitter*>();
+            QCOMPARE(pqLaterSplitter->orientation(), eOrientation);
+            if (eOrientation == Qt::Horizontal)
+                QCOMPARE(pqLaterSplitter->sizes().constFirst(), pqSplitter->sizes().constFirst());
+            QCOMPARE(later.absolutePath(), m_folder.path());
+        }
     }
 
     void switchingAttributesKeepsTheSelection()

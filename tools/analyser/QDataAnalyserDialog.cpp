@@ -37,6 +37,8 @@ constexpr std::array<const char*, 3> g_orientationPages = {"ROSEPLOT", "STEREOPL
 constexpr char g_filePathGroup[] = "attribute_analyser/last_trn_data_analyser_file_path";
 constexpr char g_splitterGroup[] = "attribute_analyser/tree_splitter_size";
 
+constexpr QSize g_roomForSplitter(16000, 16000);
+
 QString chooseCsvFile(QWidget* pqParent, const QString& sStartPath)
 {
     const QFileInfo oStart(sStartPath);
@@ -49,6 +51,25 @@ QString chooseCsvFile(QWidget* pqParent, const QString& sStartPath)
         return {};
     return dialog.selectedFiles().constLast();
 }
+
+/// Records, rising, as one flag for each up to the last of them.
+class RecordFlags
+{
+public:
+    explicit RecordFlags(const std::vector<int>& viRecords)
+        : m_iSize(viRecords.empty() ? 0 : viRecords.back() + 1)
+        , m_pbFlags(std::make_unique<bool[]>(static_cast<std::size_t>(m_iSize) + 1))
+    {
+        for (const int iRecord : viRecords)
+            m_pbFlags[static_cast<std::size_t>(iRecord)] = true;
+    }
+    bool* data() { return m_pbFlags.get(); }
+    int size() const { return m_iSize; }
+
+private:
+    int m_iSize;
+    std::unique_ptr<bool[]> m_pbFlags;
+};
 
 /// Shows the wait cursor while it lives.
 class WaitCursor
@@ -208,7 +229,7 @@ void QDataAnalyserDialog::setCurrentHistogramDataSet()
     MatrixData* poNode = m_pqTreeView->firstSelected();
     if (!poNode || !poNode->owner())
         return;
-    m_pqHistogramChart->setCurrentDataSet(poNode->globalID());
+    m_pqHistogramChart->chooseDataSet(poNode);
     m_bUpdateNeeded[Histogram] = true;
     scheduleRefill();
 }
@@ -276,6 +297,14 @@ void QDataAnalyserDialog::refillVisibleCharts()
         }
 }
 
+bool QDataAnalyserDialog::eventFilter(QObject* pqWatched, QEvent* pEvent)
+{
+    // A torn-off page that was hidden may have missed changes; nobody else tells that it is seen again.
+    if (pEvent->type() == QEvent::Show)
+        scheduleRefill();
+    return QWidget::eventFilter(pqWatched, pEvent);
+}
+
 void QDataAnalyserDialog::slotTabWidgetChanged()
 {
     if (!m_pqSplitter)
@@ -301,17 +330,27 @@ QWidget* QDataAnalyserDialog::pageNamed(const QString& sName) const
     return nullptr;
 }
 
-const QDataAnalyserDialog::ChartPage* QDataAnalyserDialog::currentChartPage() const
+QWidget* QDataAnalyserDialog::activePage() const
 {
+    const QWidget* pqFocus = QApplication::focusWidget();
+    for (QWidget* pqPage : m_pqTabWidget->floatingPages())
+        if (pqFocus && pqPage->isAncestorOf(pqFocus))
+            return pqPage;
+    return m_pqTabWidget->currentWidget();
+}
+
+const QDataAnalyserDialog::ChartPage* QDataAnalyserDialog::activeChartPage() const
+{
+    const QWidget* pqActive = activePage();
     for (const ChartPage& page : m_vChartPages)
-        if (m_pqTabWidget->currentWidget() == page.m_pqPage)
+        if (page.m_pqPage == pqActive)
             return &page;
     return nullptr;
 }
 
-bool QDataAnalyserDialog::isTablePageCurrent() const
+bool QDataAnalyserDialog::isTablePageActive() const
 {
-    return m_pqTabWidget && m_pqTabWidget->currentWidget() == m_pqTablePage;
+    return m_pqTabWidget && activePage() == m_pqTablePage;
 }
 
 bool QDataAnalyserDialog::isPageVisible(const QWidget* pqPage) const
@@ -389,11 +428,8 @@ void QDataAnalyserDialog::updateCellView()
     m_pqTablePage->table()->resetEmpty();
     m_pqTablePage->summaryTable()->resetEmpty();
     if (!viRecords.empty()) {
-        const int iFlags = viRecords.back() + 1;
-        const auto pbFlags = std::make_unique<bool[]>(static_cast<std::size_t>(iFlags));
-        for (const int iRecord : viRecords)
-            pbFlags[static_cast<std::size_t>(iRecord)] = true;
-        vertexTable()->setRowSelection(pbFlags.get(), iFlags);
+        RecordFlags flags(viRecords);
+        vertexTable()->setRowSelection(flags.data(), flags.size());
     }
     resetChartsUpdateNeeded();
     slotTabWidgetChanged();
@@ -459,15 +495,17 @@ void QDataAnalyserDialog::copyToClipboard()
 {
     if (!m_pqTabWidget)
         return;
-    if (isTablePageCurrent()) {
+    if (isTablePageActive()) {
         // An empty selection leaves the clipboard alone.
-        if (QMimeData* pMimeData = vertexTable()->getSelectedData()) {
+        if (m_pqTreeView->hasFocus() && m_pqTreeView->copyToClipboard()) {
+            // The attributes that are selected there.
+        } else if (QMimeData* pMimeData = vertexTable()->getSelectedData()) {
             QApplication::clipboard()->clear();
             QApplication::clipboard()->setMimeData(pMimeData);
         }
         if (m_pqPasteAction)
             m_pqPasteAction->setEnabled(true);
-    } else if (const ChartPage* pPage = currentChartPage()) {
+    } else if (const ChartPage* pPage = activeChartPage()) {
         QApplication::clipboard()->clear();
         pPage->m_fnCopy();
         if (m_pqPasteAction)
@@ -490,7 +528,7 @@ void QDataAnalyserDialog::enablePasteAction()
     if (!m_pqPasteAction)
         return;
     const QMimeData* pMimeData = QApplication::clipboard()->mimeData();
-    m_pqPasteAction->setEnabled(pMimeData && isTablePageCurrent() &&
+    m_pqPasteAction->setEnabled(pMimeData && isTablePageActive() &&
                                 !pMimeData->data(QStringLiteral("text/plain")).isEmpty());
 }
 
@@ -506,13 +544,9 @@ void QDataAnalyserDialog::slotSaveAs()
     m_sFileName = oFile.fileName();
     m_sAbsolutePath = oFile.absolutePath();
 
-    const std::vector<int> viRecords = vertexTable()->selectedRecords();
-    const int iFlags = viRecords.empty() ? 0 : viRecords.back() + 1;
-    const auto pbFlags = std::make_unique<bool[]>(static_cast<std::size_t>(iFlags));
-    for (const int iRecord : viRecords)
-        pbFlags[static_cast<std::size_t>(iRecord)] = true;
+    RecordFlags flags(vertexTable()->selectedRecords());
     bool bOk = false;
-    m_poDataRoot->writeCSV(sFile, &bOk, pbFlags.get(), iFlags);
+    m_poDataRoot->writeCSV(sFile, &bOk, flags.data(), flags.size());
     emit csvWritten(sFile, bOk);
     saveSettings();
 }
@@ -539,8 +573,18 @@ void QDataAnalyserDialog::readSettings()
     if (!m_pqSplitter)
         return;
     settings.beginGroup(QLatin1String(g_splitterGroup));
-    if (m_pqSplitter->restoreState(settings.value(QStringLiteral("tree_splitter")).toByteArray()))
+    // The state holds an orientation too, but the host has said which one this dialog has.
+    const Qt::Orientation eOrientation = m_pqSplitter->orientation();
+    // A splitter that is not laid out yet has no room for the sizes that come back.
+    if (!isVisible())
+        m_pqSplitter->resize(m_pqSplitter->size().expandedTo(g_roomForSplitter));
+    const bool bRestored = m_pqSplitter->restoreState(settings.value(QStringLiteral("tree_splitter")).toByteArray());
+    if (m_pqSplitter->orientation() != eOrientation) {
+        m_pqSplitter->setOrientation(eOrientation);
+        resetSplitterRatios();
+    } else if (bRestored) {
         m_iTreeSize = m_pqSplitter->sizes().value(0, m_iTreeSize);
+    }
     settings.endGroup();
 }
 

@@ -127,6 +127,9 @@ signals:
     /// "Save As" wrote the file, or could not.
     void csvWritten(const QString& sPath, bool bOk);
 
+protected:
+    bool eventFilter(QObject* pqWatched, QEvent* pEvent) override;
+
 private slots:
     void updateChartDataSetSelectionBoxes();
     void enablePasteAction();
@@ -166,8 +169,10 @@ private:
     void createHistogramChart(const QString& sName);
     void addPage(QWidget* pqPage, const QString& sObjectName, const QString& sText, const QString& sIcon);
     QWidget* pageNamed(const QString& sName) const;
-    const ChartPage* currentChartPage() const;
-    bool isTablePageCurrent() const;
+    /// The torn-off page that has the focus, otherwise the current tab's.
+    QWidget* activePage() const;
+    const ChartPage* activeChartPage() const;
+    bool isTablePageActive() const;
     bool isPageVisible(const QWidget* pqPage) const;
     void connectRoot();
     void slotRootAboutToBeDestroyed();

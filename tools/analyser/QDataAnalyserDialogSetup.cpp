@@ -184,6 +184,7 @@ void QDataAnalyserDialog::addPage(QWidget* pqPage, const QString& sObjectName, c
                                   const QString& sIcon)
 {
     pqPage->setObjectName(sObjectName);
+    pqPage->installEventFilter(this);
     m_pqTabWidget->addTab(pqPage, pageIcon(sIcon.toLatin1().constData()), sText);
 }
 

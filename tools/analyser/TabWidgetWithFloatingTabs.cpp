@@ -245,7 +245,7 @@ TabWidgetWithFloatingTabs::FloatingPage TabWidgetWithFloatingTabs::takeFloating(
     if (it == m_vFloating.end())
         return {};
     updateHomeOrder();
-    const FloatingPage oFloating = *it;
+    FloatingPage oFloating = *it;
     m_vFloating.erase(it);
     disconnect(oFloating.m_pqPage, &QObject::destroyed, this, &TabWidgetWithFloatingTabs::forgetPage);
     pqDock->takePage();

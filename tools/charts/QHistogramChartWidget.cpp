@@ -100,9 +100,15 @@ MatrixData* QHistogramChartWidget::numericAttribute(MatrixData* poData) const
 
 void QHistogramChartWidget::setDataSet(MatrixData* poData)
 {
+    chooseDataSet(poData);
+    updateHistogram();
+}
+
+void QHistogramChartWidget::chooseDataSet(MatrixData* poData)
+{
     m_poData = numericAttribute(poData);
+    m_bDefaultIntervals = true;
     showChooserEntry();
-    updateHistogramWithDefaultIntervals();
 }
 
 void QHistogramChartWidget::setCurrentDataSet(int iGlobalID)
@@ -159,8 +165,12 @@ void QHistogramChartWidget::showChooserEntry()
 
 void QHistogramChartWidget::slotDataSetActivated(int iEntry)
 {
-    setCurrentDataSet(m_pqHistogramDataSetComboBox->itemData(iEntry).toInt());
+    const int iGlobalID = m_pqHistogramDataSetComboBox->itemData(iEntry).toInt();
+    chooseDataSet(m_poRoot ? m_poRoot->nodeFromID(iGlobalID) : nullptr);
     emit dataSetSelected();
+    // An owner counts again on the signal, with the rows that it knows; once is enough.
+    if (m_bDefaultIntervals)
+        updateHistogram();
 }
 
 void QHistogramChartWidget::slotNodeAboutToBeRemoved(MatrixData* poBranch)
@@ -220,12 +230,17 @@ void QHistogramChartWidget::updateHistogram()
 {
     if (m_bInitialising)
         return;
+    if (m_bDefaultIntervals) {
+        updateHistogramWithDefaultIntervals();
+        return;
+    }
     m_pModel->takeNewDataSet(m_poData, m_pqHistogramTypeComboBox->currentIndex(), m_viSelectedRecords);
     initializeNewHistogramChart();
 }
 
 void QHistogramChartWidget::updateHistogramWithDefaultIntervals()
 {
+    m_bDefaultIntervals = false;
     m_pModel->setIntervalSize(g_dMissingValue);
     updateHistogram();
     initialiseIntervalControl();

@@ -43,6 +43,8 @@ public:
     /// Shows an attribute (a data set: its first numeric attribute) with an interval size that suits it. Not owned;
     /// null empties the chart.
     void setDataSet(MatrixData* poData);
+    /// As setDataSet(), but nothing is counted before the next updateHistogram(): for a panel that is not seen.
+    void chooseDataSet(MatrixData* poData);
     /// Selects the chooser's entry with that MatrixData::globalID() and shows it; one that is not offered empties the
     /// chart.
     void setCurrentDataSet(int iGlobalID);
@@ -137,6 +139,7 @@ private:
     MatrixData* m_poData = nullptr;       ///< not owned; dropped likewise
     std::vector<int> m_viSelectedRecords; ///< empty: all
     bool m_bInitialising = true;          ///< no rebuild while the panel is set up
+    bool m_bDefaultIntervals = false;     ///< the next rebuild chooses the interval size
     bool m_bAzimuthScaling = false;
     bool m_bMercatorScaling = false;
 

@@ -4,6 +4,8 @@
 #include "QTreeItemModel.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QClipboard>
 #include <QColorDialog>
 #include <QContextMenuEvent>
 #include <QCoreApplication>
@@ -124,6 +126,15 @@ QMimeData* QAttributeTreeView::getSelectedData() const
 {
     const QTreeItemModel* pqModel = treeModel();
     return pqModel ? pqModel->getHTML_MimeData(selectedIndexes()) : nullptr;
+}
+
+bool QAttributeTreeView::copyToClipboard() const
+{
+    std::unique_ptr<QMimeData> pMimeData(getSelectedData());
+    if (!pMimeData || pMimeData->formats().isEmpty())
+        return false;
+    QApplication::clipboard()->setMimeData(pMimeData.release());
+    return true;
 }
 
 void QAttributeTreeView::deleteSelectedAttributes()
@@ -261,6 +272,11 @@ void QAttributeTreeView::keyPressEvent(QKeyEvent* pqEvent)
 {
     if (pqEvent->matches(QKeySequence::Delete) && state() != EditingState) {
         deleteSelectedAttributes();
+        pqEvent->accept();
+        return;
+    }
+    if (pqEvent->matches(QKeySequence::Copy) && state() != EditingState) {
+        copyToClipboard();
         pqEvent->accept();
         return;
     }

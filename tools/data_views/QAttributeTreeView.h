@@ -21,7 +21,8 @@ class MatrixData;
 class QTreeItemModel;
 
 /// The tree of data sets and attributes over a QTreeItemModel: check boxes, drag and drop between data sets (always
-/// a copy), renaming in place (F2, double click), deleting (Delete key) and a menu on the right button.
+/// a copy), renaming in place (F2, double click), deleting (Delete key), copying (Ctrl+C) and a menu on
+/// the right button.
 ///
 /// Over a reset of the model it keeps what is expanded, selected and current; a data set that is new is shown open.
 class GKBASETOOLS_EXPORT QAttributeTreeView : public QTreeView
@@ -44,6 +45,8 @@ public:
     std::vector<MatrixData*> allSelected() const;
     /// An HTML table of the selected attributes; the caller owns it. Null without a model.
     QMimeData* getSelectedData() const;
+    /// Puts getSelectedData() on the clipboard; false when no attribute is selected, and the clipboard is as it was.
+    bool copyToClipboard() const;
     /// Deletes the selected attributes that may be deleted, each with an undo record.
     void deleteSelectedAttributes();
     /// Expands every data set.
