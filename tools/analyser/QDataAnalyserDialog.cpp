@@ -26,6 +26,7 @@
 #include <QTabBar>
 #include <QTimer>
 
+#include <algorithm>
 #include <memory>
 
 namespace gkBase {
@@ -457,6 +458,11 @@ void QDataAnalyserDialog::showSelectValueCellsDlg()
     m_pqSelectCellsDialog->activateWindow();
 }
 
+int QDataAnalyserDialog::selectCellsColumn() const
+{
+    return std::max(vertexTable()->currentIndex().column(), 0);
+}
+
 void QDataAnalyserDialog::fillSelectCellsDialog()
 {
     const QVertexItemModel* pModel = vertexItemModel();
@@ -465,8 +471,7 @@ void QDataAnalyserDialog::fillSelectCellsDialog()
         lNames << pModel->headerData(i, Qt::Horizontal).toString();
     m_pqSelectCellsDialog->setColumns(lNames);
 
-    const QModelIndex current = vertexTable()->currentIndex();
-    const MatrixData* poNode = pModel->getNode(current.isValid() ? current.column() : 0);
+    const MatrixData* poNode = pModel->getNode(selectCellsColumn());
     if (poNode)
         m_pqSelectCellsDialog->setAttribute(poNode->name(), poNode->type(), poNode->unitManager());
 }
@@ -484,7 +489,7 @@ void QDataAnalyserDialog::accept_SelectValueCellsDlg()
         pqTable->selectColumnCells(dialog.columnFrom(), dialog.columnTo(), dialog.keepPreviousSelection());
     else
         pqTable->selectCells(dialog.value1(), dialog.value2(), dialog.method(), dialog.isRowSelection(),
-                             dialog.keepPreviousSelection());
+                             dialog.keepPreviousSelection(), selectCellsColumn());
     checkResetChartsUpdateNeeded();
 }
 

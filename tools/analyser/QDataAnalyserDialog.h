@@ -180,6 +180,8 @@ private:
     void refillVisibleCharts();
     void resetSplitterRatios();
     void fillSelectCellsDialog();
+    /// The column that a condition is meant for: the current one, or the first.
+    int selectCellsColumn() const;
     /// What the histogram shows first: a number attribute that is switched on, or any. Null without one.
     MatrixData* firstCountableAttribute() const;
 

@@ -320,10 +320,12 @@ bool QVertexItemModel::isCellConditionSatisfied(const QModelIndex& index, const 
     return bFlag;
 }
 
-CellRuns QVertexItemModel::cellsSatisfying(const CellCondition& oCondition) const
+CellRuns QVertexItemModel::cellsSatisfying(const CellCondition& oCondition, int iOnlyColumn) const
 {
     CellRuns oCells(columnCount());
     for (int iColumn = 0; iColumn < columnCount(); ++iColumn) {
+        if (iOnlyColumn >= 0 && iColumn != iOnlyColumn)
+            continue;
         const MatrixData* poNode = getNode(iColumn);
         const auto iRecords = static_cast<std::size_t>(poNode->recordCount());
         const auto pbFlags = std::make_unique<bool[]>(iRecords);

@@ -99,8 +99,8 @@ public:
 
     /// False for summary rows and for a condition that the column's type does not know.
     bool isCellConditionSatisfied(const QModelIndex& index, const CellCondition& oCondition) const;
-    /// The data cells that satisfy a condition, column by column in one pass.
-    CellRuns cellsSatisfying(const CellCondition& oCondition) const;
+    /// The data cells that satisfy a condition, column by column in one pass; of one column, or of all for −1.
+    CellRuns cellsSatisfying(const CellCondition& oCondition, int iOnlyColumn = -1) const;
 
     /// Pastes "text/plain" from a table row and column rightwards and downwards, as one undo record. Cells of summary
     /// rows, of read-only columns and outside the table are left out; rows past the end are appended when rows can be

@@ -57,10 +57,10 @@ public:
     /// All cells of the columns iFrom … iTo (counted from 0, either order); bKeepPreviousSelection adds to the
     /// selection.
     void selectColumnCells(int iFrom, int iTo, bool bKeepPreviousSelection);
-    /// The data cells that satisfy a condition on the shown columns (display values as typed); bIsRowSelection: the
-    /// rows that hold such a cell. bKeepPreviousSelection adds them to the selection.
+    /// The data cells of a column (−1: of all shown ones) that satisfy a condition (display values as typed);
+    /// bIsRowSelection: the rows that hold such a cell. bKeepPreviousSelection adds them to the selection.
     void selectCells(const QString& sValue1, const QString& sValue2, CellCondition::Method eMethod,
-                     bool bIsRowSelection, bool bKeepPreviousSelection);
+                     bool bIsRowSelection, bool bKeepPreviousSelection, int iColumn = -1);
     /// Column type of the first selected cell (by column, then row); UnknownType without a selection.
     QMetaType::Type firstSelectedCellType() const;
     /// By column, then row. Makes one index per cell: for small selections.

@@ -158,12 +158,12 @@ void QVertexModelTableView::selectColumnCells(int iFrom, int iTo, bool bKeepPrev
 }
 
 void QVertexModelTableView::selectCells(const QString& sValue1, const QString& sValue2, CellCondition::Method eMethod,
-                                        bool bIsRowSelection, bool bKeepPreviousSelection)
+                                        bool bIsRowSelection, bool bKeepPreviousSelection, int iColumn)
 {
     const QVertexItemModel* pqModel = vertexModel();
     if (!pqModel)
         return;
-    CellRuns oCells = pqModel->cellsSatisfying(CellCondition(eMethod, sValue1, sValue2));
+    CellRuns oCells = pqModel->cellsSatisfying(CellCondition(eMethod, sValue1, sValue2), iColumn);
     if (bIsRowSelection)
         oCells = CellRuns::ofRows(oCells.touchedRows(), pqModel->columnCount());
     applySelection(bKeepPreviousSelection ? selectedCells().united(oCells) : oCells);
