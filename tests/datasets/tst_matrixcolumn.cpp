@@ -139,6 +139,26 @@ private slots:
         QCOMPARE(copy.text(11), QString("1"));
     }
 
+    /// Cells taken out of a column for undo hold neither more than they need nor the column's table.
+    void gathersFewTextsWithoutTheOthers()
+    {
+        MatrixColumn column(QMetaType::QString);
+        for (int i = 0; i < 1000; ++i)
+            column.appendText(QString::number(i));
+        column.setMissing(8);
+        const MatrixColumn before = column;
+        const std::vector<std::int32_t> viCells{900, 7, 8};
+        MatrixColumn cells = column.gather(viCells);
+        QCOMPARE(cells.texts().size(), size_t(2));
+        QVERIFY(cells.text(0) == "900" && cells.text(1) == "7" && cells.isMissing(2));
+        for (std::int32_t i : viCells)
+            column.setText(i, "new");
+        for (int i = 0; i < cells.size(); ++i)
+            column.swapCell(viCells[size_t(i)], cells, i);
+        QVERIFY(cells.text(2) == "new");
+        QVERIFY(column == before);
+    }
+
     void converts()
     {
         MatrixColumn texts(QMetaType::QString);
@@ -148,6 +168,15 @@ private slots:
         QCOMPARE(numbers.value(0), QVariant(2.5));
         QVERIFY(numbers.isMissing(1) && numbers.isMissing(2));
         QCOMPARE(numbers.converted(QMetaType::QString).text(3), QString("-3"));
+        const MatrixColumn flags = texts.converted(QMetaType::Bool);
+        QVERIFY(flags.value(0).toBool() && flags.isMissing(1) && flags.isMissing(2) && flags.value(3).toBool());
+        MatrixColumn ints(QMetaType::Int);
+        for (const QVariant& qValue :
+             {QVariant(2147483647.0), QVariant(5e9), QVariant(-2147483649.0), QVariant("-2.6")})
+            ints.appendValue(qValue);
+        QCOMPARE(ints.value(0), QVariant(2147483647));
+        QVERIFY(ints.isMissing(1) && ints.isMissing(2)); // not a wrapped number
+        QCOMPARE(ints.value(3), QVariant(-3));
         MatrixColumn colors(QMetaType::QColor, 2);
         colors.setValue(0, "#0000ff");
         colors.setValue(1, "no colour");

@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <limits>
 #include <type_traits>
+#include <utility>
 
 namespace gkBase {
 
@@ -22,6 +24,28 @@ std::size_t index(int i)
 bool sameDouble(double a, double b)
 {
     return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b) || (std::isnan(a) && std::isnan(b));
+}
+
+/// The nearest int; none for a number beyond its range, which a cast would turn into another one. Text as number, 0
+/// when it is none.
+std::optional<std::int32_t> intOf(const QVariant& qValue)
+{
+    const double dValue = std::round(qValue.toDouble());
+    const bool bFits =
+        dValue >= std::numeric_limits<std::int32_t>::min() && dValue <= std::numeric_limits<std::int32_t>::max();
+    return bFits ? std::optional(static_cast<std::int32_t>(dValue)) : std::nullopt;
+}
+
+/// A truth value of a text: true, false or a number; none otherwise.
+std::optional<bool> boolOf(const QString& sText)
+{
+    const QString sWord = sText.trimmed();
+    for (const bool bWord : {true, false})
+        if (sWord.compare(QLatin1String(bWord ? "true" : "false"), Qt::CaseInsensitive) == 0)
+            return bWord;
+    bool bOk = false;
+    const double dValue = sWord.toDouble(&bOk);
+    return bOk && std::isfinite(dValue) ? std::optional(dValue != 0.0) : std::nullopt;
 }
 
 } // namespace
@@ -196,7 +220,11 @@ void MatrixColumn::setValue(int i, const QVariant& qValue)
     if (auto* pDoubles = std::get_if<std::vector<double>>(&m_cells)) {
         (*pDoubles)[index(i)] = qValue.toDouble();
     } else if (auto* pInts = std::get_if<IntCells>(&m_cells)) {
-        setPresent(*pInts, i, qValue.toInt());
+        const std::optional<std::int32_t> oInt = intOf(qValue);
+        if (oInt)
+            setPresent(*pInts, i, *oInt);
+        else
+            setMissing(i);
     } else if (auto* pFlags = std::get_if<BoolCells>(&m_cells)) {
         (*pFlags)[index(i)] = qValue.toBool() ? 1 : 0;
     } else if (std::holds_alternative<TextCells>(m_cells)) {
@@ -333,10 +361,13 @@ QString MatrixColumn::text(int i) const
 
 std::int32_t MatrixColumn::codeOf(TextCells& cells, const QString& sText)
 {
-    if (!cells.texts)
+    if (!cells.texts) {
         cells.texts = std::make_shared<MatrixTextTable>();
-    else if (cells.texts.use_count() > 1)
+    } else if (cells.texts.use_count() > 1) {
+        if (const std::int32_t iKnown = std::as_const(*cells.texts).find(sText); iKnown >= 0)
+            return iKnown;
         cells.texts = std::make_shared<MatrixTextTable>(*cells.texts);
+    }
     return cells.texts->code(sText);
 }
 
@@ -387,6 +418,9 @@ MatrixColumn MatrixColumn::converted(QMetaType::Type eType) const
             const double dValue = qValue.toString().trimmed().toDouble(&bOk);
             if (bOk && std::isfinite(dValue))
                 result.setValue(i, dValue);
+        } else if (m_eType == QMetaType::QString && result.m_eType == QMetaType::Bool) {
+            if (const std::optional<bool> oFlag = boolOf(qValue.toString()))
+                result.setValue(i, *oFlag);
         } else {
             result.setValue(i, qValue);
         }
@@ -426,6 +460,14 @@ MatrixColumn MatrixColumn::gather(std::span<const std::int32_t> viCells) const
     MatrixColumn result(m_eType, static_cast<int>(viCells.size()));
     if (auto* pTexts = std::get_if<TextCells>(&m_cells)) {
         auto& cells = std::get<TextCells>(result.m_cells);
+        // A few cells of very many texts take their own: as long as the table is shared, the next new text of this
+        // column would copy all of it.
+        if (viCells.size() < texts().size() / 2) {
+            for (std::size_t i = 0; i < viCells.size(); ++i)
+                if (!isMissing(viCells[i]))
+                    cells.codes[i] = result.codeOf(cells, text(viCells[i]));
+            return result;
+        }
         cells.texts = pTexts->texts;
         for (std::size_t i = 0; i < viCells.size(); ++i)
             if (inRange(viCells[i]))
@@ -471,6 +513,12 @@ void MatrixColumn::swapCell(int i, MatrixColumn& other, int j)
     auto* pOther = std::get_if<std::vector<double>>(&other.m_cells);
     if (pDoubles && pOther) {
         std::swap((*pDoubles)[index(i)], (*pOther)[index(j)]);
+        return;
+    }
+    auto* pTexts = std::get_if<TextCells>(&m_cells);
+    auto* pOtherTexts = std::get_if<TextCells>(&other.m_cells);
+    if (pTexts && pOtherTexts && pTexts->texts == pOtherTexts->texts) {
+        std::swap(pTexts->codes[index(i)], pOtherTexts->codes[index(j)]);
         return;
     }
     const QVariant qOwn = value(i);

@@ -55,8 +55,9 @@ public:
 
     /// Invalid for a missing cell; a double cell that holds 99999.0 is returned as it is.
     QVariant value(int i) const;
-    /// Converts to the column's type; an invalid variant, NaN, or a value that cannot be converted to a colour
-    /// clears the cell. Text that is not a number becomes 0 in a numeric column, as QVariant converts it.
+    /// Converts to the column's type; an invalid variant, NaN, a number beyond the range of an int column, or a value
+    /// that cannot be converted to a colour clears the cell. Text that is not a number becomes 0 in a numeric column,
+    /// as QVariant converts it.
     void setValue(int i, const QVariant& qValue);
     void appendValue(const QVariant& qValue);
     /// The cells from i on move down by one; i past the end fills with missing cells up to it.
@@ -91,7 +92,8 @@ public:
     /// Invalid colour for a missing cell or a column of another type.
     QColor color(int i) const;
 
-    /// The cells converted to another type: numbers to text and back; a text that is no number becomes missing.
+    /// The cells converted to another type: numbers to text and back; a text that is no number (for bool cells: nor
+    /// true or false) becomes missing, and so does a number that an int cannot hold.
     MatrixColumn converted(QMetaType::Type eType) const;
     /// The cells iFirst … iFirst + iCount − 1 as a column of their own, clipped to what there is.
     MatrixColumn mid(int iFirst, int iCount) const;

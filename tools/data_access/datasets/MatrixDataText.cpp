@@ -55,7 +55,7 @@ void appendHexColor(std::string& sOut, const QColor& oColor)
 /// A text as a cell of the comma-separated form, quoted where it must be.
 std::string csvCell(const QString& sText)
 {
-    const std::string sBytes = sText.toStdString();
+    std::string sBytes = sText.toStdString();
     const bool bQuote = sBytes.empty() || sBytes.front() == ' ' || sBytes.front() == '\t' || sBytes.front() == '#' ||
                         sBytes.back() == ' ' || sBytes.back() == '\t' ||
                         sBytes.find_first_of(",\"\r\n") != std::string::npos;
@@ -114,8 +114,7 @@ private:
     std::vector<std::string> m_vsTexts;
 };
 
-// ---- the comma-separated file
-// ----------------------------------------------------------------------------------------
+// ---- the comma-separated file ---------------------------------------------------------------------------------------
 
 struct CsvBlock
 {
