@@ -227,6 +227,11 @@ void tst_QTreeItemModel::brokenPayload_data()
     QTest::newRow("more than there are") << fnWithCount(3);
     QTest::newRow("absurd count") << fnWithCount(0x7fffffff);
     QTest::newRow("cut off in the second") << oWhole.left(oWhole.size() - 5);
+    QByteArray oTable;
+    QDataStream tableStream(&oTable, QIODevice::WriteOnly);
+    tableStream << qint32(1);
+    MatrixData("no summary rows", 4, 1, QMetaType::Double, 0).putDataOnStream(tableStream);
+    QTest::newRow("other row offset") << oTable;
     QTest::newRow("something else") << QByteArray("\0\0\0\1 a text from elsewhere", 26);
 }
 

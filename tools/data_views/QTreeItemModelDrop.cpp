@@ -40,8 +40,9 @@ bool askInBox(const MatrixData* poNode)
     return iAnswer != QMessageBox::No;
 }
 
-/// Number of attributes in a payload that is whole; −1 for one that is cut off or holds something else.
-int checkedCount(const QByteArray& oPayload)
+/// Number of attributes in a payload that is whole; −1 for one that is cut off or holds something else. Attributes
+/// with other summary rows than their neighbours would stand beside them in the wrong rows.
+int checkedCount(const QByteArray& oPayload, int iRowOffSet)
 {
     QDataStream stream(oPayload);
     qint32 iCount = -1;
@@ -50,7 +51,8 @@ int checkedCount(const QByteArray& oPayload)
         return -1;
     for (qint32 i = 0; i < iCount; ++i) {
         MatrixData oProbe;
-        if (!oProbe.getDataFromStream(stream) || stream.status() != QDataStream::Ok || oProbe.childCount() > 0)
+        if (!oProbe.getDataFromStream(stream) || stream.status() != QDataStream::Ok || oProbe.childCount() > 0 ||
+            oProbe.rowOffSet() != iRowOffSet)
             return -1;
     }
     return iCount;
@@ -101,8 +103,10 @@ bool QTreeItemModel::dropMimeData(const QMimeData* pqData, Qt::DropAction eActio
         return false;
     MatrixData* poTarget = nodeFromIndex(parent);
     const QByteArray oPayload = pqData->data(attributeMimeType());
-    int iCount = checkedCount(oPayload);
-    if (!poTarget || iCount < 0)
+    if (!poTarget)
+        return false;
+    int iCount = checkedCount(oPayload, (poTarget->owner() ? poTarget->owner() : poTarget)->rowOffSet());
+    if (iCount < 0)
         return false;
 
     QDataStream stream(oPayload);
