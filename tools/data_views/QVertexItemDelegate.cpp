@@ -55,6 +55,8 @@ void QVertexItemDelegate::setModelData(QWidget* pqEditor, QAbstractItemModel* pq
 void QVertexItemDelegate::initStyleOption(QStyleOptionViewItem* pOption, const QModelIndex& index) const
 {
     QStyledItemDelegate::initStyleOption(pOption, index);
+    // Cells are light on every desktop; a check box takes its face from the palette and its mark from the dark text.
+    pOption->palette.setColor(QPalette::Base, Qt::white);
     if (m_isSelected && m_isSelected(index))
         pOption->state |= QStyle::State_Selected;
 }

@@ -36,8 +36,7 @@ struct QVertexItemModel::BlockWrite
     ValueOf m_valueOf;
 };
 
-// ---- one cell
-// --------------------------------------------------------------------------------------------------------
+// ---- one cell -------------------------------------------------------------------------------------------------------
 
 bool QVertexItemModel::setData(const QModelIndex& index, const QVariant& qValue, int iRole)
 {
@@ -112,8 +111,7 @@ void QVertexItemModel::writeCell(const QModelIndex& index, MatrixData* poNode, c
     setModified(true);
 }
 
-// ---- blocks
-// ----------------------------------------------------------------------------------------------------------
+// ---- blocks ---------------------------------------------------------------------------------------------------------
 
 void QVertexItemModel::storeBlock(const BlockWrite& oBlock)
 {
@@ -275,8 +273,7 @@ void QVertexItemModel::extendRows()
     setModified(true);
 }
 
-// ---- changing many cells
-// -----------------------------------------------------------------------------------------------
+// ---- changing many cells --------------------------------------------------------------------------------------------
 
 bool QVertexItemModel::modifySelectedCells(const QList<QModelIndex>& lIndexes, const QVariant& qOperand,
                                            CellModification::Method eMethod)

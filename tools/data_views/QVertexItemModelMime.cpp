@@ -91,8 +91,7 @@ QMimeData* QVertexItemModel::getHTML_MimeData(const std::vector<int>& viRecords)
     return pMimeData;
 }
 
-// ---- drops
-// -------------------------------------------------------------------------------------------------------------
+// ---- drops ----------------------------------------------------------------------------------------------------------
 
 bool QVertexItemModel::dropTarget(int iRow, int iColumn, const QModelIndex& parent, QModelIndex& target) const
 {

@@ -174,8 +174,7 @@ void QVertexModelTableView::slotSectionClicked(int iLogicalIndex)
     selectColumnCells(iLogicalIndex, iLogicalIndex, false);
 }
 
-// ---- the user's selections
-// -------------------------------------------------------------------------------------------
+// ---- the user's selections ------------------------------------------------------------------------------------------
 
 void QVertexModelTableView::selectionChanged(const QItemSelection& oSelected, const QItemSelection& oDeselected)
 {
@@ -238,8 +237,7 @@ void QVertexModelTableView::slotVertexSelection(bool bChecked)
         slotDeselectVertecies();
 }
 
-// ---- resets
-// ------------------------------------------------------------------------------------------------------------
+// ---- resets ---------------------------------------------------------------------------------------------------------
 
 void QVertexModelTableView::resetEmpty()
 {
