@@ -141,15 +141,17 @@ void QHistogramChartWidget::createControls()
     pqLayout->addWidget(createSelectionGroup());
     pqLayout->addWidget(createStatisticsGroup());
     auto* pqToolBox = new QDecoratedToolBox;
-    pqToolBox->addItem(createDisplayPage(), tr("Annotation/Display Settings"));
+    QWidget* pqDisplayPage = createDisplayPage();
+    pqToolBox->addItem(pqDisplayPage, tr("Annotation/Display Settings"));
+    // The side bar scrolls as a whole; bars of the page inside it would leave a slit of it on small screens.
+    pqToolBox->setMinimumHeight(pqToolBox->minimumSizeHint().height() + pqDisplayPage->minimumSizeHint().height());
     pqLayout->addWidget(pqToolBox, 1);
 
-    // A small screen scrolls the controls, never the chart.
+    // A small screen scrolls the controls, never the chart; long numbers and units make them wider than now.
     auto* pqScrollArea = new QScrollArea;
     pqScrollArea->setWidget(pqControls);
     pqScrollArea->setWidgetResizable(true);
     pqScrollArea->setFrameShape(QFrame::NoFrame);
-    pqScrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     pqScrollArea->setMinimumWidth(pqControls->minimumSizeHint().width() +
                                   pqScrollArea->verticalScrollBar()->sizeHint().width());
     auto* pqSplitter = findChild<QSplitter*>(QStringLiteral("m_pqSplitter"));

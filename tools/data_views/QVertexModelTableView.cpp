@@ -15,6 +15,8 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStyle>
+#include <QStyleOptionHeader>
 #include <QToolTip>
 
 #include <algorithm>
@@ -22,6 +24,29 @@
 namespace gkBase {
 
 namespace {
+
+/// The base class cuts long texts off at both ends, whatever its elide mode is. The tool tip has the whole name.
+class ElidingHeaderView : public QHeaderView
+{
+public:
+    explicit ElidingHeaderView(QWidget* pqParent)
+        : QHeaderView(Qt::Horizontal, pqParent)
+    {
+        setSectionsClickable(true);
+        setHighlightSections(true);
+    }
+
+protected:
+    void initStyleOptionForIndex(QStyleOptionHeader* pOption, int iLogicalIndex) const override
+    {
+        QHeaderView::initStyleOptionForIndex(pOption, iLogicalIndex);
+        QFont oFont = font();
+        oFont.setBold(true); // as headers of selected columns are
+        const int iMargin = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
+        pOption->text =
+            QFontMetrics(oFont).elidedText(pOption->text, Qt::ElideRight, sectionSize(iLogicalIndex) - 2 * iMargin);
+    }
+};
 
 QColor askForColor(const QColor& oInitial, QWidget* pqParent)
 {
@@ -36,6 +61,7 @@ QVertexModelTableView::QVertexModelTableView(QWidget* pqParent)
     , m_chooseColor(askForColor)
 {
     setItemDelegate(m_pqDelegate);
+    setHorizontalHeader(new ElidingHeaderView(this));
     m_pqDelegate->setSelectedTest([this](const QModelIndex& index) {
         return m_bUnmirrored && m_oUnmirrored.contains(index.row(), index.column());
     });
