@@ -81,29 +81,48 @@ LaneSums laneSums(const RecordValues& oValues, double dMiddle, double dScale)
 
 } // namespace
 
-double meanInRange(const RecordValues& oValues, const SummaryStatistics& oRange)
+namespace {
+
+SummaryStatistics rangeOf(const LaneSums& oSums, const RecordValues& oValues)
 {
-    if (oRange.m_iCount == 0)
-        return g_dMissingValue;
-    const double dScale = safeScale(oRange.m_dMin, oRange.m_dMax);
-    const double dMiddle = 0.5 * (oRange.m_dMin * dScale) + 0.5 * (oRange.m_dMax * dScale);
-    const double dSum = laneSums(oValues, dMiddle, dScale).sum();
-    return std::clamp((dMiddle + dSum / static_cast<double>(oRange.m_iCount)) / dScale, oRange.m_dMin, oRange.m_dMax);
+    SummaryStatistics oResult;
+    oResult.m_iCount = oSums.count();
+    oResult.m_iMissing = oValues.size() - oSums.count();
+    if (oSums.count() > 0) {
+        oResult.m_dMin = oSums.minimum();
+        oResult.m_dMax = oSums.maximum();
+    }
+    return oResult;
 }
+
+} // namespace
 
 SummaryStatistics valueRange(const RecordValues& oValues)
 {
-    SummaryStatistics oResult;
-    const LaneSums oSums = laneSums(oValues, 0.0, 0.0);
-    const double dMin = oSums.minimum();
-    const double dMax = oSums.maximum();
-    const std::size_t iCount = oSums.count();
-    oResult.m_iCount = iCount;
-    oResult.m_iMissing = oValues.size() - iCount;
-    if (iCount > 0) {
-        oResult.m_dMin = dMin;
-        oResult.m_dMax = dMax;
+    return rangeOf(laneSums(oValues, 0.0, 0.0), oValues);
+}
+
+SummaryStatistics rangeAndMean(const RecordValues& oValues)
+{
+    // Distances from any of the values keep the digits of values that lie far from zero.
+    double dMiddle = g_dMissingValue;
+    const std::span<const double> vdColumn = oValues.column();
+    for (std::size_t i = 0; i < vdColumn.size() && isMissing(dMiddle); ++i)
+        dMiddle = vdColumn[i];
+    if (isMissing(dMiddle))
+        dMiddle = 0.0;
+    LaneSums oSums = laneSums(oValues, dMiddle, 1.0);
+    SummaryStatistics oResult = rangeOf(oSums, oValues);
+    if (oResult.m_iCount == 0)
+        return oResult;
+    const double dScale = safeScale(oResult.m_dMin, oResult.m_dMax);
+    if (dScale != 1.0) {
+        // Sums of such values overflow: once more, scaled.
+        dMiddle = 0.5 * (oResult.m_dMin * dScale) + 0.5 * (oResult.m_dMax * dScale);
+        oSums = laneSums(oValues, dMiddle, dScale);
     }
+    const double dMean = (dMiddle + oSums.sum() / static_cast<double>(oResult.m_iCount)) / dScale;
+    oResult.m_dMean = std::clamp(dMean, oResult.m_dMin, oResult.m_dMax);
     return oResult;
 }
 

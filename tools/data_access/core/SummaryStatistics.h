@@ -27,8 +27,8 @@ GKBASECORE_EXPORT SummaryStatistics summaryStatistics(const RecordValues& oValue
 
 /// Count, minimum and maximum only: one pass, the other members stay missing.
 GKBASECORE_EXPORT SummaryStatistics valueRange(const RecordValues& oValues);
-/// The mean of values whose valueRange() is known, in one more pass; 99999.0 without values.
-GKBASECORE_EXPORT double meanInRange(const RecordValues& oValues, const SummaryStatistics& oRange);
+/// As valueRange(), and the mean, in one pass too.
+GKBASECORE_EXPORT SummaryStatistics rangeAndMean(const RecordValues& oValues);
 
 /// The quantile at dPercent (0 … 100, clamped) of values sorted in rising order without missing ones: linear between
 /// the order statistics at position (n − 1) · dPercent / 100 (Hyndman and Fan 1996, definition 7). 99999.0 for an

@@ -33,9 +33,8 @@ void summarize(Range& oRange, const MatrixColumn& column)
     if (oRange.m_bRangeKnown && oRange.m_bMeanKnown) {
         return;
     }
-    const ColumnNumbers numbers(column);
-    const SummaryStatistics oSummary = valueRange(numbers.values());
-    oRange.m_dMean = meanInRange(numbers.values(), oSummary);
+    const SummaryStatistics oSummary = rangeAndMean(ColumnNumbers(column).values());
+    oRange.m_dMean = oSummary.m_dMean;
     oRange.m_bMeanKnown = true;
     if (!oRange.m_bRangeKnown) {
         oRange.m_dMin = oSummary.m_dMin;
