@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CellText.h"
+#include "TextReading.h"
 #include "ImportOptions.h"
 
 #include <string_view>

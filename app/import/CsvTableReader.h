@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CellText.h"
+#include "TextReading.h"
 #include "ColumnCollector.h"
 #include "CsvDialect.h"
 #include "DelimitedScanner.h"

@@ -1,6 +1,6 @@
 #include "DelimitedScanner.h"
 
-#include "CellText.h"
+#include "TextReading.h"
 
 namespace gkHost {
 

@@ -1,6 +1,6 @@
 #include "ExportedCsvReader.h"
 
-#include "CellText.h"
+#include "TextReading.h"
 
 #include <gkBase/MatrixDataCsv.h>
 

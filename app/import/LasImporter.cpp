@@ -1,6 +1,6 @@
 #include "LasImporter.h"
 
-#include "CellText.h"
+#include "TextReading.h"
 #include "LasSections.h"
 #include "LasTableReader.h"
 #include "TextSource.h"

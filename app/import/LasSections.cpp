@@ -1,6 +1,6 @@
 #include "LasSections.h"
 
-#include "CellText.h"
+#include "TextReading.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "CellText.h"
+#include "TextReading.h"
 
 #include <algorithm>
 #include <array>
