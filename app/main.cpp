@@ -30,6 +30,19 @@ int finish(const gkHost::CommandResult& result)
     return result.m_eStatus;
 }
 
+/// Without a display the toolkit would end the program with an account of its plug-ins.
+bool hasDisplay()
+{
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+    for (const char* pName : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        if (!qEnvironmentVariableIsEmpty(pName))
+            return true;
+    return false;
+#else
+    return true;
+#endif
+}
+
 QStringList arguments(int argc, char** argv)
 {
     QStringList lArguments;
@@ -64,6 +77,9 @@ int main(int argc, char** argv)
     const QStringList lFiles = commandLine.files(sError);
     if (!sError.isEmpty())
         return finish(gkHost::CommandResult::badUsage(sError));
+    if (!hasDisplay())
+        return finish(gkHost::CommandResult::badInput(QCoreApplication::translate(
+            "CommandLine", "there is no display for the window; see gkanalyser --help for what works without one")));
 
     QApplication application(argc, argv);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/gkanalyser/gkanalyser.png")));

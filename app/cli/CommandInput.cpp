@@ -1,5 +1,6 @@
 #include "CommandInput.h"
 
+#include "AttributeName.h"
 #include "RecordFilter.h"
 
 #include <QCoreApplication>
@@ -62,11 +63,10 @@ std::optional<CommandResult> CommandInput::load()
     m_file = readDataFile(m_sFile, m_registry);
     if (!m_file.isOk())
         return CommandResult::badInput(m_file.m_sError);
-    for (std::unique_ptr<gkBase::MatrixData>& poDataSet : m_file.m_vDataSets) {
-        if (!filter.apply(*poDataSet, sError))
-            return CommandResult::badInput(sError);
+    if (!filter.apply(m_file.m_vDataSets, sError))
+        return CommandResult::badInput(m_sFile + QLatin1String(": ") + sError);
+    for (std::unique_ptr<gkBase::MatrixData>& poDataSet : m_file.m_vDataSets)
         m_poRoot->appendChild(poDataSet.release(), false);
-    }
     return std::nullopt;
 }
 
@@ -91,15 +91,20 @@ std::optional<double> CommandInput::positiveNumber(const QString& sOption, std::
 
 gkBase::MatrixData* CommandInput::attribute(const QString& sName, std::optional<CommandResult>& oError) const
 {
-    const std::vector<gkBase::MatrixData*> vpAttributes = m_poRoot->leafs();
-    for (const Qt::CaseSensitivity eCase : {Qt::CaseSensitive, Qt::CaseInsensitive})
-        for (gkBase::MatrixData* poAttribute : vpAttributes)
-            if (poAttribute->name().compare(sName, eCase) == 0)
-                return poAttribute;
-
+    gkBase::MatrixData* poFound = nullptr;
     QStringList lNames;
-    for (const gkBase::MatrixData* poAttribute : vpAttributes)
-        lNames << poAttribute->name();
+    const bool bSeveral = m_poRoot->childCount() > 1;
+    for (int iSet = 0; iSet < m_poRoot->childCount(); ++iSet) {
+        const gkBase::MatrixData& dataSet = *m_poRoot->child(iSet);
+        gkBase::MatrixData* poAttribute = attributeNamed(dataSet, sName);
+        // The first data set has it, but an exact name in a later one goes before another case in an earlier one.
+        if (poAttribute && (!poFound || (poFound->name() != sName && poAttribute->name() == sName)))
+            poFound = poAttribute;
+        for (int i = 0; i < dataSet.childCount(); ++i)
+            lNames << (bSeveral ? dataSet.name() + QLatin1String(": ") : QString()) + dataSet.child(i)->name();
+    }
+    if (poFound)
+        return poFound;
     oError = CommandResult::badInput(
         text("%1: there is no attribute \"%2\"; there are %3").arg(m_sFile, sName, lNames.join(QLatin1String(", "))));
     return nullptr;

@@ -41,7 +41,8 @@ public:
     /// A number above 0 of an option; empty when the option is absent. oError gets a message for anything else.
     std::optional<double> positiveNumber(const QString& sOption, std::optional<CommandResult>& oError) const;
 
-    /// The attribute of that name (exact case first, then any case); null with a message naming what there is.
+    /// The attribute NAME, exact case before any case, of the first data set that has it, or "DATA SET: NAME"; null
+    /// with a message naming what there is.
     gkBase::MatrixData* attribute(const QString& sName, std::optional<CommandResult>& oError) const;
     /// As attribute(), but of numbers.
     gkBase::MatrixData* numericAttribute(const QString& sName, std::optional<CommandResult>& oError) const;

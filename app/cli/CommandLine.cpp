@@ -5,6 +5,7 @@
 #include "StatsCommand.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 #include <array>
 
@@ -36,6 +37,11 @@ const NamedCommand* commandNamed(const QString& sName)
 bool isHelp(const QString& sArgument)
 {
     return sArgument == QLatin1String("--help") || sArgument == QLatin1String("-h");
+}
+
+QString unknownCommand(const QString& sName)
+{
+    return QCoreApplication::translate("CommandLine", "\"%1\" is neither a command nor a file").arg(sName);
 }
 
 bool isVersion(const QString& sArgument)
@@ -72,7 +78,7 @@ CommandResult CommandLine::run() const
                                  QCoreApplication::applicationVersion() + QLatin1Char('\n'));
     if (const NamedCommand* pCommand = commandNamed(sFirst))
         return pCommand->m_fnRun(m_lArguments);
-    return CommandResult::badUsage(QCoreApplication::translate("CommandLine", "unknown command \"%1\"").arg(sFirst));
+    return CommandResult::badUsage(unknownCommand(sFirst));
 }
 
 QStringList CommandLine::files(QString& sError) const
@@ -82,6 +88,13 @@ QStringList CommandLine::files(QString& sError) const
             sError = QCoreApplication::translate("CommandLine", "unknown option %1").arg(sArgument);
             return {};
         }
+    // A bare word that is no file was meant as a command.
+    const QString sFirst = m_lArguments.value(0);
+    if (!sFirst.isEmpty() && !sFirst.contains(QLatin1Char('.')) && !sFirst.contains(QLatin1Char('/')) &&
+        !QFileInfo::exists(sFirst)) {
+        sError = unknownCommand(sFirst);
+        return {};
+    }
     return m_lArguments;
 }
 
@@ -97,8 +110,9 @@ QString CommandLine::helpText()
         "  gkanalyser convert FILE --out PATH.csv     write all data sets as CSV\n"
         "  gkanalyser --version | --help\n"
         "\n"
-        "Every command takes --help, --rows 1,4-9 and --where NAME=VALUE. The exit status is 0, or 1 for bad input\n"
-        "and 2 for bad usage.\n");
+        "Every command takes --help, --rows 1,4-9 and --where NAME=VALUE. NAME is taken from the first data set that\n"
+        "has it; write \"DATA SET: NAME\" for another one. The exit status is 0, or 1 for bad input and 2 for bad\n"
+        "usage.\n");
 }
 
 } // namespace gkHost

@@ -1,5 +1,7 @@
 #include "RecordFilter.h"
 
+#include "AttributeName.h"
+
 #include <gkBase/MatrixColumn.h>
 #include <gkBase/MatrixData.h>
 #include <gkBase/MatrixDataStrike.h>
@@ -9,6 +11,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <array>
 
 namespace gkHost {
 
@@ -27,12 +30,22 @@ int rowNumber(const QString& sText)
     return bOk && iRow > 0 ? iRow : 0;
 }
 
-gkBase::MatrixData* attributeOf(const gkBase::MatrixData& dataSet, const QString& sName)
+constexpr std::array<const char*, 3> g_trueWords = {"true", "yes", "1"};
+constexpr std::array<const char*, 3> g_falseWords = {"false", "no", "0"};
+
+bool isOneOf(const QString& sValue, const std::array<const char*, 3>& words)
 {
+    return std::any_of(words.begin(), words.end(), [&sValue](const char* pWord) {
+        return sValue.compare(QLatin1String(pWord), Qt::CaseInsensitive) == 0;
+    });
+}
+
+int recordCount(const gkBase::MatrixData& dataSet)
+{
+    int iRecords = 0;
     for (int i = 0; i < dataSet.childCount(); ++i)
-        if (dataSet.child(i)->name() == sName)
-            return dataSet.child(i);
-    return nullptr;
+        iRecords = std::max(iRecords, dataSet.child(i)->recordCount());
+    return iRecords;
 }
 
 /// dNumber is sValue as a number, NaN when it is none.
@@ -45,9 +58,7 @@ bool cellEquals(const gkBase::MatrixColumn& column, int iRecord, const QString& 
     case QMetaType::Int:
         return column.number(iRecord) == dNumber;
     case QMetaType::Bool:
-        return column.value(iRecord).toBool()
-                   ? sValue.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0 || sValue == QLatin1String("1")
-                   : sValue.compare(QLatin1String("false"), Qt::CaseInsensitive) == 0 || sValue == QLatin1String("0");
+        return isOneOf(sValue, column.value(iRecord).toBool() ? g_trueWords : g_falseWords);
     case QMetaType::QColor:
         return column.color(iRecord) == QColor(sValue);
     default:
@@ -85,48 +96,71 @@ bool RecordFilter::addCondition(const QString& sCondition, QString& sError)
     return true;
 }
 
-bool RecordFilter::apply(gkBase::MatrixData& dataSet, QString& sError) const
+bool RecordFilter::apply(const std::vector<std::unique_ptr<gkBase::MatrixData>>& vDataSets, QString& sError) const
 {
-    if (!m_bRows && m_vConditions.empty())
-        return true;
+    for (const Condition& condition : m_vConditions) {
+        const bool bKnown = std::any_of(vDataSets.begin(), vDataSets.end(), [&condition](const auto& poDataSet) {
+            return attributeNamed(*poDataSet, condition.m_sName) != nullptr;
+        });
+        if (!bKnown) {
+            sError = text("--where: there is no attribute \"%1\"").arg(condition.m_sName);
+            return false;
+        }
+    }
+    for (const auto& poDataSet : vDataSets) {
+        if (isEmpty())
+            break;
+        std::vector<bool> vbKeep = keptRows(recordCount(*poDataSet));
+        for (const Condition& condition : m_vConditions) {
+            const bool bOther = std::any_of(vDataSets.begin(), vDataSets.end(), [&](const auto& poOther) {
+                return poOther != poDataSet && namesDataSet(condition.m_sName, *poOther);
+            });
+            const gkBase::MatrixData* poAttribute = attributeNamed(*poDataSet, condition.m_sName);
+            if (poAttribute || !bOther)
+                narrow(vbKeep, poAttribute, condition);
+        }
+        keepRecords(*poDataSet, vbKeep);
+    }
+    return true;
+}
 
-    int iRecords = 0;
-    for (int i = 0; i < dataSet.childCount(); ++i)
-        iRecords = std::max(iRecords, dataSet.child(i)->recordCount());
-
+std::vector<bool> RecordFilter::keptRows(int iRecords) const
+{
     std::vector<bool> vbKeep(static_cast<std::size_t>(iRecords), !m_bRows);
     for (const auto& [iFirst, iLast] : m_vRanges)
         for (int i = iFirst; i <= std::min(iLast, iRecords - 1); ++i)
             vbKeep[static_cast<std::size_t>(i)] = true;
+    return vbKeep;
+}
 
-    for (const Condition& condition : m_vConditions) {
-        const gkBase::MatrixData* poAttribute = attributeOf(dataSet, condition.m_sName);
-        if (!poAttribute) {
-            sError = text("--where: there is no attribute \"%1\" in \"%2\"").arg(condition.m_sName, dataSet.name());
-            return false;
-        }
-        bool bNumber = false;
-        double dNumber = condition.m_sValue.toDouble(&bNumber);
-        if (!bNumber)
-            dNumber = gkBase::g_dEmptyCell;
-        const gkBase::MatrixColumn& column = poAttribute->column();
-        for (int i = 0; i < iRecords; ++i)
-            if (vbKeep[static_cast<std::size_t>(i)])
-                vbKeep[static_cast<std::size_t>(i)] = cellEquals(column, i, condition.m_sValue, dNumber);
+void RecordFilter::narrow(std::vector<bool>& vbKeep, const gkBase::MatrixData* poAttribute, const Condition& condition)
+{
+    if (!poAttribute) {
+        vbKeep.assign(vbKeep.size(), false);
+        return;
     }
+    bool bNumber = false;
+    double dNumber = condition.m_sValue.toDouble(&bNumber);
+    if (!bNumber)
+        dNumber = gkBase::g_dEmptyCell;
+    const gkBase::MatrixColumn& column = poAttribute->column();
+    for (std::size_t i = 0; i < vbKeep.size(); ++i)
+        vbKeep[i] = vbKeep[i] && cellEquals(column, static_cast<int>(i), condition.m_sValue, dNumber);
+}
 
+void RecordFilter::keepRecords(gkBase::MatrixData& dataSet, const std::vector<bool>& vbKeep)
+{
     for (int iChild = 0; iChild < dataSet.childCount(); ++iChild) {
         gkBase::MatrixData* poAttribute = dataSet.child(iChild);
-        if (dynamic_cast<gkBase::MatrixDataStrike*>(poAttribute))
-            continue; // has no cells of its own: it follows its azimuth
+        if (!poAttribute || dynamic_cast<gkBase::MatrixDataStrike*>(poAttribute))
+            continue; // a strike has no cells of its own: it follows its azimuth
         const gkBase::MatrixColumn& column = poAttribute->column();
         gkBase::MatrixColumn kept(column.type());
-        for (int i = 0; i < iRecords; ++i)
-            if (vbKeep[static_cast<std::size_t>(i)])
-                kept.appendValue(column.value(i));
+        for (std::size_t i = 0; i < vbKeep.size(); ++i)
+            if (vbKeep[i])
+                kept.appendValue(column.value(static_cast<int>(i)));
         poAttribute->setColumn(0, std::move(kept));
     }
-    return true;
 }
 
 } // namespace gkHost

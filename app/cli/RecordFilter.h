@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -23,9 +24,10 @@ public:
 
     bool isEmpty() const { return !m_bRows && m_vConditions.empty(); }
 
-    /// Keeps only the records of the data set that pass. Numbers compare as numbers, colours as colours, text
-    /// exactly. False, with the reason, when a condition names no attribute of the data set.
-    bool apply(gkBase::MatrixData& dataSet, QString& sError) const;
+    /// Keeps only the records of the data sets that pass. Numbers compare as numbers, colours as colours, text
+    /// exactly. A condition on "DATA SET: NAME" asks that data set only; one on NAME keeps no record of a data set
+    /// without such an attribute. False, with the reason and nothing changed, when no data set has the attribute.
+    bool apply(const std::vector<std::unique_ptr<gkBase::MatrixData>>& vDataSets, QString& sError) const;
 
 private:
     struct Condition
@@ -33,6 +35,12 @@ private:
         QString m_sName;
         QString m_sValue;
     };
+
+    /// What --rows keeps of so many records.
+    std::vector<bool> keptRows(int iRecords) const;
+    /// Drops the records that the condition rejects; all of them without an attribute.
+    static void narrow(std::vector<bool>& vbKeep, const gkBase::MatrixData* poAttribute, const Condition& condition);
+    static void keepRecords(gkBase::MatrixData& dataSet, const std::vector<bool>& vbKeep);
 
     std::vector<std::pair<int, int>> m_vRanges; ///< first and last record, counted from 0
     bool m_bRows = false;

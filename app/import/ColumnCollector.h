@@ -1,7 +1,7 @@
 #pragma once
 
-#include "TextReading.h"
 #include "ImportReport.h"
+#include "TextReading.h"
 #include "TextSource.h"
 
 #include <gkBase/MatrixColumn.h>

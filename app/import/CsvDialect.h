@@ -1,7 +1,7 @@
 #pragma once
 
-#include "TextReading.h"
 #include "ImportOptions.h"
+#include "TextReading.h"
 
 #include <string_view>
 

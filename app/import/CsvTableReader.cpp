@@ -44,6 +44,16 @@ bool startsLikeComment(std::string_view sText)
     return (sText.starts_with('#') && !isColorText(sText.substr(0, 7))) || sText.starts_with("//");
 }
 
+/// "sep=;", which spreadsheets write in front of the header; zero for any other line.
+char declaredDelimiter(std::string_view sLine)
+{
+    if (sLine.starts_with('"') && sLine.ends_with('"') && sLine.size() > 1) {
+        sLine = sLine.substr(1, sLine.size() - 2);
+    }
+    const bool bDeclared = sLine.size() == 5 && equalsNoCase(sLine.substr(0, 4), "sep=");
+    return bDeclared && std::string_view(",;\t|").find(sLine[4]) != std::string_view::npos ? sLine[4] : '\0';
+}
+
 } // namespace
 
 CsvTableReader::CsvTableReader(const TextSource& source, const ImportOptions& options, const ImportProgress& progress,
@@ -74,7 +84,11 @@ bool CsvTableReader::skipLeadingComments()
             break;
         }
         const std::string_view sLine = trimmed(scanner.rowText());
-        if (startsLikeComment(sLine)) {
+        const char cDeclared = m_iComments == 0 ? declaredDelimiter(scanner.rowText()) : '\0';
+        if (cDeclared != '\0') {
+            m_oOptions.m_oDelimiter = m_oOptions.m_oDelimiter.value_or(cDeclared);
+            m_oResult.m_oReport.addRemark(scanner.line(), tr("The file names its delimiter."));
+        } else if (startsLikeComment(sLine)) {
             ++m_iComments;
             const std::size_t iText = sLine.find_first_not_of("#/");
             m_sLastComment = m_oSource.text(iText == std::string_view::npos ? "" : sLine.substr(iText));

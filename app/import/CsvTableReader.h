@@ -1,11 +1,11 @@
 #pragma once
 
-#include "TextReading.h"
 #include "ColumnCollector.h"
 #include "CsvDialect.h"
 #include "DelimitedScanner.h"
 #include "ImportOptions.h"
 #include "ImportResult.h"
+#include "TextReading.h"
 #include "TextSource.h"
 
 #include <QStringList>
@@ -46,7 +46,7 @@ private:
     std::string_view cellText(const RawCell& cell) const { return trimmed(cell.m_sText); }
 
     const TextSource& m_oSource;
-    const ImportOptions& m_oOptions;
+    ImportOptions m_oOptions;
     const ImportProgress& m_oProgress;
     ImportResult& m_oResult;
     MissingMarks m_oMarks;

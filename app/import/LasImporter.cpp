@@ -1,8 +1,8 @@
 #include "LasImporter.h"
 
-#include "TextReading.h"
 #include "LasSections.h"
 #include "LasTableReader.h"
+#include "TextReading.h"
 #include "TextSource.h"
 
 #include <QCoreApplication>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "TextReading.h"
 #include "ImportOptions.h"
 #include "ImportReport.h"
 #include "LasSections.h"
+#include "TextReading.h"
 
 #include <QString>
 

@@ -3,6 +3,7 @@
 #include "OrientationColumns.h"
 #include "OrientationNames.h"
 #include "OrientationText.h"
+#include "StrikeLinks.h"
 
 #include <QCoreApplication>
 
@@ -170,6 +171,21 @@ void proposeText(int iColumn, const ImportColumn& column, std::vector<Orientatio
     }
 }
 
+/// Notes the column of a direction that may be the strike or the dip azimuth of a plane.
+void collectPlaneDirection(const ImportTable& table, const OrientationProposal& proposal, std::vector<int>& viStrikes,
+                           std::vector<int>& viAzimuths)
+{
+    const int iColumn = proposal.m_iDirectionColumn;
+    const AngleRole eRole = angleName(table.m_vColumns[static_cast<std::size_t>(iColumn)].m_sName).m_eRole;
+    if (proposal.m_eConvention == Convention::AzimuthOnly && eRole == AngleRole::Strike) {
+        viStrikes.push_back(iColumn);
+    } else if (proposal.m_eConvention == Convention::DipAndAzimuth ||
+               (proposal.m_eConvention == Convention::AzimuthOnly &&
+                (eRole == AngleRole::DipAzimuth || eRole == AngleRole::Azimuth))) {
+        viAzimuths.push_back(iColumn);
+    }
+}
+
 } // namespace
 
 std::vector<OrientationProposal> OrientationRecognizer::propose(const ImportTable& table)
@@ -203,6 +219,8 @@ std::vector<OrientationProposal> OrientationRecognizer::propose(const ImportTabl
 void OrientationRecognizer::applyOrientation(ImportTable& table, const std::vector<OrientationProposal>& vProposals,
                                              ImportReport& report)
 {
+    std::vector<int> viStrikes;
+    std::vector<int> viAzimuths;
     for (const OrientationProposal& proposal : vProposals) {
         const QString sColumns = describeColumns(table, proposal);
         if (const QString sReason = reasonAgainst(table, proposal); !sReason.isEmpty()) {
@@ -214,8 +232,10 @@ void OrientationRecognizer::applyOrientation(ImportTable& table, const std::vect
             convertTexts(table, proposal, report);
         } else {
             markNumbers(table, proposal, report);
+            collectPlaneDirection(table, proposal, viStrikes, viAzimuths);
         }
     }
+    linkAgreeingStrikes(table, viStrikes, viAzimuths, report);
 }
 
 QString OrientationRecognizer::conventionName(OrientationConvention eConvention)

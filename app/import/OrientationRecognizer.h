@@ -45,7 +45,8 @@ public:
 
     /// Applies proposals in the order given. The columns get the category "orientation" and the unit degree. An
     /// azimuth of 360 becomes 0. Values out of range (dip below 0 or above 90, azimuth below 0 or above 360) are
-    /// reported and stay. A strike is linked to a new column "azimuth" = strike + 90. Text keeps its column and adds
+    /// reported and stay. A strike is linked to a new column "azimuth" = strike + 90, or to the dip azimuth that stands
+    /// beside it when both agree. Text keeps its column and adds
     /// "Dip" and "Dip Azimuth" ("Plunge" and "Trend"); text that cannot be read leaves the cell empty and is
     /// reported. A proposal whose columns do not exist or have the wrong type changes nothing and is reported.
     static void applyOrientation(ImportTable& table, const std::vector<OrientationProposal>& vProposals,

@@ -23,6 +23,7 @@ AnalyserApplication::AnalyserApplication(QObject* pqParent)
     , m_importController(&m_document)
 {
     connect(&m_importController, &ImportController::opened, this, &AnalyserApplication::addRecentFile);
+    connect(&m_importController, &ImportController::failed, this, &AnalyserApplication::dropVanishedFile);
 }
 
 AnalyserApplication::~AnalyserApplication()
@@ -49,6 +50,15 @@ AnalyserWindow* AnalyserApplication::newWindow()
 QStringList AnalyserApplication::recentFiles() const
 {
     return QSettings().value(recentFilesKey()).toStringList();
+}
+
+void AnalyserApplication::dropVanishedFile(const QString& sPath)
+{
+    QStringList lFiles = recentFiles();
+    if (QFileInfo::exists(sPath) || lFiles.removeAll(QFileInfo(sPath).absoluteFilePath()) == 0)
+        return;
+    QSettings().setValue(recentFilesKey(), lFiles);
+    emit recentFilesChanged();
 }
 
 void AnalyserApplication::addRecentFile(const QString& sPath)

@@ -38,6 +38,9 @@ signals:
     void recentFilesChanged();
 
 private:
+    /// A recent file that is gone leaves the list once opening it failed.
+    void dropVanishedFile(const QString& sPath);
+
     Document m_document;
     ImportController m_importController;
     QList<QPointer<AnalyserWindow>> m_lWindows;

@@ -97,10 +97,21 @@ void ImportController::showProgress()
     m_pqProgressDialog->setValue(iTotal > 0 ? static_cast<int>(g_iProgressSteps * m_iDone / iTotal) : 0);
 }
 
+void ImportController::closeProgress()
+{
+    if (!m_pqProgressDialog)
+        return;
+    // Not deleted here: a modal progress dialog handles events within setValue(), so this may run inside of it.
+    m_pqProgressDialog->disconnect(this);
+    m_pqProgressDialog->hide();
+    m_pqProgressDialog->deleteLater();
+    m_pqProgressDialog.clear();
+}
+
 void ImportController::finishJob()
 {
     m_pqProgressTimer->stop();
-    delete m_pqProgressDialog;
+    closeProgress();
     m_pqThread->deleteLater();
     m_pqThread = nullptr;
     const Job job = m_lJobs.takeFirst();

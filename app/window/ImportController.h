@@ -61,6 +61,7 @@ private:
 
     void startNext();
     void showProgress();
+    void closeProgress();
     void finishJob();
 
     Document* m_pDocument; ///< not owned

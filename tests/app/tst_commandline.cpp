@@ -21,6 +21,8 @@ private slots:
     {
         QVERIFY(m_folder.isValid());
         write("even.csv", "Value [m],Set,Flag\n" + evenRows());
+        write("sets.csv", "# data set: A\n# types: double,double\nDepth,GR\n1,2\n3,4\n\n"
+                          "# data set: B\n# types: double,bool\nDepth,Good\n7,true\n8,false\n9,true\n");
         write("bad.csv", QByteArray("a,b\n1,\"never closed\n"));
     }
 
@@ -70,6 +72,33 @@ private slots:
         QVERIFY(none[QStringLiteral("mean")].isNull());
         QVERIFY(none[QStringLiteral("p50")].isNull());
         QVERIFY(none[QStringLiteral("classes")].toArray().isEmpty());
+    }
+
+    void attributesOfSeveralDataSets_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<int>("values");
+        QTest::addColumn<double>("max");
+        QTest::newRow("the first that has it") << QStringList{"--attribute", "Depth"} << 2 << 3.0;
+        QTest::newRow("by data set") << QStringList{"--attribute", "B: Depth"} << 3 << 9.0;
+        QTest::newRow("any case") << QStringList{"--attribute", "b:depth"} << 3 << 9.0;
+        QTest::newRow("only there") << QStringList{"--attribute", "GR", "--where", "gr=2"} << 1 << 2.0;
+        QTest::newRow("condition on all")
+            << QStringList{"--attribute", "B: Depth", "--where", "Good=yes", "--where", "Depth=9"} << 1 << 9.0;
+        QTest::newRow("condition on one") << QStringList{"--attribute", "Depth", "--where", "B: Good=true"} << 2 << 3.0;
+        QTest::newRow("no such cells") << QStringList{"--attribute", "GR", "--where", "Good=true"} << 0 << 0.0;
+    }
+
+    void attributesOfSeveralDataSets()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(int, values);
+        QFETCH(double, max);
+        const CommandResult result = run(QStringList{"stats", path("sets.csv"), "--json"} + arguments);
+        QCOMPARE(result.m_sMessage, QString());
+        const QJsonObject json = QJsonDocument::fromJson(result.m_sOutput.toUtf8()).object();
+        QCOMPARE(json[QStringLiteral("n")].toInt(), values);
+        QCOMPARE(json[QStringLiteral("max")].toDouble(), max);
     }
 
     void exitStatus_data()
@@ -171,6 +200,8 @@ private slots:
         QVERIFY(sError.isEmpty());
         CommandLine({"gkanalyser", "--what"}).files(sError);
         QVERIFY(sError.contains(QLatin1String("--what")));
+        CommandLine({"gkanalyser", "statistics", "a.csv"}).files(sError = QString());
+        QVERIFY(sError.contains(QLatin1String("statistics")));
     }
 
 private:

@@ -62,6 +62,8 @@ private slots:
     void proposals_data();
     void proposals();
     void strikeIsLinkedToAzimuth();
+    void strikeBesideItsAzimuth_data();
+    void strikeBesideItsAzimuth();
     void anglesAreCheckedNotBent();
     void textsBecomeAngles_data();
     void textsBecomeAngles();
@@ -184,6 +186,33 @@ void TestOrientationImport::proposals()
     lActual.sort();
     expected.sort();
     QCOMPARE(lActual, expected);
+}
+
+void TestOrientationImport::strikeBesideItsAzimuth_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<int>("azimuth"); // column that the last one is linked to
+    QTest::newRow("agree") << QByteArray("dip,dip azimuth,strike\n30,120,30\n45,10,280\n60,90,360\n,,\n") << 1;
+    QTest::newRow("rounded") << QByteArray("dip,azimuth,strike\n30,120.004,30\n45,89.996,0\n") << 1;
+    QTest::newRow("no dip") << QByteArray("azimuth,strike\n120,30\n45,315\n") << 0;
+    QTest::newRow("one off") << QByteArray("dip,dip azimuth,strike\n30,120,30\n45,10,280.1\n") << -1;
+    QTest::newRow("left-hand") << QByteArray("dip,dip azimuth,strike\n30,120,210\n45,10,100\n") << -1;
+    QTest::newRow("a gap") << QByteArray("dip,dip azimuth,strike\n30,120,30\n45,10,\n") << -1;
+    QTest::newRow("all empty") << QByteArray("dip,dip azimuth,strike\n30,,\n45,,\n") << -1;
+}
+
+void TestOrientationImport::strikeBesideItsAzimuth()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(int, azimuth);
+    ImportTable planes = table(bytes);
+    ImportReport report;
+    const int iColumns = planes.columnCount();
+    OrientationRecognizer::applyOrientation(planes, OrientationRecognizer::propose(planes), report);
+    QCOMPARE(planes.columnCount(), iColumns);
+    QCOMPARE(planes.m_vColumns.back().m_iStrikeOf, azimuth);
+    const bool bAllEmpty = bytes.endsWith(",,\n45,,\n");
+    QCOMPARE(report.toText().contains(QLatin1String("\"strike\" is ")), !bAllEmpty); // told either way
 }
 
 void TestOrientationImport::strikeIsLinkedToAzimuth()
