@@ -82,7 +82,7 @@ QVertexModelTableView::QVertexModelTableView(QWidget* pqParent)
     setDragDropMode(DragDrop);
     setDefaultDropAction(Qt::CopyAction);
     connectHeaders();
-    updateMetrics();
+    QVertexModelTableView::updateMetrics();
 }
 
 QVertexModelTableView::~QVertexModelTableView() = default;
