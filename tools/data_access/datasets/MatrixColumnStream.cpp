@@ -68,7 +68,7 @@ void writeCells(QDataStream& stream, std::span<const Cell> vCells)
     QByteArray oBytes;
     for (std::size_t nFirst = 0; nFirst < vCells.size(); nFirst += iBlock) {
         const std::size_t nCells = std::min<std::size_t>(iBlock, vCells.size() - nFirst);
-        oBytes.resize(static_cast<qsizetype>(nCells * sizeof(Cell)));
+        oBytes.resize(static_cast<qsizetype>(nCells) * static_cast<qsizetype>(sizeof(Cell)));
         for (std::size_t n = 0; n < nCells; ++n)
             qToLittleEndian(std::bit_cast<Bits<Cell>>(vCells[nFirst + n]), oBytes.data() + n * sizeof(Cell));
         stream.writeRawData(oBytes.constData(), static_cast<int>(oBytes.size()));

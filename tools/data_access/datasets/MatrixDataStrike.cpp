@@ -1,5 +1,6 @@
 #include "MatrixDataStrike.h"
 
+#include "Angles.h"
 #include "MatrixDataRange.h"
 
 #include <QDataStream>
@@ -10,17 +11,9 @@ namespace gkBase {
 
 namespace {
 
-/// Degrees in [0, 360); −1e-20 does not become 360.
-double wrapped(double dDegrees)
-{
-    const double dWrapped = std::fmod(dDegrees, 360.0);
-    const double dPositive = dWrapped < 0.0 ? dWrapped + 360.0 : dWrapped;
-    return dPositive >= 360.0 ? 0.0 : dPositive;
-}
-
 double strikeOf(double dAzimuth)
 {
-    return std::isnan(dAzimuth) ? g_dEmptyCell : wrapped(dAzimuth - 90.0);
+    return std::isnan(dAzimuth) ? g_dEmptyCell : wrapAngle(dAzimuth - 90.0, 360.0);
 }
 
 } // namespace
@@ -130,7 +123,8 @@ bool MatrixDataStrike::writeDerived(int iRecord, int iColumn, const QVariant& qV
         return true;
     const double dStrike = qValue.toDouble();
     const bool bEmpty = !qValue.isValid() || isMissing(dStrike);
-    poAzimuth->setValue(iRecord + poAzimuth->rowOffSet(), 0, bEmpty ? QVariant() : QVariant(wrapped(dStrike + 90.0)));
+    poAzimuth->setValue(iRecord + poAzimuth->rowOffSet(), 0,
+                        bEmpty ? QVariant() : QVariant(wrapAngle(dStrike + 90.0, 360.0)));
     return true;
 }
 

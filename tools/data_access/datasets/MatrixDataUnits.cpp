@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace gkBase {
 
@@ -220,7 +221,7 @@ void MatrixData::setUnitManager(const QString& sCategory)
 
 void MatrixData::setUnitManager(boost::shared_ptr<UnitManager> poUnitManager)
 {
-    m_poUnitManager = poUnitManager;
+    m_poUnitManager = std::move(poUnitManager);
     valuesChanged();
 }
 

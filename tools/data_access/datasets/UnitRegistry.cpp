@@ -19,7 +19,7 @@ UnitRegistry::UnitRegistry()
             addCategory(boost::make_shared<UnitManager>(sCategory, UnitCatalogue::defaultUnit(sCategory)));
 }
 
-void UnitRegistry::addCategory(boost::shared_ptr<UnitManager> poManager)
+void UnitRegistry::addCategory(const boost::shared_ptr<UnitManager>& poManager)
 {
     if (poManager)
         m_categories[poManager->category()] = poManager;
@@ -52,7 +52,7 @@ boost::shared_ptr<UnitManager> UnitRegistry::managerForUnit(const QString& sUnit
 
 boost::shared_ptr<UnitManager> UnitRegistry::managerForAttribute(const QString& sName, const QString& sUnit) const
 {
-    const boost::shared_ptr<UnitManager> poManager = managerForUnit(sUnit);
+    boost::shared_ptr<UnitManager> poManager = managerForUnit(sUnit);
     if (poManager->category() == QLatin1String("length") && isDepthName(sName))
         return managerForUnit(sUnit, QStringLiteral("depth"));
     return poManager;

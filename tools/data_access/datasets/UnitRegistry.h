@@ -26,7 +26,7 @@ public:
     const_iterator categories_begin() const { return m_categories.begin(); }
     const_iterator categories_end() const { return m_categories.end(); }
     /// Replaces a manager of that category.
-    void addCategory(boost::shared_ptr<UnitManager> poManager);
+    void addCategory(const boost::shared_ptr<UnitManager>& poManager);
 
     /// A manager for values in a unit as a file writes it: the category follows from the unit ("ft" → length), or is
     /// dimensionless for a unit that no category knows (the text is kept). An empty text gives the dimensionless one.
