@@ -295,8 +295,8 @@ public:
     /// Sectors of a direction attribute: iClasses classes of dIntervalSize from dStart, values taken modulo 360.
     /// bUnidirectional false counts each value at + 180 as well. The result has one row per sector and column 0 =
     /// height; with poColorAttribute further columns hold the height of each colour class, whose values go into
-    /// poClassValues (a table of one column; may be null). poColorDataSet names the data set that holds the colour
-    /// classes when it is not this node's own.
+    /// poClassValues (a table of one column; may be null). poColorDataSet is kept for callers; the colour attribute
+    /// alone decides.
     MatrixData* newFrequencyData(double dIntervalSize, int iClasses, double dStart, HistogramType eType,
                                  const std::vector<int>& viRecords, MatrixData* poColorAttribute,
                                  MatrixData* poColorDataSet, MatrixData* poClassValues, bool bUnidirectional) const;
