@@ -310,6 +310,13 @@ void TestHistogram::fixedAzimuthRange()
     QCOMPARE(panel.drawingArea()->boundaries().m_oUpperRight.x(), 180.0);
     panel.setAzimuthScaling(false);
     QVERIFY(panel.drawingArea()->boundaries().m_oUpperRight.x() < 180.0);
+
+    // The azimuth of a data set needs no asking.
+    panel.setMercatorScaling(false);
+    MatrixData* poAzimuth = poRoot->getNodeFromName(QStringLiteral("azimuth"));
+    poAzimuth->setUnitManager(QStringLiteral("orientation"));
+    panel.setDataSet(poAzimuth);
+    QCOMPARE(panel.drawingArea()->boundaries().m_oUpperRight.x(), 360.0);
 }
 
 void TestHistogram::selectedRowsAreCounted()

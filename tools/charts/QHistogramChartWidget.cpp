@@ -107,6 +107,8 @@ void QHistogramChartWidget::setDataSet(MatrixData* poData)
 void QHistogramChartWidget::chooseDataSet(MatrixData* poData)
 {
     m_poData = numericAttribute(poData);
+    const MatrixData* poOwner = m_poData ? m_poData->owner() : nullptr;
+    m_bAzimuthScaling = poOwner && poOwner->azimuthAttribute() == m_poData;
     m_bDefaultIntervals = true;
     showChooserEntry();
 }

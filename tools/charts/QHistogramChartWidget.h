@@ -64,7 +64,8 @@ public:
 
     /// Chart, axes and scroll bars respond or are grayed out.
     void setChartFrameEnabled(bool bEnabled);
-    /// The x axis ends at 360 (azimuth), or at 180 when Mercator scaling is on as well.
+    /// The x axis ends at 360 (azimuth), or at 180 when Mercator scaling is on as well. Showing another attribute
+    /// switches azimuth scaling on for the azimuth of a data set and off for anything else.
     void setAzimuthScaling(bool bOn);
     void setMercatorScaling(bool bOn);
 
