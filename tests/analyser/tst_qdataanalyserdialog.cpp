@@ -10,6 +10,7 @@
 #include "QVertexMinMaxModelTableView.h"
 #include "QVertexModelTableView.h"
 #include "TabWidgetWithFloatingTabs.h"
+#include "TemporarySettings.h"
 #include "UnitRegistry.h"
 
 #include <QApplication>
@@ -65,10 +66,7 @@ private slots:
     void initTestCase()
     {
         QVERIFY(m_folder.isValid());
-        QSettings::setDefaultFormat(QSettings::IniFormat);
-        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
-        QCoreApplication::setOrganizationName(QStringLiteral("test"));
-        QCoreApplication::setApplicationName(QStringLiteral("analyser"));
+        gkTest::useTemporarySettings(m_folder.path(), QStringLiteral("analyser"));
     }
 
     void init()

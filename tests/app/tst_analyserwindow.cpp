@@ -1,5 +1,6 @@
 #include "AnalyserApplication.h"
 #include "AnalyserWindow.h"
+#include "TemporarySettings.h"
 
 #include <gkBase/QDataAnalyserDialog.h>
 #include <gkBase/QVertexItemModel.h>
@@ -29,10 +30,7 @@ private slots:
     void initTestCase()
     {
         QVERIFY(m_folder.isValid());
-        QSettings::setDefaultFormat(QSettings::IniFormat);
-        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
-        QCoreApplication::setOrganizationName(QStringLiteral("test"));
-        QCoreApplication::setApplicationName(QStringLiteral("window"));
+        gkTest::useTemporarySettings(m_folder.path(), QStringLiteral("window"));
         write("good.csv", "Depth [m],GR [API]\n1,50\n2,60\n3,70\n");
         write("other.csv", "Dip [deg],Azimuth [deg]\n10,350\n20,360\n");
         write("bad.csv", QByteArray("a,b\n1,\"never closed\n"));
