@@ -1,0 +1,150 @@
+#pragma once
+
+#include "QChartDrawingArea.h"
+#include "gkBaseToolsExport.h"
+
+#include <QColor>
+#include <QList>
+#include <QPointF>
+#include <QPointer>
+#include <QString>
+
+#include <vector>
+
+class QAction;
+class QCartesianAxisWidget;
+
+namespace gkBase {
+
+class DepthLineField;
+
+/// The canvas of every cartesian point chart: the cross plot and the depth tracks. It draws the points of its model
+/// over the whole chart (axes are separate widgets), interval boundaries, structural tops and, when asked, the
+/// regression line, and turns mouse gestures into a lasso selection or into edits of lines.
+///
+/// Chart units are model units.
+class GKBASETOOLS_EXPORT QCrossPlot : public QChartDrawingArea
+{
+    Q_OBJECT
+public:
+    /// What a press of the mouse does.
+    enum DataCreationType
+    {
+        StructuralTopCreation = 0, ///< picks a line, or asks for a new one
+        IntervalBoundaryRemoval = 1,
+        NoCreation = 2,         ///< lasso selection
+        OrientationCreation = 3 ///< lasso selection of the records that give a line its orientation
+    };
+
+    explicit QCrossPlot(QWidget* pqParent = nullptr, const QString& sName = QString());
+    ~QCrossPlot() override;
+
+    /// The corners of the plotted area in chart units. A side of no length maps everything to 0.
+    void setRange(const QPointF& oA, const QPointF& oB);
+    QPointF rangeA() const { return m_oA; }
+    QPointF rangeB() const { return m_oB; }
+    /// 1: A.y lies at the bottom and values grow upwards; otherwise A.y lies at the top and they grow downwards.
+    void setOrientationFlag(int iFlag);
+    int orientationFlag() const { return m_iOrientation; }
+    void setDataCreationType(int iType);
+    int dataCreationType() const { return m_iDataCreationType; }
+    /// Lines that are picked follow the mouse.
+    void setStructuralTopsMovable(bool bMovable) { m_bTopsMovable = bMovable; }
+    /// How far (chart units of y) from a line a press still picks it.
+    double pickingEpsY() const;
+    /// The same when the press has another reach, in pixels.
+    void setPickingPixels(int iPixels);
+
+    void setShowRegressionLine(bool bShow);
+    bool showRegressionLine() const { return m_bShowRegression; }
+    /// Lines at the 5 and 95 per cent quantiles of x and y, which hold 90 % of the points between them.
+    void setShow90PercentRange(bool bShow);
+    bool show90PercentRange() const { return m_bShow90PercentRange; }
+    /// The axes that stand beside the canvas, for drawAxis(). Not owned; null for none.
+    void setAxes(QCartesianAxisWidget* pqLeft, QCartesianAxisWidget* pqBottom);
+    /// Shown in the middle of an empty chart (an attribute is missing or holds text). Empty: none.
+    void setMessage(const QString& sMessage);
+    /// A line across the chart at a y in chart units, 99999.0 for none: the cursor of a neighbouring track.
+    void setCursorLine(double dY);
+
+    QPointF transformInPixelPoint(const QPointF& oPoint) override;
+    /// Pixels of the whole chart to chart units.
+    QPointF transformInDataPoint(const QPointF& oPixel) const;
+    /// The valid point nearest to a position in chart pixels within the distance, −1 for none.
+    int recordAt(const QPointF& oPixel, double dDistance) const;
+
+    void layoutChart() override;
+    void drawChart(QPainter& painter) override;
+    void drawAxis(QPainter& painter, QRect oVisibleArea) override;
+    void drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea) override;
+    void addToContextMenuEvent(QMenu* pqMenu) override;
+    bool colorAttributeIsOn() override;
+    bool symbolAttributeIsOn() override;
+    /// Draws the whole chart at another size with the grid lines that belong to it.
+    void renderWithGrid(QPainter& painter, const QRect& oTarget, const QList<int>& viVertical,
+                        const QList<int>& viHorizontal);
+
+signals:
+    /// A press asks for a new line at a position in chart units.
+    void sendInsertScatUpdate(QPointF oPosition);
+    /// The picked lines moved by this much, in chart units, since the last signal.
+    void sendMoveSelectedUpdate(QPointF oOffset);
+    void sendMoveSelectedUpdateStop();
+    void sendScatUpdate(QColor oColor);
+    void sendScatUpdate(QString sName);
+    void sendDeleteSelectedUpdate();
+    /// The lines under a press.
+    void sendScatPickPos(std::vector<int> viLines);
+    void sendModifySelectedOrientation();
+    void crossPlotLeaveEvent(QEvent* pEvent);
+    void signalCopyWEMFToClipboard();
+    /// A press in the mode that removes interval boundaries removed one.
+    void intervalBoundariesChanged();
+
+public slots:
+    /// Positions of the axes' ticks, at which the grid is drawn.
+    void verticalGridLinesChanged(QList<int> viPositions);
+    void horizontalGridLinesChanged(QList<int> viPositions);
+
+private slots:
+    void slotDeleteSelected();
+    void slotRenameSelected();
+    void slotModifySelectedColor();
+
+protected:
+    /// Drawn between grid and points; nothing in the base. The painter is in pixels of the whole chart.
+    virtual void drawUnderPoints(QPainter& painter);
+    /// Drawn over points and lines; nothing in the base.
+    virtual void drawOverPoints(QPainter& painter);
+    /// What the tool tip of a point says; empty for none.
+    virtual QString pointToolTip(int iRecord) const;
+
+    bool event(QEvent* pEvent) override;
+    void mousePressEvent(QMouseEvent* pEvent) override;
+    void mouseMoveEvent(QMouseEvent* pEvent) override;
+    void mouseReleaseEvent(QMouseEvent* pEvent) override;
+    void leaveEvent(QEvent* pEvent) override;
+
+private:
+    QPointF m_oA;
+    QPointF m_oB;
+    int m_iOrientation = 1;
+    int m_iDataCreationType = NoCreation;
+    int m_iPickingPixels = 5;
+    bool m_bTopsMovable = false;
+    bool m_bMovingTops = false;
+    bool m_bShowRegression = false;
+    bool m_bShow90PercentRange = false;
+    QString m_sMessage;
+    double m_dCursorY;
+    QPointer<QCartesianAxisWidget> m_pqLeftAxis;   ///< not owned
+    QPointer<QCartesianAxisWidget> m_pqBottomAxis; ///< not owned
+    QList<int> m_viVerticalGridLines;
+    QList<int> m_viHorizontalGridLines;
+    QAction* m_pqRenameAction;
+    QAction* m_pqColorAction;
+    QAction* m_pqOrientationAction;
+    QAction* m_pqDeleteAction;
+};
+
+} // namespace gkBase

@@ -1,0 +1,350 @@
+#pragma once
+
+#include "DepthLineField.h"
+#include "MatrixDataArray.h"
+#include "MatrixDataPointer.h"
+#include "PointStyle.h"
+#include "RelationshipClasses.h"
+#include "gkBaseToolsExport.h"
+
+#include <QAbstractItemModel>
+#include <QColor>
+#include <QList>
+#include <QMap>
+#include <QPointF>
+#include <QRectF>
+#include <QString>
+#include <QVariant>
+
+#include <map>
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace gkBase {
+
+/// The points behind a point chart: two attributes paired record by record, with their selection, classes and looks,
+/// and what is computed from them (regression, intervals, decimation, clusters).
+///
+/// Points. There is one cell per record of the data set: cell i belongs to record i, so that a mask over points is a
+/// mask over records. A cell is invalid where x or y is missing, or where the record is not among the table rows that
+/// were given. The coordinates are copies in contiguous columns; they follow the attributes at the next
+/// takeNewDataSet() or refresh().
+///
+/// For orientation charts x is the dip (or plunge) and y the azimuth, in degrees.
+///
+/// Nodes are not owned. One that is destroyed is forgotten; the owner of the model refills it after announcements of
+/// removed nodes. As an item model it is a table of points, one row per record.
+class GKBASETOOLS_EXPORT QRelationshipItemModel : public QAbstractItemModel
+{
+    Q_OBJECT
+public:
+    using PointStyle = gkBase::PointStyle;
+
+    /// The kind of chart that the points are for.
+    enum DisplayType
+    {
+        OrientationDisplay = 0, ///< x = dip or plunge, y = azimuth
+        DepthDisplay = 1,       ///< y = depth
+        CrossPlotDisplay = 2
+    };
+
+    enum Column
+    {
+        XColumn,
+        YColumn,
+        ThirdColumn,
+        ColorClassColumn,
+        SymbolClassColumn,
+        ClusterColumn,
+        SelectedColumn,
+        NumberOfColumns
+    };
+
+    explicit QRelationshipItemModel(QObject* pqParent = nullptr);
+    ~QRelationshipItemModel() override;
+
+    // ---- source --------------------------------------------------------------------------------------------------
+    /// Pairs two attributes. iRows: number of records, −1 for that of the longer attribute. viTableRows: the records
+    /// that take part (rows of a filtered table), empty for all. A null attribute empties the model. The selection
+    /// stays when the number of records stays, otherwise it is cleared.
+    void takeNewDataSet(int iRows, DisplayType eType, MatrixData* poX, MatrixData* poY,
+                        const std::vector<int>& viTableRows);
+    /// Orientations: dip (or plunge) and azimuth, with attributes for colour and symbol (null: none). bLines: the
+    /// angles are those of lines, not of planes.
+    void takeNewDataSet(int iRows, DisplayType eType, MatrixData* poDip, MatrixData* poAzimuth, MatrixData* poColor,
+                        MatrixData* poSymbol, bool bLines, const std::vector<int>& viTableRows);
+    /// Other attributes in the same chart, all records.
+    void takeNewDataSet(MatrixData* poX, MatrixData* poY);
+    /// Reads the values of all attributes again. Results (clusters, decimation) and lines stay.
+    void refresh();
+    void clear();
+
+    /// Not owned. Clusters and decimation take the units of their nodes from it.
+    void setDataRoot(MatrixData* poRoot) { m_poDataRoot = MatrixDataPointer(poRoot); }
+    MatrixData* dataRoot() const { return m_poDataRoot.get(); }
+    MatrixData* nodeX() const { return m_poX.get(); }
+    MatrixData* nodeY() const { return m_poY.get(); }
+    DisplayType displayType() const { return m_eDisplayType; }
+    bool linesAreShown() const { return m_bLines; } ///< orientations of lines, not of planes
+    /// The third coordinate of clusters; null for none.
+    void setThirdDimAttribute(MatrixData* poAttribute);
+    MatrixData* thirdDimAttribute() const { return m_poThird.get(); }
+
+    int numberOfPoints() const { return static_cast<int>(m_vdX.size()); } ///< cells, invalid ones too
+    int numberOfValidPoints() const { return m_iValidPoints; }
+    /// One number per record in model units, NaN in both where the cell is invalid.
+    std::span<const double> x() const { return m_vdX; }
+    std::span<const double> y() const { return m_vdY; }
+    /// Empty without a third attribute; NaN where it is missing.
+    std::span<const double> third() const { return m_vdThird; }
+    bool isValid(int iRecord) const;
+    /// The points as a table of one column; an invalid cell is (99999.0, 99999.0). Owned by the model; made on
+    /// demand and valid until the points change.
+    MatrixDataArray* data() const;
+    /// Grows with every change of points, classes, selection or looks: equal numbers mean an equal picture.
+    quint64 revision() const { return m_iRevision; }
+    /// Bounding box of the valid points; null rectangle without any.
+    QRectF boundingBox() const;
+
+    /// The record of the i-th table row that takes part, −1 out of range.
+    int tableRow(int i) const;
+    int numberOfTableRows() const;
+
+    // ---- selection -----------------------------------------------------------------------------------------------
+    /// One flag per record; valid until the number of records changes. Null without records.
+    bool* selection() { return m_vbSelected.isEmpty() ? nullptr : m_vbSelected.data(); }
+    /// The same as bytes (0 or 1), for computations.
+    std::span<const unsigned char> selectionMask() const;
+    bool isSelected(int iRecord) const;
+    void setSelected(int iRecord, bool bSelected);
+    /// As setSelected(), but only for cells that hold a point; an invalid one stays unselected.
+    void setSelected2(int iRecord, bool bSelected);
+    /// Selects exactly these records; those out of range are skipped. Tells whether anything changed.
+    bool setSelectedRecords(const std::vector<int>& viRecords);
+    /// Adds (or, without bKeep, replaces by) the valid points for which the mask is true.
+    void selectPoints(std::span<const unsigned char> vbMask, bool bKeep);
+    void clearSelection();
+    int numberOfSelectedPoints() const { return m_iSelectedPoints; }
+    std::vector<int> selectedRecords() const;
+    /// Computations use only the selected points.
+    bool partSelection() const { return m_bPartSelection; }
+    void setPartSelection(bool bOn) { m_bPartSelection = bOn; }
+
+    // ---- appearance ----------------------------------------------------------------------------------------------
+    PointStyle pointStyle() const { return m_ePointStyle; }
+    void setPointStyle(PointStyle eStyle);
+    int pointPixelSize() const { return m_iPointPixelSize; } ///< half the symbol's width
+    void setPointPixelSize(int iPixels);
+    bool outLinePointStyle() const { return m_bOutLinePointStyle; } ///< hollow symbols
+    void setOutLinePointStyle(bool bHollow);
+    /// False: the panel hides the symbols (lines only).
+    bool drawSymbols() const { return m_bDrawSymbols; }
+    void setDrawSymbols(bool bDraw);
+
+    /// The attribute whose classes colour the points; null switches it off. Texts, flags, whole numbers and colours
+    /// have a class per value, other numbers a class per band of the colour map. So have whole numbers of more than
+    /// s_iMaximumValueClasses values.
+    void setColorAttribute(MatrixData* poAttribute);
+    MatrixData* colorAttribute() const { return m_poColor.get(); }
+    /// The attribute whose classes give the symbols, as above; null switches it off.
+    void setSymbolAttribute(MatrixData* poAttribute);
+    MatrixData* symbolAttribute() const { return m_poSymbol.get(); }
+    bool colorAttributeIsOn() const { return m_oColorClasses.isOn(); }
+    bool symbolAttributeIsOn() const { return m_oSymbolClasses.isOn(); }
+    /// Bands of the colour map from dMin to dMax in model units; 99999.0 chooses a bound or the interval from the
+    /// values.
+    void setColorMap(double dMin, double dMax, double dInterval, bool bRedToBlue);
+    /// The type of the colour attribute's cells (QMetaType::QColor: the data store the colours), QMetaType::Double
+    /// without one.
+    QMetaType::Type cellType() const;
+
+    /// Classes of the points: id per record, names and colours per id. Id 0 stands for a missing value.
+    const RelationshipClasses& colorClasses() const { return m_oColorClasses; }
+    const RelationshipClasses& symbolClasses() const { return m_oSymbolClasses; }
+    /// The point's colour; returns its colour class (0 without a colour attribute or value, then the colour of class
+    /// 0). With only a symbol attribute on it is the colour and id of the symbol's class.
+    int getColor(int iRecord, QColor& oColor) const;
+    /// As getColor(), with the point's symbol class, which is the point style it is drawn in.
+    int getColorAndSymbolInfo(int iRecord, QColor& oColor, int& iSymbol) const;
+    /// The name of a colour class in display units.
+    QString getColorName(int iClass) const;
+    void changeSymbolColor(int iClass, const QColor& oColor);
+    void changeColorClass(int iClass, const QColor& oColor);
+    /// Select (or not) all points of a class.
+    void setSelectedSymbol(int iClass, bool bSelected);
+    void setSelectedColorClass(int iClass, bool bSelected);
+
+    /// The azimuth (degrees) that is drawn as a tick on each point; null switches the tadpoles off.
+    void setTadPoleAzimuthDataNode(MatrixData* poAzimuth);
+    MatrixData* tadPoleAzimuthDataNode() const { return m_poTadPole.get(); }
+    bool tadpoleAttributeIsOn() const { return m_poTadPole.get() != nullptr; }
+    QString tadpoleAttributeName() const;
+    double azimuthTadPole(int iRecord) const; ///< 99999.0 when missing
+    /// Tadpoles whose quality lies below the minimum, or is missing, have open heads. Null: none.
+    void setTadPoleQuality(MatrixData* poQuality, double dMinimum);
+    MatrixData* tadPoleQualityNode() const { return m_poQuality.get(); }
+    double tadPoleMinimumQuality() const { return m_dMinimumQuality; }
+    bool tadPoleIsOpen(int iRecord) const;
+
+    // ---- ranges --------------------------------------------------------------------------------------------------
+    /// The shown range in model units, which decimation and interval filters are laid over.
+    void setMinMaxRanges(double dXMin, double dXMax, double dYMin, double dYMax);
+    double xMin() const { return m_dXMin; }
+    double xMax() const { return m_dXMax; }
+    double yMin() const { return m_dYMin; }
+    double yMax() const { return m_dYMax; }
+    /// The scan line (or well) along which orientations were sampled: azimuth, plunge and the smallest angle between
+    /// line and plane that is weighed, in degrees. Its weights come with the orientation statistics.
+    void setScanline(double dAzimuth, double dPlunge, double dMinimumAngle);
+
+    // ---- regression ----------------------------------------------------------------------------------------------
+    /// y = slope · x + intercept with the correlation; slope 99999.0 when all x are equal, all 0 below 4 points.
+    /// Means are taken over n + 1 points: the line lies a little nearer to the origin than least squares put it.
+    void calculateRegressionLine(double& dSlope, double& dIntercept, double& dCorrelation) const;
+
+    // ---- lines at depths -----------------------------------------------------------------------------------------
+    DepthLineField* intervalFilter() const;
+    DepthLineField* structuralTops() const; ///< of the active scenario; null without one
+    const std::vector<std::unique_ptr<DepthLineField>>& structuralTopsScenarios() const;
+    int activeScenario() const; ///< −1 without one
+    void setActiveScenario(int iScenario);
+    /// Adds an empty scenario and makes it the active one. Names may repeat.
+    void addStructuralTopsSenario(const QString& sName);
+    void activateStructuralTopsSenario(const QString& sName);
+    /// The scenario before it, or the first, becomes active.
+    void eraseActiveStructuralTopsSenario();
+    /// From now on both models have the same lines and scenarios: those of the other one.
+    void shareLines(const QRelationshipItemModel& other);
+
+    /// Boundaries from dMin every dSize while below dMax, and a last one where that stopped. Nothing for a size not
+    /// above 0 or bounds that are missing or equal; at most 100,000.
+    void generateAquidistantIntervalFilter(const double& dSize, const double& dMin, const double& dMax);
+    /// n intervals of equal size.
+    void generateNumberOfIntervalFilter(const int& n, const double& dMin, const double& dMax);
+    /// By hand; none when one lies within the tolerance. Emits manuellBinInserted(true).
+    void insertIntervalBoundary(const double& dDepth, const double& dTolerance);
+    /// Emits manuellBinInserted(false) and tells so when a boundary was near enough.
+    bool eraseIntervalBoundary(const QPointF& oPosition, const double& dTolerance);
+    void deleteIntervalBoundaries();
+
+    // ---- decimation ----------------------------------------------------------------------------------------------
+    /// Bins the points by y between consecutive boundaries, [b, b') with the last one closed. x is averaged; with a
+    /// tadpole azimuth, x and that azimuth are the dip and azimuth of planes, averaged as the resultant of their
+    /// lower-hemisphere poles. With partSelection() only selected points. No boundaries: no bins.
+    void generateDataDecimation();
+    /// One row per bin: depth of its centre and mean value (orientations: dip, azimuth); 99999.0 for an empty bin.
+    /// Null before generateDataDecimation(). Owned by the model.
+    MatrixDataArray* decimationData() const { return m_poDecimation.get(); }
+    /// One row per bin, "dimensionless": the number of points. Null and owned as above.
+    MatrixData* decimationCount() const { return m_poDecimationCount.get(); }
+    /// Per bin the record nearest to its centre, −1 in an empty bin.
+    const std::vector<int>& decimationTableRows() const { return m_viDecimationRows; }
+    /// Per bin (dip, azimuth), (99999.0, 99999.0) where there is none. Empty unless orientations were averaged.
+    const std::vector<QPointF>& decimationAngle() const { return m_voDecimationAngles; }
+    /// Bin of a record in the last decimation, −1 for none.
+    int decimationBin(int iRecord) const;
+    /// The bins' bounds: one number more than bins.
+    const std::vector<double>& decimationBoundaries() const { return m_vdDecimationBoundaries; }
+
+    // ---- clusters ------------------------------------------------------------------------------------------------
+    /// k-means of (x, y) or (x, y, third) in model units, kept under the name. Points without a third value, and with
+    /// partSelection() unselected ones, are left out. k is cut down to the distinct points; k below 1 or no points:
+    /// nothing happens. Tells whether clusters were made.
+    bool buildClusters_KML(const QString& sAttributeName, int k);
+    /// The centroids of that name, made when they do not exist: k rows of 2 or 3 columns. Owned by the model.
+    MatrixDataArray* findClusterCentroids(const QString& sAttributeName);
+    /// Those of clusterAttributeName(); null without any.
+    MatrixDataArray* clusterCentroids() const;
+    /// Cluster of a record from 0; −1 where it has none.
+    int clusterID(int iRecord) const;
+    std::span<const int> clusterIDs() const { return m_viClusters; }
+    std::span<const std::size_t> clusterSizes() const { return m_viClusterSizes; }
+    double clusterDistortion() const { return m_dClusterDistortion; } ///< total of squared distances
+    QString clusterAttributeName() const { return m_sClusterAttributeName; }
+    void setClusterAttributeName(const QString& sName) { m_sClusterAttributeName = sName; }
+    void clearClusters();
+    QString biasAttributeName() const { return m_sBiasAttributeName; }
+    void setBiasAttributeName(const QString& sName) { m_sBiasAttributeName = sName; }
+
+    // ---- item model ----------------------------------------------------------------------------------------------
+    QModelIndex index(int iRow, int iColumn, const QModelIndex& oParent = {}) const override;
+    QModelIndex parent(const QModelIndex& oChild) const override;
+    int rowCount(const QModelIndex& oParent = {}) const override;
+    int columnCount(const QModelIndex& oParent = {}) const override;
+    QVariant data(const QModelIndex& oIndex, int iRole = Qt::DisplayRole) const override;
+    QVariant headerData(int iSection, Qt::Orientation eOrientation, int iRole = Qt::DisplayRole) const override;
+    /// The selected column only: a check state or bool.
+    bool setData(const QModelIndex& oIndex, const QVariant& qValue, int iRole = Qt::EditRole) override;
+    Qt::ItemFlags flags(const QModelIndex& oIndex) const override;
+
+signals:
+    /// A boundary was inserted (true) or erased (false) by hand.
+    void manuellBinInserted(bool bInserted);
+
+private:
+    /// Lines and scenarios, which the tracks of one well share.
+    struct Lines
+    {
+        DepthLineField m_oIntervalFilter;
+        std::vector<std::unique_ptr<DepthLineField>> m_vScenarios;
+        int m_iActive = -1;
+    };
+
+    MatrixDataPointer m_poDataRoot;
+    MatrixDataPointer m_poX;
+    MatrixDataPointer m_poY;
+    MatrixDataPointer m_poThird;
+    MatrixDataPointer m_poColor;
+    MatrixDataPointer m_poSymbol;
+    MatrixDataPointer m_poTadPole;
+    MatrixDataPointer m_poQuality;
+    DisplayType m_eDisplayType = CrossPlotDisplay;
+    bool m_bLines = false;
+    std::vector<double> m_vdX;
+    std::vector<double> m_vdY;
+    std::vector<double> m_vdThird;
+    std::vector<double> m_vdTadPoles;
+    std::vector<double> m_vdQualities;
+    std::vector<int> m_viTableRows; ///< empty: all
+    int m_iRequestedRows = -1;
+    int m_iValidPoints = 0;
+    mutable std::unique_ptr<MatrixDataArray> m_poData;
+    quint64 m_iRevision = 0;
+
+    QList<bool> m_vbSelected;
+    int m_iSelectedPoints = 0;
+    bool m_bPartSelection = false;
+
+    PointStyle m_ePointStyle = PointStyle::Circle;
+    int m_iPointPixelSize = 3;
+    bool m_bOutLinePointStyle = false;
+    bool m_bDrawSymbols = true;
+    RelationshipClasses m_oColorClasses;
+    RelationshipClasses m_oSymbolClasses;
+    double m_dMinimumQuality;
+    double m_dXMin;
+    double m_dXMax;
+    double m_dYMin;
+    double m_dYMax;
+    double m_dScanlineAzimuth;
+    double m_dScanlinePlunge;
+    double m_dScanlineMinimumAngle;
+
+    std::shared_ptr<Lines> m_pLines;
+    std::unique_ptr<MatrixDataArray> m_poDecimation;
+    std::unique_ptr<MatrixData> m_poDecimationCount;
+    std::vector<int> m_viDecimationRows;
+    std::vector<QPointF> m_voDecimationAngles;
+    std::vector<int> m_viDecimationBins;
+    std::vector<double> m_vdDecimationBoundaries;
+
+    std::map<QString, std::unique_ptr<MatrixDataArray>> m_centroids;
+    std::vector<int> m_viClusters;
+    std::vector<std::size_t> m_viClusterSizes;
+    double m_dClusterDistortion = 0.0;
+    QString m_sClusterAttributeName;
+    QString m_sBiasAttributeName;
+};
+
+} // namespace gkBase
