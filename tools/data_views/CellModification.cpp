@@ -13,9 +13,20 @@ bool isArithmetic(Method eMethod)
     return eMethod == Add || eMethod == Subtract || eMethod == Multiply || eMethod == Divide;
 }
 
+bool needsOperand(Method eMethod)
+{
+    return eMethod == Set || isArithmetic(eMethod);
+}
+
+bool isApplicable(Method eMethod, QMetaType::Type eType)
+{
+    return eMethod == Set || eMethod == Clear || eType == QMetaType::Double || eType == QMetaType::Int;
+}
+
 double calculate(Method eMethod, double dOld, double dOperand)
 {
-    if (isMissing(dOld) || isMissing(dOperand))
+    // An operand of 99999 is a number like any other; only cells use it as a mark.
+    if (isMissing(dOld) || std::isnan(dOperand))
         return g_dEmptyCell;
     double dNew = g_dEmptyCell;
     switch (eMethod) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CellChange.h"
 #include "CellCondition.h"
 #include "CellModification.h"
 #include "CellRuns.h"
@@ -9,6 +10,8 @@
 #include <QAbstractItemModel>
 #include <QVariant>
 
+#include <map>
+#include <utility>
 #include <vector>
 
 class QMimeData;
@@ -28,6 +31,8 @@ class GKBASETOOLS_EXPORT QVertexItemModel : public QAbstractItemModel
 {
     Q_OBJECT
 public:
+    using ColumnChanges = std::map<int, CellChange>; ///< by table column
+
     QVertexItemModel(QObject* pqParent, MatrixData* poRoot, int iFilterStepSize);
     ~QVertexItemModel() override;
 
@@ -88,12 +93,15 @@ public:
     /// and 0 always lies inside. Both 99999.0 without values.
     void getStackedMinMaxRange(double& dMin, double& dMax) const;
 
-    /// Changes data cells as one undo record; the operand is a display value. Arithmetic leaves missing cells and
-    /// columns without numbers alone. False when nothing could be changed.
+    /// Changes data cells of every column as one undo record; the operand is a display value. Arithmetic leaves
+    /// missing cells and columns without numbers alone. False when no cell changed.
     bool modifySelectedCells(const QList<QModelIndex>& lIndexes, const QVariant& qOperand,
                              CellModification::Method eMethod);
-    virtual bool modifySelectedCells(const CellRuns& oCells, const QVariant& qOperand,
-                                     CellModification::Method eMethod);
+    bool modifySelectedCells(const CellRuns& oCells, const QVariant& qOperand, CellModification::Method eMethod);
+    /// Changes data cells, each column in its own way, as one undo record; cells of columns without a change stay.
+    virtual bool modifySelectedCells(const CellRuns& oCells, const ColumnChanges& oChanges);
+    /// What modifySelectedCells() would write to a column: nothing for one that is read-only or out of range.
+    ChangedCells changedCells(const CellRuns& oCells, int iColumn, const CellChange& oChange) const;
     /// Fills the missing cells of each run of cells between the values at its ends or beside it.
     bool interpolate(const QList<QModelIndex>& lIndexes);
 
@@ -135,6 +143,7 @@ private slots:
 
 private:
     struct BlockWrite;
+    using RecordsOfNode = std::pair<MatrixData*, const std::vector<int>*>;
 
     void connectRoot();
     void slotNodeAboutToBeRemoved(MatrixData* poBranch);
@@ -154,16 +163,11 @@ private:
     void writeCell(const QModelIndex& index, MatrixData* poNode, const QVariant& qValue, const QString& sUndoName);
 
     void addTargets(BlockWrite& oBlock, int iRows, int iColumns, int iRow, int iColumn) const;
-    void storeBlock(const BlockWrite& oBlock);
+    void storeRecords(const QString& sUndoName, const std::vector<RecordsOfNode>& vRecords, bool bRowCounts);
     bool applyBlock(BlockWrite& oBlock);
     bool writeRectangle(BlockWrite& oBlock);
     bool writeCellBlock(const CellBlock& oCells, int iRow, int iColumn);
-    bool interpolateCells(const CellRuns& oCells);
-    /// The value of a cell after a calculation in display units; invalid when there is none.
-    static QVariant changedValue(const MatrixData& oNode, int iRecord, CellModification::Method eMethod,
-                                 double dOperand);
-    static QString modifyName(CellModification::Method eMethod, const QString& sOperand,
-                              const MatrixData& oFirstColumn);
+    static void writeChange(MatrixData& oNode, const ChangedCells& oChanged);
     CellBlock cellBlock(const CellRuns& oCells, const std::vector<int>& viRows,
                         const std::vector<int>& viColumns) const;
     bool dropTarget(int iRow, int iColumn, const QModelIndex& parent, QModelIndex& target) const;

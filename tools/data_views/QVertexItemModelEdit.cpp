@@ -5,9 +5,7 @@
 #include "MatrixData.h"
 #include "MatrixDataNotifier.h"
 #include "MatrixDataRestore.h"
-#include "MissingValue.h"
 #include "QVertexItemModel.h"
-#include "UnitManager.h"
 
 #include <QMimeData>
 #include <QScopedValueRollback>
@@ -32,7 +30,6 @@ struct QVertexItemModel::BlockWrite
 
     QString m_sUndoName;
     std::vector<Column> m_vColumns;
-    bool m_bExtends = false; ///< some column gets longer
     ValueOf m_valueOf;
 };
 
@@ -113,20 +110,20 @@ void QVertexItemModel::writeCell(const QModelIndex& index, MatrixData* poNode, c
 
 // ---- blocks ---------------------------------------------------------------------------------------------------------
 
-void QVertexItemModel::storeBlock(const BlockWrite& oBlock)
+void QVertexItemModel::storeRecords(const QString& sUndoName, const std::vector<RecordsOfNode>& vRecords,
+                                    bool bRowCounts)
 {
-    if (!m_bUndoRedo)
+    if (!m_bUndoRedo || vRecords.empty())
         return;
-    auto poRecord = std::make_unique<MatrixDataRestore>(oBlock.m_vColumns.front().m_poNode, oBlock.m_sUndoName);
-    if (oBlock.m_bExtends)
+    auto poRecord = std::make_unique<MatrixDataRestore>(vRecords.front().first, sUndoName);
+    if (bRowCounts)
         poRecord->storeRowCount(m_poDataRoot);
-    for (const BlockWrite::Column& oColumn : oBlock.m_vColumns) {
-        const auto& vi = oColumn.m_viRecords;
-        const auto itNew = std::lower_bound(vi.begin(), vi.end(), oColumn.m_poNode->recordCount());
-        if (itNew == vi.end())
-            poRecord->storeRecords(oColumn.m_poNode, 0, vi);
+    for (const auto& [poNode, pviRecords] : vRecords) {
+        const auto itNew = std::lower_bound(pviRecords->begin(), pviRecords->end(), poNode->recordCount());
+        if (itNew == pviRecords->end())
+            poRecord->storeRecords(poNode, 0, *pviRecords);
         else
-            poRecord->storeRecords(oColumn.m_poNode, 0, std::vector<int>(vi.begin(), itNew));
+            poRecord->storeRecords(poNode, 0, std::vector<int>(pviRecords->begin(), itNew));
     }
     m_poDataRoot->appendUndoAction(poRecord.release(), true);
 }
@@ -136,7 +133,11 @@ bool QVertexItemModel::applyBlock(BlockWrite& oBlock)
     std::erase_if(oBlock.m_vColumns, [](const BlockWrite::Column& oColumn) { return oColumn.m_viRecords.empty(); });
     if (oBlock.m_vColumns.empty())
         return false;
-    storeBlock(oBlock);
+    std::vector<RecordsOfNode> vRecords;
+    for (const BlockWrite::Column& oColumn : oBlock.m_vColumns)
+        vRecords.emplace_back(oColumn.m_poNode, &oColumn.m_viRecords);
+    // Columns of a data set get equal lengths again, which undo takes back too.
+    storeRecords(oBlock.m_sUndoName, vRecords, true);
     const MatrixDataNotifier::Batch oBatch(m_poDataRoot);
     for (const BlockWrite::Column& oColumn : oBlock.m_vColumns) {
         MatrixData* poNode = oColumn.m_poNode;
@@ -183,15 +184,12 @@ void QVertexItemModel::addTargets(BlockWrite& oBlock, int iRows, int iColumns, i
             oColumn.m_viRecords.push_back(iRecord);
             oColumn.m_viSources.push_back(iSourceRow);
         }
-        oBlock.m_bExtends |= !vTargets.empty() && vTargets.back().first >= poNode->recordCount();
         oBlock.m_vColumns.push_back(std::move(oColumn));
     }
 }
 
 bool QVertexItemModel::writeRectangle(BlockWrite& oBlock)
 {
-    // Columns of a data set get equal lengths again, which undo takes back too.
-    oBlock.m_bExtends = true;
     {
         const QScopedValueRollback<bool> oResetFollows(m_bResetFollows, true);
         if (!applyBlock(oBlock))
@@ -271,115 +269,6 @@ void QVertexItemModel::extendRows()
         endInsertRows();
     }
     setModified(true);
-}
-
-// ---- changing many cells --------------------------------------------------------------------------------------------
-
-bool QVertexItemModel::modifySelectedCells(const QList<QModelIndex>& lIndexes, const QVariant& qOperand,
-                                           CellModification::Method eMethod)
-{
-    return modifySelectedCells(CellRuns::ofIndexes(lIndexes, columnCount()), qOperand, eMethod);
-}
-
-bool QVertexItemModel::interpolate(const QList<QModelIndex>& lIndexes)
-{
-    return modifySelectedCells(lIndexes, QVariant(), CellModification::Interpolate);
-}
-
-bool QVertexItemModel::modifySelectedCells(const CellRuns& oCells, const QVariant& qOperand,
-                                           CellModification::Method eMethod)
-{
-    if (eMethod == CellModification::Interpolate)
-        return interpolateCells(oCells);
-    const bool bArithmetic = CellModification::isArithmetic(eMethod);
-    const QString sOperand = qOperand.toString();
-    const std::optional<double> dOperand = CellText::number(sOperand);
-    if (bArithmetic && !dOperand)
-        return false;
-
-    BlockWrite oBlock;
-    for (int iColumn = 0; iColumn < columnCount(); ++iColumn) {
-        MatrixData* poNode = getNode(iColumn);
-        if (!poNode->isEditable())
-            continue;
-        BlockWrite::Column oColumn;
-        oColumn.m_poNode = poNode;
-        oColumn.m_viRecords = m_oRowMap.recordsOfTableRows(oCells.column(iColumn));
-        if (bArithmetic) {
-            std::erase_if(oColumn.m_viRecords,
-                          [&](int iRecord) { return !changedValue(*poNode, iRecord, eMethod, *dOperand).isValid(); });
-        } else if (eMethod == CellModification::Set && !sOperand.isEmpty() &&
-                   !CellText::toValue(*poNode, qOperand).isValid()) {
-            continue; // a text that is no colour
-        } else if (eMethod == CellModification::Clear || sOperand.isEmpty()) {
-            std::erase_if(oColumn.m_viRecords, [poNode](int iRecord) { return iRecord >= poNode->recordCount(); });
-        }
-        if (oColumn.m_viRecords.empty())
-            continue;
-        oBlock.m_bExtends |= oColumn.m_viRecords.back() >= poNode->recordCount();
-        oBlock.m_vColumns.push_back(std::move(oColumn));
-    }
-    if (oBlock.m_vColumns.empty())
-        return false;
-    oBlock.m_sUndoName = modifyName(eMethod, sOperand, *oBlock.m_vColumns.front().m_poNode);
-    oBlock.m_valueOf = [&](const BlockWrite::Column& oColumn, std::size_t i) {
-        if (bArithmetic)
-            return changedValue(*oColumn.m_poNode, oColumn.m_viRecords[i], eMethod, *dOperand);
-        return eMethod == CellModification::Set ? CellText::toValue(*oColumn.m_poNode, qOperand) : QVariant();
-    };
-    if (!applyBlock(oBlock))
-        return false;
-    setModified(true);
-    return true;
-}
-
-QVariant QVertexItemModel::changedValue(const MatrixData& oNode, int iRecord, CellModification::Method eMethod,
-                                        double dOperand)
-{
-    if (oNode.type() != QMetaType::Double && oNode.type() != QMetaType::Int)
-        return QVariant();
-    const double dOld = oNode.recordNumber(iRecord);
-    const bool bDouble = oNode.type() == QMetaType::Double;
-    const double dShown = bDouble ? oNode.unitManager()->convertModelToDisplay(dOld) : dOld;
-    const double dNew = CellModification::calculate(eMethod, dShown, dOperand);
-    return isMissing(dNew) ? QVariant() : CellText::toValue(oNode, QVariant(dNew));
-}
-
-QString QVertexItemModel::modifyName(CellModification::Method eMethod, const QString& sOperand,
-                                     const MatrixData& oFirstColumn)
-{
-    QString sName = QStringLiteral("Modify Cell(s): ") + CellModification::name(eMethod);
-    if (!sOperand.isEmpty() && eMethod != CellModification::Clear && eMethod != CellModification::Interpolate)
-        sName += u' ' + sOperand;
-    return sName + QStringLiteral(": column=") + oFirstColumn.name();
-}
-
-bool QVertexItemModel::interpolateCells(const CellRuns& oCells)
-{
-    std::unique_ptr<MatrixDataRestore> poRecord;
-    {
-        const MatrixDataNotifier::Batch oBatch(m_poDataRoot);
-        for (int iColumn = 0; iColumn < columnCount(); ++iColumn) {
-            MatrixData* poNode = getNode(iColumn);
-            const RowRuns vRecords = runsOfRows(m_oRowMap.recordsOfTableRows(oCells.column(iColumn)));
-            if (!poNode->isEditable() || vRecords.empty())
-                continue;
-            if (!poRecord)
-                poRecord = std::make_unique<MatrixDataRestore>(
-                    poNode, modifyName(CellModification::Interpolate, QString(), *poNode));
-            // The cells beside a run serve as values only: a gap that reaches past the end of a range is not filled.
-            for (const RowRun& oRun : vRecords)
-                poNode->interpolate(std::max(oRun.iFirst - 1, 0) + rowOffSet(),
-                                    std::min(oRun.iLast + 1, poNode->recordCount() - 1) + rowOffSet(), 0,
-                                    poRecord.get());
-        }
-    }
-    if (!poRecord || poRecord->size() == 0)
-        return false;
-    if (m_bUndoRedo)
-        m_poDataRoot->appendUndoAction(poRecord.release(), true);
-    setModified(true);
-    return true;
 }
 
 } // namespace gkBase

@@ -142,8 +142,7 @@ bool QVertexMinMaxItemModel::dropMimeData(const QMimeData* /*pMimeData*/, Qt::Dr
     return false;
 }
 
-bool QVertexMinMaxItemModel::modifySelectedCells(const CellRuns& /*oCells*/, const QVariant& /*qOperand*/,
-                                                 CellModification::Method /*eMethod*/)
+bool QVertexMinMaxItemModel::modifySelectedCells(const CellRuns& /*oCells*/, const ColumnChanges& /*oChanges*/)
 {
     return false;
 }

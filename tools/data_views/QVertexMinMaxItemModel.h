@@ -38,8 +38,7 @@ public:
 
     using QVertexItemModel::modifySelectedCells;
     /// Summaries cannot be changed: false.
-    bool modifySelectedCells(const CellRuns& oCells, const QVariant& qOperand,
-                             CellModification::Method eMethod) override;
+    bool modifySelectedCells(const CellRuns& oCells, const ColumnChanges& oChanges) override;
     bool setMimeData(const QMimeData& oMimeData, int iRow, int iColumn) override;
 
     /// What the editors of the unit and category rows offer for a column; empty for other rows.
