@@ -10,7 +10,6 @@
 #include <gkBase/ChartExporter.h>
 #include <gkBase/DisplayUnitManager.h>
 #include <gkBase/QDataAnalyserDialog.h>
-#include <gkBase/QHistogramChartWidget.h>
 #include <gkBase/TabWidgetWithFloatingTabs.h>
 
 #include <QAction>
@@ -93,8 +92,7 @@ AnalyserWindow::~AnalyserWindow()
     m_pqAnalyser->changeDataRoot(nullptr);
 }
 
-// ---- menus
-// -----------------------------------------------------------------------------------------------------------
+// ---- menus ---------------------------------------------------------------------------------------------------------
 
 void AnalyserWindow::createFileMenu()
 {
@@ -114,7 +112,10 @@ void AnalyserWindow::createFileMenu()
     connect(pqMenu, &QMenu::aboutToShow, this, [this] {
         m_pqReportAction->setEnabled(!m_pApplication->document()->reports().empty());
         m_pqRecentMenu->setEnabled(!m_pApplication->recentFiles().isEmpty());
+        m_pqExportAction->setEnabled(m_pqAnalyser->hasActiveChart());
     });
+    // The shortcut works whatever page was current when the menu was last open; exportChart() tells what is wrong.
+    connect(pqMenu, &QMenu::aboutToHide, this, [this] { m_pqExportAction->setEnabled(true); });
 }
 
 void AnalyserWindow::createEditMenu()
@@ -234,8 +235,7 @@ void AnalyserWindow::fillWindowMenu()
     }
 }
 
-// ---- files
-// -----------------------------------------------------------------------------------------------------------
+// ---- files ---------------------------------------------------------------------------------------------------------
 
 QString AnalyserWindow::lastFolder() const
 {
@@ -302,25 +302,29 @@ bool AnalyserWindow::saveAsCsv()
 
 void AnalyserWindow::exportChart()
 {
+    if (!m_pqAnalyser->hasActiveChart()) {
+        m_pqStatusLabel->setText(tr("The page that is shown is not a chart."));
+        return;
+    }
     ExportChartDialog dialog(this);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    const QString sPath = withExtension(
-        QFileDialog::getSaveFileName(this, tr("Export Chart"), lastFolder() + QStringLiteral("/histogram.png"),
-                                     gkBase::ChartExporter::nameFilters().join(QLatin1String(";;"))),
-        QStringLiteral("png"));
+    const QString sPath =
+        withExtension(QFileDialog::getSaveFileName(
+                          this, tr("Export Chart"),
+                          QStringLiteral("%1/%2.png").arg(lastFolder(), m_pqAnalyser->activePageName().toLower()),
+                          gkBase::ChartExporter::nameFilters().join(QLatin1String(";;"))),
+                      QStringLiteral("png"));
     if (sPath.isEmpty())
         return;
-    m_pqAnalyser->updateHistogramData();
     QString sError;
-    if (!m_pqAnalyser->histogramChart()->exportChart(sPath, dialog.chartSize(), &sError))
+    if (!m_pqAnalyser->exportActiveChart(sPath, dialog.chartSize(), &sError))
         QMessageBox::warning(this, tr("Export Chart"), sError);
     else
         m_pqStatusLabel->setText(tr("Exported %1").arg(sPath));
 }
 
-// ---- state
-// -----------------------------------------------------------------------------------------------------------
+// ---- state ---------------------------------------------------------------------------------------------------------
 
 void AnalyserWindow::updateTitle()
 {

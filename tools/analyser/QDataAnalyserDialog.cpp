@@ -1,5 +1,6 @@
 #include "QDataAnalyserDialog.h"
 
+#include "AnalyserChartPages.h"
 #include "AnalyserTablePage.h"
 #include "MatrixDataNotifier.h"
 #include "QAttributeTreeView.h"
@@ -97,8 +98,7 @@ QDataAnalyserDialog::~QDataAnalyserDialog()
     delete m_pqSelectCellsDialog;
 }
 
-// ---- data
-// ------------------------------------------------------------------------------------------------------------
+// ---- data ----------------------------------------------------------------------------------------------------------
 
 void QDataAnalyserDialog::changeDataRoot(MatrixData* poRoot)
 {
@@ -114,7 +114,7 @@ void QDataAnalyserDialog::changeDataRoot(MatrixData* poRoot)
     m_pTreeModel->setDataRoot(m_poDataRoot);
     m_pqTreeView->expandAll();
     m_pqTablePage->setDataRoot(m_poDataRoot);
-    m_pqHistogramChart->setDataRoot(m_poDataRoot);
+    m_pCharts->setDataRoot(m_poDataRoot);
     updateChartDataSetSelectionBoxes();
     hideShowOrientationWindows();
     resetChartsUpdateNeeded();
@@ -208,15 +208,15 @@ void QDataAnalyserDialog::slotDataModified(bool bOk)
     emit dataModified(bOk);
 }
 
-// ---- charts
-// ----------------------------------------------------------------------------------------------------------
+// ---- charts --------------------------------------------------------------------------------------------------------
 
 void QDataAnalyserDialog::updateChartDataSetSelectionBox(MatrixData::AttributeCollection eCollection,
                                                          bool bSelectedOnly)
 {
-    Q_UNUSED(bSelectedOnly) // the histogram offers switched-off attributes as well
-    if (m_pqHistogramChart && (eCollection == MatrixData::NumericAttribute || eCollection == MatrixData::AnyAttribute))
-        m_pqHistogramChart->updateDataSetSelectionBox();
+    Q_UNUSED(eCollection)   // each chart knows what it can show
+    Q_UNUSED(bSelectedOnly) // and offers switched-off attributes as well
+    if (m_pCharts)
+        m_pCharts->updateChoosers();
 }
 
 void QDataAnalyserDialog::updateChartDataSetSelectionBoxes()
@@ -231,8 +231,7 @@ void QDataAnalyserDialog::setCurrentHistogramDataSet()
     if (!poNode || !poNode->owner())
         return;
     m_pqHistogramChart->chooseDataSet(poNode);
-    m_bUpdateNeeded[Histogram] = true;
-    scheduleRefill();
+    m_pCharts->mark(AnalyserChartPages::Histogram);
 }
 
 MatrixData* QDataAnalyserDialog::firstCountableAttribute() const
@@ -252,7 +251,7 @@ void QDataAnalyserDialog::updateHistogramData()
 {
     if (!m_pqHistogramChart)
         return;
-    m_bUpdateNeeded[Histogram] = false;
+    m_pCharts->unmark(AnalyserChartPages::Histogram);
     const bool bRebuilt = m_pqHistogramChart->setSelectedRows(vertexTable()->selectedRecords());
     if (!m_pqHistogramChart->currentSelectedDataSet())
         m_pqHistogramChart->setDataSet(firstCountableAttribute());
@@ -269,9 +268,10 @@ void QDataAnalyserDialog::hideShowOrientationWindows()
 
 void QDataAnalyserDialog::resetChartsUpdateNeeded()
 {
-    m_bUpdateNeeded.fill(true);
+    if (!m_pCharts)
+        return;
     m_iRowsInCharts = m_pqTablePage ? vertexTable()->selectedRowCount() : 0;
-    scheduleRefill();
+    m_pCharts->markAll();
 }
 
 void QDataAnalyserDialog::checkResetChartsUpdateNeeded()
@@ -280,38 +280,12 @@ void QDataAnalyserDialog::checkResetChartsUpdateNeeded()
         resetChartsUpdateNeeded();
 }
 
-void QDataAnalyserDialog::scheduleRefill()
-{
-    if (m_bRefillPending || !m_pqSplitter)
-        return;
-    m_bRefillPending = true;
-    QTimer::singleShot(0, this, &QDataAnalyserDialog::refillVisibleCharts);
-}
-
-void QDataAnalyserDialog::refillVisibleCharts()
-{
-    m_bRefillPending = false;
-    for (const ChartPage& page : m_vChartPages)
-        if (m_bUpdateNeeded[page.m_eChart] && isPageVisible(page.m_pqPage)) {
-            m_bUpdateNeeded[page.m_eChart] = false;
-            page.m_fnRefill();
-        }
-}
-
-bool QDataAnalyserDialog::eventFilter(QObject* pqWatched, QEvent* pEvent)
-{
-    // A torn-off page that was hidden may have missed changes; nobody else tells that it is seen again.
-    if (pEvent->type() == QEvent::Show)
-        scheduleRefill();
-    return QWidget::eventFilter(pqWatched, pEvent);
-}
-
 void QDataAnalyserDialog::slotTabWidgetChanged()
 {
     if (!m_pqSplitter)
         return;
     resetSplitterRatios();
-    refillVisibleCharts();
+    m_pCharts->refillVisible();
     enablePasteAction();
 }
 
@@ -340,23 +314,31 @@ QWidget* QDataAnalyserDialog::activePage() const
     return m_pqTabWidget->currentWidget();
 }
 
-const QDataAnalyserDialog::ChartPage* QDataAnalyserDialog::activeChartPage() const
+QString QDataAnalyserDialog::activePageName() const
 {
-    const QWidget* pqActive = activePage();
-    for (const ChartPage& page : m_vChartPages)
-        if (page.m_pqPage == pqActive)
-            return &page;
-    return nullptr;
+    const QWidget* pqPage = m_pqTabWidget ? activePage() : nullptr;
+    return pqPage ? pqPage->objectName() : QString();
+}
+
+bool QDataAnalyserDialog::hasActiveChart() const
+{
+    return m_pCharts && m_pCharts->find(activePage());
+}
+
+bool QDataAnalyserDialog::exportActiveChart(const QString& sPath, const QSize& oSize, QString* psError)
+{
+    if (!hasActiveChart()) {
+        if (psError)
+            *psError = tr("No chart is shown.");
+        return false;
+    }
+    m_pCharts->refillVisible();
+    return m_pCharts->find(activePage())->m_fnExport(sPath, oSize, psError);
 }
 
 bool QDataAnalyserDialog::isTablePageActive() const
 {
     return m_pqTabWidget && activePage() == m_pqTablePage;
-}
-
-bool QDataAnalyserDialog::isPageVisible(const QWidget* pqPage) const
-{
-    return m_pqTabWidget->currentWidget() == pqPage || (m_pqTabWidget->isFloating(pqPage) && pqPage->isVisible());
 }
 
 void QDataAnalyserDialog::hideTab(const QString& sName)
@@ -388,8 +370,7 @@ void QDataAnalyserDialog::setUltraLightMode()
     m_pqTabWidget->tabBar()->hide();
 }
 
-// ---- selection
-// -------------------------------------------------------------------------------------------------------
+// ---- selection -----------------------------------------------------------------------------------------------------
 
 void QDataAnalyserDialog::setNewRowSelectionFromGraphicalSelection(bool* pvFlags, int iCount)
 {
@@ -493,8 +474,7 @@ void QDataAnalyserDialog::accept_SelectValueCellsDlg()
     checkResetChartsUpdateNeeded();
 }
 
-// ---- clipboard and files
-// ---------------------------------------------------------------------------------------------
+// ---- clipboard and files -------------------------------------------------------------------------------------------
 
 void QDataAnalyserDialog::copyToClipboard()
 {
@@ -510,7 +490,7 @@ void QDataAnalyserDialog::copyToClipboard()
         }
         if (m_pqPasteAction)
             m_pqPasteAction->setEnabled(true);
-    } else if (const ChartPage* pPage = activeChartPage()) {
+    } else if (const AnalyserChartPages::Page* pPage = m_pCharts->find(activePage())) {
         QApplication::clipboard()->clear();
         pPage->m_fnCopy();
         if (m_pqPasteAction)

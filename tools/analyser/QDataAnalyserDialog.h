@@ -11,7 +11,6 @@
 #include <QString>
 #include <QWidget>
 
-#include <array>
 #include <functional>
 #include <vector>
 
@@ -19,6 +18,7 @@ class QSplitter;
 
 namespace gkBase {
 
+class AnalyserChartPages;
 class AnalyserTablePage;
 class QAttributeTreeView;
 class QHistogramChartWidget;
@@ -76,6 +76,13 @@ public:
     QVertexItemModel* vertexItemModel() const;
     QVertexMinMaxModelTableView* minMaxVertexTable() const;
     QHistogramChartWidget* histogramChart() const { return m_pqHistogramChart; }
+    /// Object name of the page that the user works on; the torn-off one with the focus, or the current tab.
+    QString activePageName() const;
+    /// True when that page shows a chart.
+    bool hasActiveChart() const;
+    /// Writes that chart to a .png, .svg or .pdf file of that logical size, with the present data. On failure, or
+    /// without a chart, false with the reason in psError (may be null).
+    bool exportActiveChart(const QString& sPath, const QSize& oSize, QString* psError);
     TabWidgetWithFloatingTabs* tabWidget() const { return m_pqTabWidget; }
     /// The context menu of the tables with the actions below, or the host's.
     QMenu* menu() const { return m_pqMenu; }
@@ -127,9 +134,6 @@ signals:
     /// "Save As" wrote the file, or could not.
     void csvWritten(const QString& sPath, bool bOk);
 
-protected:
-    bool eventFilter(QObject* pqWatched, QEvent* pEvent) override;
-
 private slots:
     void updateChartDataSetSelectionBoxes();
     void enablePasteAction();
@@ -141,43 +145,21 @@ private slots:
     void slotDataModified(bool bOk);
 
 private:
-    /// The charts in the order of their update-needed flags.
-    enum Chart
-    {
-        CrossPlot,
-        BarChart,
-        Histogram,
-        RosePlot,
-        StereoPlot,
-        TangentPlot,
-        DepthPlot,
-        NumberOfCharts
-    };
-
-    /// A page with a chart: how it is filled and copied.
-    struct ChartPage
-    {
-        Chart m_eChart;
-        QWidget* m_pqPage;
-        std::function<void()> m_fnRefill;
-        std::function<void()> m_fnCopy;
-    };
-
     QMenu* createDefaultPopupMenu();
     void createTableWidget(int iTableOption);
     void createTreeWidget();
     void createHistogramChart(const QString& sName);
+    /// Adds the page of a chart panel; fnRefill fills it from the table's selection.
+    template <typename Panel>
+    void addChartPage(int iChart, Panel* pqPanel, const QString& sObjectName, const QString& sText,
+                      const QString& sIcon, std::function<void()> fnRefill, const QString& sSettingsGroup);
     void addPage(QWidget* pqPage, const QString& sObjectName, const QString& sText, const QString& sIcon);
     QWidget* pageNamed(const QString& sName) const;
     /// The torn-off page that has the focus, otherwise the current tab's.
     QWidget* activePage() const;
-    const ChartPage* activeChartPage() const;
     bool isTablePageActive() const;
-    bool isPageVisible(const QWidget* pqPage) const;
     void connectRoot();
     void slotRootAboutToBeDestroyed();
-    void scheduleRefill();
-    void refillVisibleCharts();
     void resetSplitterRatios();
     void fillSelectCellsDialog();
     /// The column that a condition is meant for: the current one, or the first.
@@ -206,10 +188,8 @@ private:
     QPointer<QAction> m_pqSelectInverseAction;
     QPointer<QAction> m_pqSaveAsAction;
 
-    std::vector<ChartPage> m_vChartPages;
-    std::array<bool, NumberOfCharts> m_bUpdateNeeded{};
+    AnalyserChartPages* m_pCharts = nullptr;
     int m_iRowsInCharts = 0; ///< selected rows when the charts were last marked
-    bool m_bRefillPending = false;
     QList<QMetaObject::Connection> m_lRootConnections;
 };
 

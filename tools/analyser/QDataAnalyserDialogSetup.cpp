@@ -1,5 +1,6 @@
 // How QDataAnalyserDialog builds its widgets and connects them.
 
+#include "AnalyserChartPages.h"
 #include "AnalyserTablePage.h"
 #include "QAttributeTreeView.h"
 #include "QDataAnalyserDialog.h"
@@ -52,7 +53,6 @@ void QDataAnalyserDialog::initialize(const QString& sName, QMenu* pqMenu, Qt::Or
     Q_UNUSED(bDepthPlot)
     if (m_pqSplitter)
         return;
-    m_bUpdateNeeded.fill(true);
     m_pqMenu = pqMenu ? pqMenu : createDefaultPopupMenu();
 
     auto* pqLayout = new QGridLayout(this);
@@ -71,6 +71,7 @@ void QDataAnalyserDialog::initialize(const QString& sName, QMenu* pqMenu, Qt::Or
     m_pqTreeView->expandAll();
 
     m_pqTabWidget = new TabWidgetWithFloatingTabs(m_pqSplitter);
+    m_pCharts = new AnalyserChartPages(m_pqTabWidget, this);
     m_pqSplitter->setStretchFactor(0, 0);
     m_pqSplitter->setStretchFactor(1, 1);
     m_pqSplitter->setSizes({m_iTreeSize, width() - m_iTreeSize});
@@ -81,7 +82,7 @@ void QDataAnalyserDialog::initialize(const QString& sName, QMenu* pqMenu, Qt::Or
     m_pqTabWidget->setCurrentIndex(0);
     connect(m_pqTabWidget, &QTabWidget::currentChanged, this, &QDataAnalyserDialog::slotTabWidgetChanged);
     // Tearing a page off makes another one current without currentChanged().
-    connect(m_pqTabWidget, &TabWidgetWithFloatingTabs::detachedTab, this, &QDataAnalyserDialog::scheduleRefill);
+    connect(m_pqTabWidget, &TabWidgetWithFloatingTabs::detachedTab, m_pCharts, &AnalyserChartPages::scheduleRefill);
 
     readSettings();
     connect(m_pqSplitter, &QSplitter::splitterMoved, this, [this] { m_iTreeSize = m_pqSplitter->sizes().value(0); });
@@ -168,14 +169,37 @@ void QDataAnalyserDialog::createTreeWidget()
             &QDataAnalyserDialog::updateChartDataSetSelectionBoxes);
 }
 
+template <typename Panel>
+void QDataAnalyserDialog::addChartPage(int iChart, Panel* pqPanel, const QString& sObjectName, const QString& sText,
+                                       const QString& sIcon, std::function<void()> fnRefill,
+                                       const QString& sSettingsGroup)
+{
+    pqPanel->setDataRoot(m_poDataRoot);
+    addPage(pqPanel, sObjectName, sText, sIcon);
+    AnalyserChartPages::Page page;
+    page.m_eChart = static_cast<AnalyserChartPages::Chart>(iChart);
+    page.m_pqPage = pqPanel;
+    page.m_fnRefill = std::move(fnRefill);
+    page.m_fnCopy = [pqPanel] { pqPanel->copyToClipboard(); };
+    page.m_fnSetRoot = [pqPanel](MatrixData* poRoot) { pqPanel->setDataRoot(poRoot); };
+    page.m_fnUpdateChooser = [pqPanel] { pqPanel->updateDataSetSelectionBox(); };
+    page.m_fnExport = [pqPanel](const QString& sPath, const QSize& oSize, QString* psError) {
+        return pqPanel->exportChart(sPath, oSize, psError);
+    };
+    if constexpr (requires { pqPanel->readSettings(sSettingsGroup); }) {
+        page.m_fnReadSettings = [pqPanel, sSettingsGroup] { pqPanel->readSettings(sSettingsGroup); };
+        page.m_fnSaveSettings = [pqPanel, sSettingsGroup] { pqPanel->writeSettings(sSettingsGroup); };
+    }
+    m_pCharts->add(std::move(page));
+}
+
 void QDataAnalyserDialog::createHistogramChart(const QString& sName)
 {
     m_pqHistogramChart = new QHistogramChartWidget(m_pqTabWidget);
     m_pqHistogramChart->setAccessibleName(sName);
-    m_pqHistogramChart->setDataRoot(m_poDataRoot);
-    addPage(m_pqHistogramChart, QLatin1String(g_histogramPage), tr("Histogram Chart"), QStringLiteral("histogram.png"));
-    m_vChartPages.push_back({Histogram, m_pqHistogramChart, [this] { updateHistogramData(); },
-                             [this] { m_pqHistogramChart->copyToClipboard(); }});
+    addChartPage(
+        AnalyserChartPages::Histogram, m_pqHistogramChart, QLatin1String(g_histogramPage), tr("Histogram Chart"),
+        QStringLiteral("histogram.png"), [this] { updateHistogramData(); }, QString());
     connect(m_pqHistogramChart, &QHistogramChartWidget::dataSetSelected, this,
             &QDataAnalyserDialog::updateHistogramData);
 }
@@ -184,7 +208,6 @@ void QDataAnalyserDialog::addPage(QWidget* pqPage, const QString& sObjectName, c
                                   const QString& sIcon)
 {
     pqPage->setObjectName(sObjectName);
-    pqPage->installEventFilter(this);
     m_pqTabWidget->addTab(pqPage, pageIcon(sIcon.toLatin1().constData()), sText);
 }
 

@@ -88,8 +88,7 @@ QPointF QChartDrawingArea::transformInPixelPoint(const QPointF&)
     return {0.0, 0.0};
 }
 
-// ---- off-screen picture
-// -----------------------------------------------------------------------------------------------
+// ---- off-screen picture --------------------------------------------------------------------------------------------
 
 ChartViewport QChartDrawingArea::viewport() const
 {
@@ -174,8 +173,7 @@ void QChartDrawingArea::resizeEvent(QResizeEvent* pEvent)
         scheduleRedraw();
 }
 
-// ---- zoom and pan
-// -------------------------------------------------------------------------------------------------------
+// ---- zoom and pan --------------------------------------------------------------------------------------------------
 
 void QChartDrawingArea::zoom(double dZoom)
 {
@@ -221,8 +219,7 @@ void QChartDrawingArea::wheelEvent(QWheelEvent* pEvent)
     emit zoomChanged(zoomFactor());
 }
 
-// ---- title, copy and menu
-// -----------------------------------------------------------------------------------------------
+// ---- title, copy and menu ------------------------------------------------------------------------------------------
 
 void QChartDrawingArea::changeHeaderTitle(const QString& sTitle)
 {

@@ -159,8 +159,7 @@ protected:
     /// The next paint lays out and draws again.
     void scheduleRedraw();
 
-    // ---- drawing toolkit: centre in chart pixels, size = half the symbol's width; pen and brush as they are
-    // -----------
+    // ---- drawing toolkit: centre in chart pixels, size = half the symbol's width; pen and brush as they are --------
     void drawCircle(QPainter* pPainter, const QPointF& oCentre, int iSize);
     void drawCross(QPainter* pPainter, const QPointF& oCentre, int iSize);
     void drawRectangle(QPainter* pPainter, const QPointF& oCentre, int iSize);

@@ -53,8 +53,7 @@ QColor fillOf(int iStyle, const QColor& oFill, const QColor& oBackground)
 
 } // namespace
 
-// ---- shapes in the current pen and brush
-// ------------------------------------------------------------------------------
+// ---- shapes in the current pen and brush ---------------------------------------------------------------------------
 
 void QChartDrawingArea::drawCircle(QPainter* pPainter, const QPointF& oCentre, int iSize)
 {
@@ -101,8 +100,7 @@ void QChartDrawingArea::drawPolygon(QPainter* pPainter, const QPointF& oCentre, 
     pPainter->drawPolygon(regularPolygon(oCentre, iSize, iCorners));
 }
 
-// ---- symbols in given colours
-// -------------------------------------------------------------------------------------------
+// ---- symbols in given colours --------------------------------------------------------------------------------------
 
 void QChartDrawingArea::drawOneSymbol(QPainter* pPainter, const QPointF& oCentre, PointStyle eStyle,
                                       const QColor& oColor, int iSize)
@@ -179,8 +177,7 @@ void QChartDrawingArea::setPointPen(QPainter* pPainter)
     pPainter->setBrush(m_oPointFillColor);
 }
 
-// ---- labels and grid
-// -----------------------------------------------------------------------------------------------------
+// ---- labels and grid -----------------------------------------------------------------------------------------------
 
 void QChartDrawingArea::drawLabel(QPainter* pPainter, const QPointF& oPosition, const QString& sText)
 {
@@ -220,8 +217,7 @@ void QChartDrawingArea::drawGrid(QPainter* pPainter)
     }
 }
 
-// ---- pictures of symbols
-// ---------------------------------------------------------------------------------------------------
+// ---- pictures of symbols -------------------------------------------------------------------------------------------
 
 void QChartDrawingArea::initializePointSytleComboBox(QComboBox* pqComboBox, bool bAll)
 {

@@ -63,8 +63,7 @@ QString dashes()
 
 } // namespace
 
-// ---- what is shown
-// ------------------------------------------------------------------------------------------------------
+// ---- what is shown -------------------------------------------------------------------------------------------------
 
 void QHistogramChartWidget::setDataRoot(MatrixData* poRoot)
 {
@@ -225,8 +224,7 @@ void QHistogramChartWidget::setChartFrameEnabled(bool bEnabled)
     m_pqVerticalScrollBar->setEnabled(bEnabled);
 }
 
-// ---- rebuilding
-// -------------------------------------------------------------------------------------------------------------
+// ---- rebuilding ----------------------------------------------------------------------------------------------------
 
 void QHistogramChartWidget::updateHistogram()
 {
@@ -350,8 +348,7 @@ QString QHistogramChartWidget::shownDifference(double dDifference) const
     return (sNumber + QLatin1Char(' ') + m_poData->unitManager()->getDisplayUnitTag()).trimmed();
 }
 
-// ---- display settings
-// ---------------------------------------------------------------------------------------------------------
+// ---- display settings ----------------------------------------------------------------------------------------------
 
 void QHistogramChartWidget::updateDiagramSettings()
 {
@@ -412,8 +409,7 @@ void QHistogramChartWidget::updateCursorPosLabel(QPointF oPosition)
                            .arg((sX + QLatin1Char(' ') + sUnit).trimmed(), QString::number(oPosition.y(), 'f', 2)));
 }
 
-// ---- zoom and pan
-// -----------------------------------------------------------------------------------------------------------------
+// ---- zoom and pan --------------------------------------------------------------------------------------------------
 
 void QHistogramChartWidget::slotZoomFactorReset(bool bOn)
 {

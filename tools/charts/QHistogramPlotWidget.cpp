@@ -102,8 +102,7 @@ QPointF QHistogramPlotWidget::transformInDataPoint(const QPointF& oPixel) const
     return map().toData(oPixel);
 }
 
-// ---- drawing
-// ----------------------------------------------------------------------------------------------------------
+// ---- drawing -------------------------------------------------------------------------------------------------------
 
 void QHistogramPlotWidget::layoutChart()
 {
@@ -228,8 +227,7 @@ void QHistogramPlotWidget::renderWithGrid(QPainter& painter, const QRect& oTarge
     m_viHorizontalGridLines = viOwnHorizontal;
 }
 
-// ---- mouse
-// ----------------------------------------------------------------------------------------------------------------
+// ---- mouse ---------------------------------------------------------------------------------------------------------
 
 QString QHistogramPlotWidget::intervalToolTip(int iInterval) const
 {

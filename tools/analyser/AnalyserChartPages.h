@@ -1,0 +1,88 @@
+#pragma once
+
+#include "gkBaseToolsExport.h"
+
+#include <QObject>
+#include <QSize>
+#include <QString>
+
+#include <array>
+#include <functional>
+#include <vector>
+
+class QWidget;
+
+namespace gkBase {
+
+class MatrixData;
+class TabWidgetWithFloatingTabs;
+
+/// The pages with charts of the analyser, and which of them have to be filled again. A page that is seen, as the
+/// current tab or torn off, is filled once the event loop turns, however often it was marked; any other page when it
+/// is next shown.
+class GKBASETOOLS_EXPORT AnalyserChartPages : public QObject
+{
+    Q_OBJECT
+public:
+    /// The charts in the order of their update-needed flags.
+    enum Chart
+    {
+        CrossPlot,
+        BarChart,
+        Histogram,
+        RosePlot,
+        StereoPlot,
+        TangentPlot,
+        DepthPlot,
+        NumberOfCharts
+    };
+
+    /// What the analyser asks of a chart. Functions may be empty.
+    struct Page
+    {
+        Chart m_eChart = Histogram;
+        QWidget* m_pqPage = nullptr; ///< not owned; lives as long as the tab widget
+        std::function<void()> m_fnRefill;
+        std::function<void()> m_fnCopy;
+        std::function<void(MatrixData* poRoot)> m_fnSetRoot;
+        std::function<void()> m_fnUpdateChooser;
+        std::function<bool(const QString& sPath, const QSize& oSize, QString* psError)> m_fnExport;
+        std::function<void()> m_fnReadSettings;
+        std::function<void()> m_fnSaveSettings;
+    };
+
+    /// Neither is owned.
+    AnalyserChartPages(TabWidgetWithFloatingTabs* pqTabWidget, QObject* pqParent);
+
+    void add(Page page);
+    const std::vector<Page>& pages() const { return m_vPages; }
+    /// Null for a page without a chart.
+    const Page* find(const QWidget* pqPage) const;
+
+    void markAll();
+    void mark(Chart eChart);
+    /// The chart has just been filled.
+    void unmark(Chart eChart) { m_bUpdateNeeded[eChart] = false; }
+    /// Fills the marked pages that are seen, now.
+    void refillVisible();
+    /// The same when the event loop turns.
+    void scheduleRefill();
+
+    void setDataRoot(MatrixData* poRoot);
+    void updateChoosers();
+    void readSettings();
+    void saveSettings();
+
+protected:
+    bool eventFilter(QObject* pqWatched, QEvent* pEvent) override;
+
+private:
+    bool isSeen(const QWidget* pqPage) const;
+
+    TabWidgetWithFloatingTabs* m_pqTabWidget; ///< not owned
+    std::vector<Page> m_vPages;
+    std::array<bool, NumberOfCharts> m_bUpdateNeeded{};
+    bool m_bRefillPending = false;
+};
+
+} // namespace gkBase
