@@ -14,17 +14,6 @@ namespace gkBase {
 
 namespace {
 
-/// Room around a symbol for its pen and for the corners that stand out by a pixel.
-constexpr int g_iSpriteMargin = 2;
-
-/// Distance from a sprite's left edge to its middle pixel; turned crosses reach past their size.
-int spriteReach(const SymbolLook& look)
-{
-    const QRectF oBox = symbolPath(look.m_iStyle, QPointF(0, 0), look.m_iSize).boundingRect();
-    const double dReach = std::max({-oBox.left(), oBox.right(), -oBox.top(), oBox.bottom(), look.m_iSize / 2.0});
-    return static_cast<int>(std::ceil(dReach)) + g_iSpriteMargin;
-}
-
 bool canCopyPixels(const QPainter& painter)
 {
     return painter.paintEngine() && painter.paintEngine()->type() == QPaintEngine::Raster &&
@@ -42,6 +31,14 @@ QRect reachableRect(const QPainter& painter, int iReach)
 
 } // namespace
 
+int symbolReach(const SymbolLook& look)
+{
+    // Turned crosses reach past their size, outlines by half their pen, and antialiasing by a pixel more.
+    const QRectF oBox = symbolPath(look.m_iStyle, QPointF(0, 0), look.m_iSize).boundingRect();
+    const double dReach = std::max({-oBox.left(), oBox.right(), -oBox.top(), oBox.bottom(), look.m_iSize / 2.0});
+    return static_cast<int>(std::ceil(dReach) + std::ceil((look.m_iPenWidth + 1) / 2.0)) + 1;
+}
+
 void drawSymbol(QPainter* pPainter, const QPointF& oCentre, const SymbolLook& look)
 {
     pPainter->save();
@@ -49,7 +46,7 @@ void drawSymbol(QPainter* pPainter, const QPointF& oCentre, const SymbolLook& lo
         pPainter->setPen(QPen(look.m_oColor, std::max(1, look.m_iSize), Qt::SolidLine, Qt::SquareCap));
         pPainter->drawPoint(symbolCentre(oCentre));
     } else {
-        pPainter->setPen(QPen(look.m_oColor, 1.0));
+        pPainter->setPen(QPen(look.m_oColor, look.m_iPenWidth));
         pPainter->setBrush(look.m_oFill.isValid() ? QBrush(look.m_oFill) : QBrush(Qt::NoBrush));
         pPainter->drawPath(symbolPath(look.m_iStyle, oCentre, look.m_iSize));
     }
@@ -58,12 +55,17 @@ void drawSymbol(QPainter* pPainter, const QPointF& oCentre, const SymbolLook& lo
 
 const QPixmap& SymbolSpriteCache::sprite(const SymbolLook& look, qreal dDevicePixelRatio)
 {
-    const Key key{look.m_iStyle,       look.m_oColor.rgba(), look.m_oFill.isValid(),
-                  look.m_oFill.rgba(), look.m_iSize,         static_cast<int>(std::lround(dDevicePixelRatio * 100))};
+    const Key key{look.m_iStyle,
+                  look.m_oColor.rgba(),
+                  look.m_oFill.isValid(),
+                  look.m_oFill.rgba(),
+                  look.m_iSize,
+                  look.m_iPenWidth,
+                  static_cast<int>(std::lround(dDevicePixelRatio * 100))};
     QPixmap& oSprite = m_sprites[key];
     if (!oSprite.isNull())
         return oSprite;
-    const int iReach = spriteReach(look);
+    const int iReach = symbolReach(look);
     const int iSide = 2 * iReach + 1;
     oSprite = QPixmap(QSizeF(iSide * dDevicePixelRatio, iSide * dDevicePixelRatio).toSize());
     oSprite.setDevicePixelRatio(dDevicePixelRatio);
@@ -87,7 +89,7 @@ void SymbolSpriteCache::drawSymbols(QPainter* pPainter, std::span<const QPointF>
         return;
     }
     const QPixmap& oSprite = sprite(look, pPainter->device()->devicePixelRatioF());
-    const int iReach = spriteReach(look);
+    const int iReach = symbolReach(look);
     const QRect oReachable = reachableRect(*pPainter, iReach);
     if (oReachable.isEmpty())
         return;

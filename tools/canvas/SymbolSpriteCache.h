@@ -21,8 +21,12 @@ struct SymbolLook
     int m_iStyle = 0;
     QColor m_oColor;
     QColor m_oFill;
-    int m_iSize = 3; ///< half the symbol's width in pixels; pen width for the pixel style
+    int m_iSize = 3;     ///< half the symbol's width in pixels; pen width for the pixel style
+    int m_iPenWidth = 1; ///< of the outline, in pixels; the pixel style has none
 };
+
+/// Distance in pixels from the centre to the farthest pixel that the symbol may touch, its outline included.
+GKBASETOOLS_EXPORT int symbolReach(const SymbolLook& look);
 
 /// Small pictures of the symbols in use, so that charts of a million points copy pictures instead of stroking paths.
 /// Each is drawn once for its style, colours, size and device pixel ratio.
@@ -40,7 +44,7 @@ public:
     void drawSymbols(QPainter* pPainter, std::span<const QPointF> points, const SymbolLook& look);
 
 private:
-    using Key = std::tuple<int, QRgb, bool, QRgb, int, int>; ///< style, colour, filled, fill, size, DPR × 100
+    using Key = std::tuple<int, QRgb, bool, QRgb, int, int, int>; ///< …, size, pen, DPR × 100
 
     std::map<Key, QPixmap> m_sprites;
 };
