@@ -1,4 +1,5 @@
 #include "KMdata.h"
+#include "KMeansClusters.h"
 #include "KMfilterCenters.h"
 #include "KMlocalLloyds.h"
 #include "KMterm.h"
@@ -9,6 +10,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <numeric>
 #include <random>
 #include <set>
 
@@ -58,6 +61,30 @@ Nearest assignByHand(const KMdata& oData, const KMfilterCenters& oCenters)
     return oResult;
 }
 
+/// Least distortion of Lloyd iterations from random points, each run to its end.
+double bestOfRandomStarts(const std::vector<std::vector<double>>& vvdPoints, int k, int iStarts)
+{
+    std::mt19937 oRandom(9);
+    const int iDim = int(vvdPoints[0].size());
+    KMdata oData(iDim, int(vvdPoints.size()));
+    for (int i = 0; i < oData.pointCount(); ++i) {
+        std::copy(vvdPoints[size_t(i)].begin(), vvdPoints[size_t(i)].end(), oData[i]);
+    }
+    oData.buildKcTree();
+    KMfilterCenters oCenters(k, oData);
+    double dBest = std::numeric_limits<double>::infinity();
+    for (int iStart = 0; iStart < iStarts; ++iStart) {
+        for (int i = 0; i < k; ++i) {
+            std::copy_n(oData[int(oRandom() % vvdPoints.size())], iDim, oCenters[i]);
+        }
+        for (int iStage = 0; iStage < 100; ++iStage) {
+            dBest = std::min(dBest, oCenters.computeDistortion());
+            oCenters.moveToCentroids();
+        }
+    }
+    return dBest;
+}
+
 } // namespace
 
 class tst_KMeans : public QObject
@@ -73,6 +100,8 @@ private slots:
     void clipsToDistinctPoints();
     void emptyClusterIsFilled();
     void pointsThatAreNoNumbers();
+    void clustersOfColumns_data();
+    void clustersOfColumns();
     void degenerateInput();
 };
 
@@ -260,6 +289,64 @@ void tst_KMeans::pointsThatAreNoNumbers()
     QCOMPARE(std::count(viClusters.begin(), viClusters.end(), -1), 2);
     QCOMPARE(viClusters[17], -1);
     QCOMPARE(vdSquares[18], gkBase::g_dMissingValue);
+}
+
+void tst_KMeans::clustersOfColumns_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QStringList>("names");
+    QTest::newRow("two dimensions") << "clusters_a" << QStringList{"x", "y"};
+    QTest::newRow("third with missing values") << "clusters_a" << QStringList{"x", "y", "third"};
+    QTest::newRow("rock") << "rock" << QStringList{"area", "peri", "perm"};
+    QTest::newRow("uneven axes") << "fold_well_a" << QStringList{"depth", "gamma_ray"};
+}
+
+/// Against the plain definition: the best of 50 Lloyd iterations from random records.
+void tst_KMeans::clustersOfColumns()
+{
+    GK_REQUIRE_REFERENCE();
+    QFETCH(QString, file);
+    QFETCH(QStringList, names);
+    const auto columns = gkTest::referenceColumns(file);
+    std::vector<std::span<const double>> vColumns;
+    for (const QString& sName : names) {
+        vColumns.push_back(columns.find(sName).value());
+    }
+    const size_t iRecords = vColumns[0].size();
+    std::vector<unsigned char> vbMask(iRecords, 1);
+    vbMask[0] = 0;
+    std::vector<std::vector<double>> vvdPoints;
+    for (size_t i = 1; i < iRecords; ++i) {
+        std::vector<double> vdPoint;
+        for (const auto& vdColumn : vColumns) {
+            vdPoint.push_back(vdColumn[i]);
+        }
+        if (std::none_of(vdPoint.begin(), vdPoint.end(), gkBase::isMissing)) {
+            vvdPoints.push_back(vdPoint);
+        }
+    }
+    for (int k = 1; k <= 8; ++k) {
+        const gkBase::KMeansClusters oFound = gkBase::kMeansClusters(vColumns, k, vbMask);
+        QCOMPARE(oFound.m_iK, k);
+        QCOMPARE(oFound.m_vdCentroids.size(), size_t(k) * vColumns.size());
+        QCOMPARE(oFound.m_viClusterOfPoint[0], -1);
+        double dTotal = 0.0;
+        std::vector<size_t> viSizes(size_t(k), 0);
+        for (size_t i = 0; i < iRecords; ++i) {
+            const int iCluster = oFound.m_viClusterOfPoint[i];
+            for (size_t d = 0; iCluster >= 0 && d < vColumns.size(); ++d) {
+                dTotal += std::pow(vColumns[d][i] - oFound.m_vdCentroids[size_t(iCluster) * vColumns.size() + d], 2);
+            }
+            viSizes[size_t(qMax(iCluster, 0))] += iCluster >= 0;
+        }
+        QCOMPARE(oFound.m_viSizes, viSizes);
+        QCOMPARE(std::accumulate(viSizes.begin(), viSizes.end(), size_t(0)), vvdPoints.size());
+        GK_COMPARE_CLOSE(oFound.m_dDistortion, dTotal, 1e-10);
+        QVERIFY2(dTotal <= 1.01 * bestOfRandomStarts(vvdPoints, k, 50), qPrintable(QString::number(k)));
+    }
+    QCOMPARE(gkBase::kMeansClusters(vColumns, 0).m_iK, 0);
+    QVERIFY(gkBase::kMeansClusters(vColumns, 2, std::vector<unsigned char>(iRecords, 0)).m_viClusterOfPoint.empty());
+    QCOMPARE(gkBase::kMeansClusters({vColumns[0]}, 2).m_iK, 0);
 }
 
 void tst_KMeans::degenerateInput()

@@ -163,6 +163,17 @@ void KMfilterCenters::drawCenters(std::mt19937_64& oRandom)
     std::fill(m_viCounts.begin(), m_viCounts.end(), 0);
 }
 
+void KMfilterCenters::swapCenter(std::mt19937_64& oRandom)
+{
+    if (m_iCenters < 1) {
+        return;
+    }
+    const KMtree& oTree = *m_poData->kcTree();
+    const auto iCenter = static_cast<int>(uniform(oRandom) * m_iCenters);
+    const auto iPoint = static_cast<std::size_t>(uniform(oRandom) * static_cast<double>(oTree.pointCount()));
+    std::copy_n(oTree.point(iPoint), static_cast<std::size_t>(dim()), (*this)[iCenter]);
+}
+
 void KMfilterCenters::getAssignments(int* piClusterOfPoint, double* pdSquaredDistance) const
 {
     if (piClusterOfPoint) {

@@ -42,6 +42,8 @@ public:
     /// Draws new centres among the points, far ones with the greater probability (k-means++, Arthur and
     /// Vassilvitskii 2007); a large set is represented by a sample.
     void drawCenters(std::mt19937_64& oRandom);
+    /// Puts one centre on one of the points, both drawn evenly. Call computeDistortion() afterwards.
+    void swapCenter(std::mt19937_64& oRandom);
 
     /// Cluster (0 … k − 1) and squared distance of each point of the data; −1 and 99999.0 for points with a
     /// coordinate that is not finite, and for all without centres. Arrays of pointCount(); either may be null.

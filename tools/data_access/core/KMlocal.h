@@ -16,7 +16,8 @@ public:
     virtual ~KMlocal() = default;
 
     /// Searches from the given centres within the termination rule, then moves the best centres found to the local
-    /// optimum that they lead to, and returns them with their distortion computed.
+    /// optimum that they lead to, tries to leave it for a better one by moving single centres elsewhere, and returns
+    /// the centres with their distortion computed.
     KMfilterCenters execute();
 
     /// Stages that the last execute() took before the final approach.
@@ -39,6 +40,8 @@ protected:
 private:
     void keepBest();
     void approachOptimum();
+    void swapCenters();
+    int runStages(double dConverged, int iMaxStages);
 
     KMterm m_oTerm;
     KMfilterCenters m_oBest;
