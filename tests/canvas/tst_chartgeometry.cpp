@@ -33,6 +33,7 @@ class TestChartGeometry : public QObject
 private slots:
     void offsets_data();
     void offsets();
+    void everyPixelCanBePannedTo();
     void heightOnlyZoomKeepsTheWidth();
     void uselessZoomsAreIgnored();
     void wheel_data();
@@ -71,6 +72,21 @@ void TestChartGeometry::offsets()
     const ChartViewport oViewport = viewport({400, 300}, zoom, percentX, percentY);
     QTEST(oViewport.offset(), "offset");
     QCOMPARE(oViewport.visibleRect().size(), QSize(400, 300));
+}
+
+void TestChartGeometry::everyPixelCanBePannedTo()
+{
+    ChartViewport oViewport = viewport({400, 300}, 20.0, 50, 50);
+    for (int i = 0; i < 5700; ++i) {
+        oViewport.setOffset({i, 5700 - i});
+        QCOMPARE(oViewport.offset(), QPoint(i, 5700 - i));
+    }
+    oViewport.setOffset({-7, 99999});
+    QCOMPARE(oViewport.offset(), QPoint(0, 5700));
+    oViewport.setZoom(1.0); // nothing to pan keeps the place for the next zoom
+    oViewport.setOffset({30, 30});
+    oViewport.setZoom(2.0);
+    QCOMPARE(oViewport.offset(), QPoint(0, 300));
 }
 
 void TestChartGeometry::heightOnlyZoomKeepsTheWidth()

@@ -27,9 +27,15 @@ int magnified(int iLength, double dZoom)
     return rounded(std::min(iLength * dZoom, g_dMaxChartSide));
 }
 
-int offsetOf(int iChart, int iView, int iPercent)
+int offsetOf(int iChart, int iView, double dPercent)
 {
-    return rounded((static_cast<double>(iChart) - iView) * iPercent / 100.0);
+    return rounded((static_cast<double>(iChart) - iView) * dPercent / 100.0);
+}
+
+/// The percentage that offsetOf() turns into the offset; what it was when all of the chart is seen.
+double percentOf(int iOffset, int iChart, int iView, double dPercent)
+{
+    return iChart > iView ? std::clamp(iOffset * 100.0 / (static_cast<double>(iChart) - iView), 0.0, 100.0) : dPercent;
 }
 
 } // namespace
@@ -50,12 +56,29 @@ bool ChartViewport::setZoom(double dZoom, bool bHeightOnly)
 
 void ChartViewport::setPercentX(int iPercent)
 {
-    m_iPercentX = std::clamp(iPercent, 0, 100);
+    m_dPercentX = std::clamp(iPercent, 0, 100);
 }
 
 void ChartViewport::setPercentY(int iPercent)
 {
-    m_iPercentY = std::clamp(iPercent, 0, 100);
+    m_dPercentY = std::clamp(iPercent, 0, 100);
+}
+
+int ChartViewport::percentX() const
+{
+    return rounded(m_dPercentX);
+}
+
+int ChartViewport::percentY() const
+{
+    return rounded(m_dPercentY);
+}
+
+void ChartViewport::setOffset(const QPoint& oOffset)
+{
+    const QSize oChart = chartSize();
+    m_dPercentX = percentOf(oOffset.x(), oChart.width(), m_oViewSize.width(), m_dPercentX);
+    m_dPercentY = percentOf(oOffset.y(), oChart.height(), m_oViewSize.height(), m_dPercentY);
 }
 
 QSize ChartViewport::chartSize() const
@@ -69,8 +92,8 @@ QPoint ChartViewport::offset() const
     if (m_dZoom == 1.0)
         return {0, 0};
     const QSize oChart = chartSize();
-    return {offsetOf(oChart.width(), m_oViewSize.width(), m_iPercentX),
-            offsetOf(oChart.height(), m_oViewSize.height(), m_iPercentY)};
+    return {offsetOf(oChart.width(), m_oViewSize.width(), m_dPercentX),
+            offsetOf(oChart.height(), m_oViewSize.height(), m_dPercentY)};
 }
 
 double ChartViewport::wheelZoom(double dZoom, int iDelta)

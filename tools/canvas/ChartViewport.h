@@ -26,12 +26,16 @@ public:
     /// 0 to 100, clamped.
     void setPercentX(int iPercent);
     void setPercentY(int iPercent);
+    /// Brings a pixel of the chart to the top left of the view, as far as the chart reaches, by percentages that need
+    /// not be whole.
+    void setOffset(const QPoint& oOffset);
 
     QSize viewSize() const { return m_oViewSize; }
     double zoom() const { return m_dZoom; }
     bool zoomsHeightOnly() const { return m_bHeightOnly; }
-    int percentX() const { return m_iPercentX; }
-    int percentY() const { return m_iPercentY; }
+    /// The nearest whole percentages.
+    int percentX() const;
+    int percentY() const;
     /// Size of the whole chart.
     QSize chartSize() const;
     /// Top-left corner of the visible area on the chart; (0, 0) at zoom 1.
@@ -47,8 +51,8 @@ private:
     QSize m_oViewSize;
     double m_dZoom = 1.0;
     bool m_bHeightOnly = false;
-    int m_iPercentX = 50;
-    int m_iPercentY = 50;
+    double m_dPercentX = 50.0;
+    double m_dPercentY = 50.0;
 };
 
 } // namespace gkBase

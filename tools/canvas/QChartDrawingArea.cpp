@@ -199,6 +199,13 @@ void QChartDrawingArea::yoffset(int iPercent)
     update();
 }
 
+void QChartDrawingArea::panTo(const QPoint& oTopLeft)
+{
+    m_oViewport.setViewSize(size()); // a hidden widget has its size before its resize event
+    m_oViewport.setOffset(oTopLeft);
+    update();
+}
+
 void QChartDrawingArea::enableMouseZoom(bool bEnable)
 {
     m_bMouseZoomEnabled = bEnable;

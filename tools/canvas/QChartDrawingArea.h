@@ -102,6 +102,9 @@ public:
     double zoomFactor() const { return m_oViewport.zoom(); }
     int offsetPercentX() const { return m_oViewport.percentX(); }
     int offsetPercentY() const { return m_oViewport.percentY(); }
+    /// Pans so that a pixel of the whole chart stands at the view's top left, as far as the chart reaches; finer than
+    /// whole per cent.
+    void panTo(const QPoint& oTopLeft);
     /// Bytes that the chart's pixels take.
     qint64 pixelMemory() const { return m_oStore.bytes(); }
 
