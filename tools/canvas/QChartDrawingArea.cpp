@@ -53,6 +53,14 @@ void QChartDrawingArea::setLabelColor(const QColor& oColor)
     scheduleRedraw();
 }
 
+void QChartDrawingArea::setGridIsOn(bool bOn)
+{
+    if (bOn == m_bGridIsOn)
+        return;
+    m_bGridIsOn = bOn;
+    scheduleRedraw();
+}
+
 void QChartDrawingArea::drawChart(QPainter&) {}
 
 void QChartDrawingArea::drawAxis(QPainter&, QRect) {}
@@ -170,6 +178,13 @@ void QChartDrawingArea::resizeEvent(QResizeEvent* pEvent)
     QWidget::resizeEvent(pEvent);
     // Hidden widgets hear of one resize again and again.
     if (m_oStore.chartSize() != chartSize())
+        scheduleRedraw();
+}
+
+void QChartDrawingArea::changeEvent(QEvent* pEvent)
+{
+    QWidget::changeEvent(pEvent);
+    if (pEvent->type() == QEvent::FontChange)
         scheduleRedraw();
 }
 

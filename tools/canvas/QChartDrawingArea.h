@@ -126,7 +126,7 @@ public:
     bool symbolColorOnly() const { return m_bSymbolColorOnly; }
     void setSymbolColorOnly(bool bOnly) { m_bSymbolColorOnly = bOnly; }
     bool gridIsOn() const { return m_bGridIsOn; }
-    void setGridIsOn(bool bOn) { m_bGridIsOn = bOn; }
+    void setGridIsOn(bool bOn);
     bool clusterPoleCentroidsOn() const { return m_bClusterPoleCentroidsOn; }
     void setClusterPoleCentroidsOn(bool bOn) { m_bClusterPoleCentroidsOn = bOn; }
     bool clusterAzimuthCentroidsOn() const { return m_bClusterAzimuthCentroidsOn; }
@@ -157,6 +157,7 @@ protected:
     void wheelEvent(QWheelEvent* pEvent) override;
     void paintEvent(QPaintEvent* pEvent) override;
     void resizeEvent(QResizeEvent* pEvent) override;
+    void changeEvent(QEvent* pEvent) override;
     void contextMenuEvent(QContextMenuEvent* pEvent) override;
 
     /// The next paint lays out and draws again.

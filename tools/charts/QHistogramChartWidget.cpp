@@ -1,10 +1,12 @@
 #include "QHistogramChartWidget.h"
 
+#include "ChartDisplayPage.h"
+#include "ChartExporter.h"
+#include "ChartFrame.h"
 #include "DisplayUnitManager.h"
 #include "MatrixData.h"
 #include "MatrixDataNotifier.h"
 #include "MissingValue.h"
-#include "QCartesianAxisWidget.h"
 #include "QDoubleSpinBoxWithSlider.h"
 #include "QHistogramItemModel.h"
 #include "QHistogramPlotWidget.h"
@@ -13,13 +15,9 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
-#include <QEvent>
-#include <QFrame>
 #include <QLabel>
 #include <QPainter>
 #include <QPixmap>
-#include <QRadioButton>
-#include <QScrollBar>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -219,9 +217,7 @@ void QHistogramChartWidget::setMercatorScaling(bool bOn)
 
 void QHistogramChartWidget::setChartFrameEnabled(bool bEnabled)
 {
-    m_pqChartFrame->setEnabled(bEnabled);
-    m_pqHorizontalScrollBar->setEnabled(bEnabled);
-    m_pqVerticalScrollBar->setEnabled(bEnabled);
+    m_pqFrame->setChartEnabled(bEnabled);
 }
 
 // ---- rebuilding ----------------------------------------------------------------------------------------------------
@@ -274,17 +270,17 @@ void QHistogramChartWidget::initializeNewHistogramChart()
 {
     const bool bFrequency = m_pModel->histogramType() == MatrixData::Frequency;
     const QString sType = m_pqHistogramTypeComboBox->currentText();
-    m_pqLeftAxis->setTitle(bFrequency ? sType : sType + QLatin1Char('%'));
-    m_pqLeftAxis->setWholeNumbers(bFrequency);
-    m_pqBottomAxis->setTitle(m_poData ? m_poData->name() : QString());
-    m_pqBottomAxis->setUnitManager(m_poData ? m_poData->unitManager() : boost::shared_ptr<UnitManager>());
+    const QString sName = m_poData ? m_poData->name() : QString();
+    m_pqFrame->leftAxis()->setTitle(bFrequency ? sType : sType + QLatin1Char('%'));
+    m_pqFrame->leftAxis()->setWholeNumbers(bFrequency);
+    m_pqFrame->bottomAxis()->setTitle(sName);
+    m_pqFrame->bottomAxis()->setUnitManager(m_poData ? m_poData->unitManager() : boost::shared_ptr<UnitManager>());
     const MatrixData* poDataSet = m_poData ? m_poData->owner() : nullptr;
-    m_pqPlot->changeHeaderTitle(poDataSet ? poDataSet->name() : m_pqBottomAxis->title());
-    m_pqTitleLabel->setText(m_pqPlot->headerTitle());
+    m_pqFrame->setTitle(poDataSet ? poDataSet->name() : sName);
     showStatistics();
     updateDataBoundaries();
     updateDiagramSettings();
-    slotZoomFactorReset(m_pqZoomFactorCheckBox->isChecked());
+    m_pqDisplayPage->applyZoom();
 }
 
 void QHistogramChartWidget::showStatistics()
@@ -297,7 +293,7 @@ void QHistogramChartWidget::showStatistics()
     m_pqP50Label->setText(shownValue(percentiles.m_dP50));
     m_pqP90Label->setText(shownValue(percentiles.m_dP90));
     m_pqPlot->setStatisticPoints(percentiles.m_dP10, percentiles.m_dP50, percentiles.m_dP90,
-                                 m_pqBlackBackgroundBtn->isChecked() ? Qt::black : Qt::white);
+                                 m_pqDisplayPage->blackBackground() ? Qt::black : Qt::white);
 }
 
 void QHistogramChartWidget::updateDataBoundaries()
@@ -311,15 +307,15 @@ void QHistogramChartWidget::updateDataBoundaries()
         if (m_bAzimuthScaling)
             dMax = m_bMercatorScaling ? g_dHalfCircle : g_dFullCircle;
         else if (dMax - dMin >= g_dSmallestRange)
-            m_pqBottomAxis->fitNiceRange(dMin, dMax);
+            m_pqFrame->bottomAxis()->fitNiceRange(dMin, dMax);
         oLowerLeft = QPointF(dMin, 0.0);
         oUpperRight = QPointF(dMax, m_pModel->maximumHeight());
     }
     m_pqPlot->setBoundaries(oLowerLeft, oUpperRight);
     // The canvas widens ranges that cannot be drawn; the axes show what it shows.
     const HistogramBoundaries shown = m_pqPlot->boundaries();
-    m_pqBottomAxis->setRange(shown.m_oLowerLeft.x(), shown.m_oUpperRight.x());
-    m_pqLeftAxis->setRange(shown.m_oLowerLeft.y(), shown.m_oUpperRight.y());
+    m_pqFrame->bottomAxis()->setRange(shown.m_oLowerLeft.x(), shown.m_oUpperRight.x());
+    m_pqFrame->leftAxis()->setRange(shown.m_oLowerLeft.y(), shown.m_oUpperRight.y());
 }
 
 double QHistogramChartWidget::displayScale() const
@@ -352,7 +348,6 @@ QString QHistogramChartWidget::shownDifference(double dDifference) const
 
 void QHistogramChartWidget::updateDiagramSettings()
 {
-    m_pqPlot->setGridIsOn(m_pqShowGrid->isChecked());
     m_pqPlot->setShowP10(m_pqP10CheckBox->isChecked());
     m_pqPlot->setShowP50(m_pqP50CheckBox->isChecked());
     m_pqPlot->setShowP90(m_pqP90CheckBox->isChecked());
@@ -360,127 +355,41 @@ void QHistogramChartWidget::updateDiagramSettings()
 
 void QHistogramChartWidget::setBlackBackground(bool bBlack)
 {
-    m_pqBlackBackgroundBtn->setChecked(bBlack);
-    m_pqWhiteBackgroundBtn->setChecked(!bBlack);
-    blackWhiteSwitch();
-}
-
-void QHistogramChartWidget::blackWhiteSwitch()
-{
-    const bool bBlack = m_pqBlackBackgroundBtn->isChecked();
-    m_pqPlot->setLabelColor(bBlack ? Qt::white : Qt::black);
-    // The axes and the title stand on the chart's background, whatever the desktop's colours are.
-    QPalette oPalette = m_pqChartFrame->palette();
-    oPalette.setColor(QPalette::Window, m_pqPlot->backgroundColor());
-    oPalette.setColor(QPalette::WindowText, m_pqPlot->labelColor());
-    m_pqChartFrame->setPalette(oPalette);
-    m_pqTitleLabel->setPalette(oPalette);
-    m_pqLeftAxis->setAxisColor(m_pqPlot->labelColor());
-    m_pqBottomAxis->setAxisColor(m_pqPlot->labelColor());
-    showStatistics();
-}
-
-void QHistogramChartWidget::fontSizeChanged(double dPointSize)
-{
-    if (!(dPointSize > 0.0))
-        return;
-    QFont oFont = font();
-    oFont.setPointSizeF(dPointSize);
-    m_pqPlot->setFont(oFont);
-    m_pqLeftAxis->setFont(oFont);
-    m_pqBottomAxis->setFont(oFont);
-    oFont.setBold(true);
-    m_pqTitleLabel->setFont(oFont);
-    if (!m_bInitialising)
-        m_pqPlot->updateChart();
+    m_pqDisplayPage->setBlackBackground(bBlack);
 }
 
 void QHistogramChartWidget::updateCursorPosLabel(QPointF oPosition)
 {
     if (!m_poData || isMissing(oPosition.x())) {
-        m_pqCursorPosLabel->setText(tr("(x,y):") + QStringLiteral("(-----,-----)"));
+        m_pqFrame->setCursorText(tr("(x,y):") + QStringLiteral("(-----,-----)"));
         return;
     }
     const boost::shared_ptr<UnitManager> poUnit = m_poData->unitManager();
     const QString sX = QString::number(poUnit->convertModelToDisplay(oPosition.x()), 'f', poUnit->precision());
     const QString sUnit = poUnit->getDisplayUnitTag();
-    m_pqCursorPosLabel->setText(
+    m_pqFrame->setCursorText(
         tr("(x,y):") + QStringLiteral("(%1, %2)")
                            .arg((sX + QLatin1Char(' ') + sUnit).trimmed(), QString::number(oPosition.y(), 'f', 2)));
 }
 
-// ---- zoom and pan --------------------------------------------------------------------------------------------------
-
-void QHistogramChartWidget::slotZoomFactorReset(bool bOn)
-{
-    m_pqZoomFactorSpinBox->setEnabled(bOn);
-    applyZoom(bOn ? m_pqZoomFactorSpinBox->getValue() : 1.0);
-}
-
-void QHistogramChartWidget::slotZoomFactorChanged(double dZoom)
-{
-    if (m_pqZoomFactorCheckBox->isChecked())
-        applyZoom(dZoom);
-}
-
-void QHistogramChartWidget::slotCanvasZoomed(double dZoom)
-{
-    const QSignalBlocker boxBlocker(m_pqZoomFactorCheckBox);
-    const QSignalBlocker spinBlocker(m_pqZoomFactorSpinBox);
-    m_pqZoomFactorCheckBox->setChecked(dZoom > 1.0);
-    m_pqZoomFactorSpinBox->setEnabled(dZoom > 1.0);
-    // Back at 1 the box keeps the last factor for the next time that it is checked.
-    if (dZoom > 1.0)
-        m_pqZoomFactorSpinBox->setValue(dZoom);
-    syncAxes();
-}
-
-void QHistogramChartWidget::applyZoom(double dZoom)
-{
-    if (m_pqPlot->zoomFactor() != dZoom)
-        m_pqPlot->zoom(dZoom);
-    syncAxes();
-}
-
-void QHistogramChartWidget::syncAxes()
-{
-    const QRect oVisible = m_pqPlot->pixmapRect();
-    m_pqLeftAxis->setZoom(m_pqPlot->zoomFactor());
-    m_pqBottomAxis->setZoom(m_pqPlot->zoomFactor());
-    m_pqLeftAxis->setOffset(oVisible.top());
-    m_pqBottomAxis->setOffset(oVisible.left());
-    const bool bZoomed = m_pqPlot->zoomFactor() > 1.0;
-    m_pqVerticalScrollBar->setVisible(bZoomed);
-    m_pqHorizontalScrollBar->setVisible(bZoomed);
-    // Per cent of what does not fit: the handle is as long as the visible share.
-    const int iPage = std::max(1, static_cast<int>(100.0 / std::max(1e-6, m_pqPlot->zoomFactor() - 1.0)));
-    m_pqVerticalScrollBar->setPageStep(iPage);
-    m_pqHorizontalScrollBar->setPageStep(iPage);
-}
-
-void QHistogramChartWidget::slotVerticalSliderChanged(int iPercent)
-{
-    m_pqPlot->yoffset(iPercent);
-    syncAxes();
-}
-
-void QHistogramChartWidget::slotHorizontalSliderChanged(int iPercent)
-{
-    m_pqPlot->xoffset(iPercent);
-    syncAxes();
-}
-
-bool QHistogramChartWidget::eventFilter(QObject* pqWatched, QEvent* pEvent)
-{
-    // The offsets follow from the percentages and the canvas's new size.
-    if (pqWatched == m_pqPlot && pEvent->type() == QEvent::Resize)
-        syncAxes();
-    return QWidget::eventFilter(pqWatched, pEvent);
-}
+// ---- pictures
+// ---------------------------------------------------------------------------------------------------------------
 
 void QHistogramChartWidget::copyToClipboard()
 {
-    QApplication::clipboard()->setPixmap(m_pqChartFrame->grab());
+    QApplication::clipboard()->setPixmap(m_pqFrame->grabChart());
+}
+
+void QHistogramChartWidget::renderTo(QPainter& painter, const QRectF& oTarget)
+{
+    m_pqFrame->renderTo(painter, oTarget);
+}
+
+bool QHistogramChartWidget::exportChart(const QString& sPath, const QSize& oSize, QString* psError)
+{
+    return ChartExporter::write(
+        sPath, oSize, m_pqPlot->backgroundColor(), m_pqPlot->headerTitle(),
+        [this](QPainter& painter, const QRectF& oRect) { renderTo(painter, oRect); }, psError);
 }
 
 } // namespace gkBase

@@ -9,19 +9,17 @@
 
 #include <vector>
 
-class QCartesianAxisWidget;
 class QCheckBox;
 class QComboBox;
 class QDoubleSpinBoxWithSlider;
-class QFrame;
 class QLabel;
 class QPainter;
-class QRadioButton;
 class QRectF;
-class QScrollBar;
 
 namespace gkBase {
 
+class ChartDisplayPage;
+class ChartFrame;
 class MatrixData;
 class QHistogramItemModel;
 class QHistogramPlotWidget;
@@ -90,25 +88,14 @@ signals:
 
 private slots:
     void updateHistogramIntervals(double dIntervalSize);
-    void blackWhiteSwitch();
-    void fontSizeChanged(double dPointSize);
     void updateCursorPosLabel(QPointF oPosition);
-    void slotZoomFactorReset(bool bOn);
-    void slotZoomFactorChanged(double dZoom);
-    void slotVerticalSliderChanged(int iPercent);
-    void slotHorizontalSliderChanged(int iPercent);
     void updateDiagramSettings();
-
-protected:
-    bool eventFilter(QObject* pqWatched, QEvent* pEvent) override;
 
 private:
     void createChart();
-    void createFrame();
     void createControls();
     QWidget* createSelectionGroup();
     QWidget* createStatisticsGroup();
-    QWidget* createDisplayPage();
     QCheckBox* createPercentileBox(int iPercent);
     void nameControls();
     void connectControls();
@@ -117,7 +104,6 @@ private:
     void slotNodeAboutToBeRemoved(gkBase::MatrixData* poBranch);
     void slotRootAboutToBeDestroyed();
     void slotDisplayUnitChanged(const QString& sCategory);
-    void slotCanvasZoomed(double dZoom);
 
     MatrixData* numericAttribute(MatrixData* poData) const;
     void showChooserEntry();
@@ -126,8 +112,6 @@ private:
     void initializeNewHistogramChart();
     void updateDataBoundaries();
     void showStatistics();
-    void applyZoom(double dZoom);
-    void syncAxes();
     /// Display units per model unit of the shown attribute, for differences such as interval sizes.
     double displayScale() const;
     /// A value in display units with its unit, 3 decimals; "---" when missing.
@@ -144,13 +128,8 @@ private:
     bool m_bAzimuthScaling = false;
     bool m_bMercatorScaling = false;
 
-    QFrame* m_pqChartFrame = nullptr;
-    QLabel* m_pqTitleLabel = nullptr;
-    QCartesianAxisWidget* m_pqLeftAxis = nullptr;
-    QCartesianAxisWidget* m_pqBottomAxis = nullptr;
-    QScrollBar* m_pqVerticalScrollBar = nullptr;
-    QScrollBar* m_pqHorizontalScrollBar = nullptr;
-    QLabel* m_pqCursorPosLabel = nullptr;
+    ChartFrame* m_pqFrame = nullptr;
+    ChartDisplayPage* m_pqDisplayPage = nullptr;
 
     QComboBox* m_pqHistogramDataSetComboBox = nullptr;
     QComboBox* m_pqHistogramTypeComboBox = nullptr;
@@ -163,12 +142,6 @@ private:
     QCheckBox* m_pqP10CheckBox = nullptr;
     QCheckBox* m_pqP50CheckBox = nullptr;
     QCheckBox* m_pqP90CheckBox = nullptr;
-    QCheckBox* m_pqShowGrid = nullptr;
-    QRadioButton* m_pqBlackBackgroundBtn = nullptr;
-    QRadioButton* m_pqWhiteBackgroundBtn = nullptr;
-    QDoubleSpinBoxWithSlider* m_pqFontSizeSpinBox = nullptr;
-    QCheckBox* m_pqZoomFactorCheckBox = nullptr;
-    QDoubleSpinBoxWithSlider* m_pqZoomFactorSpinBox = nullptr;
 };
 
 } // namespace gkBase
