@@ -1,6 +1,5 @@
 #include "ChartDisplayPage.h"
 
-#include "ChartFrame.h"
 #include "ChartViewport.h"
 #include "QDoubleSpinBoxWithSlider.h"
 
@@ -11,6 +10,8 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace gkBase {
 
@@ -23,14 +24,14 @@ constexpr double g_dFirstZoom = 2.0;
 
 } // namespace
 
-ChartDisplayPage::ChartDisplayPage(ChartFrame* pqFrame, QWidget* pqParent)
+ChartDisplayPage::ChartDisplayPage(Actions actions, QWidget* pqParent)
     : QWidget(pqParent)
-    , m_pqFrame(pqFrame)
+    , m_actions(std::move(actions))
 {
     createControls();
     connectControls();
     gridSwitch();
-    m_pqFrame->setFontSize(m_pqFontSizeSpinBox->getValue());
+    m_actions.m_fnSetFontSize(m_pqFontSizeSpinBox->getValue());
 }
 
 /// Style sheets and scripts find the controls by their object names.
@@ -88,10 +89,9 @@ void ChartDisplayPage::connectControls()
     connect(m_pqShowGrid, &QCheckBox::toggled, this, &Page::gridSwitch);
     connect(m_pqBlackBackgroundBtn, &QRadioButton::clicked, this, &Page::blackWhiteSwitch);
     connect(m_pqWhiteBackgroundBtn, &QRadioButton::clicked, this, &Page::blackWhiteSwitch);
-    connect(m_pqFontSizeSpinBox, &QDoubleSpinBoxWithSlider::valueChanged, m_pqFrame, &ChartFrame::setFontSize);
+    connect(m_pqFontSizeSpinBox, &QDoubleSpinBoxWithSlider::valueChanged, this, m_actions.m_fnSetFontSize);
     connect(m_pqZoomFactorCheckBox, &QCheckBox::toggled, this, &Page::slotZoomFactorReset);
     connect(m_pqZoomFactorSpinBox, &QDoubleSpinBoxWithSlider::valueChanged, this, &Page::applyZoom);
-    connect(m_pqFrame, &ChartFrame::zoomChanged, this, &Page::slotCanvasZoomed);
 }
 
 ChartDisplaySettings ChartDisplayPage::settings() const
@@ -121,18 +121,18 @@ void ChartDisplayPage::setBlackBackground(bool bBlack)
 
 void ChartDisplayPage::gridSwitch()
 {
-    m_pqFrame->canvas()->setGridIsOn(m_pqShowGrid->isChecked());
+    m_actions.m_fnSetGrid(m_pqShowGrid->isChecked());
 }
 
 void ChartDisplayPage::blackWhiteSwitch()
 {
-    m_pqFrame->setBlackBackground(blackBackground());
+    m_actions.m_fnSetBlackBackground(blackBackground());
     emit backgroundChanged(blackBackground());
 }
 
 void ChartDisplayPage::applyZoom()
 {
-    m_pqFrame->setZoom(m_pqZoomFactorCheckBox->isChecked() ? m_pqZoomFactorSpinBox->getValue() : 1.0);
+    m_actions.m_fnSetZoom(m_pqZoomFactorCheckBox->isChecked() ? m_pqZoomFactorSpinBox->getValue() : 1.0);
 }
 
 void ChartDisplayPage::slotZoomFactorReset(bool bOn)

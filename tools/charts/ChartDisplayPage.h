@@ -5,21 +5,31 @@
 
 #include <QWidget>
 
+#include <functional>
+
 class QCheckBox;
 class QDoubleSpinBoxWithSlider;
 class QRadioButton;
 
 namespace gkBase {
 
-class ChartFrame;
-
-/// The controls that every chart has: grid, background, font size and zoom. They act on the frame at once.
+/// The controls that every chart has: grid, background, font size and zoom. They act on the chart's frame at once.
 class GKBASETOOLS_EXPORT ChartDisplayPage : public QWidget
 {
     Q_OBJECT
 public:
-    /// The frame is not owned and lives as long as the page.
-    explicit ChartDisplayPage(ChartFrame* pqFrame, QWidget* pqParent = nullptr);
+    /// Frame: a ChartFrame, or another widget around charts with its setGridIsOn(), setBlackBackground(),
+    /// setFontSize(), setZoom() and zoomChanged(). It is not owned and lives as long as the page.
+    template <typename Frame>
+    explicit ChartDisplayPage(Frame* pqFrame, QWidget* pqParent = nullptr)
+        : ChartDisplayPage(Actions{[pqFrame](bool bOn) { pqFrame->setGridIsOn(bOn); },
+                                   [pqFrame](bool bBlack) { pqFrame->setBlackBackground(bBlack); },
+                                   [pqFrame](double dPointSize) { pqFrame->setFontSize(dPointSize); },
+                                   [pqFrame](double dZoom) { pqFrame->setZoom(dZoom); }},
+                           pqParent)
+    {
+        connect(pqFrame, &Frame::zoomChanged, this, &ChartDisplayPage::slotCanvasZoomed);
+    }
 
     ChartDisplaySettings settings() const;
     void setSettings(const ChartDisplaySettings& settings);
@@ -32,6 +42,17 @@ signals:
     void backgroundChanged(bool bBlack);
 
 private:
+    /// What the controls do to the frame.
+    struct Actions
+    {
+        std::function<void(bool)> m_fnSetGrid;
+        std::function<void(bool)> m_fnSetBlackBackground;
+        std::function<void(double)> m_fnSetFontSize;
+        std::function<void(double)> m_fnSetZoom;
+    };
+
+    ChartDisplayPage(Actions actions, QWidget* pqParent);
+
     void createControls();
     void connectControls();
     void gridSwitch();
@@ -39,7 +60,7 @@ private:
     void slotZoomFactorReset(bool bOn);
     void slotCanvasZoomed(double dZoom);
 
-    ChartFrame* m_pqFrame; ///< not owned
+    Actions m_actions;
     QCheckBox* m_pqShowGrid = nullptr;
     QRadioButton* m_pqBlackBackgroundBtn = nullptr;
     QRadioButton* m_pqWhiteBackgroundBtn = nullptr;

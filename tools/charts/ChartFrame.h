@@ -52,6 +52,7 @@ public:
 
     /// Shown as "chart name: title"; empty for none.
     void setTitle(const QString& sTitle);
+    void setGridIsOn(bool bOn) { m_pqCanvas->setGridIsOn(bOn); }
     /// White texts on black, or black texts on white: canvas, axes and title.
     void setBlackBackground(bool bBlack);
     /// Size of all texts of the chart; nothing for a size not above 0.
