@@ -65,9 +65,9 @@ public:
     ~QRelationshipItemModel() override;
 
     // ---- source --------------------------------------------------------------------------------------------------
-    /// Pairs two attributes. iRows: number of records, −1 for that of the longer attribute. viTableRows: the records
-    /// that take part (rows of a filtered table), empty for all. A null attribute empties the model. The selection
-    /// stays when the number of records stays, otherwise it is cleared.
+    /// Pairs two attributes. iRows: number of records, −1 for that of the longer attribute, past which cells are
+    /// invalid. viTableRows: the records that take part (rows of a filtered table), empty for all. A null attribute
+    /// empties the model. The selection stays when the number of records stays, otherwise it is cleared.
     void takeNewDataSet(int iRows, DisplayType eType, MatrixData* poX, MatrixData* poY,
                         const std::vector<int>& viTableRows);
     /// Orientations: dip (or plunge) and azimuth, with attributes for colour and symbol (null: none). bLines: the
@@ -125,6 +125,7 @@ public:
     /// Adds (or, without bKeep, replaces by) the valid points for which the mask is true.
     void selectPoints(std::span<const unsigned char> vbMask, bool bKeep);
     void clearSelection();
+    /// Selected records, those without a point too: as many as are selected in the table.
     int numberOfSelectedPoints() const { return m_iSelectedPoints; }
     std::vector<int> selectedRecords() const;
     /// Computations use only the selected points.
@@ -291,6 +292,20 @@ private:
         int m_iActive = -1;
     };
 
+    void changed() { ++m_iRevision; }
+    bool contains(int iRecord) const { return iRecord >= 0 && iRecord < numberOfPoints(); }
+    void setNodes(DisplayType eType, MatrixData* poX, MatrixData* poY, const std::vector<int>& viTableRows);
+    void load();
+    void loadPoints();
+    void keepOnlyTableRows();
+    /// The mask that computations are restricted to; empty for none.
+    std::span<const unsigned char> partMask() const;
+    void setSelectedClass(std::span<const int> viIds, int iClass, bool bSelected);
+    void recountSelection();
+    void setIntervalLines(const std::vector<double>& vdDepths);
+    void averageOrientations(std::span<const int> viBins, int iBins);
+    QVariant cellText(int iRecord, int iColumn) const;
+
     MatrixDataPointer m_poDataRoot;
     MatrixDataPointer m_poX;
     MatrixDataPointer m_poY;
@@ -320,6 +335,7 @@ private:
     int m_iPointPixelSize = 3;
     bool m_bOutLinePointStyle = false;
     bool m_bDrawSymbols = true;
+    RelationshipClasses::ColorMap m_oColorMap;
     RelationshipClasses m_oColorClasses;
     RelationshipClasses m_oSymbolClasses;
     double m_dMinimumQuality;

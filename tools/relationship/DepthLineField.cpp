@@ -1,0 +1,290 @@
+#include "DepthLineField.h"
+
+#include "MissingValue.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numeric>
+
+namespace gkBase {
+
+namespace {
+
+// In the order of DepthLineField::DataType; files and marker tables keep these names.
+constexpr std::array<const char*, 7> g_typeNames = {
+    "Crestal Plane", "Axial Plane", "Inflection Plane", "Horizon", "Fault", "Interval Boundary", "Average Orientation"};
+
+template <typename T>
+void keep(std::vector<T>& vValues, const std::vector<bool>& vbKeep)
+{
+    std::size_t iTo = 0;
+    for (std::size_t i = 0; i < vValues.size(); ++i)
+        if (vbKeep[i]) {
+            if (iTo != i)
+                vValues[iTo] = std::move(vValues[i]);
+            ++iTo;
+        }
+    vValues.erase(vValues.begin() + static_cast<std::ptrdiff_t>(iTo), vValues.end());
+}
+
+} // namespace
+
+DepthLineField::DepthLineField(const QString& sName)
+    : m_sName(sName)
+{
+}
+
+QString DepthLineField::type(DataType eType)
+{
+    const auto i = static_cast<std::size_t>(eType);
+    return i < g_typeNames.size() ? QString::fromLatin1(g_typeNames[i]) : QString();
+}
+
+DepthLineField::DataType DepthLineField::type(const QString& sType)
+{
+    const auto it = std::find_if(g_typeNames.begin(), g_typeNames.end(), [&sType](const char* pName) {
+        return sType.compare(QLatin1String(pName), Qt::CaseInsensitive) == 0;
+    });
+    return it == g_typeNames.end() ? IntervalBoundary : static_cast<DataType>(it - g_typeNames.begin());
+}
+
+void DepthLineField::setName(const QString& sName)
+{
+    m_sName = sName;
+}
+
+std::vector<int> DepthLineField::linesByDepth() const
+{
+    std::vector<int> viLines(m_vdDepths.size());
+    std::iota(viLines.begin(), viLines.end(), 0);
+    std::stable_sort(viLines.begin(), viLines.end(), [this](int a, int b) {
+        return m_vdDepths[static_cast<std::size_t>(a)] < m_vdDepths[static_cast<std::size_t>(b)];
+    });
+    return viLines;
+}
+
+std::vector<double> DepthLineField::sortedDepths(DataType eType) const
+{
+    std::vector<double> vdDepths;
+    for (std::size_t i = 0; i < m_vdDepths.size(); ++i)
+        if (m_veTypes[i] == eType)
+            vdDepths.push_back(m_vdDepths[i]);
+    std::sort(vdDepths.begin(), vdDepths.end());
+    vdDepths.erase(std::unique(vdDepths.begin(), vdDepths.end()), vdDepths.end());
+    return vdDepths;
+}
+
+// ---- editing
+// ---------------------------------------------------------------------------------------------------------
+
+int DepthLineField::insertHorizontalLine(const double& dDepth, const double& dX, const QString& sName,
+                                         const QColor& oColor, DataType eType, const QPointF& oOrientation,
+                                         int iOriginalRow, const double& dTolerance)
+{
+    if (isMissing(dDepth))
+        return -1;
+    for (std::size_t i = 0; dTolerance > 0.0 && i < m_vdDepths.size(); ++i)
+        if (m_veTypes[i] == eType && std::abs(m_vdDepths[i] - dDepth) < dTolerance)
+            return -1;
+    m_vdDepths.push_back(dDepth);
+    m_vdX.push_back(dX);
+    m_vsNames.push_back(sName);
+    m_voColors.push_back(oColor);
+    m_veTypes.push_back(eType);
+    m_voOrientations.push_back(oOrientation);
+    m_viOriginalRows.push_back(iOriginalRow);
+    m_vbDepthChanged.push_back(false);
+    m_vbSelected.push_back(false);
+    m_bModified = true;
+    return count() - 1;
+}
+
+std::vector<int> DepthLineField::pickHorizontalLines(const QPointF& oPosition, const double& dTolerance) const
+{
+    std::vector<int> viLines;
+    for (int i = 0; i < count(); ++i)
+        if (std::abs(m_vdDepths[static_cast<std::size_t>(i)] - oPosition.y()) <= dTolerance)
+            viLines.push_back(i);
+    const auto distance = [&](int i) { return std::abs(m_vdDepths[static_cast<std::size_t>(i)] - oPosition.y()); };
+    std::stable_sort(viLines.begin(), viLines.end(), [&](int a, int b) { return distance(a) < distance(b); });
+    return viLines;
+}
+
+template <typename Keep>
+bool DepthLineField::eraseLines(Keep keepLine)
+{
+    std::vector<bool> vbKeep(m_vdDepths.size());
+    bool bErased = false;
+    for (int i = 0; i < count(); ++i) {
+        vbKeep[static_cast<std::size_t>(i)] = keepLine(i);
+        bErased = bErased || !vbKeep[static_cast<std::size_t>(i)];
+    }
+    if (!bErased)
+        return false;
+    keep(m_vdDepths, vbKeep);
+    keep(m_vdX, vbKeep);
+    keep(m_vsNames, vbKeep);
+    keep(m_voColors, vbKeep);
+    keep(m_veTypes, vbKeep);
+    keep(m_voOrientations, vbKeep);
+    keep(m_viOriginalRows, vbKeep);
+    keep(m_vbDepthChanged, vbKeep);
+    keep(m_vbSelected, vbKeep);
+    m_bModified = true;
+    return true;
+}
+
+bool DepthLineField::eraseHorizontalLines(const QPointF& oPosition, const double& dTolerance)
+{
+    const std::vector<int> viLines = pickHorizontalLines(oPosition, dTolerance);
+    return eraseLines([&](int i) { return std::find(viLines.begin(), viLines.end(), i) == viLines.end(); });
+}
+
+void DepthLineField::erasePickedLine()
+{
+    eraseLines([this](int i) { return !isSelected(i); });
+}
+
+void DepthLineField::eraseLine(int iLine)
+{
+    eraseLines([iLine](int i) { return i != iLine; });
+}
+
+void DepthLineField::moveSelectedLines(const QPointF& oOffset)
+{
+    if (oOffset.isNull() || isMissing(oOffset.x()) || isMissing(oOffset.y()))
+        return;
+    for (std::size_t i = 0; i < m_vdDepths.size(); ++i)
+        if (m_vbSelected[i]) {
+            m_vdDepths[i] += oOffset.y();
+            m_vdX[i] += oOffset.x();
+            m_vbDepthChanged[i] = m_vbDepthChanged[i] || oOffset.y() != 0.0;
+            m_bModified = true;
+        }
+}
+
+void DepthLineField::updatePickedHorizon(int iLine, const double& dDepth)
+{
+    if (!contains(iLine) || isMissing(dDepth) || m_vdDepths[static_cast<std::size_t>(iLine)] == dDepth)
+        return;
+    m_vdDepths[static_cast<std::size_t>(iLine)] = dDepth;
+    m_vbDepthChanged[static_cast<std::size_t>(iLine)] = true;
+    m_bModified = true;
+}
+
+void DepthLineField::changePickedLineName(const QString& sName)
+{
+    for (const int i : selectedLines()) {
+        m_vsNames[static_cast<std::size_t>(i)] = sName;
+        m_bModified = true;
+    }
+}
+
+void DepthLineField::changePickedLineColor(const QColor& oColor)
+{
+    for (const int i : selectedLines()) {
+        m_voColors[static_cast<std::size_t>(i)] = oColor;
+        m_bModified = true;
+    }
+}
+
+void DepthLineField::changePickedOrientation(const QPointF& oDipAndAzimuth)
+{
+    for (const int i : selectedLines()) {
+        m_voOrientations[static_cast<std::size_t>(i)] = oDipAndAzimuth;
+        m_bModified = true;
+    }
+}
+
+void DepthLineField::clearAll()
+{
+    eraseLines([](int) { return false; });
+}
+
+void DepthLineField::clearOriginalRowPos()
+{
+    std::fill(m_viOriginalRows.begin(), m_viOriginalRows.end(), -1);
+    std::fill(m_vbDepthChanged.begin(), m_vbDepthChanged.end(), false);
+}
+
+// ---- selection
+// -------------------------------------------------------------------------------------------------------
+
+void DepthLineField::setSelected(int iLine, bool bSelected)
+{
+    if (contains(iLine))
+        m_vbSelected[static_cast<std::size_t>(iLine)] = bSelected;
+}
+
+void DepthLineField::setSelected(const std::vector<int>& viLines)
+{
+    for (const int i : viLines)
+        setSelected(i, true);
+}
+
+void DepthLineField::deselectAll()
+{
+    std::fill(m_vbSelected.begin(), m_vbSelected.end(), false);
+}
+
+bool DepthLineField::isSelected(int iLine) const
+{
+    return contains(iLine) && m_vbSelected[static_cast<std::size_t>(iLine)];
+}
+
+bool DepthLineField::isSomethingSelected() const
+{
+    return std::find(m_vbSelected.begin(), m_vbSelected.end(), true) != m_vbSelected.end();
+}
+
+std::vector<int> DepthLineField::selectedLines() const
+{
+    std::vector<int> viLines;
+    for (int i = 0; i < count(); ++i)
+        if (isSelected(i))
+            viLines.push_back(i);
+    return viLines;
+}
+
+// ---- looks
+// -----------------------------------------------------------------------------------------------------------
+
+void DepthLineField::setDomainTransparency(int iPercent)
+{
+    m_iDomainTransparency = std::clamp(iPercent, 0, 100);
+}
+
+bool DepthLineField::isShown(DataType eType) const
+{
+    switch (eType) {
+    case Horizon:
+        return m_bShowHorizons;
+    case Fault:
+        return m_bShowFaults;
+    case AverageOrientation:
+        return m_bShowAverageOrientations;
+    case IntervalBoundary:
+        return true;
+    default:
+        return m_bShowStructuralPlanes;
+    }
+}
+
+bool DepthLineField::isLabelShown(DataType eType) const
+{
+    switch (eType) {
+    case Horizon:
+        return m_bShowHorizonLabels;
+    case Fault:
+        return m_bShowFaultLabels;
+    case AverageOrientation:
+        return m_bShowAverageOrientationLabels;
+    case IntervalBoundary:
+        return false;
+    default:
+        return m_bShowStructuralPlaneLabels;
+    }
+}
+
+} // namespace gkBase
