@@ -90,6 +90,8 @@ public:
     // ---- state -----------------------------------------------------------------------------------------------------
     /// redraw(), then a repaint.
     void updateChart();
+    /// The next paint lays out and draws again, once however often this was called before it.
+    void scheduleRedraw();
     /// An empty title empties the header, otherwise it becomes "chart name: title".
     void changeHeaderTitle(const QString& sTitle);
     QString headerTitle() const { return m_sHeaderTitle; }
@@ -159,9 +161,6 @@ protected:
     void resizeEvent(QResizeEvent* pEvent) override;
     void changeEvent(QEvent* pEvent) override;
     void contextMenuEvent(QContextMenuEvent* pEvent) override;
-
-    /// The next paint lays out and draws again.
-    void scheduleRedraw();
 
     // ---- drawing toolkit: centre in chart pixels, size = half the symbol's width; pen and brush as they are --------
     void drawCircle(QPainter* pPainter, const QPointF& oCentre, int iSize);
