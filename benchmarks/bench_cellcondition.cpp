@@ -1,10 +1,19 @@
+#include "CellChange.h"
 #include "CellCondition.h"
 #include "MatrixColumn.h"
+#include "MatrixData.h"
+#include "QVertexItemModel.h"
+#include "QVertexModelTableView.h"
 #include "UnitManager.h"
+
+#include <QApplication>
 
 #include <benchmark/benchmark.h>
 
+#include <boost/make_shared.hpp>
+
 #include <memory>
+#include <vector>
 
 using namespace gkBase;
 
@@ -56,6 +65,85 @@ void flagTextsContaining(benchmark::State& state)
 }
 BENCHMARK(flagTextsContaining)->Unit(benchmark::kMillisecond);
 
+/// A table of one million rows in which the rows of a condition are selected, then modified.
+struct ModifiedTable
+{
+    ModifiedTable()
+        : m_poRoot(std::make_unique<MatrixData>(QStringLiteral("Root")))
+    {
+        auto* poDataSet = new MatrixData(QStringLiteral("Wells"));
+        m_poRoot->appendChild(poDataSet, false);
+        for (const char* szName : {"A", "B"}) {
+            auto* poAttribute = new MatrixData(QString::fromLatin1(szName), 0, 1);
+            poAttribute->setColumn(0, numbers());
+            poAttribute->setUnitManager(boost::make_shared<UnitManager>(QStringLiteral("length"), QStringLiteral("m")));
+            poDataSet->appendChild(poAttribute, true);
+            poAttribute->setSelected(true);
+        }
+    }
+
+    std::unique_ptr<MatrixData> m_poRoot;
+};
+
+void selectCellsByCondition(benchmark::State& state)
+{
+    const ModifiedTable table;
+    QVertexItemModel model(nullptr, table.m_poRoot.get(), -1);
+    QVertexModelTableView view;
+    view.setModel(&model);
+    view.resize(1200, 800);
+    view.show();
+    for (auto _ : state) {
+        view.selectCells(QStringLiteral("500"), QString(), CellCondition::Less, true, false, 0);
+        benchmark::DoNotOptimize(view.grab());
+    }
+    // Values that are shown as 500.00 are not less than 500.
+    if (view.selectedRowCount() != s_iCells / 2 - 5)
+        state.SkipWithError("wrong rows are selected");
+}
+BENCHMARK(selectCellsByCondition)->Unit(benchmark::kMillisecond);
+
+/// What the dialog works out after each key for one attribute.
+void previewChange(benchmark::State& state)
+{
+    const ModifiedTable table;
+    const QVertexItemModel model(nullptr, table.m_poRoot.get(), -1);
+    const CellRuns cells = CellRuns::ofRows({{3, s_iCells + 2}}, 2);
+    const CellChange change(static_cast<CellChange::Method>(state.range(0)), 2.5);
+    std::size_t iChanged = 0;
+    for (auto _ : state)
+        iChanged = model.changedCells(cells, 0, change).m_viRecords.size();
+    if (iChanged < s_iCells - 1)
+        state.SkipWithError("cells stay as they are");
+}
+BENCHMARK(previewChange)->Arg(CellModification::Set)->Arg(CellModification::Add)->Unit(benchmark::kMillisecond);
+
+void modifyCells(benchmark::State& state)
+{
+    const ModifiedTable table;
+    QVertexItemModel model(nullptr, table.m_poRoot.get(), -1);
+    CellRuns cells(2);
+    cells.setColumn(0, {{3, s_iCells + 2}});
+    for (auto _ : state) {
+        if (!model.modifySelectedCells(cells, 2.5, CellModification::Add))
+            state.SkipWithError("nothing was modified");
+        state.PauseTiming();
+        table.m_poRoot->undo();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(modifyCells)->Unit(benchmark::kMillisecond);
+
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int iArguments, char** ppcArguments)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication oApplication(iArguments, ppcArguments);
+    benchmark::Initialize(&iArguments, ppcArguments);
+    if (benchmark::ReportUnrecognizedArguments(iArguments, ppcArguments))
+        return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

@@ -129,6 +129,7 @@ void AnalyserWindow::createEditMenu()
     pqMenu->addAction(m_pqAnalyser->pasteAction());
     pqMenu->addSeparator();
     pqMenu->addAction(m_pqAnalyser->selectCellsAction());
+    pqMenu->addAction(m_pqAnalyser->modifyCellsAction());
     pqMenu->addAction(m_pqAnalyser->selectInverseAction());
     pqMenu->addAction(tr("&Clear Selection"), m_pqAnalyser, &gkBase::QDataAnalyserDialog::clearAllSelections);
 }

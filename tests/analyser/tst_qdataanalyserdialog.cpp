@@ -4,14 +4,17 @@
 #include "QHistogramChartWidget.h"
 #include "QHistogramItemModel.h"
 #include "QHistogramPlotWidget.h"
+#include "QModifyCellsDialog.h"
 #include "QSelectCellsDialog.h"
 #include "QTreeItemModel.h"
+#include "QValueChangeOnOffWidget.h"
 #include "QVertexItemModel.h"
 #include "QVertexMinMaxModelTableView.h"
 #include "QVertexModelTableView.h"
 #include "TabWidgetWithFloatingTabs.h"
 #include "TemporarySettings.h"
 #include "UnitRegistry.h"
+#include "ValueChangeWidget.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -341,6 +344,30 @@ private slots:
         QCOMPARE(m_pqDialog->vertexTable()->selectedRecords(), std::vector<int>{5});
         m_pqDialog->hide();
         QVERIFY(!pqSelect->isVisible());
+    }
+
+    void modifyCellsFollowsTheSelection()
+    {
+        m_pqDialog->clearAllSelections();
+        QVERIFY(!m_pqDialog->modifyCellsAction()->isEnabled());
+        select({2, 3});
+        QVERIFY(m_pqDialog->modifyCellsAction()->isEnabled());
+        m_pqDialog->modifyCellsAction()->trigger();
+        auto* pqModify = m_pqDialog->findChild<QModifyCellsDialog*>();
+        QVERIFY(pqModify && pqModify->isVisible());
+        QVERIFY(pqModify->valueChange(1));
+        m_pqDialog->clearAllSelections();
+        QVERIFY(!m_pqDialog->modifyCellsAction()->isEnabled());
+        QVERIFY(!pqModify->valueChange(1));
+
+        m_pqDialog->vertexTable()->selectColumnCells(1, 1, false); // Dip
+        pqModify->valueChange(1)->valueChange()->setMethod(CellModification::Add);
+        pqModify->valueChange(1)->valueChange()->setValue(QStringLiteral("1"));
+        const double dOld = m_poRoot->getNodeFromName(QStringLiteral("Dip"))->recordNumber(2);
+        pqModify->acceptButton()->click();
+        QCOMPARE(m_poRoot->getNodeFromName(QStringLiteral("Dip"))->recordNumber(2), dOld + 1.0);
+        m_pqDialog->hide();
+        QVERIFY(!pqModify->isVisible());
     }
 
     void saveAsWritesTheSelectedRowsAndRemembersTheFolder()

@@ -84,7 +84,7 @@ void tst_CellCondition::flags_data()
     QTest::newRow("shown text") << iDouble << lNumbers << int(C::Contains) << ".0"
                                 << ""
                                 << "111000";
-    QTest::newRow("no number") << iDouble << lNumbers << int(C::NotEqual) << "2,5"
+    QTest::newRow("no number") << iDouble << lNumbers << int(C::NotEqual) << "2,5,0"
                                << ""
                                << "000000";
     QTest::newRow("second value missing") << iDouble << lNumbers << int(C::Between) << "2"

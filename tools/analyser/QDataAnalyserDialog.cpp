@@ -5,6 +5,7 @@
 #include "MatrixDataNotifier.h"
 #include "QAttributeTreeView.h"
 #include "QHistogramChartWidget.h"
+#include "QModifyCellsDialog.h"
 #include "QSelectCellsDialog.h"
 #include "QTreeItemModel.h"
 #include "QVertexItemModel.h"
@@ -20,7 +21,6 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QMimeData>
-#include <QPushButton>
 #include <QSettings>
 #include <QSignalBlocker>
 #include <QSplitter>
@@ -73,16 +73,6 @@ private:
     std::unique_ptr<bool[]> m_pbFlags;
 };
 
-/// Shows the wait cursor while it lives.
-class WaitCursor
-{
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
-
 } // namespace
 
 QDataAnalyserDialog::QDataAnalyserDialog(QWidget* pqParent)
@@ -96,6 +86,7 @@ QDataAnalyserDialog::~QDataAnalyserDialog()
     for (const QMetaObject::Connection& connection : m_lRootConnections)
         disconnect(connection);
     delete m_pqSelectCellsDialog;
+    delete m_pqModifyCellsDialog;
 }
 
 // ---- data ----------------------------------------------------------------------------------------------------------
@@ -417,63 +408,6 @@ void QDataAnalyserDialog::updateCellView()
     slotTabWidgetChanged();
 }
 
-void QDataAnalyserDialog::showSelectValueCellsDlg()
-{
-    if (!m_pqTablePage)
-        return;
-    if (!m_pqSelectCellsDialog) {
-        m_pqSelectCellsDialog = new QSelectCellsDialog(this);
-        m_pqSelectCellsDialog->setWindowTitle(tr("Select Cell(s)"));
-        connect(m_pqSelectCellsDialog->acceptButton(), &QPushButton::clicked, this,
-                &QDataAnalyserDialog::accept_SelectValueCellsDlg);
-        connect(m_pqSelectCellsDialog, &QSelectCellsDialog::clearSelection, this,
-                &QDataAnalyserDialog::accept_ClearSelection);
-        connect(vertexItemModel(), &QAbstractItemModel::modelReset, m_pqSelectCellsDialog,
-                [this] { fillSelectCellsDialog(); });
-        connect(vertexTable()->selectionModel(), &QItemSelectionModel::currentColumnChanged, m_pqSelectCellsDialog,
-                [this] { fillSelectCellsDialog(); });
-    }
-    fillSelectCellsDialog();
-    m_pqSelectCellsDialog->show();
-    m_pqSelectCellsDialog->raise();
-    m_pqSelectCellsDialog->activateWindow();
-}
-
-int QDataAnalyserDialog::selectCellsColumn() const
-{
-    return std::max(vertexTable()->currentIndex().column(), 0);
-}
-
-void QDataAnalyserDialog::fillSelectCellsDialog()
-{
-    const QVertexItemModel* pModel = vertexItemModel();
-    QStringList lNames;
-    for (int i = 0; i < pModel->columnCount(); ++i)
-        lNames << pModel->headerData(i, Qt::Horizontal).toString();
-    m_pqSelectCellsDialog->setColumns(lNames);
-
-    const MatrixData* poNode = pModel->getNode(selectCellsColumn());
-    if (poNode)
-        m_pqSelectCellsDialog->setAttribute(poNode->name(), poNode->type(), poNode->unitManager());
-}
-
-void QDataAnalyserDialog::accept_SelectValueCellsDlg()
-{
-    if (!m_pqSelectCellsDialog)
-        return;
-    const WaitCursor waitCursor;
-    resetChartsUpdateNeeded();
-    QVertexModelTableView* pqTable = vertexTable();
-    pqTable->turnOffSelectionRectangle();
-    const QSelectCellsDialog& dialog = *m_pqSelectCellsDialog;
-    if (dialog.isColumnSelection())
-        pqTable->selectColumnCells(dialog.columnFrom(), dialog.columnTo(), dialog.keepPreviousSelection());
-    else
-        pqTable->selectCells(dialog.value1(), dialog.value2(), dialog.method(), dialog.isRowSelection(),
-                             dialog.keepPreviousSelection(), selectCellsColumn());
-    checkResetChartsUpdateNeeded();
-}
-
 // ---- clipboard and files -------------------------------------------------------------------------------------------
 
 void QDataAnalyserDialog::copyToClipboard()
@@ -577,6 +511,8 @@ void QDataAnalyserDialog::hide()
 {
     if (m_pqSelectCellsDialog)
         m_pqSelectCellsDialog->hide();
+    if (m_pqModifyCellsDialog)
+        m_pqModifyCellsDialog->hide();
     QWidget::hide();
 }
 

@@ -22,6 +22,7 @@ class AnalyserChartPages;
 class AnalyserTablePage;
 class QAttributeTreeView;
 class QHistogramChartWidget;
+class QModifyCellsDialog;
 class QSelectCellsDialog;
 class QTreeItemModel;
 class QVertexItemModel;
@@ -90,6 +91,7 @@ public:
     QAction* copyAction() const { return m_pqCopyAction; }
     QAction* pasteAction() const { return m_pqPasteAction; }
     QAction* selectCellsAction() const { return m_pqSelectCellsAction; }
+    QAction* modifyCellsAction() const { return m_pqModifyCellsAction; }
     QAction* selectInverseAction() const { return m_pqSelectInverseAction; }
     QAction* saveAsAction() const { return m_pqSaveAsAction; }
 
@@ -108,12 +110,13 @@ public:
     void setUltraLightMode();
     void saveSettings();
     void readSettings();
-    /// Also hides the select-cells dialog.
+    /// Also hides the dialogs that select and modify cells.
     void hide();
 
 public slots:
     void copyToClipboard();
     void showSelectValueCellsDlg();
+    void showModifyCellsDlg();
     void selectInverse();
     /// Reads the whole tree again after outside changes.
     void updateAllViews();
@@ -162,6 +165,7 @@ private:
     void slotRootAboutToBeDestroyed();
     void resetSplitterRatios();
     void fillSelectCellsDialog();
+    void fillModifyCellsDialog();
     /// The column that a condition is meant for: the current one, or the first.
     int selectCellsColumn() const;
     /// What the histogram shows first: a number attribute that is switched on, or any. Null without one.
@@ -181,10 +185,12 @@ private:
     AnalyserTablePage* m_pqTablePage = nullptr;
     QHistogramChartWidget* m_pqHistogramChart = nullptr;
     QPointer<QSelectCellsDialog> m_pqSelectCellsDialog;
+    QPointer<QModifyCellsDialog> m_pqModifyCellsDialog;
     QPointer<QMenu> m_pqMenu;
     QPointer<QAction> m_pqCopyAction;
     QPointer<QAction> m_pqPasteAction;
     QPointer<QAction> m_pqSelectCellsAction;
+    QPointer<QAction> m_pqModifyCellsAction;
     QPointer<QAction> m_pqSelectInverseAction;
     QPointer<QAction> m_pqSaveAsAction;
 

@@ -111,6 +111,9 @@ QMenu* QDataAnalyserDialog::createDefaultPopupMenu()
     m_pqPasteAction->setEnabled(false);
     m_pqSelectCellsAction =
         addAction("Select Cell(s)...", {}, "find.png", &QDataAnalyserDialog::showSelectValueCellsDlg);
+    m_pqModifyCellsAction =
+        addAction("Modify Cell(s)...", {}, "table_edit.png", &QDataAnalyserDialog::showModifyCellsDlg);
+    m_pqModifyCellsAction->setEnabled(false);
     m_pqSelectInverseAction = addAction("Select Inverse", {}, "arrow_switch.png", &QDataAnalyserDialog::selectInverse);
     m_pqSaveAsAction = addAction("Save As...", {}, nullptr, &QDataAnalyserDialog::slotSaveAs);
     return pqMenu;
@@ -139,6 +142,10 @@ void QDataAnalyserDialog::createTableWidget(int iTableOption)
     connect(m_pqTablePage, &AnalyserTablePage::tableClicked, pqTable, &QVertexModelTableView::slotDeselectVertecies);
     connect(m_pqTablePage, &AnalyserTablePage::tableClicked, this, &QDataAnalyserDialog::checkResetChartsUpdateNeeded);
     connect(m_pqTablePage, &AnalyserTablePage::tableClicked, this, &QDataAnalyserDialog::enablePasteAction);
+    connect(pqTable, &QVertexModelTableView::selectedCellsChanged, this, [this, pqTable] {
+        if (m_pqModifyCellsAction)
+            m_pqModifyCellsAction->setEnabled(pqTable->hasSelectedCells());
+    });
     connect(pqTable, &QVertexModelTableView::selectionChangedByUser, this,
             &QDataAnalyserDialog::resetChartsUpdateNeeded);
     // Whole columns and vertices are no block of cells that a frame would mark.

@@ -35,7 +35,10 @@ struct TypedNumber
 
 std::optional<TypedNumber> typedNumber(const QString& sText)
 {
-    const QString sNumber = sText.trimmed();
+    // One comma is a decimal point, as in the cells.
+    QString sNumber = sText.trimmed();
+    if (sNumber.count(u',') == 1 && !sNumber.contains(u'.'))
+        sNumber.replace(u',', u'.');
     bool bOk = false;
     const double dValue = sNumber.toDouble(&bOk);
     if (!bOk || !std::isfinite(dValue))

@@ -15,7 +15,8 @@ class UnitManager;
 /// A condition on the cells of a column, as a user types it: a method and one or two values in display units.
 ///
 /// The values are read by the type of the column that is tested:
-/// - double and int: a number with a decimal point. A cell is compared as it is shown: it equals a value when both
+/// - double and int: a number with a decimal point or comma. A cell is compared as it is shown: it equals a value when
+/// both
 ///   round to the same shown number, that is within half a unit of the last decimal (the unit's precision, or the
 ///   decimals typed when these are more). "less" and "greater" leave such equal cells out, "between" has both
 ///   limits in it and takes them in either order, "outside" is what "between" leaves.

@@ -179,7 +179,7 @@ QString QSelectCellsDialog::valueHint() const
     switch (m_eType) {
     case QMetaType::Double:
     case QMetaType::Int:
-        return tr("Enter a number, with a point before the decimals.");
+        return tr("Enter a number.");
     case QMetaType::QColor:
         return tr("Enter a colour as #rrggbb or by its name.");
     case QMetaType::Bool:

@@ -51,6 +51,8 @@ public:
     void selectedRows(std::vector<int>& viRows, int iRowOffSet) const;
     std::vector<int> selectedRecords() const;
     int selectedRowCount() const;
+    /// Cheaper than asking for the cells.
+    bool hasSelectedCells() const;
     /// Selects the table row rowOffSet() + iRow besides those that are selected.
     void selectTableRow(int iRow);
     void setSelectedCells(const CellRuns& oCells);
@@ -117,6 +119,8 @@ signals:
     /// The user changed the selection here (mouse, keys, selectInverse()). Not sent for selections that the program
     /// sets.
     void selectionChangedByUser();
+    /// Other cells are selected, whoever did it.
+    void selectedCellsChanged();
 
 protected:
     void selectionChanged(const QItemSelection& oSelected, const QItemSelection& oDeselected) override;

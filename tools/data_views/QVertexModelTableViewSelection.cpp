@@ -73,18 +73,26 @@ QModelIndexList QVertexModelTableView::sortedSelectedIndexes() const
     return lIndexes;
 }
 
+bool QVertexModelTableView::hasSelectedCells() const
+{
+    return m_bUnmirrored || (selectionModel() && selectionModel()->hasSelection());
+}
+
 void QVertexModelTableView::applySelection(const CellRuns& oCells)
 {
     if (!selectionModel())
         return;
-    const QScopedValueRollback<bool> oSelecting(m_bSelecting, true);
-    // First to nothing, then in one go: replacing a big selection by another is quadratic.
-    selectionModel()->clearSelection();
-    m_bUnmirrored = oCells.rangeCount() > g_iMirroredRanges;
-    m_oUnmirrored = m_bUnmirrored ? oCells : CellRuns();
-    if (!m_bUnmirrored)
-        selectionModel()->select(oCells.toSelection(*model()), QItemSelectionModel::Select);
+    {
+        const QScopedValueRollback<bool> oSelecting(m_bSelecting, true);
+        // First to nothing, then in one go: replacing a big selection by another is quadratic.
+        selectionModel()->clearSelection();
+        m_bUnmirrored = oCells.rangeCount() > g_iMirroredRanges;
+        m_oUnmirrored = m_bUnmirrored ? oCells : CellRuns();
+        if (!m_bUnmirrored)
+            selectionModel()->select(oCells.toSelection(*model()), QItemSelectionModel::Select);
+    }
     viewport()->update();
+    emit selectedCellsChanged();
 }
 
 void QVertexModelTableView::setSelectedCells(const CellRuns& oCells)
@@ -188,6 +196,7 @@ void QVertexModelTableView::selectionChanged(const QItemSelection& oSelected, co
         slotVertexSelected();
     if (!oSelected.isEmpty())
         emit tableItemSelected();
+    emit selectedCellsChanged();
     emit selectionChangedByUser();
 }
 
@@ -271,6 +280,8 @@ void QVertexModelTableView::slotModelReset()
                   m_vpColumnsBeforeReset.end();
     if (bSameRows && bCommon)
         applySelection(CellRuns::ofRows(m_vRowsBeforeReset, pqModel->columnCount()));
+    else
+        emit selectedCellsChanged();
     m_vRowsBeforeReset.clear();
     m_vpColumnsBeforeReset.clear();
 }
