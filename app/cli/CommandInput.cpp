@@ -3,8 +3,11 @@
 #include "AttributeName.h"
 #include "RecordFilter.h"
 
+#include <gkBase/MissingValue.h>
+
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <cmath>
 
 namespace gkHost {
@@ -77,6 +80,53 @@ std::optional<CommandResult> CommandInput::require(const QString& sOption) const
     return CommandResult::badUsage(text("--%1 is missing").arg(sOption));
 }
 
+std::optional<CommandResult> CommandInput::require(const QStringList& lOptions) const
+{
+    for (const QString& sOption : lOptions) {
+        if (auto oMissing = require(sOption)) {
+            return oMissing;
+        }
+    }
+    return std::nullopt;
+}
+
+QStringList CommandInput::names(const QString& sOption) const
+{
+    QStringList lNames;
+    for (const QString& sName : value(sOption).split(QLatin1Char(','), Qt::SkipEmptyParts)) {
+        lNames << sName.trimmed();
+    }
+    return lNames;
+}
+
+std::optional<double> CommandInput::number(const QString& sOption, std::optional<CommandResult>& oError) const
+{
+    if (!isSet(sOption)) {
+        return std::nullopt;
+    }
+    bool bOk = false;
+    const double dValue = value(sOption).toDouble(&bOk);
+    if (bOk && !gkBase::isMissing(dValue)) {
+        return dValue;
+    }
+    oError = CommandResult::badUsage(text("--%1: \"%2\" is no number").arg(sOption, value(sOption)));
+    return std::nullopt;
+}
+
+std::optional<int> CommandInput::wholeNumber(const QString& sOption, std::optional<CommandResult>& oError) const
+{
+    if (!isSet(sOption)) {
+        return std::nullopt;
+    }
+    bool bOk = false;
+    const int iValue = value(sOption).toInt(&bOk);
+    if (bOk && iValue > 0) {
+        return iValue;
+    }
+    oError = CommandResult::badUsage(text("--%1: \"%2\" is no whole number above 0").arg(sOption, value(sOption)));
+    return std::nullopt;
+}
+
 std::optional<double> CommandInput::positiveNumber(const QString& sOption, std::optional<CommandResult>& oError) const
 {
     if (!isSet(sOption))
@@ -115,8 +165,39 @@ gkBase::MatrixData* CommandInput::numericAttribute(const QString& sName, std::op
     gkBase::MatrixData* poAttribute = attribute(sName, oError);
     if (!poAttribute || isNumeric(*poAttribute))
         return poAttribute;
-    oError = CommandResult::badInput(text("%1: the attribute \"%2\" holds no numbers").arg(m_sFile, sName));
+    oError = noNumbers(sName);
     return nullptr;
+}
+
+CommandResult CommandInput::noNumbers(const QString& sName) const
+{
+    return CommandResult::badInput(text("%1: the attribute \"%2\" holds no numbers").arg(m_sFile, sName));
+}
+
+std::vector<gkBase::MatrixData*> CommandInput::numericAttributes(const QStringList& lNames,
+                                                                 std::optional<CommandResult>& oError) const
+{
+    std::vector<gkBase::MatrixData*> vpAttributes;
+    for (int iSet = 0; iSet < m_poRoot->childCount() && vpAttributes.empty(); ++iSet) {
+        for (const QString& sName : lNames) {
+            vpAttributes.push_back(attributeNamed(*m_poRoot->child(iSet), sName));
+        }
+        if (std::find(vpAttributes.begin(), vpAttributes.end(), nullptr) != vpAttributes.end()) {
+            vpAttributes.clear();
+        }
+    }
+    for (qsizetype i = static_cast<qsizetype>(vpAttributes.size()); i < lNames.size() && !oError; ++i) {
+        vpAttributes.push_back(attribute(lNames[i], oError));
+    }
+    for (std::size_t i = 0; i < vpAttributes.size() && !oError; ++i) {
+        if (!isNumeric(*vpAttributes[i])) {
+            oError = noNumbers(lNames[static_cast<qsizetype>(i)]);
+        } else if (vpAttributes[i]->recordCount() != vpAttributes.front()->recordCount()) {
+            oError = CommandResult::badInput(text("%1: \"%2\" and \"%3\" belong to data sets of different length")
+                                                 .arg(m_sFile, lNames.front(), lNames[static_cast<qsizetype>(i)]));
+        }
+    }
+    return oError ? std::vector<gkBase::MatrixData*>() : vpAttributes;
 }
 
 } // namespace gkHost

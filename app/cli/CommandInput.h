@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace gkHost {
 
@@ -36,18 +37,31 @@ public:
 
     bool isSet(const QString& sOption) const { return m_parser.isSet(sOption); }
     QString value(const QString& sOption) const { return m_parser.value(sOption); }
+    /// The attributes that an option lists, separated by commas.
+    QStringList names(const QString& sOption) const;
     /// The value of an option that must be given; a message when it is not.
     std::optional<CommandResult> require(const QString& sOption) const;
-    /// A number above 0 of an option; empty when the option is absent. oError gets a message for anything else.
+    /// The same for several options: a message about the first one that is missing.
+    std::optional<CommandResult> require(const QStringList& lOptions) const;
+    /// A number of an option; empty when the option is absent. oError gets a message for anything else.
+    std::optional<double> number(const QString& sOption, std::optional<CommandResult>& oError) const;
+    /// The same for a number above 0, and for a whole one above 0.
     std::optional<double> positiveNumber(const QString& sOption, std::optional<CommandResult>& oError) const;
+    std::optional<int> wholeNumber(const QString& sOption, std::optional<CommandResult>& oError) const;
 
     /// The attribute NAME, exact case before any case, of the first data set that has it, or "DATA SET: NAME"; null
     /// with a message naming what there is.
     gkBase::MatrixData* attribute(const QString& sName, std::optional<CommandResult>& oError) const;
     /// As attribute(), but of numbers.
     gkBase::MatrixData* numericAttribute(const QString& sName, std::optional<CommandResult>& oError) const;
+    /// Attributes of numbers whose records belong together: those of the first data set that has them all, else of
+    /// data sets with equally many records. Empty, with a message, when there are none.
+    std::vector<gkBase::MatrixData*> numericAttributes(const QStringList& lNames,
+                                                       std::optional<CommandResult>& oError) const;
 
 private:
+    CommandResult noNumbers(const QString& sName) const;
+
     QCommandLineParser m_parser;
     QString m_sFile;
     gkBase::UnitRegistry m_registry;

@@ -1,6 +1,8 @@
 #include "CommandLine.h"
 
+#include "ClusterCommand.h"
 #include "ConvertCommand.h"
+#include "DecimateCommand.h"
 #include "RenderCommand.h"
 #include "StatsCommand.h"
 
@@ -20,10 +22,12 @@ struct NamedCommand
     CommandResult (*m_fnRun)(const QStringList&);
 };
 
-constexpr std::array<NamedCommand, 3> g_commands = {{
+constexpr std::array<NamedCommand, 5> g_commands = {{
     {"stats", false, runStatsCommand},
     {"render", true, runRenderCommand},
     {"convert", false, runConvertCommand},
+    {"cluster", false, runClusterCommand},
+    {"decimate", false, runDecimateCommand},
 }};
 
 const NamedCommand* commandNamed(const QString& sName)
@@ -108,6 +112,11 @@ QString CommandLine::helpText()
         "  gkanalyser render FILE --chart NAME --out PATH.png|.svg|.pdf\n"
         "                                             draw a chart into a file\n"
         "  gkanalyser convert FILE --out PATH.csv     write all data sets as CSV\n"
+        "  gkanalyser stats FILE --x NAME --y NAME    print the regression of one attribute on another\n"
+        "  gkanalyser cluster FILE --columns A,B[,C] --k N --out PATH.csv\n"
+        "                                             group the records by two or three attributes\n"
+        "  gkanalyser decimate FILE --depth NAME --step X|--bins N --columns A,B --out PATH.csv\n"
+        "                                             average attributes in intervals of depth\n"
         "  gkanalyser --version | --help\n"
         "\n"
         "Every command takes --help, --rows 1,4-9 and --where NAME=VALUE. NAME is taken from the first data set that\n"

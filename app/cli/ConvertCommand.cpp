@@ -1,6 +1,7 @@
 #include "ConvertCommand.h"
 
 #include "CommandInput.h"
+#include "CsvOutput.h"
 
 #include <QCoreApplication>
 
@@ -26,12 +27,7 @@ CommandResult runConvertCommand(const QStringList& lArguments)
     QString sError;
     if (input.isSet(QStringLiteral("report")) && !input.report().save(input.value(QStringLiteral("report")), &sError))
         return CommandResult::badInput(sError);
-    const QString sOut = input.value(QStringLiteral("out"));
-    bool bOk = false;
-    input.root().writeCSV(sOut, &bOk);
-    if (!bOk)
-        return CommandResult::badInput(text("%1: cannot be written").arg(sOut));
-    return CommandResult::ok();
+    return writeCsv(input.root(), input.value(QStringLiteral("out"))).value_or(CommandResult::ok());
 }
 
 } // namespace gkHost

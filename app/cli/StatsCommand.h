@@ -6,7 +6,8 @@
 
 namespace gkHost {
 
-/// "stats FILE --attribute NAME [--interval X] [--json]": summary, percentiles and classes of an attribute.
+/// "stats FILE --attribute NAME [--interval X] [--json]": summary, percentiles and classes of an attribute;
+/// "stats FILE --x NAME --y NAME [--json]": the regression of y on x.
 CommandResult runStatsCommand(const QStringList& lArguments);
 
 } // namespace gkHost

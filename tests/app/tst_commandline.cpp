@@ -23,6 +23,9 @@ private slots:
         write("even.csv", "Value [m],Set,Flag\n" + evenRows());
         write("sets.csv", "# data set: A\n# types: double,double\nDepth,GR\n1,2\n3,4\n\n"
                           "# data set: B\n# types: double,bool\nDepth,Good\n7,true\n8,false\n9,true\n");
+        // Two flat clouds far from each other, the second deeper; the record without azimuth counts for GR alone.
+        write("well.csv",
+              "Depth [m],Dip [deg],Azimuth [deg],GR\n0,40,350,1\n1,40,10,3\n2,30,120,\n9,30,,101\n10,30,120,99\n");
         write("bad.csv", QByteArray("a,b\n1,\"never closed\n"));
     }
 
@@ -101,6 +104,77 @@ private slots:
         QCOMPARE(json[QStringLiteral("max")].toDouble(), max);
     }
 
+    void regression()
+    {
+        write("line.csv", "x,y,up\n0,1,5\n1,3,5\n2,5,5\n3,7,5\n4,,5\n");
+        const QJsonObject json = jsonOf({"stats", path("line.csv"), "--x", "x", "--y", "y", "--json"});
+        QCOMPARE(json["n"].toInt(), 4);
+        QVERIFY(qAbs(json["regression"]["slope"].toDouble() - 2.044776) < 5e-7);
+        QVERIFY(qAbs(json["regression"]["intercept"].toDouble() - 0.746269) < 5e-7);
+        QVERIFY(qAbs(json["regression"]["correlation"].toDouble() - 0.996687) < 5e-7);
+        QCOMPARE(json["leastSquares"]["slope"].toDouble(), 2.0);
+        QCOMPARE(json["leastSquares"]["intercept"].toDouble(), 1.0);
+        const QJsonObject upright = jsonOf({"stats", path("line.csv"), "--x", "up", "--y", "y", "--json"});
+        QCOMPARE(upright["regression"]["slope"].toDouble(), 99999.0);
+        QVERIFY(upright["leastSquares"]["slope"].isNull());
+    }
+
+    void clustersBecomeAnAttribute()
+    {
+        const QString sOut = path("clusters.csv");
+        const QJsonObject json = jsonOf({"cluster", path("well.csv"), "--columns", "Depth, GR", "--k", "2", "--rows",
+                                         "1-4", "--out", sOut, "--json"});
+        QCOMPARE(json["k"].toInt(), 2);
+        QCOMPARE(json["n"].toInt(), 3);
+        QCOMPARE(json["distortion"].toDouble(), 2.5); // of (0, 1) and (1, 3) about (0.5, 2)
+        const int iDeep = json["sizes"][0].toInt() == 1 ? 0 : 1;
+        QCOMPARE(json["centroids"][iDeep].toArray(), (QJsonArray{9, 101}));
+        const QByteArray qIds = QByteArray::number(1 - iDeep);
+        QCOMPARE(content(sOut).split('\n').mid(2, 5),
+                 (QList<QByteArray>{"Depth [m],Dip [deg],Azimuth [deg],GR,Cluster", "0,40,350,1," + qIds,
+                                    "1,40,10,3," + qIds, "2,30,120,,", "9,30,,101," + QByteArray::number(iDeep)}));
+    }
+
+    void decimationWritesTheMeans_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QList<QByteArray>>("lines");
+        QTest::newRow("planes and numbers")
+            << QStringList{"--step", "2.5", "--columns", "Azimuth,GR,Dip"}
+            << QList<QByteArray>{"Depth [m],Count,Azimuth [deg],GR,Dip [deg]", "1.25,3,23.082488834,2,24.728729434",
+                                 "3.75,0,,,", "6.25,0,,,", "8.75,2,120,100,30"};
+        QTest::newRow("from, to and the closed end")
+            << QStringList{"--bins", "1", "--from", "9", "--to", "10", "--columns", "GR"}
+            << QList<QByteArray>{"Depth [m],Count,GR", "9.5,2,100"};
+        QTest::newRow("azimuths alone") << QStringList{"--bins", "1", "--to", "1", "--columns", "Azimuth"}
+                                        << QList<QByteArray>{"Depth [m],Count,Azimuth [deg]", "0.5,2,0"};
+        QTest::newRow("a single depth has no range")
+            << QStringList{"--bins", "1", "--columns", "Dip,Azimuth", "--where", "GR=101"} << QList<QByteArray>();
+    }
+
+    void decimationWritesTheMeans()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QList<QByteArray>, lines);
+        const QString sOut = path("means.csv");
+        const CommandResult result =
+            run(QStringList{"decimate", path("well.csv"), "--depth", "depth", "--out", sOut} + arguments);
+        QCOMPARE(result.m_sMessage.isEmpty(), !lines.isEmpty()); // a single depth has no range
+        const QList<QByteArray> lRows = content(sOut).split('\n').mid(1);
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            const QList<QByteArray> lExpected = lines[i].split(',');
+            const QList<QByteArray> lCells = lRows.value(i).split(',');
+            QCOMPARE(lCells.size(), lExpected.size());
+            for (qsizetype iCell = 0; iCell < lCells.size(); ++iCell) {
+                bool bNumber = false;
+                const double dExpected = lExpected[iCell].toDouble(&bNumber);
+                QVERIFY2(bNumber && !lCells[iCell].isEmpty() ? qAbs(lCells[iCell].toDouble() - dExpected) < 1e-9
+                                                             : lCells[iCell] == lExpected[iCell],
+                         lRows[i].constData());
+            }
+        }
+    }
+
     void exitStatus_data()
     {
         QTest::addColumn<QStringList>("arguments");
@@ -136,6 +210,25 @@ private slots:
         QTest::newRow("folder that is not there")
             << QStringList{"render", sEven, "--chart", "histogram", "--attribute", "Value", "--out", path("no/x.png")}
             << 1;
+        const QString sCsv = path("out.csv");
+        QTest::newRow("x without y") << QStringList{"stats", sEven, "--x", "Value"} << 2;
+        QTest::newRow("x and attribute") << QStringList{"stats", sEven,   "--x",         "Value",
+                                                        "--y",   "Value", "--attribute", "Value"}
+                                         << 2;
+        QTest::newRow("regression of texts") << QStringList{"stats", sEven, "--x", "Value", "--y", "Set"} << 1;
+        const QStringList lCluster{"cluster", sEven, "--out", sCsv, "--columns"};
+        QTest::newRow("clusters of one column") << lCluster + QStringList{"Value", "--k", "2"} << 2;
+        QTest::newRow("no number of clusters") << lCluster + QStringList{"Value,Flag", "--k", "1.5"} << 2;
+        QTest::newRow("nothing to cluster") << lCluster + QStringList{"Value,Flag", "--k", "2", "--rows", "102"} << 1;
+        QTest::newRow("data sets of different length")
+            << QStringList{"cluster", path("sets.csv"), "--out", sCsv, "--columns", "GR,Good", "--k", "2"} << 1;
+        const QStringList lDecimate{"decimate", sEven, "--depth", "Value", "--columns", "Flag", "--out"};
+        QTest::newRow("neither step nor bins") << lDecimate + QStringList{sCsv} << 2;
+        QTest::newRow("both step and bins") << lDecimate + QStringList{sCsv, "--step", "1", "--bins", "2"} << 2;
+        QTest::newRow("range upside down")
+            << lDecimate + QStringList{sCsv, "--bins", "2", "--from", "9", "--to", "1"} << 2;
+        QTest::newRow("too many intervals") << lDecimate + QStringList{sCsv, "--step", "1e-6"} << 2;
+        QTest::newRow("decimate into nowhere") << lDecimate + QStringList{path("no/x.csv"), "--bins", "2"} << 1;
         QTest::newRow("convert into nowhere") << QStringList{"convert", sEven, "--out", path("no/x.csv")} << 1;
     }
 
@@ -236,8 +329,12 @@ private:
 
     QJsonObject stats(const QStringList& lArguments) const
     {
-        const CommandResult result =
-            run(QStringList{"stats", path("even.csv"), "--attribute", "Value", "--json"} + lArguments);
+        return jsonOf(QStringList{"stats", path("even.csv"), "--attribute", "Value", "--json"} + lArguments);
+    }
+
+    static QJsonObject jsonOf(const QStringList& lArguments)
+    {
+        const CommandResult result = run(lArguments);
         if (!result.m_sMessage.isEmpty())
             qWarning().noquote() << result.m_sMessage;
         return QJsonDocument::fromJson(result.m_sOutput.toUtf8()).object();

@@ -147,6 +147,7 @@ void tst_Decimation::referenceWell()
         QCOMPARE(size_t(oBins.count()), vdCentres.size());
         const auto viBins = binsOfRecords(columns["depth"], oBins);
         const auto vPlanes = binMeanPlanes(viBins, oBins.count(), columns["dip"], columns["dip_azimuth"]);
+        const auto vLines = binMeanLines(viBins, oBins.count(), columns["dip"], columns["dip_azimuth"]);
         const auto viGamma = binCounts(viBins, oBins.count(), columns["gamma_ray"]);
         const auto vdGamma = binMeans(viBins, oBins.count(), columns["gamma_ray"]);
         for (int iBin = 0; iBin < oBins.count(); ++iBin) {
@@ -156,6 +157,9 @@ void tst_Decimation::referenceWell()
             const QJsonArray plane = decimated["mean_plane_dip_dipazimuth"].toArray()[iBin].toArray();
             GK_COMPARE_CLOSE(vPlanes[i].m_dDip, plane[0].toDouble(), 1e-9);
             GK_COMPARE_CLOSE(vPlanes[i].m_dAzimuth, plane[1].toDouble(), 1e-9);
+            const QJsonArray line = decimated["mean_line_plunge_azimuth"].toArray()[iBin].toArray();
+            GK_COMPARE_CLOSE(vLines[i].m_dDip, line[0].toDouble(), 1e-9);
+            GK_COMPARE_CLOSE(vLines[i].m_dAzimuth, line[1].toDouble(), 1e-9);
             QCOMPARE(int(viGamma[i]), decimated["gamma_ray_count"].toArray()[iBin].toInt());
             GK_COMPARE_CLOSE(vdGamma[i], decimated["gamma_ray_mean"].toArray()[iBin].toDouble(), 1e-9);
         }

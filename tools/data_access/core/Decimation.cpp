@@ -30,42 +30,62 @@ void forEachBinned(std::span<const int> viBins, int nBins, std::size_t iRecords,
     }
 }
 
-struct PoleSum
+/// Sum of unit vectors, each turned to the lower hemisphere.
+struct VectorSum
 {
     double m_dNorth = 0.0;
     double m_dEast = 0.0;
     double m_dDown = 0.0;
     std::size_t m_iCount = 0;
 
-    /// The pole of a plane dips 90 − dip towards azimuth + 180.
-    void add(double dDip, double dAzimuth)
+    /// The vector (dHorizontal towards dAzimuth, dDown).
+    void add(double dHorizontal, double dDown, double dAzimuth)
     {
-        const double dSineDip = std::sin(radians(dDip));
-        const double dDown = std::cos(radians(dDip));
-        const double dTowardsPole = dDown < 0.0 ? dSineDip : -dSineDip; // an overturned plane has its lower end here
-        m_dNorth += dTowardsPole * std::cos(radians(dAzimuth));
-        m_dEast += dTowardsPole * std::sin(radians(dAzimuth));
+        const double dLower = dDown < 0.0 ? -dHorizontal : dHorizontal;
+        m_dNorth += dLower * std::cos(radians(dAzimuth));
+        m_dEast += dLower * std::sin(radians(dAzimuth));
         m_dDown += std::abs(dDown);
         ++m_iCount;
     }
-
-    BinOrientation orientation() const
-    {
-        BinOrientation oOrientation;
-        oOrientation.m_iCount = m_iCount;
-        const double dHorizontal = std::hypot(m_dNorth, m_dEast);
-        const double dLength = std::hypot(dHorizontal, m_dDown);
-        const auto dCount = static_cast<double>(m_iCount);
-        if (m_iCount == 0 || dLength < g_dSmallestLength * dCount) {
-            return oOrientation;
-        }
-        oOrientation.m_dResultantLength = std::min(dLength / dCount, 1.0);
-        oOrientation.m_dDip = std::min(degrees(std::atan2(dHorizontal, m_dDown)), 90.0);
-        const bool bHorizontal = dHorizontal < g_dSmallestLength * dCount;
-        oOrientation.m_dAzimuth = bHorizontal ? 0.0 : wrapAngle(degrees(std::atan2(-m_dEast, -m_dNorth)), 360.0);
-        return oOrientation;
-    }
 };
+
+/// The line along the resultant, or the plane whose pole it is.
+BinOrientation orientationOf(const VectorSum& oSum, bool bLine)
+{
+    BinOrientation oMean;
+    oMean.m_iCount = oSum.m_iCount;
+    const double dHorizontal = std::hypot(oSum.m_dNorth, oSum.m_dEast);
+    const double dLength = std::hypot(dHorizontal, oSum.m_dDown);
+    const double dNothing = g_dSmallestLength * static_cast<double>(oSum.m_iCount);
+    if (oSum.m_iCount == 0 || dLength < dNothing) {
+        return oMean;
+    }
+    oMean.m_dResultantLength = std::min(dLength / static_cast<double>(oSum.m_iCount), 1.0);
+    oMean.m_dDip = degrees(bLine ? std::atan2(oSum.m_dDown, dHorizontal) : std::atan2(dHorizontal, oSum.m_dDown));
+    // A plane dips away from the trend of its pole.
+    const double dAzimuth = std::atan2(oSum.m_dEast, oSum.m_dNorth) + (bLine ? 0.0 : g_dPi);
+    oMean.m_dAzimuth = dHorizontal < dNothing ? 0.0 : wrapAngle(degrees(dAzimuth), 360.0);
+    return oMean;
+}
+
+/// Means of the records with both angles; addTo(sum, first angle, azimuth) adds one.
+template <typename Function>
+std::vector<BinOrientation> binMeanOrientations(std::span<const int> viBins, int nBins, std::span<const double> vdAngle,
+                                                std::span<const double> vdAzimuth, bool bLines, Function&& addTo)
+{
+    std::vector<VectorSum> vSums(sizeOf(nBins));
+    forEachBinned(viBins, nBins, std::min(vdAngle.size(), vdAzimuth.size()), [&](std::size_t iBin, std::size_t i) {
+        if (!isMissing(vdAngle[i]) && !isMissing(vdAzimuth[i])) {
+            addTo(vSums[iBin], radians(vdAngle[i]), vdAzimuth[i]);
+        }
+    });
+    std::vector<BinOrientation> vMeans;
+    vMeans.reserve(vSums.size());
+    for (const VectorSum& oSum : vSums) {
+        vMeans.push_back(orientationOf(oSum, bLines));
+    }
+    return vMeans;
+}
 
 } // namespace
 
@@ -130,18 +150,19 @@ std::vector<double> binMeans(std::span<const int> viBins, int nBins, std::span<c
 std::vector<BinOrientation> binMeanPlanes(std::span<const int> viBins, int nBins, std::span<const double> vdDip,
                                           std::span<const double> vdAzimuth)
 {
-    std::vector<PoleSum> vSums(sizeOf(nBins));
-    forEachBinned(viBins, nBins, std::min(vdDip.size(), vdAzimuth.size()), [&](std::size_t iBin, std::size_t i) {
-        if (!isMissing(vdDip[i]) && !isMissing(vdAzimuth[i])) {
-            vSums[iBin].add(vdDip[i], vdAzimuth[i]);
-        }
-    });
-    std::vector<BinOrientation> vOrientations;
-    vOrientations.reserve(vSums.size());
-    for (const PoleSum& oSum : vSums) {
-        vOrientations.push_back(oSum.orientation());
-    }
-    return vOrientations;
+    // The pole plunges 90 − dip away from the dip azimuth.
+    return binMeanOrientations(
+        viBins, nBins, vdDip, vdAzimuth, false,
+        [](VectorSum& oSum, double dDip, double dAzimuth) { oSum.add(-std::sin(dDip), std::cos(dDip), dAzimuth); });
+}
+
+std::vector<BinOrientation> binMeanLines(std::span<const int> viBins, int nBins, std::span<const double> vdPlunge,
+                                         std::span<const double> vdAzimuth)
+{
+    return binMeanOrientations(viBins, nBins, vdPlunge, vdAzimuth, true,
+                               [](VectorSum& oSum, double dPlunge, double dAzimuth) {
+                                   oSum.add(std::cos(dPlunge), std::sin(dPlunge), dAzimuth);
+                               });
 }
 
 std::vector<CircularMean> binMeanDirections(std::span<const int> viBins, int nBins, std::span<const double> vdAzimuth)

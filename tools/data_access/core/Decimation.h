@@ -12,13 +12,13 @@
 
 namespace gkBase {
 
-/// Mean orientation of the planes of a bin, in degrees.
+/// Mean orientation of the planes, or lines, of a bin, in degrees.
 struct BinOrientation
 {
-    double m_dDip = g_dMissingValue;     ///< 0 … 90; 99999.0 for a bin without planes or a mean
-    double m_dAzimuth = g_dMissingValue; ///< dip azimuth [0, 360); 0 for a horizontal mean plane
-    double m_dResultantLength = 0.0;     ///< length of the resultant of the poles over their number, 0 … 1
-    std::size_t m_iCount = 0;            ///< planes in the bin: both angles present
+    double m_dDip = g_dMissingValue;     ///< dip or plunge, 0 … 90; 99999.0 for an empty bin or one without a mean
+    double m_dAzimuth = g_dMissingValue; ///< of the dip or the line, [0, 360); 0 where it is undefined (level, upright)
+    double m_dResultantLength = 0.0;     ///< length of the resultant over the number of vectors, 0 … 1
+    std::size_t m_iCount = 0;            ///< orientations in the bin: both angles present
 };
 
 /// The bin of every record by its depth; −1 for records outside the bins, without depth or left out by the mask.
@@ -42,6 +42,11 @@ GKBASECORE_EXPORT std::vector<double> binMeans(std::span<const int> viBins, int 
 /// resultant that vanishes to within rounding has no orientation.
 GKBASECORE_EXPORT std::vector<BinOrientation>
 binMeanPlanes(std::span<const int> viBins, int nBins, std::span<const double> vdDip, std::span<const double> vdAzimuth);
+
+/// Mean line of each bin from plunge and azimuth: the resultant of the unit vectors along the lower ends.
+GKBASECORE_EXPORT std::vector<BinOrientation> binMeanLines(std::span<const int> viBins, int nBins,
+                                                           std::span<const double> vdPlunge,
+                                                           std::span<const double> vdAzimuth);
 
 /// Circular mean of each bin of azimuths that have no dip, as circularMean().
 GKBASECORE_EXPORT std::vector<CircularMean> binMeanDirections(std::span<const int> viBins, int nBins,

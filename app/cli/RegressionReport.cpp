@@ -1,0 +1,66 @@
+#include "RegressionReport.h"
+
+#include <gkBase/MatrixData.h>
+
+#include <QCoreApplication>
+#include <QJsonObject>
+
+namespace gkHost {
+
+namespace {
+
+QJsonObject lineToJson(const QJsonValue& slope, const QJsonValue& intercept, double dCorrelation)
+{
+    return {{QStringLiteral("slope"), slope},
+            {QStringLiteral("intercept"), intercept},
+            {QStringLiteral("correlation"), dCorrelation}};
+}
+
+QString lineText(const gkBase::RegressionLine& oLine)
+{
+    if (!oLine.m_bIsFunction) {
+        return QCoreApplication::translate("CommandLine", "The regression is not a function");
+    }
+    return QStringLiteral("y = %1 x %2 %3, R = %4")
+        .arg(oLine.m_dSlope, 0, 'g', 10)
+        .arg(QLatin1Char(oLine.m_dIntercept < 0.0 ? '-' : '+'))
+        .arg(qAbs(oLine.m_dIntercept), 0, 'g', 10)
+        .arg(oLine.m_dCorrelation, 0, 'g', 10);
+}
+
+} // namespace
+
+RegressionReport regressionReport(const gkBase::MatrixData& x, const gkBase::MatrixData& y)
+{
+    const std::vector<double> vdX = x.column().numbers();
+    const std::vector<double> vdY = y.column().numbers();
+    return {x.name(), y.name(), gkBase::chartRegression(vdX, vdY), gkBase::leastSquares(vdX, vdY)};
+}
+
+QJsonObject RegressionReport::toJson() const
+{
+    const auto defined = [this](double dValue) {
+        return m_oLeastSquares.m_bIsFunction ? QJsonValue(dValue) : QJsonValue(QJsonValue::Null);
+    };
+    return {
+        {QStringLiteral("n"), static_cast<qint64>(m_oChart.m_iPoints)},
+        {QStringLiteral("regression"), lineToJson(m_oChart.m_dSlope, m_oChart.m_dIntercept, m_oChart.m_dCorrelation)},
+        {QStringLiteral("leastSquares"),
+         lineToJson(defined(m_oLeastSquares.m_dSlope), defined(m_oLeastSquares.m_dIntercept),
+                    m_oLeastSquares.m_dCorrelation)}};
+}
+
+QString RegressionReport::toText() const
+{
+    const auto text = [](const char* pText) { return QCoreApplication::translate("CommandLine", pText); };
+    QString sText = text("%1 on %2").arg(m_sY, m_sX) + QLatin1Char('\n');
+    const auto addLine = [&sText](const QString& sName, const QString& sValue) {
+        sText += QStringLiteral("  %1 %2\n").arg(sName, -20).arg(sValue);
+    };
+    addLine(text("points"), QString::number(m_oChart.m_iPoints));
+    addLine(text("regression"), lineText(m_oChart));
+    addLine(text("least squares"), lineText(m_oLeastSquares));
+    return sText;
+}
+
+} // namespace gkHost
