@@ -1,0 +1,75 @@
+#pragma once
+
+#include "MatrixColumn.h"
+#include "MatrixData.h"
+#include "gkBaseToolsExport.h"
+
+#include <QString>
+
+#include <boost/shared_ptr.hpp>
+
+#include <vector>
+
+namespace gkBase {
+
+class MatrixDataRestore;
+class QRelationshipItemModel;
+class UnitManager;
+
+/// Puts attributes that were derived in a chart into the tree, all of them as one undo step. They live in a data set
+/// of their group's name under the root, which is found or made; group names of data sets whose number of records
+/// differs get a running number.
+class GKBASETOOLS_EXPORT DerivedAttributes
+{
+public:
+    /// Begins the undo step with its text, or (bNewStep false) joins the step before.
+    DerivedAttributes(MatrixData& root, const QString& sUndoText, bool bNewStep = true);
+
+    /// The data set of that name, or of name_1, name_2 …, with that many records.
+    MatrixData* dataSet(const QString& sGroup, int iRecords);
+    /// As above, but the first attribute has these values, or the data set is a new one. With bReplace a data set of
+    /// exactly that name with other values makes room.
+    MatrixData* dataSetAt(const QString& sGroup, const QString& sDepthName, const MatrixColumn& oDepths,
+                          boost::shared_ptr<UnitManager> poUnit, bool bReplace);
+    /// The data set's attribute of that name gets the values; it is made, and switched on, when there is none.
+    MatrixData* setAttribute(MatrixData& dataSet, const QString& sName, MatrixColumn oValues,
+                             boost::shared_ptr<UnitManager> poUnit);
+    MatrixData* setAttribute(MatrixData& dataSet, const QString& sName, MatrixColumn oValues,
+                             const QString& sUnitCategory);
+
+private:
+    MatrixDataRestore& addRecord(MatrixData& node, bool bRemoval = false);
+    MatrixData* newDataSet(const QString& sGroup);
+    static bool isGroupName(const QString& sName, const QString& sGroup);
+
+    MatrixData& m_root;
+    QString m_sUndoText;
+    bool m_bNewStep;
+};
+
+/// Writes the clusters of a model as an attribute of ids from 0; records without a cluster stay empty. Null, and
+/// nothing is written, without clusters.
+GKBASETOOLS_EXPORT MatrixData* addClusterAttribute(MatrixData& root, const QString& sName,
+                                                   const QRelationshipItemModel& model);
+
+/// Writes the last decimation of a model: the depth of each bin, its values ("Decimated:" and the name of x, or dip
+/// and azimuth) and the count of its points. bBinAverage false takes the values of the record nearest to the bin's
+/// centre. bReplace: an earlier decimation with other bins makes room. poOriginal is the attribute that was
+/// decimated; null takes the model's x. Null, and nothing is written, without a decimation.
+GKBASETOOLS_EXPORT MatrixData* addDecimationAttributes(MatrixData& root, const QRelationshipItemModel& model,
+                                                       bool bBinAverage, bool bReplace, const MatrixData* poOriginal,
+                                                       bool bNewStep);
+
+/// Which markers a switch of visibility is for.
+enum class MarkerKind
+{
+    Scat,      ///< rows whose "Type" is that of a structural plane
+    Decimated, ///< rows with a value of "Decimated:dip" or "Decimated:azimuth"
+    Type,      ///< rows whose "Type" has a given text
+    Top        ///< rows with a text in "Horizon"
+};
+
+/// Writes "$V" in the rows of the kind, as one undo step; tells whether a row changed. False without "$V".
+GKBASETOOLS_EXPORT bool setMarkersVisible(MatrixData& root, MarkerKind eKind, const QString& sType, bool bVisible);
+
+} // namespace gkBase
