@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Draws the PNG icons of the program from their SVG sources (needs rsvg-convert). Run it after changing a source.
+# Draws the PNG icons and the cursor bitmaps of the program from their SVG sources (needs rsvg-convert and, for the
+# cursors, ImageMagick). Run it after changing a source.
 set -euo pipefail
 cd "$(dirname "$0")/../app/resources"
 for source in svg/*.svg; do
@@ -8,4 +9,14 @@ for source in svg/*.svg; do
     [ "$name" = gkanalyser ] && size=64
     rsvg-convert -w "$size" -h "$size" "$source" -o "png/$name.png"
     rsvg-convert -w $((2 * size)) -h $((2 * size)) "$source" -o "png/$name@2x.png"
+done
+
+# Two colours each: black is drawn, and in the mask black is covered. The mask is one pixel wider all round, which
+# gives the cross a white edge on dark charts.
+for source in svg/cursors/*.svg; do
+    name=$(basename "$source" .svg)
+    bilevel=(-negate -type bilevel -define bmp:format=bmp3)
+    rsvg-convert -w 32 -h 32 "$source" | convert - -alpha extract -threshold 50% "${bilevel[@]}" "bmp/$name.bmp"
+    rsvg-convert -w 32 -h 32 "$source" | convert - -alpha extract -threshold 50% -morphology Dilate Square:1 \
+        "${bilevel[@]}" "bmp/${name}Mask.bmp"
 done
