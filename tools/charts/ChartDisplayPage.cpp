@@ -72,15 +72,15 @@ void ChartDisplayPage::createControls()
     auto* pqBackground = new QHBoxLayout;
     pqBackground->addWidget(m_pqBlackBackgroundBtn);
     pqBackground->addWidget(m_pqWhiteBackgroundBtn);
-    auto* pqLayout = new QVBoxLayout(this);
-    pqLayout->addWidget(m_pqShowGrid);
-    pqLayout->addWidget(new QLabel(tr("Background Color")));
-    pqLayout->addLayout(pqBackground);
-    pqLayout->addWidget(new QLabel(tr("Font Size")));
-    pqLayout->addWidget(m_pqFontSizeSpinBox);
-    pqLayout->addWidget(m_pqZoomFactorCheckBox);
-    pqLayout->addWidget(m_pqZoomFactorSpinBox);
-    pqLayout->addStretch(1);
+    m_pqLayout = new QVBoxLayout(this);
+    m_pqLayout->addWidget(m_pqShowGrid);
+    m_pqLayout->addWidget(new QLabel(tr("Background Color")));
+    m_pqLayout->addLayout(pqBackground);
+    m_pqLayout->addWidget(new QLabel(tr("Font Size")));
+    m_pqLayout->addWidget(m_pqFontSizeSpinBox);
+    m_pqLayout->addWidget(m_pqZoomFactorCheckBox);
+    m_pqLayout->addWidget(m_pqZoomFactorSpinBox);
+    m_pqLayout->addStretch(1);
 }
 
 void ChartDisplayPage::connectControls()
@@ -92,6 +92,16 @@ void ChartDisplayPage::connectControls()
     connect(m_pqFontSizeSpinBox, &QDoubleSpinBoxWithSlider::valueChanged, this, m_actions.m_fnSetFontSize);
     connect(m_pqZoomFactorCheckBox, &QCheckBox::toggled, this, &Page::slotZoomFactorReset);
     connect(m_pqZoomFactorSpinBox, &QDoubleSpinBoxWithSlider::valueChanged, this, &Page::applyZoom);
+}
+
+QCheckBox* ChartDisplayPage::addCheckBox(const QString& sText, const QString& sToolTip, const QString& sObjectName)
+{
+    auto* pqBox = new QCheckBox(sText);
+    pqBox->setChecked(true);
+    pqBox->setToolTip(sToolTip);
+    pqBox->setObjectName(sObjectName);
+    m_pqLayout->insertWidget(m_iBoxes++, pqBox);
+    return pqBox;
 }
 
 ChartDisplaySettings ChartDisplayPage::settings() const

@@ -10,6 +10,7 @@
 class QCheckBox;
 class QDoubleSpinBoxWithSlider;
 class QRadioButton;
+class QVBoxLayout;
 
 namespace gkBase {
 
@@ -35,6 +36,8 @@ public:
     void setSettings(const ChartDisplaySettings& settings);
     bool blackBackground() const;
     void setBlackBackground(bool bBlack);
+    /// A further check box, checked, below the grid's; owned by the page.
+    QCheckBox* addCheckBox(const QString& sText, const QString& sToolTip, const QString& sObjectName);
     /// Magnifies the frame's chart as the controls say.
     void applyZoom();
 
@@ -61,6 +64,8 @@ private:
     void slotCanvasZoomed(double dZoom);
 
     Actions m_actions;
+    QVBoxLayout* m_pqLayout = nullptr;
+    int m_iBoxes = 1; ///< check boxes at the top
     QCheckBox* m_pqShowGrid = nullptr;
     QRadioButton* m_pqBlackBackgroundBtn = nullptr;
     QRadioButton* m_pqWhiteBackgroundBtn = nullptr;

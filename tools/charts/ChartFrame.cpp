@@ -46,6 +46,8 @@ std::unique_ptr<QCartesianAxisWidget> axisOfLength(const QCartesianAxisWidget& o
     pqAxis->setLabelOrientation(oAxis.labelOrientation());
     pqAxis->setUnitManager(oAxis.unitManager());
     pqAxis->setInverted(oAxis.isInverted());
+    pqAxis->setWholeNumbers(oAxis.wholeNumbers());
+    pqAxis->setFixedTicks(oAxis.fixedTicks());
     pqAxis->setRange(oAxis.minValue(), oAxis.maxValue());
     const bool bVertical = oAxis.orientation() == Qt::Vertical;
     pqAxis->resize(bVertical ? 1 : iLength, bVertical ? iLength : 1);
@@ -70,7 +72,7 @@ ChartFrame::ChartFrame(QChartDrawingArea* pqCanvas, QWidget* pqParent)
     createSurroundings();
     connect(m_pqCanvas, &QChartDrawingArea::zoomChanged, this, &ChartFrame::slotCanvasZoomed);
     connect(m_pqVerticalScrollBar, &QScrollBar::valueChanged, this, &ChartFrame::slotVerticalSliderChanged);
-    connect(m_pqHorizontalScrollBar, &QScrollBar::valueChanged, this, &ChartFrame::slotHorizontalSliderChanged);
+    connect(m_pqHorizontalScrollBar, &QScrollBar::valueChanged, this, &ChartFrame::scrollHorizontally);
     setBlackBackground(false);
 }
 
@@ -114,6 +116,12 @@ void ChartFrame::createSurroundings()
     pqOuter->addWidget(m_pqCursorPosLabel, 2, 0);
     pqOuter->setRowStretch(0, 1);
     pqOuter->setColumnStretch(0, 1);
+}
+
+void ChartFrame::setBottomWidget(QWidget* pqWidget)
+{
+    m_pqBottomAxis->hide();
+    static_cast<QGridLayout*>(m_pqFrame->layout())->addWidget(pqWidget, 2, 1);
 }
 
 // ---- looks ----------------------------------------------------------------------------------------------------------
@@ -183,9 +191,9 @@ void ChartFrame::slotVerticalSliderChanged(int iPercent)
     syncAxes();
 }
 
-void ChartFrame::slotHorizontalSliderChanged(int iPercent)
+void ChartFrame::scrollHorizontally(int iPosition)
 {
-    m_pqCanvas->xoffset(iPercent);
+    m_pqCanvas->xoffset(iPosition);
     syncAxes();
 }
 
@@ -220,26 +228,39 @@ QPixmap ChartFrame::grabChart()
     return m_pqFrame->grab();
 }
 
+int ChartFrame::bottomThickness(const QRect&, int) const
+{
+    return m_pqBottomAxis->thickness();
+}
+
+void ChartFrame::renderChart(QPainter& painter, const QRect&, const QRect& oChart, const QList<int>& viHorizontal) const
+{
+    const auto pqBottomAxis = axisOfLength(*m_pqBottomAxis, oChart.width());
+    pqBottomAxis->setAxisColor(m_pqCanvas->labelColor());
+    m_fnRenderCanvas(painter, oChart, pqBottomAxis->gridLines(), viHorizontal);
+    pqBottomAxis->drawAxis(painter, oChart);
+}
+
 void ChartFrame::renderTo(QPainter& painter, const QRectF& oTarget) const
 {
     const QFontMetricsF titleMetrics(m_pqTitleLabel->font(), painter.device());
     const QString sTitle = m_pqCanvas->headerTitle();
     const int iTitleHeight = sTitle.isEmpty() ? 0 : static_cast<int>(std::ceil(titleMetrics.height())) + g_iTitleGap;
     const QRect oInner = oTarget.toRect().adjusted(g_iMargin, g_iMargin, -g_iRightMargin, -g_iMargin);
-    const int iHeight = oInner.height() - iTitleHeight - m_pqBottomAxis->thickness();
-    const auto pqLeftAxis = axisOfLength(*m_pqLeftAxis, iHeight);
-    const int iLeft = pqLeftAxis->thickness();
-    const QRect oChart(oInner.left() + iLeft, oInner.top() + iTitleHeight, oInner.width() - iLeft, iHeight);
+    // How deep the labels below are may depend on the chart's width, and that on the labels of the left axis.
+    const int iFirstHeight = oInner.height() - iTitleHeight - bottomThickness(oInner, oInner.width());
+    const int iLeft = axisOfLength(*m_pqLeftAxis, iFirstHeight)->thickness();
+    const int iWidth = oInner.width() - iLeft;
+    const int iHeight = oInner.height() - iTitleHeight - bottomThickness(oInner, iWidth);
+    const QRect oChart(oInner.left() + iLeft, oInner.top() + iTitleHeight, iWidth, iHeight);
     if (oChart.width() < 2 || oChart.height() < 2)
         return;
-    const auto pqBottomAxis = axisOfLength(*m_pqBottomAxis, oChart.width());
+    const auto pqLeftAxis = axisOfLength(*m_pqLeftAxis, iHeight);
     pqLeftAxis->setAxisColor(m_pqCanvas->labelColor());
-    pqBottomAxis->setAxisColor(m_pqCanvas->labelColor());
 
     painter.save();
-    m_fnRenderCanvas(painter, oChart, pqBottomAxis->gridLines(), pqLeftAxis->gridLines());
+    renderChart(painter, oInner, oChart, pqLeftAxis->gridLines());
     pqLeftAxis->drawAxis(painter, oChart);
-    pqBottomAxis->drawAxis(painter, oChart);
     painter.setPen(m_pqCanvas->labelColor());
     painter.setFont(m_pqTitleLabel->font());
     const QRectF oTitle(oChart.left(), oInner.top(), oChart.width(), titleMetrics.height());

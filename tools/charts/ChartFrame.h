@@ -54,9 +54,9 @@ public:
     void setTitle(const QString& sTitle);
     void setGridIsOn(bool bOn) { m_pqCanvas->setGridIsOn(bOn); }
     /// White texts on black, or black texts on white: canvas, axes and title.
-    void setBlackBackground(bool bBlack);
+    virtual void setBlackBackground(bool bBlack);
     /// Size of all texts of the chart; nothing for a size not above 0.
-    void setFontSize(double dPointSize);
+    virtual void setFontSize(double dPointSize);
     /// Magnifies the canvas; the axes follow.
     void setZoom(double dZoom);
     /// The line below the chart.
@@ -74,6 +74,20 @@ signals:
     void zoomChanged(double dZoom);
 
 protected:
+    /// Puts a widget in the place of the bottom axis, which is hidden. The frame becomes its parent.
+    void setBottomWidget(QWidget* pqWidget);
+    QScrollBar* horizontalScrollBar() const { return m_pqHorizontalScrollBar; }
+    QScrollBar* verticalScrollBar() const { return m_pqVerticalScrollBar; }
+    /// Axes and scroll bars take over what the canvas shows.
+    virtual void syncAxes();
+    /// The horizontal scroll bar was moved; its range is per cent unless syncAxes() gives it another.
+    virtual void scrollHorizontally(int iPosition);
+    /// Pixels that renderChart() needs below a chart of that width on a page.
+    virtual int bottomThickness(const QRect& oPage, int iChartWidth) const;
+    /// Draws the whole chart with the horizontal lines of its grid, and what stands below it.
+    virtual void renderChart(QPainter& painter, const QRect& oPage, const QRect& oChart,
+                             const QList<int>& viHorizontal) const;
+
     bool eventFilter(QObject* pqWatched, QEvent* pEvent) override;
 
 private:
@@ -85,8 +99,6 @@ private:
     void createSurroundings();
     void slotCanvasZoomed(double dZoom);
     void slotVerticalSliderChanged(int iPercent);
-    void slotHorizontalSliderChanged(int iPercent);
-    void syncAxes();
 
     QChartDrawingArea* m_pqCanvas;
     RenderCanvas m_fnRenderCanvas;

@@ -40,7 +40,7 @@ public:
     /// Chart pixels to data units.
     QPointF transformInDataPoint(const QPointF& oPixel) const;
     /// Interval of the bar at a chart pixel, −1 where there is none.
-    int intervalAt(const QPointF& oPixel) const { return barAt(m_vBars, oPixel); }
+    virtual int intervalAt(const QPointF& oPixel) const { return barAt(m_vBars, oPixel); }
     /// Tick positions at which the grid is drawn, in chart pixels.
     QList<int> verticalGridLines() const { return m_viVerticalGridLines; }
     QList<int> horizontalGridLines() const { return m_viHorizontalGridLines; }
@@ -70,11 +70,12 @@ protected:
     void leaveEvent(QEvent* pEvent) override;
 
     QHistogramItemModel* histogramItemModel() const;
+    HistogramMap map() const { return histogramMap(m_oBoundaries, chartSize()); }
+    /// Says in the middle of the chart that there is nothing to show.
+    void drawNoValues(QPainter& painter, const QRect& oVisibleArea);
 
 private:
-    HistogramMap map() const { return histogramMap(m_oBoundaries, chartSize()); }
     void drawPercentileLabels(QPainter& painter, const QRect& oVisibleArea);
-    void drawNoValues(QPainter& painter, const QRect& oVisibleArea);
 
     QPointer<QHistogramItemModel> m_pModel;        ///< not owned
     QPointer<QCartesianAxisWidget> m_pqLeftAxis;   ///< not owned

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -25,6 +26,22 @@ constexpr double g_dMaxChartLength = 1.0e6;
 double convertibleValue(double dValue)
 {
     return dValue == gkBase::g_dMissingValue ? std::nextafter(dValue, 0.0) : dValue;
+}
+
+gkBase::AxisTicks ticksInRange(const gkBase::AxisTicks& oTicks, const gkBase::AxisScale& oScale)
+{
+    const auto isInside = [&oScale](double dValue) {
+        return dValue >= oScale.minValue() && dValue <= oScale.maxValue();
+    };
+    gkBase::AxisTicks oInside;
+    for (qsizetype i = 0; i < oTicks.m_vMajor.size(); ++i) {
+        if (!isInside(oTicks.m_vMajor[i]))
+            continue;
+        oInside.m_vMajor.append(oTicks.m_vMajor[i]);
+        oInside.m_lLabels.append(oTicks.m_lLabels[i]);
+    }
+    std::copy_if(oTicks.m_vMinor.begin(), oTicks.m_vMinor.end(), std::back_inserter(oInside.m_vMinor), isInside);
+    return oInside;
 }
 
 } // namespace
@@ -175,6 +192,13 @@ void QCartesianAxisWidget::setWholeNumbers(bool bWholeNumbers)
     redraw();
 }
 
+void QCartesianAxisWidget::setFixedTicks(const gkBase::AxisTicks& oTicks)
+{
+    m_oFixedTicks = oTicks;
+    m_oFixedTicks.m_lLabels.resize(oTicks.m_vMajor.size());
+    redraw();
+}
+
 void QCartesianAxisWidget::setAxisColor(const QColor& color)
 {
     m_oAxisColor = color;
@@ -223,6 +247,8 @@ gkBase::AxisScale QCartesianAxisWidget::scaleForLength(int iVisibleLength) const
 
 gkBase::AxisTicks QCartesianAxisWidget::ticksForScale(const gkBase::AxisScale& oScale) const
 {
+    if (!m_oFixedTicks.m_vMajor.isEmpty())
+        return ticksInRange(m_oFixedTicks, oScale);
     const gkBase::AxisStyle oStyle = axisStyle();
     return gkBase::fittedAxisTicks(oScale, gkBase::labelExtent(oStyle), gkBase::labelGap(oStyle),
                                    gkBase::tickSpacing(oStyle), m_bWholeNumbers ? 1.0 : 0.0);

@@ -76,6 +76,12 @@ public:
     bool isInverted() const { return m_bInverted; }
     /// Labels whole numbers only, for an axis of counts.
     void setWholeNumbers(bool bWholeNumbers);
+    bool wholeNumbers() const { return m_bWholeNumbers; }
+    /// Ticks to show instead of the ones that the axis chooses, for scales that are not linear; values in display
+    /// units, rising, with a label for each major one. Those outside the range, and labels that would cover another,
+    /// are left out. None (default): the axis chooses.
+    void setFixedTicks(const gkBase::AxisTicks& oTicks);
+    const gkBase::AxisTicks& fixedTicks() const { return m_oFixedTicks; }
 
     /// Colour of line, ticks and texts; an invalid colour (default) takes the palette's text colour.
     void setAxisColor(const QColor& color);
@@ -138,5 +144,6 @@ private:
     boost::shared_ptr<gkBase::UnitManager> m_poUnitManager;
     gkBase::AxisScale m_oScale;
     gkBase::AxisTicks m_oTicks;
+    gkBase::AxisTicks m_oFixedTicks; ///< no major ticks: none
     QList<int> m_vGridLines;
 };

@@ -1,0 +1,355 @@
+#include "QTRNBarChartWidget.h"
+
+#include "BarChartFrame.h"
+#include "ChartDisplayPage.h"
+#include "ChartExporter.h"
+#include "MatrixData.h"
+#include "MatrixDataNotifier.h"
+#include "MissingValue.h"
+#include "QBarDiagramWidget.h"
+#include "QDoubleSpinBoxWithSlider.h"
+#include "UnitManager.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QLabel>
+#include <QPixmap>
+#include <QSignalBlocker>
+
+#include <algorithm>
+#include <cmath>
+
+namespace gkBase {
+
+namespace {
+
+constexpr int g_iIntervalSteps = 200;
+/// Room above the tallest bar for its number, as a share of its height.
+constexpr double g_dHeadroom = 0.06;
+
+} // namespace
+
+// ---- what is shown --------------------------------------------------------------------------------------------------
+
+void QTRNBarChartWidget::setDataRoot(MatrixData* poRoot)
+{
+    if (poRoot != m_poRoot) {
+        if (m_poRoot)
+            m_poRoot->notifier()->disconnect(this);
+        m_poRoot = poRoot;
+        m_viSelectedRecords.clear();
+        m_viClickedIds.clear();
+        m_viClickedRecords.clear();
+        if (m_poRoot) {
+            MatrixDataNotifier* pqNotifier = m_poRoot->notifier();
+            connect(pqNotifier, &MatrixDataNotifier::nodeAboutToBeRemoved, this,
+                    &QTRNBarChartWidget::slotNodeAboutToBeRemoved);
+            connect(pqNotifier, &MatrixDataNotifier::rootAboutToBeDestroyed, this,
+                    &QTRNBarChartWidget::slotRootAboutToBeDestroyed);
+        }
+        setDataSet(nullptr);
+    }
+    updateDataSetSelectionBox();
+}
+
+void QTRNBarChartWidget::setDataSet(MatrixData* poData)
+{
+    chooseDataSet(poData);
+    updateBarChart();
+}
+
+void QTRNBarChartWidget::chooseDataSet(MatrixData* poData)
+{
+    const std::vector<MatrixData*> vpAttributes = poData ? poData->leafs() : std::vector<MatrixData*>();
+    const auto itClasses = std::find_if(vpAttributes.begin(), vpAttributes.end(), [](const MatrixData* poAttribute) {
+        return !BarDiagramClasses::takesInterval(*poAttribute) && poAttribute->recordCount() > 0;
+    });
+    m_poData = itClasses != vpAttributes.end() ? *itClasses : vpAttributes.empty() ? nullptr : vpAttributes.front();
+    m_bDefaultInterval = true;
+    showChooserEntry();
+}
+
+bool QTRNBarChartWidget::setSelectedRows(const std::vector<int>& viRecords)
+{
+    if (!m_viClickedIds.empty() && viRecords == m_viClickedRecords)
+        return false;
+    const bool bHadClicked = !m_viClickedIds.empty();
+    m_viClickedIds.clear();
+    m_viClickedRecords.clear();
+    if (viRecords == m_viSelectedRecords) {
+        if (bHadClicked)
+            m_pqPlot->setSelectedIds({});
+        return false;
+    }
+    m_viSelectedRecords = viRecords;
+    updateBarChart();
+    return true;
+}
+
+void QTRNBarChartWidget::setPercent(bool bPercent)
+{
+    m_pqBarChartTypeComboBox->setCurrentIndex(bPercent ? 1 : 0);
+    arrangeBars();
+}
+
+void QTRNBarChartWidget::setOrder(BarDiagramClasses::Order eOrder)
+{
+    m_pqOrderComboBox->setCurrentIndex(eOrder);
+    arrangeBars();
+}
+
+void QTRNBarChartWidget::setIntervalSize(double dIntervalSize)
+{
+    m_dInterval = dIntervalSize > 0.0 ? dIntervalSize : 0.0;
+    m_bDefaultInterval = false;
+    initialiseIntervalControl();
+    updateBarChart();
+}
+
+void QTRNBarChartWidget::updateDataSetSelectionBox()
+{
+    const QSignalBlocker blocker(m_pqBarChartDataSetComboBox);
+    m_pqBarChartDataSetComboBox->clear();
+    for (const MatrixData* poAttribute : m_poRoot ? m_poRoot->leafs() : std::vector<MatrixData*>()) {
+        const MatrixData* poDataSet = poAttribute->owner();
+        const QString sDataSet = poDataSet ? poDataSet->name() + QStringLiteral(": ") : QString();
+        m_pqBarChartDataSetComboBox->addItem(sDataSet + poAttribute->name(), poAttribute->globalID());
+    }
+    showChooserEntry();
+}
+
+void QTRNBarChartWidget::showChooserEntry()
+{
+    const QSignalBlocker blocker(m_pqBarChartDataSetComboBox);
+    const int iEntry = m_poData ? m_pqBarChartDataSetComboBox->findData(m_poData->globalID()) : -1;
+    m_pqBarChartDataSetComboBox->setCurrentIndex(iEntry);
+}
+
+void QTRNBarChartWidget::slotDataSetActivated(int iEntry)
+{
+    const int iGlobalID = m_pqBarChartDataSetComboBox->itemData(iEntry).toInt();
+    setDataSet(m_poRoot ? m_poRoot->nodeFromID(iGlobalID) : nullptr);
+    emit dataSetSelected();
+}
+
+void QTRNBarChartWidget::slotNodeAboutToBeRemoved(MatrixData* poBranch)
+{
+    if (MatrixDataNotifier::contains(poBranch, m_poData))
+        setDataSet(nullptr);
+    // The chooser must not offer what goes; it is filled again when the owner asks.
+    const QSignalBlocker blocker(m_pqBarChartDataSetComboBox);
+    for (const MatrixData* poLeaf : poBranch->leafs()) {
+        const int iEntry = m_pqBarChartDataSetComboBox->findData(poLeaf->globalID());
+        if (iEntry >= 0)
+            m_pqBarChartDataSetComboBox->removeItem(iEntry);
+    }
+    showChooserEntry();
+}
+
+void QTRNBarChartWidget::slotRootAboutToBeDestroyed()
+{
+    m_poRoot = nullptr;
+    m_viClickedIds.clear();
+    m_viClickedRecords.clear();
+    m_viSelectedRecords.clear();
+    setDataSet(nullptr);
+    updateDataSetSelectionBox();
+}
+
+void QTRNBarChartWidget::slotDisplayUnitChanged(const QString& sCategory)
+{
+    if (!m_poData || m_poData->unitCategory() != sCategory)
+        return;
+    initialiseIntervalControl();
+    updateBarChart();
+}
+
+void QTRNBarChartWidget::setChartFrameEnabled(bool bEnabled)
+{
+    m_pqFrame->setChartEnabled(bEnabled);
+}
+
+// ---- classes and counts ---------------------------------------------------------------------------------------------
+
+void QTRNBarChartWidget::updateBarChart()
+{
+    if (m_bDefaultInterval) {
+        m_bDefaultInterval = false;
+        m_dInterval = m_poData ? BarDiagramClasses::suggestedInterval(*m_poData) : 0.0;
+        initialiseIntervalControl();
+    }
+    // What was selected by bars that are no more is a selection like any other for the new ones.
+    if (m_pClasses->classify(m_poData, m_dInterval) && !m_viClickedIds.empty()) {
+        m_viSelectedRecords = m_viClickedRecords;
+        m_viClickedIds.clear();
+        m_viClickedRecords.clear();
+    }
+    m_pClasses->count(m_viSelectedRecords);
+    m_pqPlot->setAttributeColor(m_poData ? m_poData->color() : QColor(Qt::darkBlue));
+    showTitles();
+    arrangeBars();
+}
+
+void QTRNBarChartWidget::arrangeBars()
+{
+    const auto eOrder = static_cast<BarDiagramClasses::Order>(m_pqOrderComboBox->currentIndex());
+    m_pClasses->arrange(eOrder, m_pqShowMissing->isChecked());
+    m_pqPlot->setPercent(m_pqBarChartTypeComboBox->currentIndex() == 1);
+    m_pqFrame->leftAxis()->setTitle(m_pqPlot->isPercent() ? tr("Per cent") : tr("Count"));
+    m_pqFrame->leftAxis()->setWholeNumbers(!m_pqPlot->isPercent());
+    m_pqPlot->setSelectedIds(m_viClickedIds);
+    m_pqFrame->classesChanged();
+    updateHeightRange();
+    showStatistics();
+}
+
+void QTRNBarChartWidget::updateHeightRange()
+{
+    double dTallest = m_pClasses->maximumCount();
+    if (m_pqPlot->isPercent() && m_pClasses->total() > 0)
+        dTallest = 100.0 * dTallest / m_pClasses->total();
+    double dBottom = 0.0;
+    double dTop = dTallest > 0.0 ? dTallest * (1.0 + g_dHeadroom) : 1.0;
+    m_pqFrame->leftAxis()->fitNiceRange(dBottom, dTop);
+    m_pqPlot->setTop(dTop);
+    m_pqFrame->leftAxis()->setRange(0.0, dTop);
+}
+
+void QTRNBarChartWidget::showTitles()
+{
+    const QString sName = m_poData ? m_poData->name() : QString();
+    const bool bUnit = m_poData && BarDiagramClasses::takesInterval(*m_poData);
+    const QString sUnit = bUnit ? m_poData->unitManager()->getDisplayUnitTag() : QString();
+    m_pqFrame->setClassTitle(sUnit.isEmpty() ? sName : QStringLiteral("%1 [%2]").arg(sName, sUnit));
+    const MatrixData* poDataSet = m_poData ? m_poData->owner() : nullptr;
+    m_pqFrame->setTitle(poDataSet ? poDataSet->name() : sName);
+}
+
+void QTRNBarChartWidget::showStatistics()
+{
+    const bool bMissingShown = m_pqShowMissing->isChecked() && m_pClasses->missingCount() > 0;
+    m_pqNumberOfRecordsLabel->setText(QString::number(m_pClasses->total()));
+    m_pqNumberOfClassesLabel->setText(QString::number(m_pClasses->barCount() - (bMissingShown ? 1 : 0)));
+    m_pqMissingLabel->setText(QString::number(m_pClasses->missingCount()));
+}
+
+double QTRNBarChartWidget::displayScale() const
+{
+    if (!m_poData)
+        return 1.0;
+    const boost::shared_ptr<UnitManager> poUnit = m_poData->unitManager();
+    const double dScale = poUnit->convertModelToDisplay(1.0) - poUnit->convertModelToDisplay(0.0);
+    return std::isfinite(dScale) && dScale > 0.0 ? dScale : 1.0;
+}
+
+void QTRNBarChartWidget::initialiseIntervalControl()
+{
+    double dMin = 0.0;
+    double dMax = 0.0;
+    const bool bTakesInterval = m_poData && BarDiagramClasses::takesInterval(*m_poData);
+    if (bTakesInterval)
+        m_poData->getMinMax(dMin, dMax);
+    const double dRange = (dMax - dMin) * displayScale();
+    const QSignalBlocker boxBlocker(m_pqIntervalCheckBox);
+    const QSignalBlocker spinBlocker(m_pqIntervalSizeSpinBox);
+    m_pqIntervalCheckBox->setEnabled(dRange > 0.0);
+    m_pqIntervalCheckBox->setChecked(m_dInterval > 0.0);
+    m_pqIntervalSizeSpinBox->setEnabled(dRange > 0.0 && m_dInterval > 0.0);
+    m_pqIntervalSizeSpinBox->setDecimals(dRange >= 1.0 ? 2 : 4);
+    m_pqIntervalSizeSpinBox->initialise(dRange / BarDiagramClasses::s_iMostIntervals, dRange, g_iIntervalSteps);
+    m_pqIntervalSizeSpinBox->setValue(m_dInterval > 0.0 ? m_dInterval * displayScale() : dRange / 20.0);
+    const QString sUnit = bTakesInterval ? m_poData->unitManager()->getDisplayUnitTag() : QString();
+    m_pqIntervalSizeSpinBox->setSuffix(sUnit.isEmpty() ? QString() : QLatin1Char(' ') + sUnit);
+}
+
+void QTRNBarChartWidget::slotIntervalChanged()
+{
+    const bool bIntervals = m_pqIntervalCheckBox->isChecked();
+    m_pqIntervalSizeSpinBox->setEnabled(bIntervals);
+    m_dInterval = bIntervals ? m_pqIntervalSizeSpinBox->getValue() / displayScale() : 0.0;
+    updateBarChart();
+}
+
+// ---- selection ------------------------------------------------------------------------------------------------------
+
+int QTRNBarChartWidget::recordCount() const
+{
+    int iRecords = m_poData ? m_poData->recordCount() : 0;
+    const MatrixData* poDataSet = m_poData ? m_poData->owner() : nullptr;
+    for (int i = 0; poDataSet && i < poDataSet->childCount(); ++i)
+        iRecords = std::max(iRecords, poDataSet->child(i)->recordCount());
+    return iRecords;
+}
+
+void QTRNBarChartWidget::slotBarClicked(int iBar, bool bAdd)
+{
+    if (!m_poData)
+        return;
+    std::vector<int> viIds = bAdd ? m_viClickedIds : std::vector<int>();
+    if (iBar >= 0 && iBar < m_pClasses->barCount()) {
+        const int iId = m_pClasses->bars()[static_cast<std::size_t>(iBar)].m_iId;
+        const auto it = std::find(viIds.begin(), viIds.end(), iId);
+        if (it == viIds.end())
+            viIds.push_back(iId);
+        else
+            viIds.erase(it);
+    } else if (bAdd) {
+        return; // a slip beside the bars does not throw the selection away
+    }
+    selectClasses(viIds);
+}
+
+void QTRNBarChartWidget::selectClasses(const std::vector<int>& viIds)
+{
+    m_viClickedIds = viIds;
+    m_viClickedRecords = m_pClasses->recordsOf(viIds);
+    m_pqPlot->setSelectedIds(viIds);
+    const int iRecords = recordCount();
+    const auto pbFlags = std::make_unique<bool[]>(static_cast<std::size_t>(std::max(1, iRecords)));
+    for (const int iRecord : m_viClickedRecords)
+        pbFlags[static_cast<std::size_t>(iRecord)] = true;
+    emit dataPointsSelection(pbFlags.get(), iRecords);
+}
+
+// ---- display settings -----------------------------------------------------------------------------------------------
+
+void QTRNBarChartWidget::updateDiagramSettings()
+{
+    m_pqPlot->setColorByClass(m_pqColorByClass->isChecked());
+    m_pqPlot->setShowValues(m_pqShowValues->isChecked());
+}
+
+void QTRNBarChartWidget::setBlackBackground(bool bBlack)
+{
+    m_pqDisplayPage->setBlackBackground(bBlack);
+}
+
+void QTRNBarChartWidget::updateCursorPosLabel(QPointF oPosition)
+{
+    const bool bInside = !isMissing(oPosition.x());
+    const QString sBar = bInside ? m_pqPlot->barText(static_cast<int>(std::floor(oPosition.x()))) : QString();
+    m_pqFrame->setCursorText(sBar.isEmpty() ? QStringLiteral("---") : sBar);
+}
+
+// ---- pictures -------------------------------------------------------------------------------------------------------
+
+void QTRNBarChartWidget::copyToClipboard()
+{
+    QApplication::clipboard()->setPixmap(m_pqFrame->grabChart());
+}
+
+void QTRNBarChartWidget::renderTo(QPainter& painter, const QRectF& oTarget)
+{
+    m_pqFrame->renderTo(painter, oTarget);
+}
+
+bool QTRNBarChartWidget::exportChart(const QString& sPath, const QSize& oSize, QString* psError)
+{
+    return ChartExporter::write(
+        sPath, oSize, m_pqPlot->backgroundColor(), m_pqPlot->headerTitle(),
+        [this](QPainter& painter, const QRectF& oRect) { renderTo(painter, oRect); }, psError);
+}
+
+} // namespace gkBase
