@@ -24,6 +24,7 @@ QString text(const char* pText)
 gkBase::KMeansClusters clustersOf(const std::vector<gkBase::MatrixData*>& vpColumns, int k)
 {
     std::vector<std::vector<double>> vvdColumns;
+    vvdColumns.reserve(vpColumns.size());
     for (const gkBase::MatrixData* poColumn : vpColumns) {
         vvdColumns.push_back(poColumn->column().numbers());
     }
@@ -60,7 +61,7 @@ QJsonObject toJson(const gkBase::KMeansClusters& oClusters)
     for (int i = 0; i < oClusters.m_iK; ++i) {
         QJsonArray centroid;
         for (int d = 0; d < oClusters.m_iDimension; ++d) {
-            centroid.append(oClusters.m_vdCentroids[static_cast<std::size_t>(i * oClusters.m_iDimension + d)]);
+            centroid.append(oClusters.centroid(i, d));
         }
         centroids.append(centroid);
         sizes.append(static_cast<qint64>(oClusters.m_viSizes[static_cast<std::size_t>(i)]));
@@ -81,9 +82,7 @@ QString toText(const gkBase::KMeansClusters& oClusters)
     for (int i = 0; i < oClusters.m_iK; ++i) {
         QStringList lCentroid;
         for (int d = 0; d < oClusters.m_iDimension; ++d) {
-            const double dCoordinate =
-                oClusters.m_vdCentroids[static_cast<std::size_t>(i * oClusters.m_iDimension + d)];
-            lCentroid << QString::number(dCoordinate, 'g', 10);
+            lCentroid << QString::number(oClusters.centroid(i, d), 'g', 10);
         }
         sText += QStringLiteral("  %1 %2  (%3)\n")
                      .arg(i, 3)

@@ -20,6 +20,13 @@ struct KMeansClusters
     std::vector<double> m_vdCentroids;   ///< m_iK rows of m_iDimension numbers, one after another
     std::vector<std::size_t> m_viSizes;  ///< records of each cluster
     double m_dDistortion = 0.0;          ///< total of the squared distances of the records to their centroids
+
+    /// A coordinate of the centroid of a cluster.
+    double centroid(int iCluster, int iCoordinate) const
+    {
+        return m_vdCentroids[static_cast<std::size_t>(iCluster) * static_cast<std::size_t>(m_iDimension) +
+                             static_cast<std::size_t>(iCoordinate)];
+    }
 };
 
 /// The termination rule of every k-means search of the library: 100 stages, runs of at most 3 of them.
