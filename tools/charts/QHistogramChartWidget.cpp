@@ -1,5 +1,6 @@
 #include "QHistogramChartWidget.h"
 
+#include "AttributeChooser.h"
 #include "ChartDisplayPage.h"
 #include "ChartExporter.h"
 #include "ChartFrame.h"
@@ -10,6 +11,7 @@
 #include "QDoubleSpinBoxWithSlider.h"
 #include "QHistogramItemModel.h"
 #include "QHistogramPlotWidget.h"
+#include "UnitText.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -33,26 +35,6 @@ constexpr int g_iStatisticDecimals = 3;
 constexpr int g_iIntervalSteps = 200;
 /// Ranges below this are fixed by the canvas (HistogramGeometry), not widened by the axis.
 constexpr double g_dSmallestRange = 5e-7;
-
-bool isNumeric(const MatrixData& node)
-{
-    const QMetaType::Type eType = node.type();
-    return eType == QMetaType::Double || eType == QMetaType::Int || eType == QMetaType::Bool;
-}
-
-/// A small square of the colour, framed so that it shows on every desktop.
-QIcon colorSwatch(const QComboBox& oBox, const QColor& oColor)
-{
-    const qreal dRatio = oBox.devicePixelRatioF();
-    QPixmap oSwatch(oBox.iconSize() * dRatio);
-    oSwatch.setDevicePixelRatio(dRatio);
-    oSwatch.fill(Qt::transparent);
-    QPainter painter(&oSwatch);
-    painter.setPen(oBox.palette().color(QPalette::Text));
-    painter.setBrush(oColor);
-    painter.drawRect(QRect(QPoint(1, 1), oBox.iconSize() - QSize(3, 3)));
-    return QIcon(oSwatch);
-}
 
 QString dashes()
 {
@@ -89,7 +71,7 @@ MatrixData* QHistogramChartWidget::numericAttribute(MatrixData* poData) const
     if (!poData)
         return nullptr;
     for (MatrixData* poLeaf : poData->leafs()) {
-        if (isNumeric(*poLeaf))
+        if (isNumericAttribute(poLeaf))
             return poLeaf;
     }
     return nullptr;
@@ -137,7 +119,7 @@ void QHistogramChartWidget::setIntervalSize(double dIntervalSize)
     m_pModel->setIntervalSize(dIntervalSize);
     updateHistogram();
     const QSignalBlocker blocker(m_pqIntervalSizeSpinBox);
-    m_pqIntervalSizeSpinBox->setValue(m_pModel->intervalSize() * displayScale());
+    m_pqIntervalSizeSpinBox->setValue(m_pModel->intervalSize() * displayScale(m_poData));
 }
 
 void QHistogramChartWidget::updateDataSetSelectionBox()
@@ -246,7 +228,7 @@ void QHistogramChartWidget::updateHistogramIntervals(double dIntervalSize)
 {
     if (m_bInitialising)
         return;
-    m_pModel->setIntervalSize(dIntervalSize / displayScale());
+    m_pModel->setIntervalSize(dIntervalSize / displayScale(m_poData));
     updateHistogram();
 }
 
@@ -256,11 +238,11 @@ void QHistogramChartWidget::initialiseIntervalControl()
     double dMax = 0.0;
     if (m_poData)
         m_poData->getMinMax(dMin, dMax);
-    const double dRange = (dMax - dMin) * displayScale();
+    const double dRange = (dMax - dMin) * displayScale(m_poData);
     const QSignalBlocker blocker(m_pqIntervalSizeSpinBox);
     m_pqIntervalSizeSpinBox->setDecimals(dRange >= 1.0 ? 2 : 4);
     m_pqIntervalSizeSpinBox->initialise(dRange / 1000.0, dRange / 3.0, g_iIntervalSteps);
-    m_pqIntervalSizeSpinBox->setValue(m_pModel->intervalSize() * displayScale());
+    m_pqIntervalSizeSpinBox->setValue(m_pModel->intervalSize() * displayScale(m_poData));
     const QString sUnit = m_poData ? m_poData->unitManager()->getDisplayUnitTag() : QString();
     m_pqIntervalSizeSpinBox->setSuffix(sUnit.isEmpty() ? QString() : QLatin1Char(' ') + sUnit);
     m_pqIntervalSizeSpinBox->setEnabled(dRange > 0.0);
@@ -289,9 +271,9 @@ void QHistogramChartWidget::showStatistics()
     const HistogramPercentiles percentiles = m_pModel->percentiles();
     m_pqNumberOfPointsLabel->setText(bEmpty ? dashes() : QString::number(m_pModel->numberOfPoints()));
     m_pqStandardDeviationLabel->setText(shownDifference(m_pModel->standardDeviation()));
-    m_pqP10Label->setText(shownValue(percentiles.m_dP10));
-    m_pqP50Label->setText(shownValue(percentiles.m_dP50));
-    m_pqP90Label->setText(shownValue(percentiles.m_dP90));
+    m_pqP10Label->setText(displayText(m_poData, percentiles.m_dP10, g_iStatisticDecimals));
+    m_pqP50Label->setText(displayText(m_poData, percentiles.m_dP50, g_iStatisticDecimals));
+    m_pqP90Label->setText(displayText(m_poData, percentiles.m_dP90, g_iStatisticDecimals));
     m_pqPlot->setStatisticPoints(percentiles.m_dP10, percentiles.m_dP50, percentiles.m_dP90,
                                  m_pqDisplayPage->blackBackground() ? Qt::black : Qt::white);
 }
@@ -318,29 +300,11 @@ void QHistogramChartWidget::updateDataBoundaries()
     m_pqFrame->leftAxis()->setRange(shown.m_oLowerLeft.y(), shown.m_oUpperRight.y());
 }
 
-double QHistogramChartWidget::displayScale() const
-{
-    if (!m_poData)
-        return 1.0;
-    const boost::shared_ptr<UnitManager> poUnit = m_poData->unitManager();
-    const double dScale = poUnit->convertModelToDisplay(1.0) - poUnit->convertModelToDisplay(0.0);
-    return std::isfinite(dScale) && dScale > 0.0 ? dScale : 1.0;
-}
-
-QString QHistogramChartWidget::shownValue(double dValue) const
-{
-    if (!m_poData || isMissing(dValue))
-        return dashes();
-    const boost::shared_ptr<UnitManager> poUnit = m_poData->unitManager();
-    const QString sNumber = QString::number(poUnit->convertModelToDisplay(dValue), 'f', g_iStatisticDecimals);
-    return (sNumber + QLatin1Char(' ') + poUnit->getDisplayUnitTag()).trimmed();
-}
-
 QString QHistogramChartWidget::shownDifference(double dDifference) const
 {
     if (!m_poData || isMissing(dDifference))
         return dashes();
-    const QString sNumber = QString::number(dDifference * displayScale(), 'f', g_iStatisticDecimals);
+    const QString sNumber = QString::number(dDifference * displayScale(m_poData), 'f', g_iStatisticDecimals);
     return (sNumber + QLatin1Char(' ') + m_poData->unitManager()->getDisplayUnitTag()).trimmed();
 }
 

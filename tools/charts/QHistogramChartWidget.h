@@ -112,10 +112,7 @@ private:
     void initializeNewHistogramChart();
     void updateDataBoundaries();
     void showStatistics();
-    /// Display units per model unit of the shown attribute, for differences such as interval sizes.
-    double displayScale() const;
-    /// A value in display units with its unit, 3 decimals; "---" when missing.
-    QString shownValue(double dValue) const;
+    /// A difference in display units with its unit, 3 decimals; "---" when missing.
     QString shownDifference(double dDifference) const;
 
     QHistogramItemModel* m_pModel;

@@ -1,0 +1,195 @@
+#include "CrossPlotLegends.h"
+
+#include "MatrixData.h"
+#include "QLegendListModel.h"
+#include "QLegendListView.h"
+#include "QRelationshipItemModel.h"
+
+#include <QApplication>
+#include <QFontMetricsF>
+#include <QGroupBox>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace gkBase {
+
+namespace {
+
+constexpr double g_dTitleGap = 4.0;
+constexpr double g_dLegendGap = 12.0;
+
+QString titleOf(const MatrixData* poAttribute)
+{
+    return poAttribute ? poAttribute->name() : QString();
+}
+
+QFont titleFont(const QWidget& oWidget)
+{
+    QFont oFont = oWidget.font();
+    oFont.setBold(true);
+    return oFont;
+}
+
+} // namespace
+
+CrossPlotLegends::CrossPlotLegends(QChartDrawingArea* pqCanvas, QWidget* pqParent)
+    : QWidget(pqParent)
+    , m_oColor(newLegend(pqCanvas, QLegendListModel::ColorLegend))
+    , m_oSymbol(newLegend(pqCanvas, QLegendListModel::SymbolLegend))
+{
+    auto* pqLayout = new QVBoxLayout(this);
+    pqLayout->setContentsMargins(0, 0, 0, 0);
+    pqLayout->addWidget(m_oColor.m_pqGroup, 1);
+    pqLayout->addWidget(m_oSymbol.m_pqGroup, 1);
+    m_oColor.m_pqView->setObjectName(QStringLiteral("m_pqColorLegend"));
+    m_oColor.m_pqView->setAccessibleName(tr("Color Legend"));
+    m_oSymbol.m_pqView->setObjectName(QStringLiteral("m_pqSymbolLegend"));
+    m_oSymbol.m_pqView->setAccessibleName(tr("Symbol Legend"));
+    connectLegend(m_oColor, m_oSymbol);
+    connectLegend(m_oSymbol, m_oColor);
+    showLegends();
+}
+
+CrossPlotLegends::Legend CrossPlotLegends::newLegend(QChartDrawingArea* pqCanvas, int iType)
+{
+    Legend legend;
+    legend.m_pqGroup = new QGroupBox;
+    legend.m_pModel = new QLegendListModel(this, pqCanvas, static_cast<QLegendListModel::LegendType>(iType));
+    legend.m_pqView = new QLegendListView(legend.m_pqGroup);
+    legend.m_pqView->setModel(legend.m_pModel);
+    legend.m_pqView->setToolTip(tr("Click a class to select its points; Ctrl adds those of another"));
+    auto* pqLayout = new QVBoxLayout(legend.m_pqGroup);
+    pqLayout->setContentsMargins(2, 2, 2, 2);
+    pqLayout->addWidget(legend.m_pqView);
+    return legend;
+}
+
+void CrossPlotLegends::connectLegend(const Legend& legend, const Legend& other)
+{
+    connect(legend.m_pqView, &QLegendListView::selectedClassesChanged, this, [this, &other] { slotSelected(other); });
+    connect(legend.m_pqView->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            [this, &legend, &other](int iValue) { slotScrolled(legend, other, iValue); });
+}
+
+void CrossPlotLegends::slotSelected(const Legend& other)
+{
+    // Without Ctrl a click in one legend takes the place of whatever is selected in the other.
+    if (!(QApplication::keyboardModifiers() & Qt::ControlModifier))
+        other.m_pqView->setSelectedIDs({});
+    emit selectedClassesChanged();
+}
+
+void CrossPlotLegends::slotScrolled(const Legend& legend, const Legend& other, int iValue)
+{
+    if (m_bFollowing)
+        return;
+    const QScopedValueRollback<bool> guard(m_bFollowing, true);
+    other.m_pqView->slotLegendsVerticalScrollBarChanged(legend.m_pModel, iValue);
+}
+
+// ---- contents -------------------------------------------------------------------------------------------------------
+
+void CrossPlotLegends::setClasses(const QRelationshipItemModel& model)
+{
+    m_oColor.m_bOn = model.colorAttributeIsOn();
+    m_oSymbol.m_bOn = model.symbolAttributeIsOn();
+    m_oColor.m_pqGroup->setTitle(titleOf(model.colorAttribute()));
+    m_oSymbol.m_pqGroup->setTitle(titleOf(model.symbolAttribute()));
+    m_oColor.m_pModel->setSymbolNode(model.colorAttribute());
+    m_oSymbol.m_pModel->setSymbolNode(model.symbolAttribute());
+    m_oSymbol.m_pModel->setHighestSymbolId(std::max(0, model.symbolClasses().highestId()));
+    m_oColor.m_pModel->setClasses(model.colorClasses().names(), model.colorClasses().colors());
+    m_oSymbol.m_pModel->setClasses(model.symbolClasses().names(), model.symbolClasses().colors());
+    showLegends();
+}
+
+void CrossPlotLegends::setWanted(bool bColorLegend, bool bSymbolLegend)
+{
+    m_oColor.m_bWanted = bColorLegend;
+    m_oSymbol.m_bWanted = bSymbolLegend;
+    showLegends();
+}
+
+void CrossPlotLegends::showLegends()
+{
+    m_oColor.m_pqGroup->setVisible(m_oColor.isSeen());
+    m_oSymbol.m_pqGroup->setVisible(m_oSymbol.isSeen());
+    setVisible(!isEmpty());
+}
+
+bool CrossPlotLegends::isEmpty() const
+{
+    return !m_oColor.isSeen() && !m_oSymbol.isSeen();
+}
+
+std::vector<int> CrossPlotLegends::selectedColorClasses() const
+{
+    return m_oColor.m_pqView->getSelectedIDs();
+}
+
+std::vector<int> CrossPlotLegends::selectedSymbolClasses() const
+{
+    return m_oSymbol.m_pqView->getSelectedIDs();
+}
+
+void CrossPlotLegends::clearSelection()
+{
+    m_oColor.m_pqView->setSelectedIDs({});
+    m_oSymbol.m_pqView->setSelectedIDs({});
+}
+
+// ---- pictures -------------------------------------------------------------------------------------------------------
+
+std::vector<const CrossPlotLegends::Legend*> CrossPlotLegends::seenLegends() const
+{
+    std::vector<const Legend*> vpSeen;
+    for (const Legend* pLegend : {&m_oColor, &m_oSymbol}) {
+        if (pLegend->isSeen())
+            vpSeen.push_back(pLegend);
+    }
+    return vpSeen;
+}
+
+QSizeF CrossPlotLegends::pictureSize() const
+{
+    const QFontMetricsF metrics(titleFont(*this));
+    QSizeF oSize(0.0, 0.0);
+    for (const Legend* pLegend : seenLegends()) {
+        const QSizeF oLegend = pLegend->m_pqView->wholeLegendSize();
+        const double dTitle = metrics.horizontalAdvance(pLegend->m_pqGroup->title());
+        oSize.setWidth(std::max({oSize.width(), oLegend.width(), dTitle}));
+        oSize.rheight() += metrics.height() + g_dTitleGap + oLegend.height() + g_dLegendGap;
+    }
+    return oSize;
+}
+
+void CrossPlotLegends::paint(QPainter& painter, const QRectF& oTarget, const QColor& oTextColor) const
+{
+    const QSizeF oSize = pictureSize();
+    if (oSize.isEmpty())
+        return;
+    const QFont oTitleFont = titleFont(*this);
+    const double dTitleHeight = QFontMetricsF(oTitleFont).height();
+    const double dScale = std::min({1.0, oTarget.width() / oSize.width(), oTarget.height() / oSize.height()});
+    painter.save();
+    painter.translate(oTarget.topLeft());
+    painter.scale(dScale, dScale);
+    double dY = 0.0;
+    for (const Legend* pLegend : seenLegends()) {
+        painter.setFont(oTitleFont);
+        painter.setPen(oTextColor);
+        painter.drawText(QRectF(0.0, dY, oSize.width(), dTitleHeight), Qt::AlignLeft | Qt::TextSingleLine,
+                         pLegend->m_pqGroup->title());
+        dY += dTitleHeight + g_dTitleGap;
+        painter.setFont(pLegend->m_pqView->font());
+        pLegend->m_pqView->paintLegend(painter, QPointF(0.0, dY), oTextColor);
+        dY += pLegend->m_pqView->wholeLegendSize().height() + g_dLegendGap;
+    }
+    painter.restore();
+}
+
+} // namespace gkBase

@@ -1,0 +1,163 @@
+#include "CrossPlotPointPage.h"
+
+#include "MatrixData.h"
+#include "MissingValue.h"
+#include "QChartDrawingArea.h"
+#include "QIntSpinBoxWithSlider.h"
+#include "QUnitLineEdit.h"
+#include "UnitManager.h"
+#include "UnitText.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include <boost/make_shared.hpp>
+
+namespace gkBase {
+
+CrossPlotPointPage::CrossPlotPointPage(QChartDrawingArea* pqCanvas, QWidget* pqParent)
+    : QWidget(pqParent)
+    , m_pqStyleComboBox(new QComboBox)
+    , m_pqSizeSpinBox(new QIntSpinBoxWithSlider(1, CrossPlotSettings::s_iLargestPointSize,
+                                                CrossPlotSettings::s_iLargestPointSize - 1))
+    , m_pqHollowCheckBox(new QCheckBox(tr("Hollow Symbols")))
+    , m_pqColorLegendCheckBox(new QCheckBox(tr("Color Legend")))
+    , m_pqSymbolLegendCheckBox(new QCheckBox(tr("Symbol Legend")))
+{
+    m_pqColorMapGroup = createColorMapGroup();
+    auto* pqLayout = new QVBoxLayout(this);
+    pqLayout->addWidget(createStyleControls(pqCanvas));
+    pqLayout->addWidget(m_pqColorMapGroup);
+    pqLayout->addStretch(1);
+    setSettings({});
+    setColorAttribute(nullptr, false);
+
+    using Page = CrossPlotPointPage;
+    connect(m_pqStyleComboBox, &QComboBox::activated, this, &Page::looksChanged);
+    connect(m_pqSizeSpinBox, &QIntSpinBoxWithSlider::valueChanged, this, &Page::looksChanged);
+    for (QCheckBox* pqBox : {m_pqHollowCheckBox, m_pqColorLegendCheckBox, m_pqSymbolLegendCheckBox})
+        connect(pqBox, &QCheckBox::clicked, this, &Page::looksChanged);
+    connect(m_pqRedToBlueCheckBox, &QCheckBox::clicked, this, &Page::colorMapChanged);
+}
+
+QWidget* CrossPlotPointPage::createStyleControls(QChartDrawingArea* pqCanvas)
+{
+    auto* pqControls = new QWidget;
+    auto* pqForm = new QFormLayout(pqControls);
+    pqForm->setContentsMargins(0, 0, 0, 0);
+    pqCanvas->initializePointSytleComboBox(m_pqStyleComboBox, true);
+    m_pqStyleComboBox->setObjectName(QStringLiteral("m_pqPointStyleComboBox"));
+    m_pqStyleComboBox->setAccessibleName(tr("Point Style"));
+    m_pqStyleComboBox->setToolTip(tr("The symbol of points without a symbol attribute"));
+    m_pqSizeSpinBox->setObjectName(QStringLiteral("m_pqPointSizeSpinBox"));
+    m_pqSizeSpinBox->setControlName(tr("Point Size"));
+    m_pqSizeSpinBox->setSuffix(tr(" px"));
+    m_pqSizeSpinBox->setToolTip(tr("Half the width of the symbols in pixels"));
+    m_pqHollowCheckBox->setToolTip(tr("Draw the outlines of the symbols only"));
+    m_pqColorLegendCheckBox->setToolTip(tr("List the classes of the color attribute beside the chart"));
+    m_pqSymbolLegendCheckBox->setToolTip(tr("List the classes of the symbol attribute beside the chart"));
+    m_pqHollowCheckBox->setObjectName(QStringLiteral("m_pqHollowCheckBox"));
+    m_pqColorLegendCheckBox->setObjectName(QStringLiteral("m_pqColorLegendCheckBox"));
+    m_pqSymbolLegendCheckBox->setObjectName(QStringLiteral("m_pqSymbolLegendCheckBox"));
+    pqForm->addRow(tr("Style"), m_pqStyleComboBox);
+    pqForm->addRow(tr("Size"), m_pqSizeSpinBox);
+    pqForm->addRow(m_pqHollowCheckBox);
+    pqForm->addRow(m_pqColorLegendCheckBox);
+    pqForm->addRow(m_pqSymbolLegendCheckBox);
+    return pqControls;
+}
+
+QGroupBox* CrossPlotPointPage::createColorMapGroup()
+{
+    auto* pqGroup = new QGroupBox(tr("Color Map"));
+    pqGroup->setToolTip(tr("Bands of colors for attributes of numbers; an empty field takes what suits the values"));
+    m_pqMinEdit = newEdit(tr("Minimum"), QStringLiteral("m_pqColorMapMinEdit"));
+    m_pqMaxEdit = newEdit(tr("Maximum"), QStringLiteral("m_pqColorMapMaxEdit"));
+    m_pqIntervalEdit = newEdit(tr("Interval"), QStringLiteral("m_pqColorMapIntervalEdit"));
+    m_pqRedToBlueCheckBox = new QCheckBox(tr("Red to Blue"));
+    m_pqRedToBlueCheckBox->setObjectName(QStringLiteral("m_pqRedToBlueCheckBox"));
+    m_pqRedToBlueCheckBox->setToolTip(tr("Small values are red and large ones blue"));
+    auto* pqForm = new QFormLayout(pqGroup);
+    for (QUnitLineEdit* pqEdit : {m_pqMinEdit, m_pqMaxEdit, m_pqIntervalEdit})
+        pqForm->addRow(pqEdit->accessibleName(), pqEdit);
+    pqForm->addRow(m_pqRedToBlueCheckBox);
+    return pqGroup;
+}
+
+QUnitLineEdit* CrossPlotPointPage::newEdit(const QString& sName, const QString& sObjectName)
+{
+    auto* pqEdit = new QUnitLineEdit;
+    pqEdit->setAccessibleName(sName);
+    pqEdit->setObjectName(sObjectName);
+    pqEdit->setPlaceholderText(tr("automatic"));
+    connect(pqEdit, &QUnitLineEdit::modelValueChanged, this, &CrossPlotPointPage::colorMapChanged);
+    return pqEdit;
+}
+
+void CrossPlotPointPage::writeTo(CrossPlotSettings& settings) const
+{
+    settings.m_ePointStyle = static_cast<PointStyle>(m_pqStyleComboBox->currentData().toInt());
+    settings.m_iPointSize = m_pqSizeSpinBox->getValue();
+    settings.m_bHollow = m_pqHollowCheckBox->isChecked();
+    settings.m_bColorLegend = m_pqColorLegendCheckBox->isChecked();
+    settings.m_bSymbolLegend = m_pqSymbolLegendCheckBox->isChecked();
+    settings.m_bRedToBlue = m_pqRedToBlueCheckBox->isChecked();
+}
+
+void CrossPlotPointPage::setSettings(const CrossPlotSettings& settings)
+{
+    const QSignalBlocker blocker(m_pqSizeSpinBox);
+    m_pqStyleComboBox->setCurrentIndex(m_pqStyleComboBox->findData(static_cast<int>(settings.m_ePointStyle)));
+    m_pqSizeSpinBox->setValue(settings.m_iPointSize);
+    m_pqHollowCheckBox->setChecked(settings.m_bHollow);
+    m_pqColorLegendCheckBox->setChecked(settings.m_bColorLegend);
+    m_pqSymbolLegendCheckBox->setChecked(settings.m_bSymbolLegend);
+    m_pqRedToBlueCheckBox->setChecked(settings.m_bRedToBlue);
+}
+
+RelationshipClasses::ColorMap CrossPlotPointPage::colorMap() const
+{
+    RelationshipClasses::ColorMap map;
+    map.m_dMin = m_pqMinEdit->modelValue();
+    map.m_dMax = m_pqMaxEdit->modelValue();
+    const double dInterval = m_pqIntervalEdit->modelValue();
+    map.m_dInterval = isMissing(dInterval) ? g_dMissingValue : dInterval / m_dDisplayScale;
+    map.m_bRedToBlue = m_pqRedToBlueCheckBox->isChecked();
+    return map;
+}
+
+void CrossPlotPointPage::setColorAttribute(const MatrixData* poAttribute, bool bBanded)
+{
+    m_pqColorMapGroup->setEnabled(poAttribute && bBanded);
+    const int iAttribute = poAttribute ? poAttribute->globalID() : -1;
+    const double dScale = displayScale(poAttribute);
+    if (iAttribute == m_iColorAttribute && dScale == m_dDisplayScale)
+        return;
+    boost::shared_ptr<UnitManager> poUnit;
+    boost::shared_ptr<UnitManager> poDifferences;
+    if (poAttribute) {
+        poUnit = poAttribute->unitManager();
+        // A difference does not convert as a value does where the zeros of the units differ: it is kept as shown.
+        poDifferences = boost::make_shared<UnitManager>(QString(), poUnit->getDisplayUnitTag());
+    }
+    if (iAttribute != m_iColorAttribute)
+        m_pqIntervalEdit->setModelValue(g_dMissingValue, false);
+    else if (!isMissing(m_pqIntervalEdit->modelValue()))
+        m_pqIntervalEdit->setModelValue(m_pqIntervalEdit->modelValue() / m_dDisplayScale * dScale, false);
+    m_pqMinEdit->unitManager(poUnit);
+    m_pqMaxEdit->unitManager(poUnit);
+    m_pqIntervalEdit->unitManager(poDifferences);
+    if (iAttribute != m_iColorAttribute) {
+        m_pqMinEdit->setModelValue(g_dMissingValue, false);
+        m_pqMaxEdit->setModelValue(g_dMissingValue, false);
+    }
+    m_iColorAttribute = iAttribute;
+    m_dDisplayScale = dScale;
+}
+
+} // namespace gkBase

@@ -1,0 +1,346 @@
+#include "QCrossPlotWidget.h"
+
+#include "ChartDisplayPage.h"
+#include "ChartExporter.h"
+#include "ChartFrame.h"
+#include "CrossPlotAttributeGroup.h"
+#include "CrossPlotClusterPage.h"
+#include "CrossPlotLegends.h"
+#include "CrossPlotPointPage.h"
+#include "MatrixData.h"
+#include "QCartesianAxisWidget.h"
+#include "QCrossPlot.h"
+#include "QLegendListView.h"
+#include "QRelationshipItemModel.h"
+#include "UnitManager.h"
+#include "UnitText.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QPainter>
+#include <QSettings>
+
+#include <algorithm>
+#include <cmath>
+
+namespace gkBase {
+
+namespace {
+
+/// Half of the range of an axis whose values are all equal, as a share of the value.
+constexpr double g_dShareOfEqualValues = 0.05;
+/// Legends take at most this share of a picture's width.
+constexpr double g_dLegendShare = 0.4;
+constexpr double g_dLegendMargin = 10.0;
+
+/// Bounds that an axis can show and the values between them.
+void widen(double& dMin, double& dMax, const QCartesianAxisWidget& oAxis)
+{
+    if (dMin < dMax) {
+        oAxis.fitNiceRange(dMin, dMax);
+        return;
+    }
+    const double dHalf = dMin == 0.0 ? 1.0 : std::abs(dMin) * g_dShareOfEqualValues;
+    dMin -= dHalf;
+    dMax += dHalf;
+}
+
+/// The wanted ends of an axis where there are some; as they are when the wanted ones leave no axis.
+void takeWanted(double& dMin, double& dMax, double dWantedMin, double dWantedMax)
+{
+    const double dFrom = isMissing(dWantedMin) ? dMin : dWantedMin;
+    const double dTo = isMissing(dWantedMax) ? dMax : dWantedMax;
+    if (dFrom < dTo) {
+        dMin = dFrom;
+        dMax = dTo;
+    }
+}
+
+} // namespace
+
+// ---- points and axes ------------------------------------------------------------------------------------------------
+
+void QCrossPlotWidget::updateCrossPlot()
+{
+    readPoints();
+    showAxes();
+    showClasses();
+    m_pqClusterPage->showClusters(*m_pModel);
+    m_pqClusterPage->setApplicable(m_pModel->numberOfValidPoints() > 0);
+    m_pqPlot->scheduleRedraw();
+}
+
+void QCrossPlotWidget::readPoints()
+{
+    m_bReadNeeded = false;
+    const QString sProblem = problem();
+    const bool bUsable = sProblem.isEmpty();
+    m_pqPlot->setMessage(sProblem);
+    const int iFormerRecords = m_pModel->numberOfPoints();
+    m_pModel->takeNewDataSet(-1, QRelationshipItemModel::CrossPlotDisplay, bUsable ? nodeX() : nullptr,
+                             bUsable ? nodeY() : nullptr, {});
+    if (bUsable && m_pModel->numberOfValidPoints() == 0)
+        m_pqPlot->setMessage(tr("No record has a value of both attributes"));
+    // The model forgets the selection with the number of records.
+    if (m_pModel->numberOfPoints() != iFormerRecords)
+        m_pModel->setSelectedRecords(m_viSelectedRecords);
+}
+
+QString QCrossPlotWidget::problem() const
+{
+    for (const MatrixData* poNode : {nodeX(), nodeY()}) {
+        if (!poNode)
+            return tr("Select two attributes of numbers");
+        if (!isNumericAttribute(poNode))
+            return tr("\"%1\" does not hold numbers").arg(poNode->name());
+    }
+    return {};
+}
+
+void QCrossPlotWidget::showAxes()
+{
+    const auto showAxis = [](QCartesianAxisWidget* pqAxis, const MatrixData* poNode) {
+        pqAxis->setTitle(poNode ? poNode->name() : QString());
+        pqAxis->setUnitManager(poNode ? poNode->unitManager() : boost::shared_ptr<UnitManager>());
+    };
+    showAxis(m_pqFrame->bottomAxis(), nodeX());
+    showAxis(m_pqFrame->leftAxis(), nodeY());
+    m_pqAxesPage->setUnits(m_pqFrame->bottomAxis()->unitManager(), m_pqFrame->leftAxis()->unitManager());
+    const MatrixData* poDataSet = nodeX() ? nodeX()->owner() : nullptr;
+    m_pqFrame->setTitle(poDataSet ? poDataSet->name() : QString());
+    showLimits();
+}
+
+CrossPlotLimits QCrossPlotWidget::automaticLimits() const
+{
+    if (m_pModel->numberOfValidPoints() == 0)
+        return {0.0, 1.0, 0.0, 1.0};
+    const QRectF oBox = m_pModel->boundingBox();
+    CrossPlotLimits limits{oBox.left(), oBox.right(), oBox.top(), oBox.bottom()};
+    widen(limits.m_dXMin, limits.m_dXMax, *m_pqFrame->bottomAxis());
+    widen(limits.m_dYMin, limits.m_dYMax, *m_pqFrame->leftAxis());
+    return limits;
+}
+
+void QCrossPlotWidget::showLimits()
+{
+    CrossPlotLimits shown = automaticLimits();
+    takeWanted(shown.m_dXMin, shown.m_dXMax, m_oLimits.m_dXMin, m_oLimits.m_dXMax);
+    takeWanted(shown.m_dYMin, shown.m_dYMax, m_oLimits.m_dYMin, m_oLimits.m_dYMax);
+    m_pqFrame->bottomAxis()->setRange(shown.m_dXMin, shown.m_dXMax);
+    m_pqFrame->leftAxis()->setRange(shown.m_dYMin, shown.m_dYMax);
+    m_pModel->setMinMaxRanges(shown.m_dXMin, shown.m_dXMax, shown.m_dYMin, shown.m_dYMax);
+    m_pqPlot->setRange(QPointF(shown.m_dXMin, shown.m_dYMin), QPointF(shown.m_dXMax, shown.m_dYMax));
+    m_pqAxesPage->setLimits(shown, m_oLimits == CrossPlotLimits());
+}
+
+void QCrossPlotWidget::setLimits(const CrossPlotLimits& limits)
+{
+    m_oLimits = limits;
+    showLimits();
+}
+
+void QCrossPlotWidget::swapAxes()
+{
+    const CrossPlotLimits limits{m_oLimits.m_dYMin, m_oLimits.m_dYMax, m_oLimits.m_dXMin, m_oLimits.m_dXMax};
+    chooseAttributes(nodeY(), nodeX());
+    m_oLimits = limits;
+    updateCrossPlot();
+}
+
+void QCrossPlotWidget::showClasses()
+{
+    m_pqLegends->setClasses(*m_pModel);
+    m_pqPointPage->setColorAttribute(m_pModel->colorAttribute(), m_pModel->colorClasses().isBanded());
+}
+
+void QCrossPlotWidget::updateCursorPosLabel(QPointF oPosition)
+{
+    const bool bInside = nodeX() && nodeY() && !isMissing(oPosition.x());
+    const QString sPosition =
+        bInside
+            ? QStringLiteral("(%1, %2)").arg(displayText(nodeX(), oPosition.x()), displayText(nodeY(), oPosition.y()))
+            : QStringLiteral("(-----,-----)");
+    m_pqFrame->setCursorText(tr("(x,y):") + sPosition);
+}
+
+// ---- selection ------------------------------------------------------------------------------------------------------
+
+bool QCrossPlotWidget::setSelectedRows(const std::vector<int>& viRecords)
+{
+    m_viSelectedRecords = viRecords;
+    if (!m_pModel->setSelectedRecords(viRecords))
+        return false;
+    m_pqLegends->clearSelection();
+    m_pqPlot->scheduleRedraw();
+    return true;
+}
+
+int QCrossPlotWidget::numberOfSelectedRows() const
+{
+    return m_pModel->numberOfSelectedPoints();
+}
+
+void QCrossPlotWidget::slotPointsSelected(bool* pbSelection, int iLength)
+{
+    m_pqLegends->clearSelection();
+    m_viSelectedRecords = m_pModel->selectedRecords();
+    emit dataPointsSelection(pbSelection, iLength);
+}
+
+void QCrossPlotWidget::slotLegendSelection()
+{
+    std::vector<unsigned char> vbMask(static_cast<std::size_t>(m_pModel->numberOfPoints()), 0);
+    const auto addClasses = [&vbMask](const RelationshipClasses& classes, const std::vector<int>& viClasses) {
+        std::vector<unsigned char> vbWanted(static_cast<std::size_t>(std::max(0, classes.highestId() + 1)), 0);
+        for (const int iClass : viClasses) {
+            if (iClass >= 0 && iClass <= classes.highestId())
+                vbWanted[static_cast<std::size_t>(iClass)] = 1;
+        }
+        const std::span<const int> viIds = classes.ids();
+        for (std::size_t i = 0; i < std::min(viIds.size(), vbMask.size()); ++i)
+            vbMask[i] |= vbWanted[static_cast<std::size_t>(viIds[i])];
+    };
+    addClasses(m_pModel->colorClasses(), m_pqLegends->selectedColorClasses());
+    addClasses(m_pModel->symbolClasses(), m_pqLegends->selectedSymbolClasses());
+    m_pModel->selectPoints(vbMask, false);
+    m_viSelectedRecords = m_pModel->selectedRecords();
+    m_pqPlot->scheduleRedraw();
+    emit dataPointsSelection(m_pModel->selection(), m_pModel->numberOfPoints());
+}
+
+// ---- looks ----------------------------------------------------------------------------------------------------------
+
+void QCrossPlotWidget::setBlackBackground(bool bBlack)
+{
+    m_pqDisplayPage->setBlackBackground(bBlack);
+}
+
+void QCrossPlotWidget::setShowRegressionLine(bool bShow)
+{
+    m_pqRegressionCheckBox->setChecked(bShow);
+    slotStatisticsChanged();
+}
+
+CrossPlotSettings QCrossPlotWidget::settings() const
+{
+    CrossPlotSettings settings;
+    settings.m_oDisplay = m_pqDisplayPage->settings();
+    m_pqPointPage->writeTo(settings);
+    m_pqClusterPage->writeTo(settings);
+    settings.m_bRegressionLine = m_pqRegressionCheckBox->isChecked();
+    settings.m_bRegressionOfSelection = m_pqRegressionOfSelectionCheckBox->isChecked();
+    settings.m_b90PercentRange = m_pq90PercentCheckBox->isChecked();
+    return settings;
+}
+
+void QCrossPlotWidget::setSettings(const CrossPlotSettings& settings)
+{
+    m_pqDisplayPage->setSettings(settings.m_oDisplay);
+    m_pqPointPage->setSettings(settings);
+    m_pqClusterPage->setSettings(settings);
+    m_pqRegressionCheckBox->setChecked(settings.m_bRegressionLine);
+    m_pqRegressionOfSelectionCheckBox->setChecked(settings.m_bRegressionOfSelection);
+    m_pq90PercentCheckBox->setChecked(settings.m_b90PercentRange);
+    slotLooksChanged();
+    slotColorMapChanged();
+    slotStatisticsChanged();
+}
+
+void QCrossPlotWidget::readSettings(const QString& sGroup)
+{
+    QSettings stored;
+    stored.beginGroup(sGroup);
+    CrossPlotSettings settings = this->settings();
+    settings.read(stored);
+    setSettings(settings);
+}
+
+void QCrossPlotWidget::writeSettings(const QString& sGroup) const
+{
+    QSettings stored;
+    stored.beginGroup(sGroup);
+    settings().write(stored);
+}
+
+void QCrossPlotWidget::slotLooksChanged()
+{
+    const CrossPlotSettings wanted = settings();
+    m_pModel->setPointStyle(wanted.m_ePointStyle);
+    m_pModel->setPointPixelSize(wanted.m_iPointSize);
+    m_pModel->setOutLinePointStyle(wanted.m_bHollow);
+    m_pqLegends->setWanted(wanted.m_bColorLegend, wanted.m_bSymbolLegend);
+    m_pqPlot->setClusterPoleCentroidsOn(wanted.m_bCentroids);
+    m_pqPlot->scheduleRedraw();
+}
+
+void QCrossPlotWidget::slotColorMapChanged()
+{
+    const RelationshipClasses::ColorMap map = m_pqPointPage->colorMap();
+    m_pModel->setColorMap(map.m_dMin, map.m_dMax, map.m_dInterval, map.m_bRedToBlue);
+    showClasses();
+    m_pqPlot->scheduleRedraw();
+}
+
+void QCrossPlotWidget::slotStatisticsChanged()
+{
+    m_pqRegressionOfSelectionCheckBox->setEnabled(m_pqRegressionCheckBox->isChecked());
+    m_pModel->setPartSelection(m_pqRegressionOfSelectionCheckBox->isChecked());
+    m_pqPlot->setShowRegressionLine(m_pqRegressionCheckBox->isChecked());
+    m_pqPlot->setShow90PercentRange(m_pq90PercentCheckBox->isChecked());
+    m_pqPlot->scheduleRedraw();
+}
+
+// ---- pictures -------------------------------------------------------------------------------------------------------
+
+void QCrossPlotWidget::copyToClipboard()
+{
+    const QPixmap oChart = m_pqFrame->grabChart();
+    const QSizeF oChartSize = oChart.deviceIndependentSize();
+    const double dLegends = m_pqLegends->isEmpty() ? 0.0 : m_pqLegends->pictureSize().width() + g_dLegendMargin;
+    QPixmap oPicture((oChartSize + QSizeF(dLegends, 0.0)).toSize() * oChart.devicePixelRatio());
+    oPicture.setDevicePixelRatio(oChart.devicePixelRatio());
+    oPicture.fill(m_pqPlot->backgroundColor());
+    QPainter painter(&oPicture);
+    painter.drawPixmap(QPointF(0.0, 0.0), oChart);
+    const QRectF oBeside(oChartSize.width(), g_dLegendMargin, dLegends, oChartSize.height() - 2.0 * g_dLegendMargin);
+    m_pqLegends->paint(painter, oBeside, m_pqPlot->labelColor());
+    painter.end();
+    QApplication::clipboard()->setPixmap(oPicture);
+}
+
+void QCrossPlotWidget::copyColorLegend()
+{
+    if (m_pModel->colorAttributeIsOn())
+        QApplication::clipboard()->setPixmap(m_pqLegends->colorView()->wholeLegend());
+}
+
+void QCrossPlotWidget::copySymbolLegend()
+{
+    if (m_pModel->symbolAttributeIsOn())
+        QApplication::clipboard()->setPixmap(m_pqLegends->symbolView()->wholeLegend());
+}
+
+void QCrossPlotWidget::renderTo(QPainter& painter, const QRectF& oTarget)
+{
+    QRectF oChart = oTarget;
+    const QSizeF oLegends = m_pqLegends->pictureSize();
+    if (!oLegends.isEmpty()) {
+        const double dWidth = std::min(oLegends.width() + 2.0 * g_dLegendMargin, oTarget.width() * g_dLegendShare);
+        oChart.setRight(oTarget.right() - dWidth);
+        const QRectF oBeside(oChart.right(), oTarget.top(), dWidth, oTarget.height());
+        m_pqLegends->paint(painter, oBeside.adjusted(0.0, g_dLegendMargin, -g_dLegendMargin, -g_dLegendMargin),
+                           m_pqPlot->labelColor());
+    }
+    m_pqFrame->renderTo(painter, oChart);
+}
+
+bool QCrossPlotWidget::exportChart(const QString& sPath, const QSize& oSize, QString* psError)
+{
+    return ChartExporter::write(
+        sPath, oSize, m_pqPlot->backgroundColor(), m_pqPlot->headerTitle(),
+        [this](QPainter& painter, const QRectF& oRect) { renderTo(painter, oRect); }, psError);
+}
+
+} // namespace gkBase

@@ -1,0 +1,346 @@
+// Which attributes the cross plot panel shows, and the clusters that become one.
+
+#include "ChartFrame.h"
+#include "CrossPlotAttributeGroup.h"
+#include "CrossPlotClusterPage.h"
+#include "CrossPlotLegends.h"
+#include "CrossPlotPointPage.h"
+#include "MatrixData.h"
+#include "MatrixDataNotifier.h"
+#include "QCrossPlot.h"
+#include "QCrossPlotWidget.h"
+#include "QRelationshipItemModel.h"
+
+#include <QApplication>
+#include <QScopeGuard>
+
+#include <algorithm>
+#include <array>
+
+namespace gkBase {
+
+namespace {
+
+constexpr std::array g_optionalRoles = {CrossPlotRole::Color, CrossPlotRole::Symbol, CrossPlotRole::TadPole,
+                                        CrossPlotRole::Third};
+
+/// The first number attribute of the branch that is not the given one; null when there is none.
+MatrixData* firstNumeric(const MatrixData* poBranch, const MatrixData* poOther)
+{
+    if (!poBranch)
+        return nullptr;
+    for (MatrixData* poLeaf : poBranch->leafs()) {
+        if (poLeaf != poOther && isNumericAttribute(poLeaf))
+            return poLeaf;
+    }
+    return nullptr;
+}
+
+/// Records of the data set of an attribute.
+int records(const MatrixData* poAttribute)
+{
+    if (!poAttribute)
+        return -1;
+    int iRecords = poAttribute->recordCount();
+    if (const MatrixData* poDataSet = poAttribute->owner()) {
+        for (const MatrixData* poLeaf : poDataSet->leafs())
+            iRecords = std::max(iRecords, poLeaf->recordCount());
+    }
+    return iRecords;
+}
+
+} // namespace
+
+// ---- root and choosers ----------------------------------------------------------------------------------------------
+
+void QCrossPlotWidget::setDataRoot(MatrixData* poRoot)
+{
+    if (poRoot != m_poRoot) {
+        if (m_poRoot)
+            m_poRoot->notifier()->disconnect(this);
+        m_poRoot = poRoot;
+        m_pModel->setDataRoot(poRoot);
+        m_viSelectedRecords.clear();
+        for (const CrossPlotRole eRole : g_optionalRoles)
+            setAttribute(eRole, nullptr);
+        setAttributes(nullptr, nullptr);
+        if (m_poRoot) {
+            MatrixDataNotifier* pqNotifier = m_poRoot->notifier();
+            connect(pqNotifier, &MatrixDataNotifier::nodeAboutToBeRemoved, this,
+                    &QCrossPlotWidget::slotNodeAboutToBeRemoved);
+            connect(pqNotifier, &MatrixDataNotifier::rootAboutToBeDestroyed, this,
+                    &QCrossPlotWidget::slotRootAboutToBeDestroyed);
+        }
+    }
+    updateDataSetSelectionBox();
+}
+
+void QCrossPlotWidget::updateDataSetSelectionBox()
+{
+    fillChoosers(nullptr);
+}
+
+int QCrossPlotWidget::numberOfRecords() const
+{
+    return records(nodeX() ? nodeX() : nodeY());
+}
+
+void QCrossPlotWidget::fillChoosers(const MatrixData* poLeaving)
+{
+    std::vector<AttributeEntry> vEntries = attributeEntries(m_poRoot, poLeaving);
+    if (m_poClusters)
+        vEntries.push_back({m_poClusters.get(), m_poClusters->name(), m_poClusters->recordCount()});
+    m_pqAttributeGroup->setEntries(vEntries, numberOfRecords());
+    showChosen();
+}
+
+void QCrossPlotWidget::showChosen()
+{
+    m_pqAttributeGroup->choose(CrossPlotRole::X, nodeX());
+    m_pqAttributeGroup->choose(CrossPlotRole::Y, nodeY());
+    for (const CrossPlotRole eRole : g_optionalRoles)
+        m_pqAttributeGroup->choose(eRole, attribute(eRole));
+}
+
+MatrixData* QCrossPlotWidget::node(int iGlobalID) const
+{
+    if (m_poClusters && m_poClusters->globalID() == iGlobalID)
+        return m_poClusters.get();
+    return m_poRoot ? m_poRoot->nodeFromID(iGlobalID) : nullptr;
+}
+
+void QCrossPlotWidget::slotAttributeChosen(CrossPlotRole eRole, int iGlobalID)
+{
+    MatrixData* poNode = node(iGlobalID);
+    if (eRole == CrossPlotRole::X)
+        chooseAttributes(poNode, records(nodeY()) == records(poNode)
+                                     ? nodeY()
+                                     : firstNumeric(poNode ? poNode->owner() : nullptr, poNode));
+    else if (eRole == CrossPlotRole::Y)
+        chooseAttributes(nodeX(), poNode);
+    else
+        setAttribute(eRole, poNode);
+    m_bReadNeeded = true;
+    emit signalUpdateChartData();
+    // An owner reads again on the signal, with the rows that it knows; once is enough.
+    if (m_bReadNeeded)
+        updateCrossPlot();
+}
+
+// ---- attributes -----------------------------------------------------------------------------------------------------
+
+void QCrossPlotWidget::setDataSet(MatrixData* poData)
+{
+    chooseDataSet(poData);
+    updateCrossPlot();
+}
+
+void QCrossPlotWidget::chooseDataSet(MatrixData* poData)
+{
+    const bool bAttribute = poData && poData->isAttribute();
+    MatrixData* poX = bAttribute && isNumericAttribute(poData) ? poData : firstNumeric(poData, nullptr);
+    chooseAttributes(poX, firstNumeric(poX ? poX->owner() : nullptr, poX));
+}
+
+void QCrossPlotWidget::setAttributes(MatrixData* poX, MatrixData* poY)
+{
+    chooseAttributes(poX, poY);
+    updateCrossPlot();
+}
+
+void QCrossPlotWidget::chooseAttributes(MatrixData* poX, MatrixData* poY)
+{
+    if (m_poX == poX && m_poY == poY)
+        return;
+    const int iFormerRecords = numberOfRecords();
+    m_poX = MatrixDataPointer(poX);
+    m_poY = MatrixDataPointer(poY);
+    m_oLimits = {};
+    m_bReadNeeded = true;
+    m_pModel->clearClusters();
+    if (numberOfRecords() != iFormerRecords) {
+        // What belongs to other records says nothing about these points.
+        for (const CrossPlotRole eRole : g_optionalRoles) {
+            if (records(attribute(eRole)) != numberOfRecords())
+                setAttribute(eRole, nullptr);
+        }
+        m_poClusters.reset();
+    }
+    fillChoosers(nullptr);
+}
+
+MatrixData* QCrossPlotWidget::attribute(CrossPlotRole eRole) const
+{
+    switch (eRole) {
+    case CrossPlotRole::X:
+        return nodeX();
+    case CrossPlotRole::Y:
+        return nodeY();
+    case CrossPlotRole::Color:
+        return m_pModel->colorAttribute();
+    case CrossPlotRole::Symbol:
+        return m_pModel->symbolAttribute();
+    case CrossPlotRole::TadPole:
+        return m_pModel->tadPoleAzimuthDataNode();
+    case CrossPlotRole::Third:
+        return m_pModel->thirdDimAttribute();
+    }
+    return nullptr;
+}
+
+/// An optional one; the classes are read, but nothing is shown yet.
+void QCrossPlotWidget::setAttribute(CrossPlotRole eRole, MatrixData* poNode)
+{
+    if (attribute(eRole) == poNode)
+        return;
+    if (eRole == CrossPlotRole::Color) {
+        // The bounds of a colour map belong to the attribute that they were made for.
+        m_pModel->setColorMap(g_dMissingValue, g_dMissingValue, g_dMissingValue,
+                              m_pqPointPage->colorMap().m_bRedToBlue);
+        m_pModel->setColorAttribute(poNode);
+    } else if (eRole == CrossPlotRole::Symbol) {
+        m_pModel->setSymbolAttribute(poNode);
+    } else if (eRole == CrossPlotRole::TadPole) {
+        m_pModel->setTadPoleAzimuthDataNode(poNode);
+    } else if (eRole == CrossPlotRole::Third) {
+        m_pModel->setThirdDimAttribute(poNode);
+        m_pModel->clearClusters();
+    }
+    m_pqAttributeGroup->choose(eRole, poNode);
+}
+
+void QCrossPlotWidget::setColorAttribute(MatrixData* poAttribute)
+{
+    setAttribute(CrossPlotRole::Color, poAttribute);
+    showClasses();
+    m_pqPlot->scheduleRedraw();
+}
+
+void QCrossPlotWidget::setSymbolAttribute(MatrixData* poAttribute)
+{
+    setAttribute(CrossPlotRole::Symbol, poAttribute);
+    showClasses();
+    m_pqPlot->scheduleRedraw();
+}
+
+void QCrossPlotWidget::setThirdAttribute(MatrixData* poAttribute)
+{
+    setAttribute(CrossPlotRole::Third, poAttribute);
+    m_pqClusterPage->showClusters(*m_pModel);
+    m_pqPlot->scheduleRedraw();
+}
+
+void QCrossPlotWidget::setTadpoleAttribute(MatrixData* poAzimuth)
+{
+    setAttribute(CrossPlotRole::TadPole, poAzimuth);
+    m_pqPlot->scheduleRedraw();
+}
+
+void QCrossPlotWidget::setCurrentColorItem(int iGlobalID)
+{
+    setColorAttribute(node(iGlobalID));
+}
+
+void QCrossPlotWidget::setCurrentSymbolItem(int iGlobalID)
+{
+    setSymbolAttribute(node(iGlobalID));
+}
+
+// ---- what goes ------------------------------------------------------------------------------------------------------
+
+void QCrossPlotWidget::slotNodeAboutToBeRemoved(MatrixData* poBranch)
+{
+    const auto goes = [poBranch](const MatrixData* poNode) {
+        return poNode && MatrixDataNotifier::contains(poBranch, poNode);
+    };
+    bool bShown = false;
+    for (const CrossPlotRole eRole : g_optionalRoles) {
+        if (goes(attribute(eRole))) {
+            setAttribute(eRole, nullptr);
+            bShown = true;
+        }
+    }
+    if (goes(nodeX()) || goes(nodeY())) {
+        chooseAttributes(goes(nodeX()) ? nullptr : nodeX(), goes(nodeY()) ? nullptr : nodeY());
+        bShown = true;
+    }
+    fillChoosers(poBranch);
+    if (bShown)
+        updateCrossPlot();
+}
+
+void QCrossPlotWidget::slotRootAboutToBeDestroyed()
+{
+    m_poRoot = nullptr;
+    m_pModel->setDataRoot(nullptr);
+    m_viSelectedRecords.clear();
+    for (const CrossPlotRole eRole : g_optionalRoles)
+        setAttribute(eRole, nullptr);
+    setAttributes(nullptr, nullptr);
+    updateDataSetSelectionBox();
+}
+
+void QCrossPlotWidget::slotDisplayUnitChanged(const QString& sCategory)
+{
+    for (const CrossPlotRole eRole :
+         {CrossPlotRole::X, CrossPlotRole::Y, CrossPlotRole::Color, CrossPlotRole::Symbol, CrossPlotRole::Third}) {
+        const MatrixData* poNode = attribute(eRole);
+        if (poNode && poNode->unitCategory() == sCategory) {
+            updateCrossPlot();
+            return;
+        }
+    }
+}
+
+// ---- clusters -------------------------------------------------------------------------------------------------------
+
+void QCrossPlotWidget::slotApplyClusters()
+{
+    if (!applyClusters(m_pqClusterPage->numberOfClusters(), m_pqClusterPage->clusterName()))
+        m_pqClusterPage->showProblem(tr("There are no points to cluster"));
+}
+
+bool QCrossPlotWidget::applyClusters(int iClusters, const QString& sName)
+{
+    if (m_bReadNeeded)
+        updateCrossPlot();
+    {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        const auto restoreCursor = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
+        const bool bPartSelection = m_pModel->partSelection();
+        m_pModel->setPartSelection(m_pqClusterPage->selectedOnly());
+        const bool bMade = m_pModel->buildClusters_KML(sName, iClusters);
+        m_pModel->setPartSelection(bPartSelection);
+        if (!bMade)
+            return false;
+    }
+    m_pqClusterPage->setClusterName(sName);
+    m_pqClusterPage->showClusters(*m_pModel);
+    colorByClusters(sName);
+    return true;
+}
+
+void QCrossPlotWidget::colorByClusters(const QString& sName)
+{
+    const MatrixData* poFormer = m_pModel->colorAttribute();
+    emit createClusterAttribute(sName, m_pModel);
+    m_pqPlot->scheduleRedraw();
+    // The owner may have kept the clusters and coloured the points by them.
+    if (m_pModel->colorAttribute() != poFormer && m_pModel->colorAttribute() != m_poClusters.get())
+        return;
+    auto poClusters = std::make_unique<MatrixData>(sName, 0, 1, QMetaType::Int);
+    const std::span<const int> viIDs = m_pModel->clusterIDs();
+    MatrixColumn column(QMetaType::Int, static_cast<int>(viIDs.size()));
+    for (int i = 0; i < column.size(); ++i) {
+        const int iCluster = viIDs[static_cast<std::size_t>(i)];
+        if (iCluster >= 0)
+            column.setValue(i, iCluster);
+    }
+    poClusters->setColumn(0, std::move(column));
+    setAttribute(CrossPlotRole::Color, nullptr);
+    m_poClusters = std::move(poClusters);
+    fillChoosers(nullptr);
+    setColorAttribute(m_poClusters.get());
+}
+
+} // namespace gkBase
