@@ -70,7 +70,7 @@ gkBase::IntervalBins binsOf(const Intervals& intervals, const gkBase::MatrixData
     dMax = intervals.m_oTo.value_or(dMax);
     if (gkBase::isMissing(dMin) || gkBase::isMissing(dMax) || dMin >= dMax) {
         oError = CommandResult::badInput(
-            text("%1: the attribute \"%2\" has no range of depths to cut up").arg(sFile, depth.name()));
+            text("%1: the attribute \"%2\" has no range of depths to cut into intervals").arg(sFile, depth.name()));
         return {};
     }
     const double dBins = intervals.m_oBins ? *intervals.m_oBins : (dMax - dMin) / *intervals.m_oStep;
@@ -94,6 +94,10 @@ CommandResult runDecimateCommand(const QStringList& lArguments)
     }
     std::optional<CommandResult> oError =
         input.require({QStringLiteral("depth"), QStringLiteral("columns"), QStringLiteral("out")});
+    const QStringList lColumns = input.names(QStringLiteral("columns"));
+    if (!oError && lColumns.isEmpty()) {
+        oError = CommandResult::badUsage(text("--columns: give at least one attribute"));
+    }
     const Intervals intervals = intervalsOf(input, oError);
     if (!oError) {
         oError = input.load();
@@ -101,8 +105,8 @@ CommandResult runDecimateCommand(const QStringList& lArguments)
     if (oError) {
         return *oError;
     }
-    std::vector<gkBase::MatrixData*> vpColumns = input.numericAttributes(
-        QStringList{input.value(QStringLiteral("depth"))} + input.names(QStringLiteral("columns")), oError);
+    std::vector<gkBase::MatrixData*> vpColumns =
+        input.numericAttributes(QStringList{input.value(QStringLiteral("depth"))} + lColumns, oError);
     if (oError) {
         return *oError;
     }
