@@ -31,6 +31,8 @@ private slots:
     void selectingCells();
     void resets();
     void editingKeys();
+    void typedTexts_data();
+    void typedTexts();
     void clearing();
     void clipboard();
     void flagsAndColours();
@@ -261,6 +263,43 @@ void tst_QVertexModelTableView::editingKeys()
     QTest::keyClick(w.editor(), Qt::Key_Enter); // in the last row
     QCOMPARE(w.m_oModel.rowCount(), 7);
     QCOMPARE(w.m_oView.currentIndex(), w.m_oModel.index(6, 2));
+}
+
+void tst_QVertexModelTableView::typedTexts_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QVariant>("stored"); // invalid: the cell stays, and the editor open
+    QTest::newRow("comma") << 0 << "1,5" << QVariant(1.5);
+    QTest::newRow("own unit") << 0 << "1.5 m" << QVariant(1.5);
+    QTest::newRow("other unit") << 0 << "10 ft" << QVariant(3.048);
+    QTest::newRow("unit of something else") << 0 << "10 s" << QVariant();
+    QTest::newRow("no number") << 0 << "sand" << QVariant();
+    QTest::newRow("whole number") << 1 << "7.4" << QVariant(7);
+    QTest::newRow("whole number in no unit") << 1 << "7 m" << QVariant();
+    QTest::newRow("text") << 2 << "10 s" << QVariant(QStringLiteral("10 s"));
+}
+
+void tst_QVertexModelTableView::typedTexts()
+{
+    QFETCH(int, column);
+    QFETCH(QString, typed);
+    QFETCH(QVariant, stored);
+    Window w(3);
+    const QVariant qOld = w.m_oModel.getNode(column)->value(4, 0);
+    w.m_oView.setCurrentIndex(w.m_oModel.index(4, column));
+    QTest::keyClick(w.m_oView.viewport(), Qt::Key_F2);
+    QVERIFY(w.editor());
+    w.editor()->selectAll();
+    QTest::keyClicks(w.editor(), typed);
+    QTest::keyClick(w.editor(), Qt::Key_Return);
+    QCOMPARE(w.m_oModel.getNode(column)->value(4, 0), stored.isValid() ? stored : qOld);
+    QCOMPARE(w.m_oView.currentIndex().row(), stored.isValid() ? 5 : 4);
+    if (!stored.isValid()) {
+        QCOMPARE(w.editor()->text(), typed);
+        QTest::keyClick(w.editor(), Qt::Key_Tab); // leaving drops the text
+        QCOMPARE(w.m_oModel.getNode(column)->value(4, 0), qOld);
+    }
 }
 
 void tst_QVertexModelTableView::clearing()

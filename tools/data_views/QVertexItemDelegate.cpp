@@ -1,21 +1,26 @@
 #include "QVertexItemDelegate.h"
 
+#include "CellValueEdit.h"
 #include "MatrixData.h"
 #include "QVertexItemModel.h"
 
 #include <QEvent>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QPainter>
 
 namespace gkBase {
 
 namespace {
 
-bool isColorCell(const QModelIndex& index)
+const MatrixData* attributeOf(const QModelIndex& index)
 {
     const auto* pqModel = qobject_cast<const QVertexItemModel*>(index.model());
-    const MatrixData* poNode = pqModel ? pqModel->getNode(index.column()) : nullptr;
+    return pqModel ? pqModel->getNode(index.column()) : nullptr;
+}
+
+bool isColorCell(const QModelIndex& index)
+{
+    const MatrixData* poNode = attributeOf(index);
     return poNode && poNode->type() == QMetaType::QColor;
 }
 
@@ -29,27 +34,22 @@ QVertexItemDelegate::QVertexItemDelegate(QObject* pqParent)
 QWidget* QVertexItemDelegate::createEditor(QWidget* pqParent, const QStyleOptionViewItem& /*option*/,
                                            const QModelIndex& index) const
 {
-    if (isColorCell(index))
-        return nullptr;
-    auto* pqLineEdit = new QLineEdit(pqParent);
-    pqLineEdit->setFrame(false);
-    pqLineEdit->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    pqLineEdit->setAccessibleName(tr("Cell value"));
-    return pqLineEdit;
+    const MatrixData* poNode = attributeOf(index);
+    return poNode && poNode->type() != QMetaType::QColor ? new CellValueEdit(*poNode, pqParent) : nullptr;
 }
 
 void QVertexItemDelegate::setEditorData(QWidget* pqEditor, const QModelIndex& index) const
 {
-    if (auto* pqLineEdit = qobject_cast<QLineEdit*>(pqEditor))
-        pqLineEdit->setText(index.data(Qt::EditRole).toString());
+    if (auto* pqValueEdit = qobject_cast<CellValueEdit*>(pqEditor))
+        pqValueEdit->setText(index.data(Qt::EditRole).toString());
 }
 
 void QVertexItemDelegate::setModelData(QWidget* pqEditor, QAbstractItemModel* pqModel, const QModelIndex& index) const
 {
     // isModified(): an untouched editor, whose text has fewer digits than the value, writes nothing.
-    const auto* pqLineEdit = qobject_cast<QLineEdit*>(pqEditor);
-    if (pqLineEdit && pqLineEdit->isModified())
-        pqModel->setData(index, pqLineEdit->text(), Qt::EditRole);
+    const auto* pqValueEdit = qobject_cast<CellValueEdit*>(pqEditor);
+    if (pqValueEdit && pqValueEdit->isModified() && pqValueEdit->isTextValid())
+        pqModel->setData(index, pqValueEdit->cellText(), Qt::EditRole);
 }
 
 void QVertexItemDelegate::initStyleOption(QStyleOptionViewItem* pOption, const QModelIndex& index) const
@@ -83,8 +83,10 @@ bool QVertexItemDelegate::eventFilter(QObject* pqObject, QEvent* pEvent)
 {
     if (pEvent->type() == QEvent::KeyPress) {
         const int iKey = static_cast<QKeyEvent*>(pEvent)->key();
-        auto* pqEditor = qobject_cast<QWidget*>(pqObject);
+        auto* pqEditor = qobject_cast<CellValueEdit*>(pqObject);
         if (pqEditor && (iKey == Qt::Key_Return || iKey == Qt::Key_Enter)) {
+            if (!pqEditor->isTextValid()) // stays open until the text is right or Esc drops it
+                return true;
             emit commitData(pqEditor);
             emit setNextInColumn(pqEditor);
             return true;

@@ -9,8 +9,9 @@
 
 namespace gkBase {
 
-/// The cell editor of the attribute table: a plain line edit. Enter commits and asks for the next cell of the column.
-/// Colour cells have no editor here (the view opens a colour dialog) and keep showing their colour while selected.
+/// The cell editor of the attribute table: a line edit by the type of the attribute. Enter commits and asks for the
+/// next cell of the column; a text that does not fit the type is marked and not committed. Colour cells have no editor
+/// here (the view opens a colour dialog) and keep showing their colour while selected.
 class GKBASETOOLS_EXPORT QVertexItemDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
