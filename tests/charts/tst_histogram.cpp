@@ -399,7 +399,7 @@ void TestHistogram::zoomMovesTheAxes()
     QHistogramPlotWidget* pqPlot = panel.drawingArea();
     emit pqPlot->zoomChanged((pqPlot->zoom(3.0), 3.0)); // as the wheel does
     panel.grab();
-    for (const auto* pqAxis : panel.findChildren<QCartesianAxisWidget*>()) {
+    for (const auto* pqAxis : pqPlot->parentWidget()->findChildren<QCartesianAxisWidget*>()) {
         const bool bVertical = pqAxis->orientation() == Qt::Vertical;
         QCOMPARE(pqAxis->zoom(), 3.0);
         QCOMPARE(bVertical ? pqAxis->height() : pqAxis->width(), bVertical ? pqPlot->height() : pqPlot->width());

@@ -213,8 +213,8 @@ QColor QBarDiagramWidget::fillColor(int iBar) const
 QString QBarDiagramWidget::valueText(int iBar) const
 {
     const double dHeight = barHeight(iBar);
-    if (m_bPercent)
-        return QString::number(dHeight, 'f', dHeight < 10.0 ? 1 : 0);
+    if (m_bPercent) // a bar that is there does not stand for nothing
+        return dHeight < 0.05 ? QStringLiteral("<0.1") : QString::number(dHeight, 'f', dHeight < 9.95 ? 1 : 0);
     return QString::number(static_cast<qint64>(dHeight));
 }
 

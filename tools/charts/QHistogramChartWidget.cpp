@@ -4,10 +4,12 @@
 #include "ChartDisplayPage.h"
 #include "ChartExporter.h"
 #include "ChartFrame.h"
+#include "ChartFrameStack.h"
 #include "DisplayUnitManager.h"
 #include "MatrixData.h"
 #include "MatrixDataNotifier.h"
 #include "MissingValue.h"
+#include "ProbabilityPlotFrame.h"
 #include "QDoubleSpinBoxWithSlider.h"
 #include "QHistogramItemModel.h"
 #include "QHistogramPlotWidget.h"
@@ -199,7 +201,7 @@ void QHistogramChartWidget::setMercatorScaling(bool bOn)
 
 void QHistogramChartWidget::setChartFrameEnabled(bool bEnabled)
 {
-    m_pqFrame->setChartEnabled(bEnabled);
+    m_pqFrames->setChartEnabled(bEnabled);
 }
 
 // ---- rebuilding ----------------------------------------------------------------------------------------------------
@@ -214,6 +216,24 @@ void QHistogramChartWidget::updateHistogram()
     }
     m_pModel->takeNewDataSet(m_poData, m_pqHistogramTypeComboBox->currentIndex(), m_viSelectedRecords);
     initializeNewHistogramChart();
+    updateProbabilityPlot();
+    m_pqDisplayPage->applyZoom();
+}
+
+bool QHistogramChartWidget::showsProbability() const
+{
+    return m_pqHistogramTypeComboBox->currentIndex() == s_iNormalProbability;
+}
+
+/// The values are sorted only while they are seen.
+void QHistogramChartWidget::updateProbabilityPlot()
+{
+    const bool bShown = showsProbability();
+    m_pqProbabilityFrame->showAttribute(bShown ? m_poData : nullptr, m_viSelectedRecords);
+    m_pqFrames->setCurrentWidget(bShown ? static_cast<ChartFrame*>(m_pqProbabilityFrame) : m_pqFrame);
+    for (QCheckBox* pqBox : {m_pqP10CheckBox, m_pqP50CheckBox, m_pqP90CheckBox})
+        pqBox->setEnabled(!bShown);
+    m_pqIntervalSizeSpinBox->setEnabled(!bShown && m_pqIntervalSizeSpinBox->maximum() > 0.0);
 }
 
 void QHistogramChartWidget::updateHistogramWithDefaultIntervals()
@@ -245,7 +265,7 @@ void QHistogramChartWidget::initialiseIntervalControl()
     m_pqIntervalSizeSpinBox->setValue(m_pModel->intervalSize() * displayScale(m_poData));
     const QString sUnit = m_poData ? m_poData->unitManager()->getDisplayUnitTag() : QString();
     m_pqIntervalSizeSpinBox->setSuffix(sUnit.isEmpty() ? QString() : QLatin1Char(' ') + sUnit);
-    m_pqIntervalSizeSpinBox->setEnabled(dRange > 0.0);
+    m_pqIntervalSizeSpinBox->setEnabled(dRange > 0.0 && !showsProbability());
 }
 
 void QHistogramChartWidget::initializeNewHistogramChart()
@@ -262,7 +282,6 @@ void QHistogramChartWidget::initializeNewHistogramChart()
     showStatistics();
     updateDataBoundaries();
     updateDiagramSettings();
-    m_pqDisplayPage->applyZoom();
 }
 
 void QHistogramChartWidget::showStatistics()
@@ -341,18 +360,18 @@ void QHistogramChartWidget::updateCursorPosLabel(QPointF oPosition)
 
 void QHistogramChartWidget::copyToClipboard()
 {
-    QApplication::clipboard()->setPixmap(m_pqFrame->grabChart());
+    QApplication::clipboard()->setPixmap(m_pqFrames->currentFrame()->grabChart());
 }
 
 void QHistogramChartWidget::renderTo(QPainter& painter, const QRectF& oTarget)
 {
-    m_pqFrame->renderTo(painter, oTarget);
+    m_pqFrames->currentFrame()->renderTo(painter, oTarget);
 }
 
 bool QHistogramChartWidget::exportChart(const QString& sPath, const QSize& oSize, QString* psError)
 {
     return ChartExporter::write(
-        sPath, oSize, m_pqPlot->backgroundColor(), m_pqPlot->headerTitle(),
+        sPath, oSize, m_pqPlot->backgroundColor(), m_pqFrames->currentFrame()->canvas()->headerTitle(),
         [this](QPainter& painter, const QRectF& oRect) { renderTo(painter, oRect); }, psError);
 }
 

@@ -20,9 +20,12 @@ namespace gkBase {
 
 class ChartDisplayPage;
 class ChartFrame;
+class ChartFrameStack;
 class MatrixData;
 class QHistogramItemModel;
+class ProbabilityPlotFrame;
 class QHistogramPlotWidget;
+class QProbabilityPlot;
 
 /// The histogram panel: chart with axes, statistics and the controls of both, for one numeric attribute at a time.
 ///
@@ -53,7 +56,9 @@ public:
     void updateDataSetSelectionBox();
     /// The records that are counted; an empty list means all. Rebuilds when the list differs and tells whether it did.
     bool setSelectedRows(const std::vector<int>& viRecords);
-    /// A MatrixData::HistogramType; rebuilds. One that does not exist is ignored.
+    /// The chart type behind those of MatrixData::HistogramType: sorted values against normal probability.
+    static constexpr int s_iNormalProbability = 3;
+    /// A MatrixData::HistogramType or s_iNormalProbability; rebuilds. One that does not exist is ignored.
     void setHistogramType(int iType);
     /// Width of the intervals in model units; anything not above 0 chooses one. Rebuilds.
     void setIntervalSize(double dIntervalSize);
@@ -68,6 +73,7 @@ public:
     void setMercatorScaling(bool bOn);
 
     QHistogramPlotWidget* drawingArea() const { return m_pqPlot; }
+    QProbabilityPlot* probabilityPlot() const { return m_pqProbabilityPlot; }
     QHistogramItemModel* histogramItemModel() const { return m_pModel; }
 
     /// Draws title, axes and the whole chart into the rectangle of any device; the panel need not be shown.
@@ -110,6 +116,8 @@ private:
     void updateHistogramWithDefaultIntervals();
     void initialiseIntervalControl();
     void initializeNewHistogramChart();
+    void updateProbabilityPlot();
+    bool showsProbability() const;
     void updateDataBoundaries();
     void showStatistics();
     /// A difference in display units with its unit, 3 decimals; "---" when missing.
@@ -125,7 +133,10 @@ private:
     bool m_bAzimuthScaling = false;
     bool m_bMercatorScaling = false;
 
-    ChartFrame* m_pqFrame = nullptr;
+    ChartFrameStack* m_pqFrames = nullptr;
+    ChartFrame* m_pqFrame = nullptr; ///< of the histogram
+    QProbabilityPlot* m_pqProbabilityPlot = nullptr;
+    ProbabilityPlotFrame* m_pqProbabilityFrame = nullptr;
     ChartDisplayPage* m_pqDisplayPage = nullptr;
 
     QComboBox* m_pqHistogramDataSetComboBox = nullptr;

@@ -2,12 +2,15 @@
 
 #include "ChartDisplayPage.h"
 #include "ChartFrame.h"
+#include "ChartFrameStack.h"
 #include "DisplayUnitManager.h"
+#include "ProbabilityPlotFrame.h"
 #include "QDecoratedToolBox.h"
 #include "QDoubleSpinBoxWithSlider.h"
 #include "QHistogramChartWidget.h"
 #include "QHistogramItemModel.h"
 #include "QHistogramPlotWidget.h"
+#include "QProbabilityPlot.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -57,10 +60,15 @@ void QHistogramChartWidget::createChart()
     m_pqPlot = new QHistogramPlotWidget(this, tr("Histogram"));
     m_pqPlot->setHistogramItemModel(m_pModel);
     m_pqFrame = new ChartFrame(m_pqPlot);
+    m_pqProbabilityPlot = new QProbabilityPlot(this, tr("Normal Probability"));
+    m_pqProbabilityFrame = new ProbabilityPlotFrame(m_pqProbabilityPlot);
+    m_pqFrames = new ChartFrameStack;
+    m_pqFrames->addFrame(m_pqFrame);
+    m_pqFrames->addFrame(m_pqProbabilityFrame);
     auto* pqSplitter = new QSplitter(Qt::Horizontal, this);
     pqSplitter->setObjectName(QStringLiteral("m_pqSplitter"));
     pqSplitter->setChildrenCollapsible(false);
-    pqSplitter->addWidget(m_pqFrame);
+    pqSplitter->addWidget(m_pqFrames);
     pqSplitter->setStretchFactor(0, 1);
     auto* pqLayout = new QHBoxLayout(this);
     pqLayout->setContentsMargins(4, 4, 4, 4);
@@ -75,7 +83,7 @@ void QHistogramChartWidget::createControls()
     pqLayout->addWidget(createSelectionGroup());
     pqLayout->addWidget(createStatisticsGroup());
     auto* pqToolBox = new QDecoratedToolBox;
-    m_pqDisplayPage = new ChartDisplayPage(m_pqFrame);
+    m_pqDisplayPage = new ChartDisplayPage(m_pqFrames);
     pqToolBox->addItem(m_pqDisplayPage, tr("Annotation/Display Settings"));
     // The side bar scrolls as a whole; bars of the page inside it would leave a slit of it on small screens.
     pqToolBox->setMinimumHeight(pqToolBox->minimumSizeHint().height() + m_pqDisplayPage->minimumSizeHint().height());
@@ -105,9 +113,10 @@ QWidget* QHistogramChartWidget::createSelectionGroup()
     m_pqHistogramDataSetComboBox->setMinimumContentsLength(12);
     m_pqHistogramTypeComboBox = new QComboBox;
     m_pqHistogramTypeComboBox->addItems(
-        {tr("Frequency"), tr("Relative Frequency"), tr("Cumulative Relative Frequency")});
+        {tr("Frequency"), tr("Relative Frequency"), tr("Cumulative Relative Frequency"), tr("Normal Probability")});
     m_pqHistogramTypeComboBox->setAccessibleName(tr("Chart Type"));
-    m_pqHistogramTypeComboBox->setToolTip(tr("Counts, per cent of all values, or running per cent"));
+    m_pqHistogramTypeComboBox->setToolTip(
+        tr("Counts, per cent of all values, running per cent, or sorted values against normal probability"));
     m_pqHistogramTypeComboBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_pqHistogramTypeComboBox->setMinimumContentsLength(12);
     m_pqIntervalSizeSpinBox = new QDoubleSpinBoxWithSlider(0.0, 1.0, 200);
@@ -177,6 +186,7 @@ void QHistogramChartWidget::connectControls()
     connect(m_pqHistogramDataSetComboBox, &QComboBox::activated, this, &Panel::slotDataSetActivated);
     connect(m_pqPlot, &QChartDrawingArea::cursorPos, this, &Panel::updateCursorPosLabel);
     connect(m_pqPlot, &QChartDrawingArea::signalCopyToClipboard, this, &Panel::copyToClipboard);
+    connect(m_pqProbabilityPlot, &QChartDrawingArea::signalCopyToClipboard, this, &Panel::copyToClipboard);
     // The percentile lines have the background's colour.
     connect(m_pqDisplayPage, &ChartDisplayPage::backgroundChanged, this, &Panel::showStatistics);
     for (QCheckBox* pqBox : {m_pqP10CheckBox, m_pqP50CheckBox, m_pqP90CheckBox})

@@ -9,6 +9,7 @@
 #include "QBarDiagramWidget.h"
 #include "QDoubleSpinBoxWithSlider.h"
 #include "UnitManager.h"
+#include "UnitText.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -235,15 +236,6 @@ void QTRNBarChartWidget::showStatistics()
     m_pqMissingLabel->setText(QString::number(m_pClasses->missingCount()));
 }
 
-double QTRNBarChartWidget::displayScale() const
-{
-    if (!m_poData)
-        return 1.0;
-    const boost::shared_ptr<UnitManager> poUnit = m_poData->unitManager();
-    const double dScale = poUnit->convertModelToDisplay(1.0) - poUnit->convertModelToDisplay(0.0);
-    return std::isfinite(dScale) && dScale > 0.0 ? dScale : 1.0;
-}
-
 void QTRNBarChartWidget::initialiseIntervalControl()
 {
     double dMin = 0.0;
@@ -251,7 +243,7 @@ void QTRNBarChartWidget::initialiseIntervalControl()
     const bool bTakesInterval = m_poData && BarDiagramClasses::takesInterval(*m_poData);
     if (bTakesInterval)
         m_poData->getMinMax(dMin, dMax);
-    const double dRange = (dMax - dMin) * displayScale();
+    const double dRange = (dMax - dMin) * displayScale(m_poData);
     const QSignalBlocker boxBlocker(m_pqIntervalCheckBox);
     const QSignalBlocker spinBlocker(m_pqIntervalSizeSpinBox);
     m_pqIntervalCheckBox->setEnabled(dRange > 0.0);
@@ -259,7 +251,7 @@ void QTRNBarChartWidget::initialiseIntervalControl()
     m_pqIntervalSizeSpinBox->setEnabled(dRange > 0.0 && m_dInterval > 0.0);
     m_pqIntervalSizeSpinBox->setDecimals(dRange >= 1.0 ? 2 : 4);
     m_pqIntervalSizeSpinBox->initialise(dRange / BarDiagramClasses::s_iMostIntervals, dRange, g_iIntervalSteps);
-    m_pqIntervalSizeSpinBox->setValue(m_dInterval > 0.0 ? m_dInterval * displayScale() : dRange / 20.0);
+    m_pqIntervalSizeSpinBox->setValue(m_dInterval > 0.0 ? m_dInterval * displayScale(m_poData) : dRange / 20.0);
     const QString sUnit = bTakesInterval ? m_poData->unitManager()->getDisplayUnitTag() : QString();
     m_pqIntervalSizeSpinBox->setSuffix(sUnit.isEmpty() ? QString() : QLatin1Char(' ') + sUnit);
 }
@@ -268,7 +260,7 @@ void QTRNBarChartWidget::slotIntervalChanged()
 {
     const bool bIntervals = m_pqIntervalCheckBox->isChecked();
     m_pqIntervalSizeSpinBox->setEnabled(bIntervals);
-    m_dInterval = bIntervals ? m_pqIntervalSizeSpinBox->getValue() / displayScale() : 0.0;
+    m_dInterval = bIntervals ? m_pqIntervalSizeSpinBox->getValue() / displayScale(m_poData) : 0.0;
     updateBarChart();
 }
 

@@ -114,7 +114,6 @@ private:
     void selectClasses(const std::vector<int>& viIds);
     /// Records of the data set that the attribute belongs to.
     int recordCount() const;
-    double displayScale() const;
 
     std::shared_ptr<BarDiagramClasses> m_pClasses; ///< shown by canvas and axis
     MatrixData* m_poRoot = nullptr;                ///< not owned; dropped when the notifier announces its end

@@ -175,7 +175,6 @@ void QTRNBarChartWidget::connectControls()
     connect(m_pqPlot, &QChartDrawingArea::signalCopyToClipboard, this, &Panel::copyToClipboard);
     connect(m_pqPlot, &QBarDiagramWidget::barClicked, this, &Panel::slotBarClicked);
     connect(&DisplayUnitManager::instance(), &DisplayUnitManager::displayChanged, this, &Panel::slotDisplayUnitChanged);
-    m_pqOrderComboBox->setCurrentIndex(BarDiagramClasses::ValueOrder);
     updateCursorPosLabel(QPointF(g_dMissingValue, g_dMissingValue));
 }
 
