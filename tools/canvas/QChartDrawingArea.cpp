@@ -112,11 +112,17 @@ void QChartDrawingArea::scheduleRedraw()
     update();
 }
 
+void QChartDrawingArea::layOut()
+{
+    m_bPointsMoved = true;
+    layoutChart();
+}
+
 void QChartDrawingArea::redraw()
 {
     m_bNeedsRedraw = false;
     m_oOverlayPixmap = QPixmap();
-    layoutChart();
+    layOut();
     drawRegion(m_oStore.reset(chartSize(), pixmapRect(), devicePixelRatioF()));
 }
 
@@ -143,7 +149,7 @@ void QChartDrawingArea::renderTo(QPainter& painter, const QRect& oTarget)
     if (oTarget.isEmpty())
         return;
     m_oRenderSize = oTarget.size();
-    layoutChart();
+    layOut();
     painter.save();
     painter.setClipRect(oTarget, Qt::IntersectClip);
     painter.fillRect(oTarget, m_oBackgroundColor);
@@ -153,7 +159,7 @@ void QChartDrawingArea::renderTo(QPainter& painter, const QRect& oTarget)
     drawVisibleFrame(painter, QRect(QPoint(0, 0), oTarget.size()));
     painter.restore();
     m_oRenderSize = QSize();
-    layoutChart();
+    layOut();
 }
 
 void QChartDrawingArea::paintEvent(QPaintEvent*)

@@ -2,6 +2,8 @@
 
 #include "ChartBackingStore.h"
 #include "ChartViewport.h"
+#include "PointBatch.h"
+#include "PointPainter.h"
 #include "PointStyle.h"
 #include "SymbolSpriteCache.h"
 #include "gkBaseToolsExport.h"
@@ -9,6 +11,7 @@
 #include <QColor>
 #include <QPixmap>
 #include <QPointF>
+#include <QPointer>
 #include <QPolygonF>
 #include <QRect>
 #include <QRectF>
@@ -16,12 +19,18 @@
 #include <QVector>
 #include <QWidget>
 
+#include <span>
+#include <vector>
+
 class QAction;
 class QComboBox;
 class QMenu;
 class QPainter;
 
 namespace gkBase {
+
+class QRelationshipItemModel;
+class RelationshipClasses;
 
 /// Base of every chart canvas: draws the chart off screen, shows a part of it that can be magnified and panned, and
 /// offers the drawing of points that all charts share.
@@ -86,6 +95,19 @@ public:
     /// Columns and rows of lines of the cell grid; 0 means none.
     virtual int gridColumns() const;
     virtual int gridRows() const;
+
+    /// Chart units to pixels of the whole chart for many points; one with a number that is not finite becomes NaN.
+    /// The base asks transformInPixelPoint() for each; charts of many points convert all at once.
+    virtual void transformPoints(std::span<const double> vdX, std::span<const double> vdY,
+                                 std::vector<QPointF>& voPixels);
+
+    // ---- points ----------------------------------------------------------------------------------------------------
+    /// The points that drawPoints() draws. Not owned; may be deleted while the canvas lives; null for none. What
+    /// changes in the model is shown after updateChart().
+    void setModel(QRelationshipItemModel* pModel);
+    QRelationshipItemModel* model() const;
+    /// The model's points in pixels of the whole chart, by record; NaN where there is none. Worked out once per layout.
+    const std::vector<QPointF>& pointPixels();
 
     // ---- state -----------------------------------------------------------------------------------------------------
     /// redraw(), then a repaint.
@@ -193,6 +215,25 @@ protected:
     void drawLabel2(QPainter* pPainter, const QPointF& oPosition, const QString& sText, const QColor& oColor);
     /// Pen and brush of plain points.
     void setPointPen(QPainter* pPainter);
+    /// One point in the model's style and size, in the painter's pen and brush.
+    void drawPoint(QPainter* pPainter, const QPointF& oCentre);
+
+    // ---- the model's points: unselected ones, above them selected ones with a pen and a halo of their own
+    // ------------
+    /// Chooses one of the variants below by the attributes that are on. Nothing without a model.
+    void drawPoints(QPainter* pPainter);
+    void drawPlainPoints(QPainter* pPainter);
+    void drawPointsWith_tadpoles(QPainter* pPainter);
+    /// In the colours of the colour classes; as tadpoles where these are on.
+    void drawPointsWith_color_attribute(QPainter* pPainter);
+    /// In the colours that the data hold.
+    void drawPointsWithTypeColorAttribute(QPainter* pPainter);
+    void drawPointsWithTypeColorAttributeAndSymbol(QPainter* pPainter);
+    /// The symbol attribute gives the colours only.
+    void drawPointsWith_symbol_attribute1(QPainter* pPainter);
+    /// The symbol attribute gives symbols and colours.
+    void drawPointsWith_symbol_attribute2(QPainter* pPainter);
+    void drawPointsWith_symbol_and_color_attribute(QPainter* pPainter);
 
     QColor m_oBackgroundColor = Qt::white;
     QPointF m_oMousePickingPos;        ///< widget pixels, 99999.0 = none
@@ -208,9 +249,14 @@ protected:
 
 private:
     void createActions();
+    void layOut();
     void drawRegion(const QRegion& oRegion);
     /// The viewport at the widget's present size, or at the size that renderTo() draws for.
     ChartViewport viewport() const;
+    /// The points as they look without classes.
+    PointBatch pointBatch();
+    void colorPoints(PointBatch& batch, const RelationshipClasses& classes) const;
+    void drawTadPoles(QPainter* pPainter, PointBatch& batch);
 
     QString m_sChartName;
     QString m_sHeaderTitle;
@@ -224,6 +270,12 @@ private:
     ChartViewport m_oViewport;
     QSize m_oRenderSize; ///< valid while renderTo() draws
     ChartBackingStore m_oStore;
+    QPointer<QRelationshipItemModel> m_pModel; ///< not owned
+    PointPainter m_oPointPainter;
+    std::vector<QPointF> m_voPointPixels;
+    quint64 m_iPointRevision = 0; ///< of the model, for m_voPointPixels
+    QSize m_oPointChart;          ///< size of the chart, for m_voPointPixels
+    bool m_bPointsMoved = true;   ///< the layout changed since
     QAction* m_pqCopyAction;
 };
 

@@ -16,7 +16,6 @@ namespace {
 
 /// Half the width of the symbols in combo boxes and legends.
 constexpr int g_iIconSymbolSize = 5;
-constexpr double g_dPointPenWidth = 2.0;
 constexpr double g_dLabelGap = 6.0;
 constexpr int g_iCentroidSize = 7;
 constexpr int g_iResultPointSize = 5;
@@ -169,12 +168,6 @@ void QChartDrawingArea::drawResultPoint(QPainter* pPainter, const QPointF& oCent
     pPainter->setBrush(oColor);
     drawRectangle(pPainter, oCentre, g_iResultPointSize);
     drawLabel(pPainter, oCentre + QPointF(g_iResultPointSize, 0.0), sLabel);
-}
-
-void QChartDrawingArea::setPointPen(QPainter* pPainter)
-{
-    pPainter->setPen(QPen(m_oPointFillColor, g_dPointPenWidth, Qt::SolidLine, Qt::SquareCap));
-    pPainter->setBrush(m_oPointFillColor);
 }
 
 // ---- labels and grid -----------------------------------------------------------------------------------------------

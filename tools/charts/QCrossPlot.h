@@ -1,5 +1,7 @@
 #pragma once
 
+#include "CrossPlotGeometry.h"
+#include "CrossPlotPainting.h"
 #include "QChartDrawingArea.h"
 #include "gkBaseToolsExport.h"
 
@@ -9,6 +11,7 @@
 #include <QPointer>
 #include <QString>
 
+#include <span>
 #include <vector>
 
 class QAction;
@@ -48,15 +51,19 @@ public:
     int orientationFlag() const { return m_iOrientation; }
     void setDataCreationType(int iType);
     int dataCreationType() const { return m_iDataCreationType; }
-    /// Lines that are picked follow the mouse.
+    /// Picked lines follow the mouse while a button is held. The canvas moves them in the model.
     void setStructuralTopsMovable(bool bMovable) { m_bTopsMovable = bMovable; }
     /// How far (chart units of y) from a line a press still picks it.
     double pickingEpsY() const;
     /// The same when the press has another reach, in pixels.
     void setPickingPixels(int iPixels);
 
+    /// The line of the model's regression with its text in display units.
     void setShowRegressionLine(bool bShow);
     bool showRegressionLine() const { return m_bShowRegression; }
+    /// The text of the regression as shown, empty while it is off: "y=…" and, in a second line, " R=…", or that the
+    /// regression is no function.
+    QString regressionText() const { return m_sRegression; }
     /// Lines at the 5 and 95 per cent quantiles of x and y, which hold 90 % of the points between them.
     void setShow90PercentRange(bool bShow);
     bool show90PercentRange() const { return m_bShow90PercentRange; }
@@ -64,14 +71,17 @@ public:
     void setAxes(QCartesianAxisWidget* pqLeft, QCartesianAxisWidget* pqBottom);
     /// Shown in the middle of an empty chart (an attribute is missing or holds text). Empty: none.
     void setMessage(const QString& sMessage);
+    QString message() const { return m_sMessage; }
     /// A line across the chart at a y in chart units, 99999.0 for none: the cursor of a neighbouring track.
     void setCursorLine(double dY);
 
     QPointF transformInPixelPoint(const QPointF& oPoint) override;
+    void transformPoints(std::span<const double> vdX, std::span<const double> vdY,
+                         std::vector<QPointF>& voPixels) override;
     /// Pixels of the whole chart to chart units.
     QPointF transformInDataPoint(const QPointF& oPixel) const;
     /// The valid point nearest to a position in chart pixels within the distance, −1 for none.
-    int recordAt(const QPointF& oPixel, double dDistance) const;
+    int recordAt(const QPointF& oPixel, double dDistance);
 
     void layoutChart() override;
     void drawChart(QPainter& painter) override;
@@ -87,13 +97,13 @@ public:
 signals:
     /// A press asks for a new line at a position in chart units.
     void sendInsertScatUpdate(QPointF oPosition);
-    /// The picked lines moved by this much, in chart units, since the last signal.
+    /// The picked lines were moved by this much, in chart units, since the last signal.
     void sendMoveSelectedUpdate(QPointF oOffset);
     void sendMoveSelectedUpdateStop();
     void sendScatUpdate(QColor oColor);
     void sendScatUpdate(QString sName);
     void sendDeleteSelectedUpdate();
-    /// The lines under a press.
+    /// The lines under a press, which are selected now; nearest first.
     void sendScatPickPos(std::vector<int> viLines);
     void sendModifySelectedOrientation();
     void crossPlotLeaveEvent(QEvent* pEvent);
@@ -123,16 +133,36 @@ protected:
     void mousePressEvent(QMouseEvent* pEvent) override;
     void mouseMoveEvent(QMouseEvent* pEvent) override;
     void mouseReleaseEvent(QMouseEvent* pEvent) override;
+    /// Delete asks to delete the picked lines, Escape gives up an outline and brings the selection back.
+    void keyPressEvent(QKeyEvent* pEvent) override;
     void leaveEvent(QEvent* pEvent) override;
 
 private:
+    void createActions();
+    CrossPlotMap map() const;
+    CrossPlotStyle style() const;
+    void layOutRegression();
+    void layOutRange();
+    void layOutLines();
+    void drawCentroidsOfClusters(QPainter& painter);
+    DepthLineField* structuralTops() const;
+
+    // Gestures; positions in widget pixels.
+    QPointF chartPixel(const QPointF& oPosition) const;
+    void beginSelection(const QMouseEvent& event);
+    void pickLines(const QPointF& oPosition, bool bAdd);
+    void removeBoundary(const QPointF& oPosition);
+    void moveLines(const QPointF& oPosition);
+    void selectOutline();
+    void cancelOutline();
+    void tellSelection();
+
     QPointF m_oA;
-    QPointF m_oB;
+    QPointF m_oB = {1.0, 1.0};
     int m_iOrientation = 1;
     int m_iDataCreationType = NoCreation;
     int m_iPickingPixels = 5;
     bool m_bTopsMovable = false;
-    bool m_bMovingTops = false;
     bool m_bShowRegression = false;
     bool m_bShow90PercentRange = false;
     QString m_sMessage;
@@ -145,6 +175,22 @@ private:
     QAction* m_pqColorAction;
     QAction* m_pqOrientationAction;
     QAction* m_pqDeleteAction;
+
+    // Shapes of the present layout.
+    std::vector<CrossPlotDepthLine> m_vLines;
+    std::vector<CrossPlotDomain> m_vDomains;
+    QLineF m_oRegression;
+    QString m_sRegression;
+    CrossPlotRange m_oRange;
+    quint64 m_iRangeKey = 0; ///< of the values that the range was worked out for; 0: none
+
+    // The gesture under way.
+    Qt::MouseButton m_eButton = Qt::NoButton;
+    bool m_bAdding = false;
+    bool m_bMovingTops = false;
+    bool m_bTopsMoved = false;
+    QPointF m_oLastMove; ///< chart units
+    std::vector<int> m_viSelectedBefore;
 };
 
 } // namespace gkBase

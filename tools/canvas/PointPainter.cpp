@@ -1,0 +1,128 @@
+#include "PointPainter.h"
+
+#include "MissingValue.h"
+#include "SymbolGeometry.h"
+
+#include <QPaintEngine>
+#include <QPainter>
+#include <QPen>
+
+#include <cmath>
+
+namespace gkBase {
+
+namespace {
+
+bool canWritePixels(const QPainter& painter)
+{
+    return painter.paintEngine() && painter.paintEngine()->type() == QPaintEngine::Raster &&
+           painter.worldTransform().type() <= QTransform::TxTranslate;
+}
+
+/// The part of the device that the painter's clip leaves.
+PointTarget targetOf(const QPainter& painter)
+{
+    const QTransform oToDevice = painter.deviceTransform();
+    const QPaintDevice* pDevice = painter.device();
+    PointTarget target{oToDevice.m11(), QPointF(oToDevice.dx(), oToDevice.dy()), {}};
+    const double dRatio = pDevice->devType() == QInternal::Widget ? pDevice->devicePixelRatioF() : 1.0;
+    target.m_oRect = QRectF(0, 0, pDevice->width() * dRatio, pDevice->height() * dRatio).toAlignedRect();
+    if (painter.hasClipping()) {
+        target.m_oRect &= oToDevice.mapRect(painter.clipBoundingRect()).toAlignedRect();
+    }
+    return target;
+}
+
+void drawPicture(QPainter* pPainter, const QImage& oPicture, const QPoint& oDevicePixel)
+{
+    pPainter->save();
+    const double dRatio = pPainter->device()->devicePixelRatioF();
+    pPainter->setWorldTransform(QTransform::fromScale(1.0 / dRatio, 1.0 / dRatio));
+    pPainter->drawImage(pPainter->deviceTransform().inverted().map(QPointF(oDevicePixel)), oPicture);
+    pPainter->restore();
+}
+
+void drawPoint(QPainter* pPainter, const PointBatch& batch, std::size_t i, const SymbolLook& look)
+{
+    if (!batch.m_bTadPoles) {
+        drawSymbol(pPainter, batch.m_voPixels[i], look);
+        return;
+    }
+    if (i >= batch.m_vdAzimuths.size() || isMissing(batch.m_vdAzimuths[i])) {
+        return;
+    }
+    drawSymbol(pPainter, batch.m_voPixels[i], look);
+    if (const std::optional<QLineF> tail = tadpoleTail(batch.m_voPixels[i], batch.m_vdAzimuths[i], look.m_iSize)) {
+        pPainter->setPen(QPen(look.m_oColor, look.m_iPenWidth));
+        pPainter->drawLine(*tail);
+    }
+}
+
+/// Every point as an outline, below selected ones their halos.
+void drawOutlines(QPainter* pPainter, const PointBatch& batch)
+{
+    using Part = PointLayer::Part;
+    pPainter->save();
+    for (const Part ePart : {Part::AllPoints, Part::SelectedHalo, Part::Selected}) {
+        for (std::size_t i = 0; i < batch.m_voPixels.size(); ++i) {
+            const QPointF& oPoint = batch.m_voPixels[i];
+            if (batch.isSelected(i) != (ePart != Part::AllPoints) || !std::isfinite(oPoint.x()) ||
+                !std::isfinite(oPoint.y())) {
+                continue;
+            }
+            const SymbolLook look = batch.look(i);
+            drawPoint(pPainter, batch, i,
+                      ePart == Part::AllPoints      ? look
+                      : ePart == Part::SelectedHalo ? batch.haloLook(look)
+                                                    : PointBatch::selectedLook(look));
+        }
+    }
+    pPainter->restore();
+}
+
+} // namespace
+
+void PointPainter::draw(QPainter* pPainter, const PointBatch& batch)
+{
+    if (!pPainter || !pPainter->isActive() || batch.m_voPixels.empty()) {
+        return;
+    }
+    if (canWritePixels(*pPainter)) {
+        drawPixels(pPainter, batch);
+    } else {
+        drawOutlines(pPainter, batch);
+    }
+}
+
+void PointPainter::updateKept(const PointBatch& batch, const PointTarget& target)
+{
+    const std::uint64_t iFingerprint = batch.fingerprint();
+    if (!m_oKept.isNull() && m_oKeptTarget == target && m_iKeptFingerprint == iFingerprint) {
+        return;
+    }
+    m_oKept = QImage(); // freed before the new one is taken
+    PointLayer layer(batch, target, m_stencils);
+    layer.write(PointLayer::Part::AllPoints);
+    m_oKept = layer.picture();
+    m_oKeptTopLeft = layer.topLeft();
+    m_oKeptTarget = target;
+    m_iKeptFingerprint = iFingerprint;
+}
+
+void PointPainter::drawPixels(QPainter* pPainter, const PointBatch& batch)
+{
+    const PointTarget target = targetOf(*pPainter);
+    if (target.m_oRect.isEmpty()) {
+        return;
+    }
+    updateKept(batch, target);
+    drawPicture(pPainter, m_oKept, m_oKeptTopLeft);
+    if (batch.hasSelection()) {
+        PointLayer layer(batch, target, m_stencils);
+        layer.write(PointLayer::Part::Selected);
+        layer.write(PointLayer::Part::SelectedHalo);
+        drawPicture(pPainter, layer.picture(), layer.topLeft());
+    }
+}
+
+} // namespace gkBase

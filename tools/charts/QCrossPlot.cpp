@@ -1,0 +1,365 @@
+#include "QCrossPlot.h"
+
+#include "Fingerprint.h"
+#include "MatrixData.h"
+#include "MissingValue.h"
+#include "QCartesianAxisWidget.h"
+#include "QRelationshipItemModel.h"
+#include "SummaryStatistics.h"
+#include "UnitManager.h"
+
+#include <QAction>
+#include <QBitmap>
+#include <QCoreApplication>
+#include <QCursor>
+#include <QFile>
+#include <QPainter>
+
+#include <array>
+#include <cmath>
+#include <utility>
+
+namespace gkBase {
+
+namespace {
+
+/// Digits of slope, intercept and correlation.
+constexpr int g_iRegressionDigits = 5;
+
+QCursor crossCursor()
+{
+    const QString sCursor = QStringLiteral(":/gkBaseQt/Resources/CrossCursor.bmp");
+    const QString sMask = QStringLiteral(":/gkBaseQt/Resources/CrossCursorMask.bmp");
+    if (QFile::exists(sCursor) && QFile::exists(sMask)) {
+        return {QBitmap(sCursor), QBitmap(sMask)};
+    }
+    return Qt::CrossCursor;
+}
+
+/// Display value = model value · factor + offset, between the two values.
+std::pair<double, double> displayLine(const MatrixData* poNode, double dFrom, double dTo)
+{
+    const boost::shared_ptr<UnitManager> poUnit = poNode ? poNode->unitManager() : boost::shared_ptr<UnitManager>();
+    if (!poUnit || dFrom == dTo) {
+        return {1.0, 0.0};
+    }
+    const double dShown = poUnit->convertModelToDisplay(dFrom);
+    const double dFactor = (poUnit->convertModelToDisplay(dTo) - dShown) / (dTo - dFrom);
+    return {dFactor, dShown - dFactor * dFrom};
+}
+
+/// Model units; NaN where a number is missing.
+QPointF centroid(const MatrixDataArray& centroids, int iRow)
+{
+    const double dX = centroids.cell(iRow, 0);
+    const double dY = centroids.cell(iRow, 1);
+    return isMissing(dX) || isMissing(dY) ? QPointF(g_dEmptyCell, g_dEmptyCell) : QPointF(dX, dY);
+}
+
+QString digits(double dValue)
+{
+    return QString::number(dValue, 'g', g_iRegressionDigits);
+}
+
+} // namespace
+
+QCrossPlot::QCrossPlot(QWidget* pqParent, const QString& sName)
+    : QChartDrawingArea(pqParent, sName.isEmpty() ? tr("Cross Plot") : sName)
+    , m_dCursorY(g_dMissingValue)
+{
+    setMouseTracking(true);
+    setCursor(crossCursor());
+    createActions();
+}
+
+QCrossPlot::~QCrossPlot() = default;
+
+void QCrossPlot::createActions()
+{
+    const auto action = [this](const char* pText) {
+        return new QAction(QCoreApplication::translate("QCrossPlotWidget", pText), this);
+    };
+    m_pqRenameAction = action(QT_TRANSLATE_NOOP("QCrossPlotWidget", "Rename..."));
+    m_pqColorAction = action(QT_TRANSLATE_NOOP("QCrossPlotWidget", "Modify Colour..."));
+    m_pqOrientationAction = action(QT_TRANSLATE_NOOP("QCrossPlotWidget", "Modify Orientation"));
+    m_pqDeleteAction = action(QT_TRANSLATE_NOOP("QCrossPlotWidget", "Delete"));
+    connect(m_pqRenameAction, &QAction::triggered, this, &QCrossPlot::slotRenameSelected);
+    connect(m_pqColorAction, &QAction::triggered, this, &QCrossPlot::slotModifySelectedColor);
+    connect(m_pqOrientationAction, &QAction::triggered, this, &QCrossPlot::sendModifySelectedOrientation);
+    connect(m_pqDeleteAction, &QAction::triggered, this, &QCrossPlot::slotDeleteSelected);
+}
+
+// ---- settings -------------------------------------------------------------------------------------------------------
+
+void QCrossPlot::setRange(const QPointF& oA, const QPointF& oB)
+{
+    m_oA = oA;
+    m_oB = oB;
+    scheduleRedraw();
+}
+
+void QCrossPlot::setOrientationFlag(int iFlag)
+{
+    m_iOrientation = iFlag;
+    scheduleRedraw();
+}
+
+void QCrossPlot::setDataCreationType(int iType)
+{
+    m_iDataCreationType = iType;
+}
+
+double QCrossPlot::pickingEpsY() const
+{
+    return m_iPickingPixels * map().m_oY.valuesPerPixel();
+}
+
+void QCrossPlot::setPickingPixels(int iPixels)
+{
+    m_iPickingPixels = std::max(iPixels, 0);
+}
+
+void QCrossPlot::setShowRegressionLine(bool bShow)
+{
+    m_bShowRegression = bShow;
+    scheduleRedraw();
+}
+
+void QCrossPlot::setShow90PercentRange(bool bShow)
+{
+    m_bShow90PercentRange = bShow;
+    scheduleRedraw();
+}
+
+void QCrossPlot::setAxes(QCartesianAxisWidget* pqLeft, QCartesianAxisWidget* pqBottom)
+{
+    m_pqLeftAxis = pqLeft;
+    m_pqBottomAxis = pqBottom;
+}
+
+void QCrossPlot::setMessage(const QString& sMessage)
+{
+    m_sMessage = sMessage;
+    update();
+}
+
+void QCrossPlot::setCursorLine(double dY)
+{
+    m_dCursorY = dY;
+    update();
+}
+
+bool QCrossPlot::colorAttributeIsOn()
+{
+    return model() && model()->colorAttributeIsOn();
+}
+
+bool QCrossPlot::symbolAttributeIsOn()
+{
+    return model() && model()->symbolAttributeIsOn();
+}
+
+void QCrossPlot::verticalGridLinesChanged(QList<int> viPositions)
+{
+    m_viVerticalGridLines = std::move(viPositions);
+    scheduleRedraw();
+}
+
+void QCrossPlot::horizontalGridLinesChanged(QList<int> viPositions)
+{
+    m_viHorizontalGridLines = std::move(viPositions);
+    scheduleRedraw();
+}
+
+DepthLineField* QCrossPlot::structuralTops() const
+{
+    return model() ? model()->structuralTops() : nullptr;
+}
+
+// ---- layout ---------------------------------------------------------------------------------------------------------
+
+CrossPlotMap QCrossPlot::map() const
+{
+    return {m_oA, m_oB, m_iOrientation == 1, chartSize()};
+}
+
+QPointF QCrossPlot::transformInPixelPoint(const QPointF& oPoint)
+{
+    return map().toPixel(oPoint);
+}
+
+void QCrossPlot::transformPoints(std::span<const double> vdX, std::span<const double> vdY,
+                                 std::vector<QPointF>& voPixels)
+{
+    map().toPixels(vdX, vdY, voPixels);
+}
+
+QPointF QCrossPlot::transformInDataPoint(const QPointF& oPixel) const
+{
+    return map().toData(oPixel);
+}
+
+int QCrossPlot::recordAt(const QPointF& oPixel, double dDistance)
+{
+    return nearestPoint(pointPixels(), oPixel, dDistance);
+}
+
+void QCrossPlot::layoutChart()
+{
+    m_oPlotRect = QRectF(QPointF(0, 0), QSizeF(chartSize() - QSize(1, 1)));
+    layOutLines();
+    layOutRegression();
+    layOutRange();
+}
+
+void QCrossPlot::layOutLines()
+{
+    m_vLines.clear();
+    m_vDomains.clear();
+    if (!model()) {
+        return;
+    }
+    const CrossPlotMap oMap = map();
+    if (const DepthLineField* pBoundaries = model()->intervalFilter()) {
+        m_vLines = crossPlotDepthLines(*pBoundaries, oMap, chartSize());
+    }
+    if (const DepthLineField* pTops = structuralTops()) {
+        const std::vector<CrossPlotDepthLine> vTops = crossPlotDepthLines(*pTops, oMap, chartSize());
+        m_vLines.insert(m_vLines.end(), vTops.begin(), vTops.end());
+        m_vDomains = crossPlotDomains(*pTops, oMap, chartSize());
+    }
+}
+
+void QCrossPlot::layOutRegression()
+{
+    m_oRegression = QLineF();
+    m_sRegression.clear();
+    if (!m_bShowRegression || !model() || model()->numberOfValidPoints() == 0) {
+        return;
+    }
+    double dSlope = 0.0;
+    double dIntercept = 0.0;
+    double dCorrelation = 0.0;
+    model()->calculateRegressionLine(dSlope, dIntercept, dCorrelation);
+    if (dSlope == g_dMissingValue) {
+        m_sRegression = QCoreApplication::translate("QCrossPlotWidget", "The regression is not a function");
+        return;
+    }
+    m_oRegression = crossPlotLine(map(), dSlope, dIntercept);
+    // Shown in the units of the axes.
+    const auto [dXFactor, dXOffset] = displayLine(model()->nodeX(), m_oA.x(), m_oB.x());
+    const auto [dYFactor, dYOffset] = displayLine(model()->nodeY(), m_oA.y(), m_oB.y());
+    const double dShownSlope = dSlope * dYFactor / dXFactor;
+    const double dShownIntercept = dIntercept * dYFactor + dYOffset - dShownSlope * dXOffset;
+    m_sRegression = QStringLiteral("y=%1x%2%3\n R=%4")
+                        .arg(digits(dShownSlope), dShownIntercept < 0.0 ? QString() : QStringLiteral("+"),
+                             digits(dShownIntercept), digits(dCorrelation));
+}
+
+void QCrossPlot::layOutRange()
+{
+    if (!m_bShow90PercentRange || !model() || model()->numberOfValidPoints() == 0) {
+        m_iRangeKey = 0;
+        return;
+    }
+    Fingerprint print;
+    print.add(model()->x());
+    print.add(model()->y());
+    if (std::exchange(m_iRangeKey, print.value() | 1U) == m_iRangeKey) {
+        return;
+    }
+    constexpr std::array vdPercents{5.0, 95.0};
+    const std::vector<double> vdX = quantiles(RecordValues(model()->x()), vdPercents);
+    const std::vector<double> vdY = quantiles(RecordValues(model()->y()), vdPercents);
+    m_oRange = {vdX[0], vdX[1], vdY[0], vdY[1]};
+}
+
+// ---- drawing --------------------------------------------------------------------------------------------------------
+
+CrossPlotStyle QCrossPlot::style() const
+{
+    return {m_oBackgroundColor, m_oLabelColor, m_oLineColor, m_oGridColor, linePixelSize()};
+}
+
+void QCrossPlot::drawChart(QPainter& painter)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    drawCrossPlotDomains(painter, m_vDomains);
+    if (gridIsOn()) {
+        drawCrossPlotGrid(painter, m_viVerticalGridLines, m_viHorizontalGridLines, m_oPlotRect, style());
+    }
+    drawUnderPoints(painter);
+    drawPoints(&painter);
+    drawCrossPlotDepthLines(painter, m_vLines, m_oPlotRect, style());
+    if (m_iRangeKey != 0) {
+        drawCrossPlotRange(painter, m_oRange, map(), m_oPlotRect, style());
+    }
+    drawCrossPlotRegression(painter, m_oRegression, style());
+    drawCentroidsOfClusters(painter);
+    drawOverPoints(painter);
+    painter.setPen(QPen(m_oGridColor, 1.0));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(m_oPlotRect);
+    painter.restore();
+}
+
+void QCrossPlot::drawCentroidsOfClusters(QPainter& painter)
+{
+    const MatrixDataArray* poCentroids = model() ? model()->clusterCentroids() : nullptr;
+    if (!poCentroids || !clusterPoleCentroidsOn()) {
+        return;
+    }
+    QPolygonF centroids;
+    for (int iRow = 0; iRow < poCentroids->arrayRows(); ++iRow) {
+        const QPointF oPixel = transformInPixelPoint(centroid(*poCentroids, iRow));
+        if (std::isfinite(oPixel.x()) && std::isfinite(oPixel.y())) {
+            centroids << oPixel;
+        }
+    }
+    drawCentroids(&painter, centroids, readableColor(m_oLineColor, m_oBackgroundColor, m_oLabelColor));
+}
+
+void QCrossPlot::drawUnderPoints(QPainter&) {}
+
+void QCrossPlot::drawOverPoints(QPainter&) {}
+
+void QCrossPlot::drawAxis(QPainter& painter, QRect oVisibleArea)
+{
+    if (m_pqLeftAxis) {
+        m_pqLeftAxis->drawAxis(painter, oVisibleArea);
+    }
+    if (m_pqBottomAxis) {
+        m_pqBottomAxis->drawAxis(painter, oVisibleArea);
+    }
+}
+
+void QCrossPlot::drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea)
+{
+    drawCrossPlotLabels(painter, m_vLines, oVisibleArea, style());
+    if (!m_sRegression.isEmpty()) {
+        drawCrossPlotText(painter, m_sRegression, m_oRegression, oVisibleArea, style());
+    }
+    if (!isMissing(m_dCursorY)) {
+        drawCrossPlotCursorLine(painter, map().m_oY.toPixel(m_dCursorY), oVisibleArea, style());
+    }
+    if (!m_sMessage.isEmpty()) {
+        drawCrossPlotMessage(painter, m_sMessage, oVisibleArea, style());
+    }
+    if (!m_vSelectionPath.isEmpty()) {
+        drawCrossPlotLasso(painter, QPolygonF(m_vSelectionPath),
+                           QCoreApplication::translate("QCrossPlotWidget", "Select an Area"), oVisibleArea, style());
+    }
+}
+
+void QCrossPlot::renderWithGrid(QPainter& painter, const QRect& oTarget, const QList<int>& viVertical,
+                                const QList<int>& viHorizontal)
+{
+    const QList<int> viOwnVertical = std::exchange(m_viVerticalGridLines, viVertical);
+    const QList<int> viOwnHorizontal = std::exchange(m_viHorizontalGridLines, viHorizontal);
+    renderTo(painter, oTarget);
+    m_viVerticalGridLines = viOwnVertical;
+    m_viHorizontalGridLines = viOwnHorizontal;
+}
+
+} // namespace gkBase

@@ -1,0 +1,308 @@
+// Gestures of the cross plot: selection by an outline, picking and moving of lines, context menu, tool tips.
+
+#include "MatrixData.h"
+#include "MissingValue.h"
+#include "PolygonMask.h"
+#include "QCrossPlot.h"
+#include "QRelationshipItemModel.h"
+#include "UnitManager.h"
+
+#include <QAction>
+#include <QColorDialog>
+#include <QCoreApplication>
+#include <QHelpEvent>
+#include <QInputDialog>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QToolTip>
+
+#include <algorithm>
+#include <utility>
+
+namespace gkBase {
+
+namespace {
+
+/// "Name: 12.5 m"
+QString valueLine(const MatrixData* poNode, double dValue)
+{
+    if (!poNode) {
+        return {};
+    }
+    const boost::shared_ptr<UnitManager> poUnit = poNode->unitManager();
+    const QString sValue = poUnit ? QString::number(poUnit->convertModelToDisplay(dValue), 'f', poUnit->precision())
+                                  : QString::number(dValue, 'g', 8);
+    const QString sUnit = poUnit ? poUnit->getDisplayUnitTag() : QString();
+    return QStringLiteral("%1: %2 %3").arg(poNode->name(), sValue, sUnit).trimmed();
+}
+
+} // namespace
+
+QPointF QCrossPlot::chartPixel(const QPointF& oPosition) const
+{
+    return oPosition + pixmapRect().topLeft();
+}
+
+// ---- buttons --------------------------------------------------------------------------------------------------------
+
+void QCrossPlot::mousePressEvent(QMouseEvent* pEvent)
+{
+    if (pEvent->button() == Qt::RightButton || m_eButton != Qt::NoButton) {
+        return;
+    }
+    m_eButton = pEvent->button();
+    beginSelection(*pEvent);
+    setMousePickingPos(pEvent->position());
+    if (m_iDataCreationType == IntervalBoundaryRemoval) {
+        removeBoundary(pEvent->position());
+    } else if (m_iDataCreationType == StructuralTopCreation) {
+        pickLines(pEvent->position(), m_bAdding);
+    } else {
+        m_vSelectionPath = {pEvent->position()};
+    }
+    m_bMovingTops = m_bTopsMovable;
+    m_bTopsMoved = false;
+    m_oLastMove = transformInDataPoint(chartPixel(pEvent->position()));
+    update();
+}
+
+void QCrossPlot::mouseMoveEvent(QMouseEvent* pEvent)
+{
+    const QPointF oPosition = pEvent->position();
+    setMousePickingPos(oPosition);
+    if (oPosition.x() != g_dMissingValue && !m_vSelectionPath.isEmpty() &&
+        oPosition.toPoint() != m_vSelectionPath.last().toPoint()) {
+        m_vSelectionPath << oPosition;
+        update();
+    }
+    emit cursorPos(transformInDataPoint(chartPixel(oPosition)));
+    if (m_bMovingTops && m_iDataCreationType == StructuralTopCreation) {
+        moveLines(oPosition);
+    }
+}
+
+void QCrossPlot::mouseReleaseEvent(QMouseEvent* pEvent)
+{
+    if (pEvent->button() != m_eButton) {
+        return;
+    }
+    m_eButton = Qt::NoButton;
+    m_bMovingTops = false;
+    if (std::exchange(m_bTopsMoved, false)) {
+        emit sendMoveSelectedUpdateStop();
+    }
+    if (!m_vSelectionPath.isEmpty()) {
+        selectOutline();
+    } else if (!m_viSelectedBefore.empty() && !m_bAdding) {
+        tellSelection();
+    }
+    m_viSelectedBefore.clear();
+}
+
+void QCrossPlot::leaveEvent(QEvent* pEvent)
+{
+    setMousePickingPos(QPointF(g_dMissingValue, g_dMissingValue));
+    emit cursorPos(mousePickingPos());
+    emit crossPlotLeaveEvent(pEvent);
+    QChartDrawingArea::leaveEvent(pEvent);
+}
+
+// ---- selection ------------------------------------------------------------------------------------------------------
+
+void QCrossPlot::beginSelection(const QMouseEvent& event)
+{
+    // Ctrl alone adds to what is selected.
+    m_bAdding = event.modifiers() == Qt::ControlModifier;
+    m_viSelectedBefore.clear();
+    if (!model() || model()->numberOfSelectedPoints() == 0) {
+        return;
+    }
+    m_viSelectedBefore = model()->selectedRecords();
+    if (!m_bAdding) {
+        model()->clearSelection();
+        scheduleRedraw();
+    }
+}
+
+void QCrossPlot::selectOutline()
+{
+    const QVector<QPointF> voOutline = std::exchange(m_vSelectionPath, {});
+    update();
+    if (!model()) {
+        return;
+    }
+    const std::vector<QPointF>& voPixels = pointPixels();
+    std::vector<unsigned char> vbMask(voPixels.size());
+    const QPointF oOffset = pixmapRect().topLeft();
+    if (distinctCorners(voOutline) < 3) {
+        const int iReach = std::max(m_iPickingPixels, model()->pointPixelSize());
+        const int iRecord = recordAt(voOutline.last() + oOffset, iReach);
+        if (iRecord >= 0) {
+            vbMask[static_cast<std::size_t>(iRecord)] = 1;
+        }
+    } else {
+        const CrossPlotOutline outline = crossPlotOutline(voOutline, oOffset);
+        const PolygonMask mask(outline.m_vdX, outline.m_vdY);
+        std::transform(voPixels.begin(), voPixels.end(), vbMask.begin(), [&mask](const QPointF& oPixel) {
+            return static_cast<unsigned char>(mask.contains(oPixel.x(), oPixel.y()));
+        });
+    }
+    model()->selectPoints(vbMask, m_bAdding);
+    tellSelection();
+}
+
+void QCrossPlot::cancelOutline()
+{
+    m_vSelectionPath.clear();
+    if (model() && !m_bAdding) {
+        model()->setSelectedRecords(m_viSelectedBefore);
+    }
+    m_viSelectedBefore.clear();
+    m_eButton = Qt::NoButton;
+    scheduleRedraw();
+}
+
+void QCrossPlot::tellSelection()
+{
+    scheduleRedraw();
+    if (model()) {
+        emit dataPointsSelection(model()->selection(), model()->numberOfPoints());
+    }
+}
+
+// ---- lines ----------------------------------------------------------------------------------------------------------
+
+void QCrossPlot::pickLines(const QPointF& oPosition, bool bAdd)
+{
+    const QPointF oData = transformInDataPoint(chartPixel(oPosition));
+    DepthLineField* pTops = structuralTops();
+    const std::vector<int> viLines = pTops ? pTops->pickHorizontalLines(oData, pickingEpsY()) : std::vector<int>();
+    if (viLines.empty()) {
+        emit sendInsertScatUpdate(oData);
+        return;
+    }
+    // A press on a line that is picked already drags all picked ones.
+    const bool bPicked = std::any_of(viLines.begin(), viLines.end(), [pTops](int i) { return pTops->isSelected(i); });
+    if (!bAdd && !bPicked) {
+        pTops->deselectAll();
+    }
+    pTops->setSelected(viLines);
+    scheduleRedraw();
+    emit sendScatPickPos(viLines);
+}
+
+void QCrossPlot::removeBoundary(const QPointF& oPosition)
+{
+    const QPointF oData = transformInDataPoint(chartPixel(oPosition));
+    if (model() && model()->eraseIntervalBoundary(oData, pickingEpsY())) {
+        scheduleRedraw();
+        emit intervalBoundariesChanged();
+    }
+}
+
+void QCrossPlot::moveLines(const QPointF& oPosition)
+{
+    DepthLineField* pTops = structuralTops();
+    const QPointF oData = transformInDataPoint(chartPixel(oPosition));
+    // The step since the last move, so that lines keep their distances.
+    const QPointF oStep = oData - std::exchange(m_oLastMove, oData);
+    if (!pTops || !pTops->isSomethingSelected() || oStep == QPointF()) {
+        return;
+    }
+    pTops->moveSelectedLines(oStep);
+    m_bTopsMoved = true;
+    scheduleRedraw();
+    emit sendMoveSelectedUpdate(oStep);
+}
+
+// ---- keys and menu --------------------------------------------------------------------------------------------------
+
+void QCrossPlot::keyPressEvent(QKeyEvent* pEvent)
+{
+    const bool bLines = structuralTops() && structuralTops()->isSomethingSelected();
+    if (pEvent->key() == Qt::Key_Escape && !m_vSelectionPath.isEmpty()) {
+        cancelOutline();
+    } else if (pEvent->key() == Qt::Key_Delete && bLines) {
+        slotDeleteSelected();
+    } else {
+        QChartDrawingArea::keyPressEvent(pEvent);
+    }
+}
+
+void QCrossPlot::addToContextMenuEvent(QMenu* pqMenu)
+{
+    if (!pqMenu || !structuralTops() || !structuralTops()->isSomethingSelected()) {
+        return;
+    }
+    pqMenu->addSeparator();
+    pqMenu->addActions({m_pqRenameAction, m_pqColorAction, m_pqOrientationAction, m_pqDeleteAction});
+}
+
+void QCrossPlot::slotDeleteSelected()
+{
+    emit sendDeleteSelectedUpdate();
+}
+
+void QCrossPlot::slotRenameSelected()
+{
+    const auto text = [](const char* pText) { return QCoreApplication::translate("QCrossPlotWidget", pText); };
+    bool bAccepted = false;
+    const QString sName =
+        QInputDialog::getText(this, text("Rename"), text("New Name"), QLineEdit::Normal, text("Horizon"), &bAccepted);
+    if (bAccepted) {
+        emit sendScatUpdate(sName);
+    }
+}
+
+void QCrossPlot::slotModifySelectedColor()
+{
+    const DepthLineField* pTops = structuralTops();
+    const std::vector<int> viLines = pTops ? pTops->selectedLines() : std::vector<int>();
+    const QColor oPresent =
+        viLines.empty() ? QColor(Qt::red) : pTops->lineColors()[static_cast<std::size_t>(viLines.front())];
+    const QColor oColor = QColorDialog::getColor(oPresent, this);
+    if (oColor.isValid()) {
+        emit sendScatUpdate(oColor);
+    }
+}
+
+// ---- tool tips ------------------------------------------------------------------------------------------------------
+
+QString QCrossPlot::pointToolTip(int iRecord) const
+{
+    if (!model() || !model()->isValid(iRecord)) {
+        return {};
+    }
+    const auto i = static_cast<std::size_t>(iRecord);
+    QStringList lLines{valueLine(model()->nodeX(), model()->x()[i]), valueLine(model()->nodeY(), model()->y()[i])};
+    if (model()->colorAttributeIsOn() && model()->colorAttribute()) {
+        lLines << QStringLiteral("%1: %2").arg(model()->colorAttribute()->name(),
+                                               model()->getColorName(model()->colorClasses().id(iRecord)));
+    }
+    if (model()->symbolAttributeIsOn() && model()->symbolAttribute()) {
+        const RelationshipClasses& classes = model()->symbolClasses();
+        lLines << QStringLiteral("%1: %2").arg(model()->symbolAttribute()->name(),
+                                               classes.names().value(classes.id(iRecord)).toString());
+    }
+    // Records are counted from 1, as in the table.
+    lLines << tr("Record %1").arg(iRecord + 1);
+    lLines.removeAll(QString());
+    return lLines.join(QLatin1Char('\n'));
+}
+
+bool QCrossPlot::event(QEvent* pEvent)
+{
+    if (pEvent->type() != QEvent::ToolTip) {
+        return QChartDrawingArea::event(pEvent);
+    }
+    const auto* pHelp = static_cast<QHelpEvent*>(pEvent);
+    const int iReach = std::max(m_iPickingPixels, model() ? model()->pointPixelSize() : 0);
+    const QString sText = pointToolTip(recordAt(chartPixel(pHelp->pos()), iReach));
+    // Names and units come from files; the tip shows them as they are.
+    QToolTip::showText(pHelp->globalPos(), sText.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>")),
+                       this);
+    return true;
+}
+
+} // namespace gkBase
