@@ -6,10 +6,14 @@ program=$1
 folder=$2
 mkdir -p "$folder"
 
+picture() { # FILE CHART ATTRIBUTE
+    local picture="$folder/$(basename "${1%.*}")-$2-$(tr -c '[:alnum:]\n' '_' <<<"$3").png"
+    "$program" render "$1" --chart "$2" --attribute "$3" --out "$picture"
+    echo "== $(basename "$1"), $2: $picture"
+}
+
 draw() { # FILE ATTRIBUTE
-    local picture="$folder/$(basename "${1%.*}")-histogram-$(tr -c '[:alnum:]\n' '_' <<<"$2").png"
-    "$program" render "$1" --chart histogram --attribute "$2" --out "$picture"
-    echo "== $(basename "$1"), histogram: $picture"
+    picture "$1" histogram "$2"
     "$program" stats "$1" --attribute "$2"
 }
 
@@ -19,3 +23,5 @@ draw samples/fractures.csv dip
 draw samples/lineations.csv plunge
 draw samples/logs.las GR
 draw samples/logs.las RHOB
+picture samples/fractures.csv barchart set
+picture samples/logs.las probability RHOB

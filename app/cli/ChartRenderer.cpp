@@ -2,6 +2,7 @@
 
 #include <gkBase/MissingValue.h>
 #include <gkBase/QHistogramChartWidget.h>
+#include <gkBase/QTRNBarChartWidget.h>
 
 #include <QCoreApplication>
 
@@ -27,6 +28,21 @@ int choice(const CommandInput& input, const QString& sOption, const QStringList&
     return static_cast<int>(i);
 }
 
+/// 0 for white, 1 for black.
+int background(const CommandInput& input, std::optional<CommandResult>& oError)
+{
+    return choice(input, QStringLiteral("background"), {QStringLiteral("white"), QStringLiteral("black")}, oError);
+}
+
+template <typename Panel>
+std::optional<CommandResult> exported(Panel& panel, const QString& sPath, const QSize& oSize)
+{
+    QString sError;
+    if (!panel.exportChart(sPath, oSize, &sError))
+        return CommandResult::badInput(sError);
+    return std::nullopt;
+}
+
 void addHistogramOptions(QCommandLineParser& parser)
 {
     parser.addOptions(
@@ -42,8 +58,7 @@ std::optional<CommandResult> renderHistogram(CommandInput& input, const QString&
     const int iType =
         choice(input, QStringLiteral("type"),
                {QStringLiteral("frequency"), QStringLiteral("relative"), QStringLiteral("cumulative")}, oError);
-    const int iBackground =
-        choice(input, QStringLiteral("background"), {QStringLiteral("white"), QStringLiteral("black")}, oError);
+    const int iBackground = background(input, oError);
     if (!oError)
         oError = input.load();
     if (oError)
@@ -59,10 +74,75 @@ std::optional<CommandResult> renderHistogram(CommandInput& input, const QString&
     if (oInterval)
         panel.setIntervalSize(*oInterval);
     panel.setBlackBackground(iBackground == 1);
-    QString sError;
-    if (!panel.exportChart(sPath, oSize, &sError))
-        return CommandResult::badInput(sError);
-    return std::nullopt;
+    return exported(panel, sPath, oSize);
+}
+
+void addBarChartOptions(QCommandLineParser& parser)
+{
+    parser.addOptions(
+        {{QStringLiteral("attribute"), text("The attribute whose classes are counted."), QStringLiteral("NAME")},
+         {QStringLiteral("interval"), text("Class size of numbers in model units; chosen when absent."),
+          QStringLiteral("X")},
+         {QStringLiteral("type"), text("count or percent."), QStringLiteral("TYPE")},
+         {QStringLiteral("sort"), text("name, value or count."), QStringLiteral("ORDER")},
+         {QStringLiteral("no-missing"), text("No bar for records without a value.")}});
+}
+
+std::optional<CommandResult> renderBarChart(CommandInput& input, const QString& sPath, const QSize& oSize)
+{
+    std::optional<CommandResult> oError = input.require(QStringLiteral("attribute"));
+    const auto oInterval = input.positiveNumber(QStringLiteral("interval"), oError);
+    const int iType =
+        choice(input, QStringLiteral("type"), {QStringLiteral("count"), QStringLiteral("percent")}, oError);
+    const int iOrder = choice(input, QStringLiteral("sort"),
+                              {QStringLiteral("name"), QStringLiteral("value"), QStringLiteral("count")}, oError);
+    const int iBackground = background(input, oError);
+    if (!oError)
+        oError = input.load();
+    if (oError)
+        return oError;
+    const QString sAttribute = input.value(QStringLiteral("attribute"));
+    gkBase::MatrixData* poAttribute =
+        oInterval ? input.numericAttribute(sAttribute, oError) : input.attribute(sAttribute, oError);
+    if (!poAttribute)
+        return oError;
+
+    gkBase::QTRNBarChartWidget panel;
+    panel.setDataRoot(&input.root());
+    panel.setDataSet(poAttribute);
+    if (oInterval)
+        panel.setIntervalSize(*oInterval);
+    panel.setPercent(iType == 1);
+    panel.setOrder(static_cast<gkBase::BarDiagramClasses::Order>(iOrder));
+    panel.setShowMissing(!input.isSet(QStringLiteral("no-missing")));
+    panel.setBlackBackground(iBackground == 1);
+    return exported(panel, sPath, oSize);
+}
+
+void addProbabilityOptions(QCommandLineParser& parser)
+{
+    parser.addOption(
+        {QStringLiteral("attribute"), text("The attribute whose values are plotted."), QStringLiteral("NAME")});
+}
+
+std::optional<CommandResult> renderProbability(CommandInput& input, const QString& sPath, const QSize& oSize)
+{
+    std::optional<CommandResult> oError = input.require(QStringLiteral("attribute"));
+    const int iBackground = background(input, oError);
+    if (!oError)
+        oError = input.load();
+    if (oError)
+        return oError;
+    gkBase::MatrixData* poAttribute = input.numericAttribute(input.value(QStringLiteral("attribute")), oError);
+    if (!poAttribute)
+        return oError;
+
+    gkBase::QHistogramChartWidget panel;
+    panel.setDataRoot(&input.root());
+    panel.setHistogramType(gkBase::QHistogramChartWidget::s_iNormalProbability);
+    panel.setDataSet(poAttribute);
+    panel.setBlackBackground(iBackground == 1);
+    return exported(panel, sPath, oSize);
 }
 
 } // namespace
@@ -71,6 +151,8 @@ const std::vector<ChartRenderer>& chartRenderers()
 {
     static const std::vector<ChartRenderer> vRenderers = {
         {QStringLiteral("histogram"), addHistogramOptions, renderHistogram},
+        {QStringLiteral("barchart"), addBarChartOptions, renderBarChart},
+        {QStringLiteral("probability"), addProbabilityOptions, renderProbability},
     };
     return vRenderers;
 }

@@ -201,6 +201,9 @@ private slots:
         QTest::newRow("unknown type") << QStringList{"render", sEven,    "--chart", "histogram", "--attribute",
                                                      "Value",  "--type", "x",       "--out",     sOut}
                                       << 2;
+        QTest::newRow("interval of texts") << QStringList{"render", sEven,        "--chart", "barchart", "--attribute",
+                                                          "Set",    "--interval", "2",       "--out",    sOut}
+                                           << 1;
         QTest::newRow("unknown format") << QStringList{"render",      sEven,   "--chart", "histogram",
                                                        "--attribute", "Value", "--out",   path("x.gif")}
                                         << 2;
@@ -245,20 +248,29 @@ private slots:
 
     void renderWritesEveryFormat_data()
     {
+        QTest::addColumn<QStringList>("chart");
         QTest::addColumn<QString>("file");
         QTest::addColumn<QByteArray>("start");
-        QTest::newRow("png") << path("h.png") << QByteArray("\x89PNG");
-        QTest::newRow("svg") << path("h.svg") << QByteArray("<?xml");
-        QTest::newRow("pdf") << path("h.pdf") << QByteArray("%PDF");
+        const QStringList lHistogram{"histogram", "--attribute", "Value", "--interval", "5", "--type", "relative"};
+        const QStringList lBars{"barchart", "--attribute", "Set", "--type", "percent", "--sort", "count"};
+        const QStringList lProbability{"probability", "--attribute", "Value"};
+        QTest::newRow("png") << lHistogram << path("h.png") << QByteArray("\x89PNG");
+        QTest::newRow("svg") << lHistogram << path("h.svg") << QByteArray("<?xml");
+        QTest::newRow("pdf") << lHistogram << path("h.pdf") << QByteArray("%PDF");
+        QTest::newRow("bars png") << lBars << path("b.png") << QByteArray("\x89PNG");
+        QTest::newRow("bars svg") << lBars << path("b.svg") << QByteArray("<?xml");
+        QTest::newRow("probability png") << lProbability << path("p.png") << QByteArray("\x89PNG");
+        QTest::newRow("probability pdf") << lProbability << path("p.pdf") << QByteArray("%PDF");
     }
 
     void renderWritesEveryFormat()
     {
+        QFETCH(QStringList, chart);
         QFETCH(QString, file);
         QFETCH(QByteArray, start);
-        const CommandResult result =
-            run({"render", path("even.csv"), "--chart", "histogram", "--attribute", "Value", "--interval", "5",
-                 "--type", "relative", "--background", "black", "--size", "640x480", "--out", file});
+        const CommandResult result = run(QStringList{"render", path("even.csv"), "--background", "black", "--size",
+                                                     "640x480", "--out", file, "--chart"} +
+                                         chart);
         QCOMPARE(result.m_sMessage, QString());
         QFile picture(file);
         QVERIFY(picture.open(QIODevice::ReadOnly));

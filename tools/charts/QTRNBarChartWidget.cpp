@@ -101,6 +101,11 @@ void QTRNBarChartWidget::setOrder(BarDiagramClasses::Order eOrder)
     arrangeBars();
 }
 
+void QTRNBarChartWidget::setShowMissing(bool bShow)
+{
+    m_pqShowMissing->setChecked(bShow);
+}
+
 void QTRNBarChartWidget::setIntervalSize(double dIntervalSize)
 {
     m_dInterval = dIntervalSize > 0.0 ? dIntervalSize : 0.0;

@@ -58,6 +58,8 @@ public:
     /// Per cent of the bars, or counts.
     void setPercent(bool bPercent);
     void setOrder(BarDiagramClasses::Order eOrder);
+    /// A bar for the records without a value.
+    void setShowMissing(bool bShow);
     /// Width of the classes in model units; anything not above 0 makes a class of each distinct value. Rebuilds.
     void setIntervalSize(double dIntervalSize);
     /// White texts on black, or black texts on white.
