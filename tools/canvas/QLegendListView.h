@@ -60,7 +60,7 @@ signals:
 
 protected:
     void mouseReleaseEvent(QMouseEvent* pEvent) override;
-    void keyPressEvent(QKeyEvent* pEvent) override;
+    void contextMenuEvent(QContextMenuEvent* pEvent) override;
     void selectionChanged(const QItemSelection& oSelected, const QItemSelection& oDeselected) override;
 
 private slots:
