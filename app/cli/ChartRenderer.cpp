@@ -1,6 +1,7 @@
 #include "ChartRenderer.h"
 
 #include <gkBase/MissingValue.h>
+#include <gkBase/QDepthPlotWidget.h>
 #include <gkBase/QHistogramChartWidget.h>
 #include <gkBase/QTRNBarChartWidget.h>
 
@@ -145,6 +146,45 @@ std::optional<CommandResult> renderProbability(CommandInput& input, const QStrin
     return exported(panel, sPath, oSize);
 }
 
+void addDepthPlotOptions(QCommandLineParser& parser)
+{
+    parser.addOptions(
+        {{QStringLiteral("depth"), text("The depth."), QStringLiteral("NAME")},
+         {QStringLiteral("tracks"), text("Attributes for curves, from left to right."), QStringLiteral("A,B,…")},
+         {QStringLiteral("tadpoles"), text("Dip and azimuth of a tadpole track."), QStringLiteral("DIP,AZIMUTH")}});
+}
+
+std::optional<CommandResult> renderDepthPlot(CommandInput& input, const QString& sPath, const QSize& oSize)
+{
+    std::optional<CommandResult> oError = input.require(QStringLiteral("depth"));
+    const int iBackground = background(input, oError);
+    const QStringList lTracks = input.names(QStringLiteral("tracks"));
+    const QStringList lTadpoles = input.names(QStringLiteral("tadpoles"));
+    if (!oError && lTracks.isEmpty() && lTadpoles.isEmpty())
+        oError = CommandResult::badUsage(text("--tracks or --tadpoles must be given"));
+    if (!oError && !lTadpoles.isEmpty() && lTadpoles.size() != 2)
+        oError = CommandResult::badUsage(text("--tadpoles takes a dip and an azimuth"));
+    if (!oError)
+        oError = input.load();
+    if (oError)
+        return oError;
+    const std::vector<gkBase::MatrixData*> vpAttributes =
+        input.numericAttributes(QStringList{input.value(QStringLiteral("depth"))} + lTadpoles + lTracks, oError);
+    if (vpAttributes.empty())
+        return oError;
+
+    const auto vpTracks = vpAttributes.begin() + 1 + lTadpoles.size();
+    gkBase::QDepthPlotWidget panel;
+    panel.setDataRoot(&input.root());
+    panel.chooseDataSet(vpAttributes.front());
+    panel.setDepthAttribute(vpAttributes.front());
+    panel.setTracks({vpTracks, vpAttributes.end()});
+    if (!lTadpoles.isEmpty())
+        panel.setTadpoles(vpAttributes[1], vpAttributes[2]);
+    panel.setBlackBackground(iBackground == 1);
+    return exported(panel, sPath, oSize);
+}
+
 } // namespace
 
 const std::vector<ChartRenderer>& chartRenderers()
@@ -153,6 +193,7 @@ const std::vector<ChartRenderer>& chartRenderers()
         {QStringLiteral("histogram"), addHistogramOptions, renderHistogram},
         {QStringLiteral("barchart"), addBarChartOptions, renderBarChart},
         {QStringLiteral("probability"), addProbabilityOptions, renderProbability},
+        {QStringLiteral("depthplot"), addDepthPlotOptions, renderDepthPlot},
     };
     return vRenderers;
 }

@@ -1,5 +1,6 @@
 #include "ChartFrame.h"
 
+#include "AxisCopy.h"
 #include "ElidedLabel.h"
 
 #include <QEvent>
@@ -34,25 +35,6 @@ QScrollBar* newPercentBar(Qt::Orientation eOrientation, const QString& sName)
     pqBar->setAccessibleName(sName);
     pqBar->hide();
     return pqBar;
-}
-
-/// The same axis for a whole chart of another length, never shown.
-std::unique_ptr<QCartesianAxisWidget> axisOfLength(const QCartesianAxisWidget& oAxis, int iLength)
-{
-    auto pqAxis = std::make_unique<QCartesianAxisWidget>(oAxis.position(), nullptr);
-    pqAxis->setFont(oAxis.font());
-    pqAxis->setTitle(oAxis.title());
-    pqAxis->setDrawTitle(oAxis.drawTitle());
-    pqAxis->setLabelOrientation(oAxis.labelOrientation());
-    pqAxis->setUnitManager(oAxis.unitManager());
-    pqAxis->setInverted(oAxis.isInverted());
-    pqAxis->setWholeNumbers(oAxis.wholeNumbers());
-    pqAxis->setFixedTicks(oAxis.fixedTicks());
-    pqAxis->setRange(oAxis.minValue(), oAxis.maxValue());
-    const bool bVertical = oAxis.orientation() == Qt::Vertical;
-    pqAxis->resize(bVertical ? 1 : iLength, bVertical ? iLength : 1);
-    pqAxis->redraw(); // a hidden widget gets no resize event
-    return pqAxis;
 }
 
 } // namespace

@@ -1,0 +1,622 @@
+#include "QDepthPlotWidget.h"
+
+#include "AttributeChooser.h"
+#include "ChartDisplayPage.h"
+#include "ChartExporter.h"
+#include "DepthDecimationPage.h"
+#include "DepthIntervalPage.h"
+#include "DepthTrackEditor.h"
+#include "MatrixData.h"
+#include "MatrixDataNotifier.h"
+#include "MissingValue.h"
+#include "QDepthTrackArea.h"
+#include "QRelationshipItemModel.h"
+#include "QUnitLineEdit.h"
+#include "UnitManager.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QPainter>
+#include <QSettings>
+#include <QSignalBlocker>
+
+#include <algorithm>
+#include <utility>
+
+namespace gkBase {
+
+namespace {
+
+/// More curves than this are hard to read side by side; the user adds them.
+constexpr std::size_t g_iFirstTracks = 8;
+const QString g_sTadpoles = QStringLiteral("Tadpoles"); ///< key of their looks
+const QString g_sVisibility = QStringLiteral("$V");
+
+MatrixData* dataSetOf(MatrixData* poData)
+{
+    return poData && poData->isAttribute() ? poData->parentNode() : poData;
+}
+
+QString keyOf(const DepthTrack& track)
+{
+    return track.m_eKind == DepthTrack::Tadpoles ? g_sTadpoles : track.name();
+}
+
+} // namespace
+
+// ---- data -----------------------------------------------------------------------------------------------------------
+
+void QDepthPlotWidget::setDataRoot(MatrixData* poRoot)
+{
+    if (!(m_poRoot == poRoot)) {
+        if (m_poRoot)
+            m_poRoot->notifier()->disconnect(this);
+        m_poRoot = MatrixDataPointer(poRoot);
+        m_pqArea->lines()->setDataRoot(poRoot);
+        m_viSelectedRecords.clear();
+        if (poRoot) {
+            MatrixDataNotifier* pqNotifier = poRoot->notifier();
+            connect(pqNotifier, &MatrixDataNotifier::nodeAboutToBeRemoved, this,
+                    &QDepthPlotWidget::slotNodeAboutToBeRemoved);
+            connect(pqNotifier, &MatrixDataNotifier::rootAboutToBeDestroyed, this,
+                    &QDepthPlotWidget::slotRootAboutToBeDestroyed);
+        }
+        setDataSet(nullptr);
+    }
+    updateDataSetSelectionBox();
+}
+
+void QDepthPlotWidget::setDataSet(MatrixData* poData)
+{
+    chooseDataSet(poData);
+    updateDepthPlot();
+}
+
+void QDepthPlotWidget::chooseDataSet(MatrixData* poData)
+{
+    rememberLooks();
+    MatrixData* poDataSet = dataSetOf(poData);
+    m_poDataSet = MatrixDataPointer(poDataSet);
+    m_poDepth = MatrixDataPointer(poDataSet ? poDataSet->depthAttribute() : nullptr);
+    m_vTracks = defaultTracks();
+    m_viSelectedRecords.clear();
+    m_pqArea->lines()->deleteIntervalBoundaries();
+    m_bRebuild = true;
+    updateDataSetSelectionBox();
+}
+
+void QDepthPlotWidget::setDepthAttribute(MatrixData* poDepth)
+{
+    m_poDepth = MatrixDataPointer(isNumericAttribute(poDepth) ? poDepth : nullptr);
+    m_pqArea->lines()->deleteIntervalBoundaries();
+    m_bRebuild = true;
+    updateDepthPlot();
+}
+
+void QDepthPlotWidget::setTracks(const std::vector<MatrixData*>& vpAttributes)
+{
+    rememberLooks();
+    std::vector<DepthTrack> vTracks;
+    for (MatrixData* poAttribute : vpAttributes) {
+        if (isNumericAttribute(poAttribute) && poAttribute->recordCount() <= numberOfRecords())
+            vTracks.push_back(curveWithLooks(poAttribute));
+    }
+    setDepthTracks(vTracks);
+}
+
+void QDepthPlotWidget::setTadpoles(MatrixData* poDip, MatrixData* poAzimuth)
+{
+    std::vector<DepthTrack> vTracks = m_vTracks;
+    std::erase_if(vTracks, [](const DepthTrack& track) { return track.m_eKind == DepthTrack::Tadpoles; });
+    if (isNumericAttribute(poDip) && isNumericAttribute(poAzimuth)) {
+        DepthTrack track = DepthTrack::tadpoles(poDip, poAzimuth);
+        const auto style = m_settings.m_styles.find(g_sTadpoles);
+        if (style != m_settings.m_styles.end())
+            track.m_oStyle = style->second;
+        vTracks.insert(vTracks.begin(), track);
+    }
+    setDepthTracks(vTracks);
+}
+
+void QDepthPlotWidget::setDepthTracks(const std::vector<DepthTrack>& vTracks)
+{
+    m_vTracks = vTracks;
+    m_bRebuild = true;
+    updateDepthPlot();
+}
+
+int QDepthPlotWidget::numberOfRecords() const
+{
+    int iRecords = 0;
+    if (const MatrixData* poDataSet = m_poDataSet.get()) {
+        for (const MatrixData* poLeaf : poDataSet->leafs())
+            iRecords = std::max(iRecords, poLeaf->recordCount());
+    }
+    return iRecords;
+}
+
+DepthTrack QDepthPlotWidget::curveWithLooks(MatrixData* poAttribute) const
+{
+    DepthTrack track = DepthTrack::curve(poAttribute);
+    const auto style = m_settings.m_styles.find(poAttribute->name());
+    if (style != m_settings.m_styles.end()) {
+        track.m_oStyle = style->second;
+    } else if (const MatrixData* poDataSet = m_poDataSet.get(); poDataSet && poDataSet->dipAttribute()) {
+        // Planes were picked one by one; a line from one to the next says nothing.
+        track.m_oStyle.m_bLine = false;
+        track.m_oStyle.m_bPoints = true;
+    }
+    return track;
+}
+
+std::vector<DepthTrack> QDepthPlotWidget::defaultTracks() const
+{
+    std::vector<DepthTrack> vTracks;
+    const MatrixData* poDataSet = m_poDataSet.get();
+    if (!poDataSet)
+        return vTracks;
+    MatrixData* poDip = poDataSet->dipAttribute();
+    MatrixData* poAzimuth = poDataSet->azimuthAttribute();
+    const bool bTadpoles = poDip && poAzimuth;
+    if (bTadpoles) {
+        vTracks.push_back(DepthTrack::tadpoles(poDip, poAzimuth));
+        const auto style = m_settings.m_styles.find(g_sTadpoles);
+        if (style != m_settings.m_styles.end())
+            vTracks.back().m_oStyle = style->second;
+    }
+    std::vector<DepthTrack> vCurves;
+    std::vector<DepthTrack> vRemembered(static_cast<std::size_t>(m_settings.m_lTracks.size()));
+    for (MatrixData* poLeaf : poDataSet->leafs()) {
+        const bool bTaken = m_poDepth == poLeaf || (bTadpoles && (poLeaf == poDip || poLeaf == poAzimuth));
+        if (!isNumericAttribute(poLeaf) || bTaken || poLeaf->isVertex() || poLeaf->name() == g_sVisibility)
+            continue;
+        const qsizetype iRemembered = m_settings.m_lTracks.indexOf(poLeaf->name());
+        if (iRemembered >= 0)
+            vRemembered[static_cast<std::size_t>(iRemembered)] = curveWithLooks(poLeaf);
+        if (vCurves.size() < g_iFirstTracks)
+            vCurves.push_back(curveWithLooks(poLeaf));
+    }
+    const bool bAllThere = !vRemembered.empty() && std::all_of(vRemembered.begin(), vRemembered.end(),
+                                                               [](const DepthTrack& t) { return bool(t.m_poValues); });
+    const std::vector<DepthTrack>& vChosen = bAllThere ? vRemembered : vCurves;
+    vTracks.insert(vTracks.end(), vChosen.begin(), vChosen.end());
+    return vTracks;
+}
+
+void QDepthPlotWidget::rememberLooks()
+{
+    for (const DepthTrack& track : m_vTracks) {
+        if (track.m_poValues)
+            m_settings.m_styles[keyOf(track)] = track.m_oStyle;
+    }
+}
+
+bool QDepthPlotWidget::setSelectedRows(const std::vector<int>& viRecords)
+{
+    if (viRecords == m_viSelectedRecords)
+        return false;
+    m_viSelectedRecords = viRecords;
+    if (!m_bRebuild)
+        m_pqArea->setSelectedRecords(viRecords);
+    showDecimation();
+    return true;
+}
+
+void QDepthPlotWidget::updateDepthPlot()
+{
+    if (m_bRebuild) {
+        m_bRebuild = false;
+        m_pqArea->setTracks({});
+        m_pqArea->setDepth(m_poDepth.get(), numberOfRecords());
+        m_pqArea->setTracks(m_vTracks);
+        const MatrixData* poDepth = m_poDepth.get();
+        const boost::shared_ptr<UnitManager> poUnit = poDepth ? poDepth->unitManager() : nullptr;
+        m_pqIntervalPage->setUnitManager(poUnit);
+        m_pqDepthFromEdit->unitManager(poUnit);
+        m_pqDepthToEdit->unitManager(poUnit);
+        m_pqTrackEditor->setTracks(m_vTracks);
+        m_pqArea->setCurrentTrack(m_pqTrackEditor->currentTrack());
+    } else {
+        m_pqArea->refresh(numberOfRecords());
+        m_pqTrackEditor->showCurrentTrack();
+    }
+    m_pqArea->setSelectedRecords(m_viSelectedRecords);
+    m_pqArea->setTitle(m_poDataSet ? m_poDataSet->name() : QString());
+    showDepthRange();
+    showMarkers();
+    showMessage();
+    intervalsChanged();
+}
+
+void QDepthPlotWidget::showMessage()
+{
+    double dMin = 0.0;
+    double dMax = 0.0;
+    m_pqArea->dataRange(dMin, dMax);
+    QString sMessage;
+    if (!m_poDataSet)
+        sMessage = tr("Select a data set.");
+    else if (!m_poDepth)
+        sMessage = tr("This data set has no depth. Choose one of its attributes as the depth.");
+    else if (isMissing(dMin))
+        sMessage = tr("The depth has no values.");
+    else if (m_vTracks.empty())
+        sMessage = tr("Add attributes on the page \"Tracks\".");
+    m_pqArea->setMessage(sMessage);
+}
+
+// ---- choosers -------------------------------------------------------------------------------------------------------
+
+void QDepthPlotWidget::updateDataSetSelectionBox()
+{
+    fillDataSetBox();
+    fillAttributeBoxes(nullptr);
+}
+
+void QDepthPlotWidget::fillDataSetBox()
+{
+    QList<QString> lNames;
+    QList<int> liIds;
+    QList<QColor> lColors;
+    if (m_poRoot)
+        m_poRoot->getDataSetSelectionBoxItems(lNames, liIds, lColors, MatrixData::NumericPair, false);
+    const QSignalBlocker blocker(m_pqDepthPlotDataSetComboBox);
+    m_pqDepthPlotDataSetComboBox->clear();
+    for (qsizetype i = 0; i < liIds.size(); ++i)
+        m_pqDepthPlotDataSetComboBox->addItem(lNames.value(i), liIds[i]);
+    m_pqDepthPlotDataSetComboBox->setCurrentIndex(
+        m_poDataSet ? m_pqDepthPlotDataSetComboBox->findData(m_poDataSet->globalID()) : -1);
+}
+
+void QDepthPlotWidget::fillAttributeBoxes(const MatrixData* poLeaving)
+{
+    const std::vector<AttributeEntry> vEntries = attributeEntries(m_poRoot.get(), poLeaving);
+    const MatrixData* poDataSet = m_poDataSet.get();
+    const int iRecords = numberOfRecords();
+    std::vector<AttributeEntry> vOwn;
+    std::vector<DepthTrackEditor::Offer> vOffers;
+    std::vector<DepthTrackEditor::Offer> vForeign;
+    for (const AttributeEntry& entry : vEntries) {
+        if (!poDataSet || !isNumericAttribute(entry.m_poNode))
+            continue;
+        if (entry.m_poNode->parentNode() == poDataSet) {
+            vOwn.push_back({entry.m_poNode, entry.m_poNode->name(), iRecords});
+            vOffers.push_back({entry.m_poNode->name(), MatrixDataPointer(entry.m_poNode)});
+        } else if (entry.m_iRecords == iRecords) {
+            vForeign.push_back({entry.m_sName, MatrixDataPointer(entry.m_poNode)});
+        }
+    }
+    vOffers.insert(vOffers.end(), vForeign.begin(), vForeign.end());
+    m_pqDepthAttributeChooser->setEntries(vOwn, {});
+    m_pqDepthAttributeChooser->choose(m_poDepth.get());
+    const bool bLeaves = poLeaving && MatrixDataNotifier::contains(poLeaving, poDataSet);
+    MatrixData* poDip = poDataSet && !bLeaves ? poDataSet->dipAttribute() : nullptr;
+    MatrixData* poAzimuth = poDataSet && !bLeaves ? poDataSet->azimuthAttribute() : nullptr;
+    if (MatrixDataNotifier::contains(poLeaving, poDip) || MatrixDataNotifier::contains(poLeaving, poAzimuth))
+        poDip = nullptr;
+    m_pqTrackEditor->setOffers(std::move(vOffers), poDip, poAzimuth);
+}
+
+void QDepthPlotWidget::slotDataSetActivated(int iEntry)
+{
+    const int iGlobalID = m_pqDepthPlotDataSetComboBox->itemData(iEntry).toInt();
+    chooseDataSet(m_poRoot ? m_poRoot->nodeFromID(iGlobalID) : nullptr);
+    emit signalUpdateChartData();
+    // An owner fills the panel on the signal, with the rows that it knows; once is enough.
+    if (m_bRebuild)
+        updateDepthPlot();
+}
+
+void QDepthPlotWidget::slotDepthChosen(int iGlobalID)
+{
+    setDepthAttribute(m_poRoot ? m_poRoot->nodeFromID(iGlobalID) : nullptr);
+    emit signalUpdateChartData();
+}
+
+void QDepthPlotWidget::slotNodeAboutToBeRemoved(MatrixData* poBranch)
+{
+    const bool bDataSet = MatrixDataNotifier::contains(poBranch, m_poDataSet.get());
+    const bool bDepth = MatrixDataNotifier::contains(poBranch, m_poDepth.get());
+    bool bTracks = false;
+    for (DepthTrack& track : m_vTracks) {
+        if (!track.uses(poBranch))
+            continue;
+        bTracks = true;
+        const bool bQualityOnly = !MatrixDataNotifier::contains(poBranch, track.m_poValues.get()) &&
+                                  !MatrixDataNotifier::contains(poBranch, track.m_poAzimuth.get());
+        if (bQualityOnly)
+            track.m_poQuality = MatrixDataPointer();
+        else
+            track = DepthTrack(); // an empty track stays, so that the others keep their places
+    }
+    if (bDataSet) {
+        m_poDataSet = MatrixDataPointer();
+        m_vTracks.clear();
+        m_viSelectedRecords.clear();
+        fillDataSetBox();
+    }
+    if (bDepth || bDataSet)
+        m_poDepth = MatrixDataPointer();
+    if (bDepth || bDataSet || bTracks) {
+        m_bRebuild = true;
+        updateDepthPlot();
+    }
+    // The choosers must not offer what goes; they are filled again when the owner asks.
+    const QSignalBlocker blocker(m_pqDepthPlotDataSetComboBox);
+    const int iEntry = m_pqDepthPlotDataSetComboBox->findData(poBranch->globalID());
+    if (iEntry >= 0)
+        m_pqDepthPlotDataSetComboBox->removeItem(iEntry);
+    fillAttributeBoxes(poBranch);
+}
+
+void QDepthPlotWidget::slotRootAboutToBeDestroyed()
+{
+    m_poRoot = MatrixDataPointer();
+    m_pqArea->lines()->setDataRoot(nullptr);
+    setDataSet(nullptr);
+}
+
+void QDepthPlotWidget::slotDisplayUnitChanged(const QString&)
+{
+    if (m_bRebuild)
+        return;
+    m_pqArea->refresh(numberOfRecords());
+    m_pqTrackEditor->showCurrentTrack();
+    showDepthRange();
+}
+
+// ---- tracks and depth range -----------------------------------------------------------------------------------------
+
+void QDepthPlotWidget::slotTracksEdited(const std::vector<DepthTrack>& vTracks)
+{
+    m_vTracks = vTracks;
+    for (DepthTrack& track : m_vTracks) {
+        // A new curve gets the looks that its attribute had before.
+        const auto style = m_settings.m_styles.find(keyOf(track));
+        if (style != m_settings.m_styles.end() && track.m_oStyle == DepthTrackStyle())
+            track.m_oStyle = style->second;
+    }
+    rememberLooks();
+    m_settings.m_lTracks.clear();
+    for (const DepthTrack& track : m_vTracks) {
+        if (track.m_eKind == DepthTrack::Curve && track.m_poValues)
+            m_settings.m_lTracks << track.name();
+    }
+    m_pqArea->setTracks(m_vTracks);
+    m_pqArea->setCurrentTrack(m_pqTrackEditor->currentTrack());
+    showMessage();
+    showDecimation();
+}
+
+void QDepthPlotWidget::slotTrackEdited(int iTrack)
+{
+    const DepthTrack track = m_pqTrackEditor->tracks()[static_cast<std::size_t>(iTrack)];
+    m_vTracks[static_cast<std::size_t>(iTrack)] = track;
+    m_pqArea->setTrack(iTrack, track);
+}
+
+void QDepthPlotWidget::showDepthRange()
+{
+    const bool bDepth = m_poDepth.get() != nullptr;
+    m_pqDepthFromEdit->setModelValue(bDepth ? m_pqArea->depthFrom() : g_dMissingValue, false);
+    m_pqDepthToEdit->setModelValue(bDepth ? m_pqArea->depthTo() : g_dMissingValue, false);
+    m_pqDepthFromEdit->setEnabled(bDepth);
+    m_pqDepthToEdit->setEnabled(bDepth);
+}
+
+void QDepthPlotWidget::slotDepthRangeEdited()
+{
+    m_pqArea->setDepthRange(m_pqDepthFromEdit->modelValue(), m_pqDepthToEdit->modelValue());
+    showDepthRange(); // bounds that make no range go back
+}
+
+// ---- interval filter and decimation ---------------------------------------------------------------------------------
+
+bool QDepthPlotWidget::intervalRange(double& dMin, double& dMax) const
+{
+    m_pqArea->dataRange(dMin, dMax);
+    if (isMissing(dMin) || isMissing(dMax))
+        return false;
+    dMin = std::max(dMin, m_pqArea->depthFrom());
+    dMax = std::min(dMax, m_pqArea->depthTo());
+    return dMin < dMax;
+}
+
+void QDepthPlotWidget::generateIntervals(double dSize)
+{
+    double dMin = 0.0;
+    double dMax = 0.0;
+    if (!intervalRange(dMin, dMax))
+        return;
+    m_pqArea->lines()->generateAquidistantIntervalFilter(dSize, dMin, dMax);
+    intervalsChanged();
+}
+
+void QDepthPlotWidget::generateNumberOfIntervals(int n)
+{
+    double dMin = 0.0;
+    double dMax = 0.0;
+    if (!intervalRange(dMin, dMax))
+        return;
+    m_pqArea->lines()->generateNumberOfIntervalFilter(n, dMin, dMax);
+    intervalsChanged();
+}
+
+void QDepthPlotWidget::deleteIntervals()
+{
+    m_pqArea->lines()->deleteIntervalBoundaries();
+    intervalsChanged();
+}
+
+void QDepthPlotWidget::slotBoundaryPressed(double dDepth, double dTolerance)
+{
+    QRelationshipItemModel* pLines = m_pqArea->lines();
+    if (!pLines->eraseIntervalBoundary(QPointF(0.0, dDepth), dTolerance))
+        pLines->insertIntervalBoundary(dDepth, dTolerance);
+    intervalsChanged();
+}
+
+void QDepthPlotWidget::intervalsChanged()
+{
+    const int iLines = m_pqArea->lines()->intervalFilter()->count();
+    m_pqIntervalPage->setNumberOfIntervals(std::max(0, iLines - 1));
+    m_pqArea->linesChanged();
+    showDecimation();
+}
+
+void QDepthPlotWidget::decimate()
+{
+    for (int i = 0; i < m_pqArea->numberOfTracks(); ++i) {
+        m_pqArea->model(i)->setPartSelection(m_pqDecimationPage->selectedOnly());
+        m_pqArea->model(i)->generateDataDecimation();
+    }
+}
+
+void QDepthPlotWidget::showDecimation()
+{
+    const int iBins = m_pqArea->lines()->intervalFilter()->count() - 1;
+    const bool bBins = iBins > 0 && m_pqArea->numberOfTracks() > 0;
+    const bool bPreview = bBins && m_pqDecimationPage->preview();
+    if (bBins)
+        decimate();
+    for (int i = 0; i < m_pqArea->numberOfTracks(); ++i)
+        m_pqArea->setDecimation(i, bPreview ? decimatedBins(*m_pqArea->model(i), m_pqDecimationPage->binAverage())
+                                            : std::vector<DepthBin>());
+    int iEmpty = 0;
+    int iRecords = 0;
+    const MatrixData* poCounts = bBins ? m_pqArea->model(0)->decimationCount() : nullptr;
+    const int iCounts = poCounts ? poCounts->recordCount() : 0;
+    for (int i = 0; i < iCounts; ++i) {
+        const int iCount = poCounts->toInt(i, 0);
+        iEmpty += iCount == 0 ? 1 : 0;
+        iRecords += iCount;
+    }
+    m_pqDecimationPage->showCounts(iCounts, iEmpty, iRecords);
+}
+
+void QDepthPlotWidget::applyDecimation()
+{
+    if (m_pqArea->lines()->intervalFilter()->count() < 2)
+        return;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    decimate();
+    // The receiver changes the tree, and may change the tracks on the way.
+    for (int i = 0; i < m_pqArea->numberOfTracks(); ++i) {
+        QRelationshipItemModel* pModel = m_pqArea->model(i);
+        if (pModel->nodeX() && pModel->decimationData())
+            emit createDataDecimationAttribute(pModel, m_pqDecimationPage->binAverage(), m_pqDecimationPage->replaces(),
+                                               pModel->nodeX());
+    }
+    QApplication::restoreOverrideCursor();
+}
+
+// ---- markers --------------------------------------------------------------------------------------------------------
+
+void QDepthPlotWidget::showMarkers()
+{
+    m_pqArea->setMarkers(std::make_shared<const DepthMarkers>(
+        collectDepthMarkers(m_poRoot.get(), m_poDepth.get(), m_settings.m_oMarkers)));
+}
+
+void QDepthPlotWidget::slotMarkersSwitched()
+{
+    const DepthMarkerSwitches switches{m_pqShowTops->isChecked(), m_pqShowFaults->isChecked(),
+                                       m_pqShowScat->isChecked(), m_pqShowDecimated->isChecked()};
+    if (switches == m_settings.m_oMarkers)
+        return;
+    m_settings.m_oMarkers = switches;
+    showMarkers();
+}
+
+void QDepthPlotWidget::setAllScatMarkersVisibility(bool bVisible)
+{
+    m_pqShowScat->setChecked(bVisible);
+}
+
+void QDepthPlotWidget::setAllDecimatedDipAzimuthMarkersVisibility(bool bVisible)
+{
+    m_pqShowDecimated->setChecked(bVisible);
+}
+
+void QDepthPlotWidget::setAllTypeMarkersVisibility(const QString& sType, bool bVisible)
+{
+    if (sType == QLatin1String("Fault"))
+        m_pqShowFaults->setChecked(bVisible);
+    else if (sType == QLatin1String("Top"))
+        m_pqShowTops->setChecked(bVisible);
+}
+
+void QDepthPlotWidget::setAllTopMarkersVisibility(bool bVisible)
+{
+    m_pqShowTops->setChecked(bVisible);
+}
+
+// ---- selection, settings, pictures ----------------------------------------------------------------------------------
+
+void QDepthPlotWidget::slotSelectionMade(bool* pbSelection, int iLength)
+{
+    m_viSelectedRecords = m_pqArea->selectedRecords();
+    if (m_pqDecimationPage->selectedOnly())
+        showDecimation();
+    emit dataPointsSelection(pbSelection, iLength);
+}
+
+void QDepthPlotWidget::setBlackBackground(bool bBlack)
+{
+    m_pqDisplayPage->setBlackBackground(bBlack);
+}
+
+void QDepthPlotWidget::readSettings(const QString& sGroup)
+{
+    QSettings settings;
+    m_settings = DepthPlotSettings::load(settings, sGroup);
+    m_pqDisplayPage->setSettings(m_settings.m_oDisplay);
+    const DepthMarkerSwitches switches = m_settings.m_oMarkers;
+    {
+        const QSignalBlocker blockers[] = {QSignalBlocker(m_pqShowTops), QSignalBlocker(m_pqShowFaults),
+                                           QSignalBlocker(m_pqShowScat), QSignalBlocker(m_pqShowDecimated)};
+        m_pqShowTops->setChecked(switches.m_bTops);
+        m_pqShowFaults->setChecked(switches.m_bFaults);
+        m_pqShowScat->setChecked(switches.m_bScat);
+        m_pqShowDecimated->setChecked(switches.m_bDecimated);
+    }
+    m_pqMarkerLabels->setChecked(m_settings.m_bMarkerLabels);
+    m_pqDecimationPage->setBinAverage(m_settings.m_bBinAverage);
+    m_pqDecimationPage->setReplaces(m_settings.m_bReplace);
+    showMarkers();
+}
+
+void QDepthPlotWidget::writeSettings(const QString& sGroup) const
+{
+    DepthPlotSettings current = m_settings;
+    current.m_oDisplay = m_pqDisplayPage->settings();
+    current.m_bMarkerLabels = m_pqMarkerLabels->isChecked();
+    current.m_bBinAverage = m_pqDecimationPage->binAverage();
+    current.m_bReplace = m_pqDecimationPage->replaces();
+    for (const DepthTrack& track : m_vTracks) {
+        if (track.m_poValues)
+            current.m_styles[keyOf(track)] = track.m_oStyle;
+    }
+    QSettings settings;
+    current.save(settings, sGroup);
+}
+
+void QDepthPlotWidget::copyToClipboard()
+{
+    QApplication::clipboard()->setPixmap(m_pqArea->grabChart());
+}
+
+void QDepthPlotWidget::renderTo(QPainter& painter, const QRectF& oTarget)
+{
+    m_pqArea->renderTo(painter, oTarget);
+}
+
+bool QDepthPlotWidget::exportChart(const QString& sPath, const QSize& oSize, QString* psError)
+{
+    return ChartExporter::write(
+        sPath, oSize, m_pqArea->backgroundColor(), m_pqArea->title(),
+        [this](QPainter& painter, const QRectF& oRect) { renderTo(painter, oRect); }, psError);
+}
+
+} // namespace gkBase

@@ -1,0 +1,535 @@
+#include "QDepthTrackArea.h"
+
+#include "DepthTrackHeader.h"
+#include "ElidedLabel.h"
+#include "MatrixData.h"
+#include "MissingValue.h"
+#include "QCartesianAxisWidget.h"
+#include "QDepthTrackPlot.h"
+#include "QRelationshipItemModel.h"
+#include "UnitManager.h"
+
+#include <QEvent>
+#include <QFrame>
+#include <QLabel>
+#include <QScrollBar>
+#include <QSignalBlocker>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace gkBase {
+
+namespace {
+
+/// Room above and below the records, as a share of their range, so that symbols at the ends are seen whole.
+constexpr double g_dRangeMargin = 0.01;
+constexpr double g_dMarginOfOneDepth = 0.5;
+/// How far beyond the records the cursor still reads the last one, as a share of the shown range.
+constexpr double g_dReadOutReach = 0.01;
+
+} // namespace
+
+QDepthTrackArea::QDepthTrackArea(QWidget* pqParent)
+    : QWidget(pqParent)
+    , m_pLines(new QRelationshipItemModel(this))
+    , m_oChartFont(font())
+{
+    createSurroundings();
+    setBlackBackground(false);
+    layoutTracks();
+}
+
+QDepthTrackArea::~QDepthTrackArea() = default;
+
+void QDepthTrackArea::createSurroundings()
+{
+    m_pqFrame = new QFrame(this);
+    m_pqFrame->setFrameShape(QFrame::StyledPanel);
+    m_pqFrame->setAutoFillBackground(true);
+    m_pqTitle = new ElidedLabel(m_pqFrame);
+    m_pqTitle->setTextFormat(Qt::PlainText);
+    m_pqDepthHeader = new DepthTrackHeader(m_pqFrame);
+    m_pqAxis = new QCartesianAxisWidget(QCartesianAxisWidget::Left, m_pqFrame);
+    m_pqAxis->setInverted(true);
+    m_pqAxis->setDrawTitle(false); // it stands in the header
+    m_pqViewport = new QWidget(m_pqFrame);
+    m_pqContent = new QWidget(m_pqViewport);
+    m_pqMarkerColumn = new QDepthTrackPlot(m_pqFrame, tr("Markers"));
+    m_pqMarkerColumn->setModel(m_pLines);
+    m_pqMarkerColumn->setShowMarkerLabels(true);
+    m_pqMarkerColumn->hide();
+    connectPlot(m_pqMarkerColumn);
+    m_pqMessage = new QLabel(m_pqFrame);
+    m_pqMessage->setTextFormat(Qt::PlainText);
+    m_pqMessage->setAlignment(Qt::AlignCenter);
+    m_pqMessage->setWordWrap(true);
+    m_pqMessage->hide();
+    m_pqVerticalScrollBar = new QScrollBar(Qt::Vertical, this);
+    m_pqVerticalScrollBar->setAccessibleName(tr("Position in the zoomed tracks"));
+    m_pqHorizontalScrollBar = new QScrollBar(Qt::Horizontal, this);
+    m_pqHorizontalScrollBar->setAccessibleName(tr("Position in the row of tracks"));
+    connect(m_pqVerticalScrollBar, &QScrollBar::valueChanged, this, &QDepthTrackArea::panToRow);
+    connect(m_pqHorizontalScrollBar, &QScrollBar::valueChanged, this,
+            [this](int iValue) { m_pqContent->move(-iValue, 0); });
+}
+
+// ---- tracks ---------------------------------------------------------------------------------------------------------
+
+void QDepthTrackArea::connectPlot(QDepthTrackPlot* pqPlot)
+{
+    connect(m_pqAxis, &QCartesianAxisWidget::gridLinesChanged, pqPlot, &QDepthTrackPlot::horizontalGridLinesChanged);
+    connect(pqPlot, &QDepthTrackPlot::zoomAsked, this, &QDepthTrackArea::slotZoomAsked);
+    connect(pqPlot, &QDepthTrackPlot::panAsked, this,
+            [this, pqPlot](int iPixels) { panToRow(pqPlot->pixmapRect().top() + iPixels); });
+    connect(pqPlot, &QChartDrawingArea::cursorPos, this,
+            [this](const QPointF& oPosition) { setCursor(oPosition.y()); });
+    connect(pqPlot, &QDepthTrackPlot::boundaryPressed, this, &QDepthTrackArea::boundaryPressed);
+    connect(pqPlot, &QChartDrawingArea::dataPointsSelection, this,
+            [this, pqPlot](bool* pbSelection, int iLength) { slotSelectionMade(pqPlot, pbSelection, iLength); });
+    connect(pqPlot, &QChartDrawingArea::signalCopyToClipboard, this, &QDepthTrackArea::copyAsked);
+}
+
+QDepthTrackArea::View QDepthTrackArea::newView(int iTrack)
+{
+    View view;
+    view.m_pModel = new QRelationshipItemModel(this);
+    view.m_pModel->shareLines(*m_pLines);
+    view.m_pqPlot = new QDepthTrackPlot(m_pqContent, tr("Depth Plot"));
+    view.m_pqPlot->setModel(view.m_pModel);
+    view.m_pqPlot->setDepthRange(m_dFrom, m_dTo);
+    view.m_pqPlot->setMarkers(m_pMarkers);
+    view.m_pqPlot->setBoundaryEditing(m_bBoundaryEditing);
+    view.m_pqPlot->horizontalGridLinesChanged(m_pqAxis->gridLines());
+    view.m_pqPlot->zoomY(m_dZoom);
+    view.m_pqHeader = new DepthTrackHeader(m_pqContent);
+    applyLooks(view.m_pqPlot);
+    applyLooks(view.m_pqHeader);
+    connectPlot(view.m_pqPlot);
+    connect(view.m_pqHeader, &DepthTrackHeader::clicked, this, [this, iTrack] { emit trackClicked(iTrack); });
+    view.m_pqPlot->show();
+    view.m_pqHeader->show();
+    return view;
+}
+
+void QDepthTrackArea::removeLastView()
+{
+    const View view = m_vViews.back();
+    m_vViews.pop_back();
+    // A signal of the plot itself may be what asks for it.
+    view.m_pqPlot->hide();
+    view.m_pqPlot->setModel(nullptr);
+    view.m_pqPlot->deleteLater();
+    view.m_pqHeader->hide();
+    view.m_pqHeader->deleteLater();
+    delete view.m_pModel;
+}
+
+void QDepthTrackArea::fillView(View& view)
+{
+    QRelationshipItemModel* pModel = view.m_pModel;
+    MatrixData* poValues = view.m_oTrack.m_poValues.get();
+    if (!poValues || !m_poDepth) {
+        pModel->clear();
+        pModel->setTadPoleAzimuthDataNode(nullptr);
+        pModel->setTadPoleQuality(nullptr, 0.0);
+    } else {
+        pModel->takeNewDataSet(m_iRecords, QRelationshipItemModel::DepthDisplay, poValues, m_poDepth.get(), {});
+        const bool bTadpoles = view.m_oTrack.m_eKind == DepthTrack::Tadpoles;
+        pModel->setTadPoleAzimuthDataNode(bTadpoles ? view.m_oTrack.m_poAzimuth.get() : nullptr);
+        pModel->setTadPoleQuality(bTadpoles ? view.m_oTrack.m_poQuality.get() : nullptr,
+                                  view.m_oTrack.m_dMinimumQuality);
+        pModel->setSelectedRecords(m_viSelected);
+    }
+    showTrack(view);
+}
+
+void QDepthTrackArea::showTrack(View& view)
+{
+    const DepthTrackStyle& style = view.m_oTrack.m_oStyle;
+    const bool bTadpoles = view.m_oTrack.m_eKind == DepthTrack::Tadpoles;
+    view.m_pModel->setDrawSymbols(style.m_bPoints || bTadpoles);
+    view.m_pModel->setPointPixelSize(style.m_iPointSize);
+    view.m_pqPlot->setTrack(view.m_oTrack);
+    view.m_pqPlot->verticalGridLinesChanged(gridColumns(view.m_oTrack, view.m_pqPlot->width()));
+    view.m_pqHeader->setContent(depthTrackHeaderContent(view.m_oTrack));
+}
+
+void QDepthTrackArea::setDepth(MatrixData* poDepth, int iRecords)
+{
+    m_poDepth = MatrixDataPointer(poDepth);
+    m_iRecords = iRecords;
+    m_bOrderOutdated = true;
+    m_viSelected.clear();
+    m_pqAxis->setUnitManager(poDepth ? poDepth->unitManager() : boost::shared_ptr<UnitManager>());
+    showDepthHeader();
+    for (View& view : m_vViews)
+        fillView(view);
+    showWholeRange();
+    layoutTracks();
+}
+
+void QDepthTrackArea::showDepthHeader()
+{
+    const DepthTrack depth = DepthTrack::curve(m_poDepth.get());
+    DepthTrackHeaderContent content;
+    content.m_sName = depth.name();
+    content.m_sUnit = depth.unitTag();
+    content.m_bLine = false;
+    m_pqDepthHeader->setContent(content);
+}
+
+void QDepthTrackArea::setTracks(const std::vector<DepthTrack>& vTracks)
+{
+    while (m_vViews.size() > vTracks.size())
+        removeLastView();
+    while (m_vViews.size() < vTracks.size())
+        m_vViews.push_back(newView(numberOfTracks()));
+    for (std::size_t i = 0; i < vTracks.size(); ++i) {
+        m_vViews[i].m_oTrack = vTracks[i];
+        m_vViews[i].m_pqPlot->setDecimation({});
+        fillView(m_vViews[i]);
+    }
+    layoutTracks();
+}
+
+void QDepthTrackArea::setTrack(int iTrack, const DepthTrack& track)
+{
+    if (iTrack < 0 || iTrack >= numberOfTracks())
+        return;
+    View& view = m_vViews[static_cast<std::size_t>(iTrack)];
+    view.m_oTrack = track;
+    view.m_pModel->setTadPoleQuality(track.m_poQuality.get(), track.m_dMinimumQuality);
+    showTrack(view);
+}
+
+std::vector<DepthTrack> QDepthTrackArea::tracks() const
+{
+    std::vector<DepthTrack> vTracks;
+    for (const View& view : m_vViews)
+        vTracks.push_back(view.m_oTrack);
+    return vTracks;
+}
+
+QDepthTrackPlot* QDepthTrackArea::plot(int iTrack) const
+{
+    return iTrack >= 0 && iTrack < numberOfTracks() ? m_vViews[static_cast<std::size_t>(iTrack)].m_pqPlot : nullptr;
+}
+
+QRelationshipItemModel* QDepthTrackArea::model(int iTrack) const
+{
+    return iTrack >= 0 && iTrack < numberOfTracks() ? m_vViews[static_cast<std::size_t>(iTrack)].m_pModel : nullptr;
+}
+
+std::vector<QDepthTrackPlot*> QDepthTrackArea::allPlots() const
+{
+    std::vector<QDepthTrackPlot*> vpPlots{m_pqMarkerColumn};
+    for (const View& view : m_vViews)
+        vpPlots.push_back(view.m_pqPlot);
+    return vpPlots;
+}
+
+void QDepthTrackArea::refresh(int iRecords)
+{
+    m_iRecords = iRecords;
+    m_bOrderOutdated = true;
+    showDepthHeader();
+    if (m_bWholeRange)
+        showWholeRange();
+    for (View& view : m_vViews)
+        fillView(view);
+    layoutTracks();
+}
+
+bool QDepthTrackArea::setSelectedRecords(const std::vector<int>& viRecords)
+{
+    if (viRecords == m_viSelected)
+        return false;
+    m_viSelected = viRecords;
+    for (View& view : m_vViews) {
+        if (view.m_pModel->setSelectedRecords(viRecords))
+            view.m_pqPlot->scheduleRedraw();
+    }
+    return true;
+}
+
+void QDepthTrackArea::slotSelectionMade(QDepthTrackPlot* pqPlot, bool* pbSelection, int iLength)
+{
+    for (const View& view : m_vViews) {
+        if (view.m_pqPlot == pqPlot)
+            m_viSelected = view.m_pModel->selectedRecords();
+    }
+    for (View& view : m_vViews) {
+        if (view.m_pqPlot != pqPlot && view.m_pModel->setSelectedRecords(m_viSelected))
+            view.m_pqPlot->scheduleRedraw();
+    }
+    emit selectionMade(pbSelection, iLength);
+}
+
+void QDepthTrackArea::setMarkers(std::shared_ptr<const DepthMarkers> pMarkers)
+{
+    m_pMarkers = std::move(pMarkers);
+    for (QDepthTrackPlot* pqPlot : allPlots())
+        pqPlot->setMarkers(m_pMarkers);
+    layoutTracks();
+}
+
+void QDepthTrackArea::setDecimation(int iTrack, std::vector<DepthBin> vBins)
+{
+    if (QDepthTrackPlot* pqPlot = plot(iTrack))
+        pqPlot->setDecimation(std::move(vBins));
+}
+
+void QDepthTrackArea::linesChanged()
+{
+    for (QDepthTrackPlot* pqPlot : allPlots())
+        pqPlot->scheduleRedraw();
+}
+
+// ---- depth range, zoom and pan --------------------------------------------------------------------------------------
+
+void QDepthTrackArea::dataRange(double& dMin, double& dMax) const
+{
+    dMin = g_dMissingValue;
+    dMax = g_dMissingValue;
+    if (const MatrixData* poDepth = m_poDepth.get())
+        poDepth->getMinMax(dMin, dMax);
+}
+
+void QDepthTrackArea::showWholeRange()
+{
+    double dMin = 0.0;
+    double dMax = 0.0;
+    dataRange(dMin, dMax);
+    m_bWholeRange = true;
+    if (isMissing(dMin) || isMissing(dMax)) {
+        applyDepthRange(0.0, 1.0);
+        return;
+    }
+    const double dMargin = dMin < dMax ? (dMax - dMin) * g_dRangeMargin : g_dMarginOfOneDepth;
+    applyDepthRange(dMin - dMargin, dMax + dMargin);
+}
+
+void QDepthTrackArea::setDepthRange(double dFrom, double dTo)
+{
+    if (isMissing(dFrom) || isMissing(dTo) || dFrom == dTo)
+        return;
+    m_bWholeRange = false;
+    applyDepthRange(dFrom, dTo);
+}
+
+void QDepthTrackArea::applyDepthRange(double dFrom, double dTo)
+{
+    m_dFrom = std::min(dFrom, dTo);
+    m_dTo = std::max(dFrom, dTo);
+    m_pqAxis->setRange(m_dFrom, m_dTo);
+    for (QDepthTrackPlot* pqPlot : allPlots())
+        pqPlot->setDepthRange(m_dFrom, m_dTo);
+    syncDepth();
+}
+
+void QDepthTrackArea::setZoom(double dZoom)
+{
+    if (dZoom != m_dZoom)
+        slotZoomAsked(dZoom, m_pqAxis->height() / 2.0);
+}
+
+void QDepthTrackArea::slotZoomAsked(double dZoom, double dRow)
+{
+    const double dShare = (m_pqMarkerColumn->pixmapRect().top() + dRow) / m_pqMarkerColumn->chartSize().height();
+    m_dZoom = dZoom;
+    for (QDepthTrackPlot* pqPlot : allPlots())
+        pqPlot->zoomY(dZoom);
+    panToRow(static_cast<int>(std::lround(dShare * m_pqMarkerColumn->chartSize().height() - dRow)));
+    emit zoomChanged(dZoom);
+}
+
+void QDepthTrackArea::panToRow(int iRow)
+{
+    for (QDepthTrackPlot* pqPlot : allPlots())
+        pqPlot->panTo({0, iRow});
+    syncDepth();
+}
+
+void QDepthTrackArea::syncDepth()
+{
+    // The column of the markers has the height of all tracks, whether it is shown or not.
+    const QRect oVisible = m_pqMarkerColumn->pixmapRect();
+    m_pqAxis->setZoom(m_dZoom);
+    m_pqAxis->setOffset(oVisible.top());
+    const QSignalBlocker blocker(m_pqVerticalScrollBar);
+    m_pqVerticalScrollBar->setRange(0, std::max(0, m_pqMarkerColumn->chartSize().height() - oVisible.height()));
+    m_pqVerticalScrollBar->setPageStep(oVisible.height());
+    m_pqVerticalScrollBar->setSingleStep(std::max(1, oVisible.height() / 20));
+    m_pqVerticalScrollBar->setValue(oVisible.top());
+}
+
+// ---- cursor ---------------------------------------------------------------------------------------------------------
+
+void QDepthTrackArea::setCursor(double dDepth)
+{
+    for (QDepthTrackPlot* pqPlot : allPlots())
+        pqPlot->setCursorLine(dDepth);
+    showReadOuts(dDepth);
+}
+
+void QDepthTrackArea::showReadOuts(double dDepth)
+{
+    const auto withUnit = [](const DepthTrack& track, double dValue) {
+        const QString sValue = track.displayText(dValue);
+        return sValue.isEmpty() ? QStringLiteral("---") : (sValue + QLatin1Char(' ') + track.unitTag()).trimmed();
+    };
+    const bool bNone = isMissing(dDepth) || !m_poDepth;
+    m_pqDepthHeader->setValue(bNone ? QString() : withUnit(DepthTrack::curve(m_poDepth.get()), dDepth));
+    const QRelationshipItemModel* pFirst = m_vViews.empty() ? nullptr : m_vViews.front().m_pModel;
+    if (!bNone && pFirst && m_bOrderOutdated) {
+        m_vdDepths = m_poDepth->column().numbers();
+        m_oOrder = DepthOrder(m_vdDepths);
+        m_bOrderOutdated = false;
+    }
+    const int iRecord = bNone ? -1 : m_oOrder.recordAt(m_vdDepths, dDepth, (m_dTo - m_dFrom) * g_dReadOutReach);
+    for (const View& view : m_vViews) {
+        const MatrixData* poValues = view.m_oTrack.m_poValues.get();
+        const double dValue = poValues && iRecord >= 0 ? poValues->recordNumber(iRecord) : g_dMissingValue;
+        QString sText = bNone || !poValues ? QString() : withUnit(view.m_oTrack, dValue);
+        const MatrixData* poAzimuth = view.m_oTrack.m_poAzimuth.get();
+        if (poAzimuth && !isMissing(dValue))
+            sText += QLatin1String(" / ") +
+                     withUnit(DepthTrack::curve(view.m_oTrack.m_poAzimuth.get()), poAzimuth->recordNumber(iRecord));
+        view.m_pqHeader->setValue(sText);
+    }
+}
+
+// ---- looks ----------------------------------------------------------------------------------------------------------
+
+void QDepthTrackArea::applyLooks(QDepthTrackPlot* pqPlot)
+{
+    pqPlot->setGridIsOn(m_bGrid);
+    pqPlot->setLabelColor(m_bBlack ? Qt::white : Qt::black);
+    pqPlot->setFont(m_oChartFont);
+}
+
+void QDepthTrackArea::applyLooks(DepthTrackHeader* pqHeader)
+{
+    pqHeader->setTextColor(m_bBlack ? Qt::white : Qt::black);
+    pqHeader->setFont(m_oChartFont);
+}
+
+void QDepthTrackArea::setTitle(const QString& sTitle)
+{
+    m_pqMarkerColumn->changeHeaderTitle(sTitle);
+    m_pqTitle->setText(sTitle.isEmpty() ? QString() : tr("Depth Plot: %1").arg(sTitle));
+    layoutTracks();
+}
+
+QString QDepthTrackArea::title() const
+{
+    return m_pqTitle->text();
+}
+
+void QDepthTrackArea::setMessage(const QString& sMessage)
+{
+    m_pqMessage->setText(sMessage);
+    m_pqMessage->setVisible(!sMessage.isEmpty());
+    m_pqMessage->raise();
+    layoutTracks();
+}
+
+QString QDepthTrackArea::message() const
+{
+    return m_pqMessage->text();
+}
+
+void QDepthTrackArea::setGridIsOn(bool bOn)
+{
+    m_bGrid = bOn;
+    for (QDepthTrackPlot* pqPlot : allPlots())
+        pqPlot->setGridIsOn(bOn);
+}
+
+QColor QDepthTrackArea::backgroundColor() const
+{
+    return m_pqMarkerColumn->backgroundColor();
+}
+
+QColor QDepthTrackArea::labelColor() const
+{
+    return m_pqMarkerColumn->labelColor();
+}
+
+void QDepthTrackArea::setBlackBackground(bool bBlack)
+{
+    m_bBlack = bBlack;
+    for (QDepthTrackPlot* pqPlot : allPlots())
+        applyLooks(pqPlot);
+    applyLooks(m_pqDepthHeader);
+    for (const View& view : m_vViews)
+        applyLooks(view.m_pqHeader);
+    // Axis, title and message stand on the chart's background, whatever the desktop's colours are.
+    QPalette oPalette = m_pqFrame->palette();
+    oPalette.setColor(QPalette::Window, backgroundColor());
+    oPalette.setColor(QPalette::WindowText, labelColor());
+    m_pqFrame->setPalette(oPalette);
+    m_pqTitle->setPalette(oPalette);
+    m_pqMessage->setPalette(oPalette);
+    m_pqAxis->setAxisColor(labelColor());
+}
+
+void QDepthTrackArea::setFontSize(double dPointSize)
+{
+    if (!(dPointSize > 0.0))
+        return;
+    m_oChartFont = font();
+    m_oChartFont.setPointSizeF(dPointSize);
+    for (QDepthTrackPlot* pqPlot : allPlots())
+        pqPlot->setFont(m_oChartFont);
+    m_pqDepthHeader->setFont(m_oChartFont);
+    for (const View& view : m_vViews)
+        view.m_pqHeader->setFont(m_oChartFont);
+    m_pqAxis->setFont(m_oChartFont);
+    m_pqMessage->setFont(m_oChartFont);
+    QFont oBold = m_oChartFont;
+    oBold.setBold(true);
+    m_pqTitle->setFont(oBold);
+    layoutTracks();
+}
+
+void QDepthTrackArea::setMarkerLabels(bool bShow)
+{
+    m_bMarkerLabels = bShow;
+    layoutTracks();
+}
+
+void QDepthTrackArea::setCurrentTrack(int iTrack)
+{
+    for (int i = 0; i < numberOfTracks(); ++i)
+        m_vViews[static_cast<std::size_t>(i)].m_pqHeader->setCurrent(i == iTrack);
+}
+
+void QDepthTrackArea::setBoundaryEditing(bool bEditing)
+{
+    m_bBoundaryEditing = bEditing;
+    for (QDepthTrackPlot* pqPlot : allPlots())
+        pqPlot->setBoundaryEditing(bEditing);
+}
+
+QPixmap QDepthTrackArea::grabChart()
+{
+    return m_pqFrame->grab();
+}
+
+void QDepthTrackArea::resizeEvent(QResizeEvent* pEvent)
+{
+    QWidget::resizeEvent(pEvent);
+    layoutTracks();
+}
+
+void QDepthTrackArea::changeEvent(QEvent* pEvent)
+{
+    QWidget::changeEvent(pEvent);
+    if (pEvent->type() == QEvent::StyleChange)
+        layoutTracks();
+}
+
+} // namespace gkBase

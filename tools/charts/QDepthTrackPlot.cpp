@@ -1,0 +1,427 @@
+#include "QDepthTrackPlot.h"
+
+#include "MatrixData.h"
+#include "QRelationshipItemModel.h"
+#include "SeriesThinning.h"
+#include "UnitManager.h"
+
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPaintEngine>
+#include <QPainter>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace gkBase {
+
+namespace {
+
+/// Lines with more points are drawn without smoothing: they fill their pixels anyway.
+constexpr std::size_t g_iSmoothPieces = 64;
+constexpr int g_iVectorRowsPerPixel = 4;
+constexpr int g_iBoundaryReach = 5; ///< pixels
+constexpr int g_iWheelUnitsPerStep = 120;
+constexpr double g_dPanShare = 0.1; ///< of the view, for a key or a notch
+constexpr int g_iBarOpacity = 60;
+constexpr int g_iLargerTadpole = 3; ///< pixels that decimated tadpoles exceed the others by
+constexpr double g_dLeaderFlat = 6.0;
+constexpr double g_dLeaderEnd = 16.0;
+constexpr double g_dLabelGap = 3.0;
+const QColor g_oSelected(255, 102, 0);
+
+bool isVectorDevice(const QPainter& painter)
+{
+    const QPaintEngine* pEngine = painter.paintEngine();
+    return pEngine && (pEngine->type() == QPaintEngine::SVG || pEngine->type() == QPaintEngine::Pdf ||
+                       pEngine->type() == QPaintEngine::Picture || pEngine->type() >= QPaintEngine::User);
+}
+
+/// The rows that a painter can show.
+std::pair<double, double> clippedRows(const QPainter& painter, const QRectF& oPlot)
+{
+    const QRectF oClip = painter.hasClipping() ? painter.clipBoundingRect() : oPlot;
+    return {oClip.top(), oClip.bottom()};
+}
+
+Qt::PenStyle markerPen(DepthMarker::Kind eKind)
+{
+    switch (eKind) {
+    case DepthMarker::Fault:
+        return Qt::DashLine;
+    case DepthMarker::Scat:
+        return Qt::DashDotLine;
+    default:
+        return Qt::SolidLine;
+    }
+}
+
+} // namespace
+
+QDepthTrackPlot::QDepthTrackPlot(QWidget* pqParent, const QString& sName)
+    : QCrossPlot(pqParent, sName)
+{
+    setOrientationFlag(0); // depth grows downwards
+    setMouseTracking(true);
+}
+
+QColor QDepthTrackPlot::markerColor(DepthMarker::Kind eKind, bool bOnBlack)
+{
+    switch (eKind) {
+    case DepthMarker::Top:
+        return bOnBlack ? QColor(120, 180, 255) : QColor(0, 70, 170);
+    case DepthMarker::Horizon:
+        return bOnBlack ? QColor(110, 220, 130) : QColor(0, 120, 50);
+    case DepthMarker::Fault:
+        return bOnBlack ? QColor(255, 120, 110) : QColor(190, 20, 20);
+    case DepthMarker::Scat:
+        break;
+    }
+    return bOnBlack ? QColor(215, 160, 255) : QColor(120, 30, 160);
+}
+
+// ---- what is shown --------------------------------------------------------------------------------------------------
+
+void QDepthTrackPlot::setTrack(const DepthTrack& track)
+{
+    m_oTrack = track;
+    const DepthTrackLimits limits = track.limits();
+    setRange({limits.m_dLeft, m_dFrom}, {limits.m_dRight, m_dTo});
+    setPointFillColor(track.color());
+    dataChanged();
+}
+
+void QDepthTrackPlot::setDepthRange(double dFrom, double dTo)
+{
+    m_dFrom = dFrom;
+    m_dTo = dTo;
+    setRange({rangeA().x(), dFrom}, {rangeB().x(), dTo});
+    dataChanged();
+}
+
+void QDepthTrackPlot::dataChanged()
+{
+    m_bPieceOutdated = true;
+    scheduleRedraw();
+}
+
+void QDepthTrackPlot::setDecimation(std::vector<DepthBin> vBins)
+{
+    if (vBins == m_vBins)
+        return;
+    m_vBins = std::move(vBins);
+    scheduleRedraw();
+}
+
+void QDepthTrackPlot::setMarkers(std::shared_ptr<const DepthMarkers> pMarkers)
+{
+    m_pMarkers = std::move(pMarkers);
+    scheduleRedraw();
+}
+
+void QDepthTrackPlot::setShowMarkerLabels(bool bShow)
+{
+    m_bShowMarkerLabels = bShow;
+    update();
+}
+
+void QDepthTrackPlot::setBoundaryEditing(bool bEditing)
+{
+    m_bBoundaryEditing = bEditing;
+}
+
+void QDepthTrackPlot::zoom(double dZoom)
+{
+    zoomY(dZoom);
+}
+
+// ---- layout ---------------------------------------------------------------------------------------------------------
+
+DepthTrackMap QDepthTrackPlot::map() const
+{
+    return depthTrackMap({rangeA().x(), rangeB().x()}, m_dFrom, m_dTo, chartSize());
+}
+
+std::vector<DepthTrackPiece> QDepthTrackPlot::thinnedLine(int iRowsPerPixel) const
+{
+    const QRelationshipItemModel* pModel = model();
+    if (!pModel || !m_oTrack.m_oStyle.m_bLine || m_oTrack.m_eKind == DepthTrack::Tadpoles)
+        return {};
+    const std::vector<std::size_t> viSamples =
+        thinSeries(pModel->y(), pModel->x(), m_dFrom, m_dTo, chartSize().height() * iRowsPerPixel);
+    return depthTrackPieces(viSamples, pModel->x(), pModel->y(), map());
+}
+
+void QDepthTrackPlot::layoutChart()
+{
+    QCrossPlot::layoutChart();
+    // Selections and lines draw the chart again but leave the curve as it is.
+    if (m_bPieceOutdated || m_oPieceSize != chartSize()) {
+        m_vPieces = thinnedLine(1);
+        m_oPieceSize = chartSize();
+        m_bPieceOutdated = false;
+    }
+    m_vBars = depthBinBars(m_vBins, map());
+}
+
+// ---- drawing --------------------------------------------------------------------------------------------------------
+
+void QDepthTrackPlot::drawUnderPoints(QPainter& painter)
+{
+    if (m_oTrack.m_eKind == DepthTrack::Curve)
+        drawDecimation(painter);
+    drawLine(painter);
+}
+
+void QDepthTrackPlot::drawOverPoints(QPainter& painter)
+{
+    drawSelectedSamples(painter);
+    if (m_oTrack.m_eKind == DepthTrack::Tadpoles)
+        drawDecimatedTadpoles(painter);
+    drawMarkerLines(painter);
+}
+
+void QDepthTrackPlot::drawLine(QPainter& painter)
+{
+    const bool bVector = isVectorDevice(painter);
+    const std::vector<DepthTrackPiece> vExact =
+        bVector ? thinnedLine(g_iVectorRowsPerPixel) : std::vector<DepthTrackPiece>();
+    const std::vector<DepthTrackPiece>& vPieces = bVector ? vExact : m_vPieces;
+    if (vPieces.empty())
+        return;
+    const auto [dTop, dBottom] = clippedRows(painter, m_oPlotRect);
+    const double dMargin = m_oTrack.m_oStyle.m_iLineWidth + 1.0;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, bVector || vPieces.size() <= g_iSmoothPieces);
+    painter.setPen(QPen(m_oTrack.color(), m_oTrack.m_oStyle.m_iLineWidth, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+    for (const DepthTrackPiece& piece : vPieces) {
+        if (piece.m_dBottom >= dTop - dMargin && piece.m_dTop <= dBottom + dMargin)
+            painter.drawPolyline(piece.m_oLine);
+    }
+    painter.restore();
+}
+
+void QDepthTrackPlot::drawDecimation(QPainter& painter)
+{
+    const auto [dTop, dBottom] = clippedRows(painter, m_oPlotRect);
+    QColor oFill = m_oTrack.color();
+    oFill.setAlpha(g_iBarOpacity);
+    painter.save();
+    for (const DepthBinBar& bar : m_vBars) {
+        if (bar.m_oBar.bottom() < dTop || bar.m_oBar.top() > dBottom)
+            continue;
+        painter.fillRect(bar.m_oBar, oFill);
+        painter.setPen(QPen(labelColor(), 2.0, Qt::SolidLine, Qt::FlatCap));
+        painter.drawLine(bar.m_oEdge);
+    }
+    painter.restore();
+}
+
+void QDepthTrackPlot::drawSelectedSamples(QPainter& painter)
+{
+    const QRelationshipItemModel* pModel = model();
+    // Where points are drawn, the cross plot marks the selected ones.
+    if (!pModel || pModel->drawSymbols() || pModel->numberOfSelectedPoints() == 0)
+        return;
+    const auto [dTop, dBottom] = clippedRows(painter, m_oPlotRect);
+    const DepthTrackMap oMap = map();
+    const std::span<const unsigned char> vbSelected = pModel->selectionMask();
+    const double dMargin = m_oTrack.m_oStyle.m_iPointSize + 1.0;
+    std::vector<QPointF> voPoints;
+    for (std::size_t i = 0; i < vbSelected.size(); ++i) {
+        if (vbSelected[i] == 0)
+            continue;
+        const QPointF oPoint = oMap.toPixel(pModel->x()[i], pModel->y()[i]);
+        if (oPoint.y() >= dTop - dMargin && oPoint.y() <= dBottom + dMargin)
+            voPoints.push_back(oPoint);
+    }
+    m_oSprites.drawSymbols(&painter, voPoints,
+                           {PointStyle::Circle, labelColor(), g_oSelected, m_oTrack.m_oStyle.m_iPointSize});
+}
+
+void QDepthTrackPlot::drawDecimatedTadpoles(QPainter& painter)
+{
+    const auto [dTop, dBottom] = clippedRows(painter, m_oPlotRect);
+    const DepthTrackMap oMap = map();
+    const int iSize = m_oTrack.m_oStyle.m_iPointSize + g_iLargerTadpole;
+    const double dReach = 3.0 * iSize + 10.0;
+    const auto draw = [&](double dDip, double dDepth, double dAzimuth) {
+        const QPointF oCentre = oMap.toPixel(dDip, dDepth);
+        if (oCentre.y() >= dTop - dReach && oCentre.y() <= dBottom + dReach)
+            drawColorFilledTadPole(&painter, oCentre, dAzimuth, labelColor(), g_oSelected, iSize);
+    };
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    for (const DepthBin& bin : m_vBins) {
+        if (!isMissing(bin.m_dValue) && !isMissing(bin.m_dAzimuth))
+            draw(bin.m_dValue, bin.m_dFrom * 0.5 + bin.m_dTo * 0.5, bin.m_dAzimuth);
+    }
+    if (m_pMarkers) {
+        for (const DepthTadpole& tadpole : m_pMarkers->m_vTadpoles)
+            draw(tadpole.m_dDip, tadpole.m_dDepth, tadpole.m_dAzimuth);
+    }
+    painter.restore();
+}
+
+void QDepthTrackPlot::drawMarkerLines(QPainter& painter)
+{
+    if (!m_pMarkers)
+        return;
+    const auto [dTop, dBottom] = clippedRows(painter, m_oPlotRect);
+    const DepthTrackMap oMap = map();
+    double dLastRow = -1.0;
+    for (const DepthMarker& marker : m_pMarkers->m_vLines) {
+        const double dRow = std::floor(oMap.m_oY.toPixel(marker.m_dDepth) + 0.5);
+        if (dRow < dTop - 1.0 || dRow > dBottom + 1.0 || dRow == dLastRow)
+            continue;
+        dLastRow = dRow;
+        painter.setPen(QPen(markerColor(marker.m_eKind, isOnBlack()), 1.0, markerPen(marker.m_eKind)));
+        painter.drawLine(QPointF(m_oPlotRect.left(), dRow), QPointF(m_oPlotRect.right(), dRow));
+    }
+}
+
+void QDepthTrackPlot::drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea)
+{
+    QCrossPlot::drawVisibleFrame(painter, oVisibleArea);
+    if (m_bShowMarkerLabels && m_pMarkers)
+        drawMarkerLabels(painter, oVisibleArea);
+}
+
+void QDepthTrackPlot::drawMarkerLabels(QPainter& painter, const QRect& oVisibleArea)
+{
+    const DepthTrackMap oMap = map();
+    std::vector<double> vdRows;
+    std::vector<std::size_t> viMarkers;
+    for (std::size_t i = 0; i < m_pMarkers->m_vLines.size(); ++i) {
+        const double dRow = oMap.m_oY.toPixel(m_pMarkers->m_vLines[i].m_dDepth) - oVisibleArea.top();
+        if (dRow < 0.0 || dRow > oVisibleArea.height())
+            continue;
+        vdRows.push_back(dRow);
+        viMarkers.push_back(i);
+    }
+    const QFontMetricsF metrics(painter.font(), painter.device());
+    const double dWidth = oVisibleArea.width() - g_dLeaderEnd - 2.0 * g_dLabelGap;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    for (const DepthLineLabel& label : placeDepthLabels(vdRows, metrics.height(), oVisibleArea.height())) {
+        const DepthMarker& marker = m_pMarkers->m_vLines[viMarkers[label.m_iLine]];
+        const double dCentre = label.m_dTop + metrics.height() / 2.0;
+        painter.setPen(QPen(markerColor(marker.m_eKind, isOnBlack()), 1.0));
+        painter.drawLine(QPointF(0.0, label.m_dLineY), QPointF(g_dLeaderFlat, label.m_dLineY));
+        painter.drawLine(QPointF(g_dLeaderFlat, label.m_dLineY), QPointF(g_dLeaderEnd, dCentre));
+        const QRectF oText(g_dLeaderEnd + g_dLabelGap, label.m_dTop, dWidth, metrics.height());
+        painter.setPen(labelColor());
+        painter.drawText(oText, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                         metrics.elidedText(marker.m_sName, Qt::ElideRight, dWidth));
+    }
+    painter.restore();
+}
+
+QString QDepthTrackPlot::pointToolTip(int iRecord) const
+{
+    const QRelationshipItemModel* pModel = model();
+    if (!pModel || !pModel->isValid(iRecord) || !pModel->nodeY())
+        return {};
+    const auto i = static_cast<std::size_t>(iRecord);
+    const auto line = [](const QString& sName, const QString& sValue, const QString& sUnit) {
+        return QStringLiteral("%1: %2 %3").arg(sName, sValue, sUnit).trimmed();
+    };
+    const DepthTrack depth = DepthTrack::curve(pModel->nodeY());
+    QString sText =
+        line(depth.name(), depth.displayText(pModel->y()[i]), depth.unitTag()) + QLatin1Char('\n') +
+        line(DepthTrack::curve(pModel->nodeX()).name(), m_oTrack.displayText(pModel->x()[i]), m_oTrack.unitTag());
+    if (const MatrixData* poAzimuth = m_oTrack.m_poAzimuth.get()) {
+        const DepthTrack azimuth = DepthTrack::curve(m_oTrack.m_poAzimuth.get());
+        sText += QLatin1Char('\n') +
+                 line(poAzimuth->name(), azimuth.displayText(pModel->azimuthTadPole(iRecord)), azimuth.unitTag());
+    }
+    return sText;
+}
+
+// ---- mouse and keys -------------------------------------------------------------------------------------------------
+
+void QDepthTrackPlot::wheelEvent(QWheelEvent* pEvent)
+{
+    const int iDelta = pEvent->angleDelta().y() != 0 ? pEvent->angleDelta().y() : pEvent->angleDelta().x();
+    pEvent->accept();
+    if (pEvent->modifiers().testFlag(Qt::ShiftModifier)) {
+        emit panAsked(static_cast<int>(-iDelta * height() * g_dPanShare / g_iWheelUnitsPerStep));
+        return;
+    }
+    const double dZoom = ChartViewport::wheelZoom(zoomFactor(), iDelta);
+    if (dZoom != zoomFactor())
+        emit zoomAsked(dZoom, pEvent->position().y());
+}
+
+void QDepthTrackPlot::mousePressEvent(QMouseEvent* pEvent)
+{
+    if (pEvent->button() == Qt::MiddleButton) {
+        m_bPanning = true;
+        m_dPanRow = pEvent->position().y();
+        setCursor(Qt::ClosedHandCursor);
+        return;
+    }
+    if (m_bBoundaryEditing && pEvent->button() == Qt::LeftButton) {
+        const QPointF oPixel = pEvent->position() + pixmapRect().topLeft();
+        const double dDepth = transformInDataPoint(oPixel).y();
+        const double dReach = transformInDataPoint(oPixel + QPointF(0.0, g_iBoundaryReach)).y();
+        emit boundaryPressed(dDepth, std::abs(dReach - dDepth));
+        return;
+    }
+    QCrossPlot::mousePressEvent(pEvent);
+}
+
+void QDepthTrackPlot::mouseMoveEvent(QMouseEvent* pEvent)
+{
+    if (m_bPanning) {
+        const auto iPixels = static_cast<int>(std::round(m_dPanRow - pEvent->position().y()));
+        m_dPanRow -= iPixels;
+        if (iPixels != 0)
+            emit panAsked(iPixels);
+        return;
+    }
+    QCrossPlot::mouseMoveEvent(pEvent);
+}
+
+void QDepthTrackPlot::mouseReleaseEvent(QMouseEvent* pEvent)
+{
+    if (m_bPanning && pEvent->button() == Qt::MiddleButton) {
+        m_bPanning = false;
+        unsetCursor();
+        return;
+    }
+    if (m_bBoundaryEditing && pEvent->button() == Qt::LeftButton)
+        return;
+    QCrossPlot::mouseReleaseEvent(pEvent);
+}
+
+void QDepthTrackPlot::keyPressEvent(QKeyEvent* pEvent)
+{
+    const auto iStep = static_cast<int>(height() * g_dPanShare);
+    const double dCentre = height() / 2.0;
+    switch (pEvent->key()) {
+    case Qt::Key_Up:
+        return emit panAsked(-iStep);
+    case Qt::Key_Down:
+        return emit panAsked(iStep);
+    case Qt::Key_PageUp:
+        return emit panAsked(-height());
+    case Qt::Key_PageDown:
+        return emit panAsked(height());
+    case Qt::Key_Home:
+        return emit panAsked(-chartSize().height());
+    case Qt::Key_End:
+        return emit panAsked(chartSize().height());
+    case Qt::Key_Plus:
+        return emit zoomAsked(std::min(zoomFactor() * 1.5, ChartViewport::s_dMaxZoom), dCentre);
+    case Qt::Key_Minus:
+        return emit zoomAsked(std::max(zoomFactor() / 1.5, ChartViewport::s_dMinZoom), dCentre);
+    default:
+        QCrossPlot::keyPressEvent(pEvent);
+    }
+}
+
+} // namespace gkBase

@@ -1,0 +1,102 @@
+#pragma once
+
+#include "DepthMarkers.h"
+#include "DepthTrack.h"
+#include "DepthTrackGeometry.h"
+#include "QCrossPlot.h"
+#include "gkBaseToolsExport.h"
+
+#include <QPointF>
+#include <QSize>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace gkBase {
+
+/// The canvas of one track of a depth plot: x is the attribute, y the depth, growing downwards. Beside what a cross
+/// plot draws (points, interval boundaries) it draws the line through the samples in the order of the records, the bars
+/// of a decimation, marker lines and, in the column for them, their labels.
+///
+/// Of a line with many samples per pixel row it draws those that cover the same pixels: first, least, greatest and
+/// last. Vector files (SVG, PDF) get four rows per pixel.
+///
+/// Tracks are magnified and panned together: the canvas only asks for it.
+class GKBASETOOLS_EXPORT QDepthTrackPlot : public QCrossPlot
+{
+    Q_OBJECT
+public:
+    explicit QDepthTrackPlot(QWidget* pqParent = nullptr, const QString& sName = QString());
+
+    /// Limits and looks; the points are those of the model.
+    void setTrack(const DepthTrack& track);
+    const DepthTrack& track() const { return m_oTrack; }
+    /// The depths at the upper and lower edge of the whole chart, in model units.
+    void setDepthRange(double dFrom, double dTo);
+    /// The values of the samples changed: the line is thinned again at the next paint.
+    void dataChanged();
+    /// Bars of a decimation; empty for none.
+    void setDecimation(std::vector<DepthBin> vBins);
+    /// Shared by all tracks; null for none.
+    void setMarkers(std::shared_ptr<const DepthMarkers> pMarkers);
+    /// This canvas is the column of the marker labels.
+    void setShowMarkerLabels(bool bShow);
+    /// A press of the left button reports a depth for the interval filter instead of selecting points.
+    void setBoundaryEditing(bool bEditing);
+
+    /// The line as it was drawn last, for hit tests.
+    const std::vector<DepthTrackPiece>& pieces() const { return m_vPieces; }
+
+    /// Magnifies in depth only, as zoomY().
+    void zoom(double dZoom) override;
+    void layoutChart() override;
+    void drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea) override;
+
+    static QColor markerColor(DepthMarker::Kind eKind, bool bOnBlack);
+
+signals:
+    /// The wheel asks for a magnification at which the depth under this row of the widget stays there.
+    void zoomAsked(double dZoom, double dRow);
+    /// A drag or a key asks to show what lies this many pixels further down.
+    void panAsked(int iPixels);
+    /// A press while boundaries are edited, with the reach of the press in depth.
+    void boundaryPressed(double dDepth, double dTolerance);
+
+protected:
+    void drawUnderPoints(QPainter& painter) override;
+    void drawOverPoints(QPainter& painter) override;
+    QString pointToolTip(int iRecord) const override;
+    void wheelEvent(QWheelEvent* pEvent) override;
+    void mousePressEvent(QMouseEvent* pEvent) override;
+    void mouseMoveEvent(QMouseEvent* pEvent) override;
+    void mouseReleaseEvent(QMouseEvent* pEvent) override;
+    void keyPressEvent(QKeyEvent* pEvent) override;
+
+private:
+    DepthTrackMap map() const;
+    std::vector<DepthTrackPiece> thinnedLine(int iRowsPerPixel) const;
+    void drawLine(QPainter& painter);
+    void drawDecimation(QPainter& painter);
+    void drawSelectedSamples(QPainter& painter);
+    void drawMarkerLines(QPainter& painter);
+    void drawDecimatedTadpoles(QPainter& painter);
+    void drawMarkerLabels(QPainter& painter, const QRect& oVisibleArea);
+    bool isOnBlack() const { return labelColor().red() != 0; }
+
+    DepthTrack m_oTrack;
+    double m_dFrom = 0.0;
+    double m_dTo = 1.0;
+    std::vector<DepthBin> m_vBins;
+    std::shared_ptr<const DepthMarkers> m_pMarkers;
+    bool m_bShowMarkerLabels = false;
+    bool m_bBoundaryEditing = false;
+    bool m_bPieceOutdated = true;
+    QSize m_oPieceSize; ///< of the chart that the line was laid out for
+    std::vector<DepthTrackPiece> m_vPieces;
+    std::vector<DepthBinBar> m_vBars;
+    bool m_bPanning = false;
+    double m_dPanRow = 0.0; ///< of the mouse when it was last followed
+};
+
+} // namespace gkBase
