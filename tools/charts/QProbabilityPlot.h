@@ -6,7 +6,7 @@
 #include "gkBaseToolsExport.h"
 
 #include <QColor>
-#include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <vector>
@@ -34,6 +34,7 @@ public:
     void setValueText(const ValueText& fnValueText) { m_fnValueText = fnValueText; }
     /// Lines of a box in the corner of the chart that the points leave free.
     void setResultLines(const QStringList& lLines);
+    QStringList resultLines() const { return m_lResultLines; }
 
     /// Index into points() of the point at a chart pixel, −1 where there is none.
     int intervalAt(const QPointF& oPixel) const override;
