@@ -1,6 +1,7 @@
 #include "CircularStatistics.h"
 
 #include "Angles.h"
+#include "VectorRegisters.h"
 
 #include <cmath>
 
@@ -16,6 +17,7 @@ CircularMean meanOfMultiples(const RecordValues& oDegrees, int iMultiple)
     double dNorth = 0.0;
     double dEast = 0.0;
     std::size_t iCount = 0;
+    clearVectorRegisters();
     oDegrees.forEach([&](double dValue) {
         const double dAngle = radians(dValue * iMultiple);
         dNorth += std::cos(dAngle);

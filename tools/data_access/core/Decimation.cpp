@@ -1,6 +1,7 @@
 #include "Decimation.h"
 
 #include "Angles.h"
+#include "VectorRegisters.h"
 
 #include <algorithm>
 #include <cmath>
@@ -74,6 +75,7 @@ std::vector<BinOrientation> binMeanOrientations(std::span<const int> viBins, int
                                                 std::span<const double> vdAzimuth, bool bLines, Function&& addTo)
 {
     std::vector<VectorSum> vSums(sizeOf(nBins));
+    clearVectorRegisters();
     forEachBinned(viBins, nBins, std::min(vdAngle.size(), vdAzimuth.size()), [&](std::size_t iBin, std::size_t i) {
         if (!isMissing(vdAngle[i]) && !isMissing(vdAzimuth[i])) {
             addTo(vSums[iBin], radians(vdAngle[i]), vdAzimuth[i]);

@@ -1,5 +1,7 @@
 #include "NormalProbability.h"
 
+#include "VectorRegisters.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -102,6 +104,7 @@ NormalFit normalProbabilityFit(std::span<const double> vdSorted)
     if (vdSorted.size() < 2) {
         return oFit;
     }
+    clearVectorRegisters();
     double dZZ = 0.0;
     double dVZ = 0.0;
     double dVV = 0.0;
