@@ -21,6 +21,7 @@ private slots:
     void spectrum();
     void bandsOfValues();
     void symbolIds();
+    void idsOfManyValues();
     void colorMapIds();
 };
 
@@ -121,6 +122,22 @@ void TestGKColormap::symbolIds()
     QCOMPARE(vIds, (std::vector<int>{2, 0, 1}));
     QCOMPARE(names.first().typeId(), static_cast<int>(QMetaType::QColor));
     QCOMPARE(colors.value(2), QColor(Qt::red));
+}
+
+void TestGKColormap::idsOfManyValues()
+{
+    constexpr int iValues = 5000;
+    MatrixData numbers(QStringLiteral("Number"), iValues + 1, 1, QMetaType::Int);
+    for (int i = 0; i < iValues; ++i)
+        numbers.mutableColumn().setValue(i, 2 * (iValues - i));
+    std::vector<int> vIds;
+    QMap<int, QVariant> names;
+    QMap<int, QColor> colors;
+    numbers.createSymbolIDs(vIds, names, colors);
+    for (int i = 0; i < iValues; ++i)
+        QCOMPARE(names.value(vIds[static_cast<std::size_t>(i)]).toInt(), 2 * (iValues - i));
+    QCOMPARE(vIds.back(), 0);
+    QCOMPARE(names.lastKey(), iValues);
 }
 
 void TestGKColormap::colorMapIds()

@@ -4,25 +4,38 @@
 #include "MissingValue.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
-#include <unordered_set>
+#include <cstdint>
+#include <set>
 
 namespace gkBase {
 
 namespace {
 
+/// A place among 256 for a whole number.
+std::size_t slotOf(double dWhole)
+{
+    constexpr double dLargest = 9e15; // every whole number up to here fits a double and an integer of 64 bits
+    return std::abs(dWhole) < dLargest ? static_cast<std::size_t>(static_cast<std::int64_t>(dWhole)) & 255u : 0u;
+}
+
 /// True when the values are whole numbers of at most RelationshipClasses::s_iMaximumValueClasses different ones.
 bool areFewWholeNumbers(const MatrixColumn& oColumn)
 {
-    std::unordered_set<double> distinct;
-    double dLast = g_dEmptyCell;
+    std::array<double, 256> vdSeen; // by the last digits of the number: spares most look-ups in the set
+    vdSeen.fill(g_dEmptyCell);
+    std::set<double> distinct;
     for (int i = 0; i < oColumn.size(); ++i) {
         const double dValue = oColumn.number(i);
-        if (isMissing(dValue) || dValue == dLast)
+        if (isMissing(dValue))
             continue;
         if (dValue != std::floor(dValue))
             return false;
-        dLast = dValue;
+        double& dSeen = vdSeen[slotOf(dValue)];
+        if (dSeen == dValue)
+            continue;
+        dSeen = dValue;
         distinct.insert(dValue);
         if (distinct.size() > RelationshipClasses::s_iMaximumValueClasses)
             return false;

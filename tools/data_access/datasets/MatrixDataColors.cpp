@@ -10,6 +10,8 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <numeric>
+#include <unordered_map>
 
 namespace gkBase {
 
@@ -17,6 +19,9 @@ namespace {
 
 using SymbolNames = QMap<int, QVariant>;
 using SymbolColors = QMap<int, QColor>;
+
+/// Up to so many distinct values are looked up in a table rather than sorted.
+constexpr std::size_t g_iFewClasses = 4096;
 
 // Mid-tone colours far apart in hue: each keeps a contrast of about 3 to 1 against white as well as black.
 constexpr std::array aPalette{0x2f7ed8u, 0xd9502eu, 0x2e9e4bu, 0xa457c4u, 0xb8860bu, 0x159e9eu,
@@ -71,11 +76,57 @@ void classifyTexts(const MatrixColumn& column, std::vector<int>& vIds, SymbolNam
         vIds[i] = codes[i] < 0 ? 0 : viIdOfCode[static_cast<std::size_t>(codes[i])];
 }
 
-/// Sorts the distinct values; ids are their places. key(i) tells the value of record i, false when missing.
+/// The distinct values in the order in which they come, numbered from 1 in vIds; key(i, value) tells the value of a
+/// record, false when missing. False, and vIds is of no use, when there are more than g_iFewClasses of them.
+template <typename T, typename Key>
+bool numberFewValues(std::vector<int>& vIds, std::vector<T>& vDistinct, Key& key)
+{
+    std::unordered_map<T, int> idOfValue;
+    T value{};
+    for (std::size_t i = 0; i < vIds.size(); ++i) {
+        if (!key(static_cast<int>(i), value))
+            continue;
+        const auto [it, bNew] = idOfValue.try_emplace(value, static_cast<int>(vDistinct.size()) + 1);
+        if (bNew) {
+            if (vDistinct.size() == g_iFewClasses)
+                return false;
+            vDistinct.push_back(value);
+        }
+        vIds[i] = it->second;
+    }
+    return true;
+}
+
+/// Sorts the values that numberFewValues() numbered, and renumbers the records with them.
+template <typename T>
+void renumberSorted(std::vector<int>& vIds, std::vector<T>& vDistinct)
+{
+    std::vector<int> viOrder(vDistinct.size());
+    std::iota(viOrder.begin(), viOrder.end(), 0);
+    const auto valueAt = [&vDistinct](int i) { return vDistinct[static_cast<std::size_t>(i)]; };
+    std::sort(viOrder.begin(), viOrder.end(), [&](int a, int b) { return valueAt(a) < valueAt(b); });
+    std::vector<int> viNewId(vDistinct.size() + 1, 0);
+    std::vector<T> vSorted;
+    for (const int i : viOrder) {
+        vSorted.push_back(valueAt(i));
+        viNewId[static_cast<std::size_t>(i) + 1] = static_cast<int>(vSorted.size());
+    }
+    for (int& iId : vIds)
+        iId = viNewId[static_cast<std::size_t>(iId)];
+    vDistinct = std::move(vSorted);
+}
+
+/// The distinct values in rising order; ids are their places from 1. A few values, which is what classes usually
+/// are, take one pass over the records; many are sorted.
 template <typename T, typename Key>
 std::vector<T> classifySorted(std::vector<int>& vIds, Key key)
 {
     std::vector<T> vDistinct;
+    if (numberFewValues(vIds, vDistinct, key)) {
+        renumberSorted(vIds, vDistinct);
+        return vDistinct;
+    }
+    vDistinct.clear();
     T value{};
     for (int i = 0; i < static_cast<int>(vIds.size()); ++i)
         if (key(i, value))
@@ -93,10 +144,10 @@ std::vector<T> classifySorted(std::vector<int>& vIds, Key key)
 void classifyColors(const MatrixColumn& column, std::vector<int>& vIds, SymbolNames& names, SymbolColors& colors)
 {
     startClasses(QColor(Qt::gray), names, colors); // the first name tells the legend that the classes are colours
-    const std::vector<QRgb> vDistinct = classifySorted<QRgb>(vIds, [&column](int i, QRgb& rgb) {
-        const QColor oColor = column.color(i);
-        rgb = oColor.rgb();
-        return oColor.isValid();
+    const std::span<const QRgb> cells = column.colors();
+    const std::vector<QRgb> vDistinct = classifySorted<QRgb>(vIds, [cells](int i, QRgb& rgb) {
+        rgb = static_cast<std::size_t>(i) < cells.size() ? cells[static_cast<std::size_t>(i)] : 0;
+        return rgb != 0;
     });
     for (std::size_t i = 0; i < vDistinct.size(); ++i)
         appendClass(static_cast<int>(i) + 1, QColor(vDistinct[i]), QColor(vDistinct[i]), names, colors);
