@@ -67,6 +67,7 @@ void CrossPlotClusterPage::createControls()
     m_pqTable->setAccessibleName(tr("Clusters"));
     m_pqTable->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_pqTable->verticalHeader()->hide();
+    m_pqTable->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     m_pqTable->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     m_pqTable->setMinimumHeight(m_pqTable->verticalHeader()->defaultSectionSize() * g_iTableRowsInSight);
     m_pqResultLabel->setTextFormat(Qt::PlainText);

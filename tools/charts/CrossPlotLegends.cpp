@@ -4,6 +4,7 @@
 #include "QLegendListModel.h"
 #include "QLegendListView.h"
 #include "QRelationshipItemModel.h"
+#include "UnitText.h"
 
 #include <QApplication>
 #include <QFontMetricsF>
@@ -25,6 +26,17 @@ constexpr double g_dLegendGap = 12.0;
 QString titleOf(const MatrixData* poAttribute)
 {
     return poAttribute ? poAttribute->name() : QString();
+}
+
+/// The names of the classes as the user reads them: numbers in display units.
+QMap<int, QVariant> shownNames(const MatrixData* poAttribute, const QMap<int, QVariant>& names)
+{
+    QMap<int, QVariant> shown = names;
+    for (QVariant& qName : shown) {
+        if (qName.typeId() == QMetaType::Double)
+            qName = displayText(poAttribute, qName.toDouble());
+    }
+    return shown;
 }
 
 QFont titleFont(const QWidget& oWidget)
@@ -102,8 +114,10 @@ void CrossPlotLegends::setClasses(const QRelationshipItemModel& model)
     m_oColor.m_pModel->setSymbolNode(model.colorAttribute());
     m_oSymbol.m_pModel->setSymbolNode(model.symbolAttribute());
     m_oSymbol.m_pModel->setHighestSymbolId(std::max(0, model.symbolClasses().highestId()));
-    m_oColor.m_pModel->setClasses(model.colorClasses().names(), model.colorClasses().colors());
-    m_oSymbol.m_pModel->setClasses(model.symbolClasses().names(), model.symbolClasses().colors());
+    m_oColor.m_pModel->setClasses(shownNames(model.colorAttribute(), model.colorClasses().names()),
+                                  model.colorClasses().colors());
+    m_oSymbol.m_pModel->setClasses(shownNames(model.symbolAttribute(), model.symbolClasses().names()),
+                                   model.symbolClasses().colors());
     showLegends();
 }
 

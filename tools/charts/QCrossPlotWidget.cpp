@@ -77,6 +77,8 @@ void QCrossPlotWidget::readPoints()
     const QString sProblem = problem();
     const bool bUsable = sProblem.isEmpty();
     m_pqPlot->setMessage(sProblem);
+    m_oColorClassColors.remember(m_pModel->colorAttribute(), m_pModel->colorClasses());
+    m_oSymbolClassColors.remember(m_pModel->symbolAttribute(), m_pModel->symbolClasses());
     const int iFormerRecords = m_pModel->numberOfPoints();
     m_pModel->takeNewDataSet(-1, QRelationshipItemModel::CrossPlotDisplay, bUsable ? nodeX() : nullptr,
                              bUsable ? nodeY() : nullptr, {});
@@ -151,6 +153,12 @@ void QCrossPlotWidget::swapAxes()
 
 void QCrossPlotWidget::showClasses()
 {
+    m_oColorClassColors.restore(
+        m_pModel->colorAttribute(), m_pModel->colorClasses(),
+        [this](int iClass, const QColor& oColor) { m_pModel->changeColorClass(iClass, oColor); });
+    m_oSymbolClassColors.restore(
+        m_pModel->symbolAttribute(), m_pModel->symbolClasses(),
+        [this](int iClass, const QColor& oColor) { m_pModel->changeSymbolColor(iClass, oColor); });
     m_pqLegends->setClasses(*m_pModel);
     m_pqPointPage->setColorAttribute(m_pModel->colorAttribute(), m_pModel->colorClasses().isBanded());
 }
@@ -279,6 +287,7 @@ void QCrossPlotWidget::slotColorMapChanged()
 {
     const RelationshipClasses::ColorMap map = m_pqPointPage->colorMap();
     m_pModel->setColorMap(map.m_dMin, map.m_dMax, map.m_dInterval, map.m_bRedToBlue);
+    m_oColorClassColors.forget();
     showClasses();
     m_pqPlot->scheduleRedraw();
 }

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "ClassColors.h"
 #include "CrossPlotAxesPage.h"
 #include "CrossPlotSettings.h"
 #include "MatrixDataPointer.h"
+#include "QRelationshipItemModel.h" // complete, so that the signal of clusters can be queued and recorded
 #include "gkBaseToolsExport.h"
 
 #include <QPointF>
@@ -28,7 +30,6 @@ class CrossPlotLegends;
 class CrossPlotPointPage;
 class MatrixData;
 class QCrossPlot;
-class QRelationshipItemModel;
 enum class CrossPlotRole;
 
 /// The cross plot panel: points of two attributes with axes, legends, regression line and clusters, and the controls
@@ -135,7 +136,9 @@ private:
     void slotDisplayUnitChanged(const QString& sCategory);
     MatrixData* node(int iGlobalID) const;
     MatrixData* attribute(CrossPlotRole eRole) const;
+    /// Colour, symbol, tadpole or third. Classes are made, but nothing is shown yet.
     void setAttribute(CrossPlotRole eRole, MatrixData* poNode);
+    void setOptionalAttribute(CrossPlotRole eRole, MatrixData* poNode);
     void chooseAttributes(MatrixData* poX, MatrixData* poY);
     void fillChoosers(const MatrixData* poLeaving);
     void showChosen();
@@ -165,6 +168,8 @@ private:
     MatrixDataPointer m_poX;
     MatrixDataPointer m_poY;
     std::unique_ptr<MatrixData> m_poClusters; ///< colours the points while no attribute of the tree holds the clusters
+    ClassColors m_oColorClassColors;
+    ClassColors m_oSymbolClassColors;
     std::vector<int> m_viSelectedRecords;
     CrossPlotLimits m_oLimits;
     bool m_bReadNeeded = false; ///< attributes were chosen, but not read

@@ -112,15 +112,15 @@ MatrixData* QCrossPlotWidget::node(int iGlobalID) const
 void QCrossPlotWidget::slotAttributeChosen(CrossPlotRole eRole, int iGlobalID)
 {
     MatrixData* poNode = node(iGlobalID);
-    if (eRole == CrossPlotRole::X)
-        chooseAttributes(poNode, records(nodeY()) == records(poNode)
-                                     ? nodeY()
-                                     : firstNumeric(poNode ? poNode->owner() : nullptr, poNode));
-    else if (eRole == CrossPlotRole::Y)
+    if (eRole == CrossPlotRole::X) {
+        const bool bFits = nodeY() && records(nodeY()) == records(poNode);
+        chooseAttributes(poNode, bFits ? nodeY() : firstNumeric(poNode ? poNode->owner() : nullptr, poNode));
+    } else if (eRole == CrossPlotRole::Y) {
         chooseAttributes(nodeX(), poNode);
-    else
-        setAttribute(eRole, poNode);
-    m_bReadNeeded = true;
+    } else {
+        setOptionalAttribute(eRole, poNode);
+        return;
+    }
     emit signalUpdateChartData();
     // An owner reads again on the signal, with the rows that it knows; once is enough.
     if (m_bReadNeeded)
@@ -188,7 +188,6 @@ MatrixData* QCrossPlotWidget::attribute(CrossPlotRole eRole) const
     return nullptr;
 }
 
-/// An optional one; the classes are read, but nothing is shown yet.
 void QCrossPlotWidget::setAttribute(CrossPlotRole eRole, MatrixData* poNode)
 {
     if (attribute(eRole) == poNode)
@@ -209,31 +208,32 @@ void QCrossPlotWidget::setAttribute(CrossPlotRole eRole, MatrixData* poNode)
     m_pqAttributeGroup->choose(eRole, poNode);
 }
 
-void QCrossPlotWidget::setColorAttribute(MatrixData* poAttribute)
+void QCrossPlotWidget::setOptionalAttribute(CrossPlotRole eRole, MatrixData* poNode)
 {
-    setAttribute(CrossPlotRole::Color, poAttribute);
+    setAttribute(eRole, poNode);
     showClasses();
-    m_pqPlot->scheduleRedraw();
-}
-
-void QCrossPlotWidget::setSymbolAttribute(MatrixData* poAttribute)
-{
-    setAttribute(CrossPlotRole::Symbol, poAttribute);
-    showClasses();
-    m_pqPlot->scheduleRedraw();
-}
-
-void QCrossPlotWidget::setThirdAttribute(MatrixData* poAttribute)
-{
-    setAttribute(CrossPlotRole::Third, poAttribute);
     m_pqClusterPage->showClusters(*m_pModel);
     m_pqPlot->scheduleRedraw();
 }
 
+void QCrossPlotWidget::setColorAttribute(MatrixData* poAttribute)
+{
+    setOptionalAttribute(CrossPlotRole::Color, poAttribute);
+}
+
+void QCrossPlotWidget::setSymbolAttribute(MatrixData* poAttribute)
+{
+    setOptionalAttribute(CrossPlotRole::Symbol, poAttribute);
+}
+
+void QCrossPlotWidget::setThirdAttribute(MatrixData* poAttribute)
+{
+    setOptionalAttribute(CrossPlotRole::Third, poAttribute);
+}
+
 void QCrossPlotWidget::setTadpoleAttribute(MatrixData* poAzimuth)
 {
-    setAttribute(CrossPlotRole::TadPole, poAzimuth);
-    m_pqPlot->scheduleRedraw();
+    setOptionalAttribute(CrossPlotRole::TadPole, poAzimuth);
 }
 
 void QCrossPlotWidget::setCurrentColorItem(int iGlobalID)

@@ -20,13 +20,12 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
 namespace gkBase {
 
 namespace {
 
 constexpr int g_iSideBarWidth = 270;
+constexpr int g_iPageMinimumHeight = 110;
 constexpr int g_iLegendWidth = 150;
 constexpr int g_iLegendMinimumWidth = 90;
 
@@ -82,11 +81,8 @@ void QCrossPlotWidget::createControls()
     pqToolBox->addItem(m_pqClusterPage, tr("Clusters"));
     pqToolBox->addItem(m_pqAxesPage, tr("Axis Limits"));
     pqToolBox->addItem(m_pqDisplayPage, tr("Annotation/Display Settings"));
-    // The side bar scrolls as a whole; bars of a page inside it would leave a slit of it on small screens.
-    int iTallest = 0;
-    for (int iPage = 0; iPage < pqToolBox->count(); ++iPage)
-        iTallest = std::max(iTallest, pqToolBox->widget(iPage)->minimumSizeHint().height());
-    pqToolBox->setMinimumHeight(pqToolBox->minimumSizeHint().height() + iTallest);
+    // All headers stay in reach on small screens: a page that is taller scrolls by itself.
+    pqToolBox->setMinimumHeight(pqToolBox->minimumSizeHint().height() + g_iPageMinimumHeight);
 
     auto* pqControls = new QWidget;
     auto* pqLayout = new QVBoxLayout(pqControls);
