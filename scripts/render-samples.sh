@@ -25,3 +25,7 @@ draw samples/logs.las GR
 draw samples/logs.las RHOB
 picture samples/fractures.csv barchart set
 picture samples/logs.las probability RHOB
+
+picture="$folder/logs-crossplot-RHOB-NPHI.png"
+"$program" render samples/logs.las --chart crossplot --x RHOB --y NPHI --color-by GR --regression --out "$picture"
+echo "== logs.las, crossplot: $picture"

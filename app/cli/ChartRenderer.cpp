@@ -1,6 +1,7 @@
 #include "ChartRenderer.h"
 
 #include <gkBase/MissingValue.h>
+#include <gkBase/QCrossPlotWidget.h>
 #include <gkBase/QDepthPlotWidget.h>
 #include <gkBase/QHistogramChartWidget.h>
 #include <gkBase/QTRNBarChartWidget.h>
@@ -185,6 +186,64 @@ std::optional<CommandResult> renderDepthPlot(CommandInput& input, const QString&
     return exported(panel, sPath, oSize);
 }
 
+void addCrossPlotOptions(QCommandLineParser& parser)
+{
+    parser.addOptions(
+        {{QStringLiteral("x"), text("The attribute along the horizontal axis."), QStringLiteral("NAME")},
+         {QStringLiteral("y"), text("The attribute along the vertical axis."), QStringLiteral("NAME")},
+         {QStringLiteral("color-by"), text("The attribute that colours the points."), QStringLiteral("NAME")},
+         {QStringLiteral("symbol-by"), text("The attribute that gives the symbols."), QStringLiteral("NAME")},
+         {QStringLiteral("regression"), text("Draw the line of the regression of y over x.")}});
+}
+
+/// The attribute that an option names, for as many records as the points have; null when it is absent, and with a
+/// message.
+gkBase::MatrixData* classAttribute(const CommandInput& input, const QString& sOption, const gkBase::MatrixData& points,
+                                   std::optional<CommandResult>& oError)
+{
+    if (oError || !input.isSet(sOption))
+        return nullptr;
+    const QString sName = input.value(sOption);
+    // The same name in several data sets means the one that the points are from.
+    const QString sBesidePoints = points.owner()->name() + QLatin1String(": ") + sName;
+    std::optional<CommandResult> oNotThere;
+    gkBase::MatrixData* poAttribute = input.attribute(sBesidePoints, oNotThere);
+    if (!poAttribute)
+        poAttribute = input.attribute(sName, oError);
+    if (!poAttribute || poAttribute->recordCount() == points.recordCount())
+        return poAttribute;
+    oError = CommandResult::badInput(text("%1: \"%2\" and \"%3\" belong to data sets of different length")
+                                         .arg(input.filePath(), points.name(), sName));
+    return nullptr;
+}
+
+std::optional<CommandResult> renderCrossPlot(CommandInput& input, const QString& sPath, const QSize& oSize)
+{
+    std::optional<CommandResult> oError = input.require(QStringList{QStringLiteral("x"), QStringLiteral("y")});
+    const int iBackground = background(input, oError);
+    if (!oError)
+        oError = input.load();
+    if (oError)
+        return oError;
+    const std::vector<gkBase::MatrixData*> vpAxes =
+        input.numericAttributes({input.value(QStringLiteral("x")), input.value(QStringLiteral("y"))}, oError);
+    if (vpAxes.empty())
+        return oError;
+    gkBase::MatrixData* poColor = classAttribute(input, QStringLiteral("color-by"), *vpAxes[0], oError);
+    gkBase::MatrixData* poSymbol = classAttribute(input, QStringLiteral("symbol-by"), *vpAxes[0], oError);
+    if (oError)
+        return oError;
+
+    gkBase::QCrossPlotWidget panel;
+    panel.setDataRoot(&input.root());
+    panel.setAttributes(vpAxes[0], vpAxes[1]);
+    panel.setColorAttribute(poColor);
+    panel.setSymbolAttribute(poSymbol);
+    panel.setShowRegressionLine(input.isSet(QStringLiteral("regression")));
+    panel.setBlackBackground(iBackground == 1);
+    return exported(panel, sPath, oSize);
+}
+
 } // namespace
 
 const std::vector<ChartRenderer>& chartRenderers()
@@ -193,6 +252,7 @@ const std::vector<ChartRenderer>& chartRenderers()
         {QStringLiteral("histogram"), addHistogramOptions, renderHistogram},
         {QStringLiteral("barchart"), addBarChartOptions, renderBarChart},
         {QStringLiteral("probability"), addProbabilityOptions, renderProbability},
+        {QStringLiteral("crossplot"), addCrossPlotOptions, renderCrossPlot},
         {QStringLiteral("depthplot"), addDepthPlotOptions, renderDepthPlot},
     };
     return vRenderers;

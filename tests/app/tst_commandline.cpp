@@ -204,6 +204,11 @@ private slots:
         QTest::newRow("interval of texts") << QStringList{"render", sEven,        "--chart", "barchart", "--attribute",
                                                           "Set",    "--interval", "2",       "--out",    sOut}
                                            << 1;
+        const QStringList lCrossPlot{"render", sEven, "--chart", "crossplot", "--out", sOut, "--x", "Value"};
+        QTest::newRow("cross plot without y") << lCrossPlot << 2;
+        QTest::newRow("cross plot of texts") << lCrossPlot + QStringList{"--y", "Set"} << 1;
+        QTest::newRow("cross plot without that colour")
+            << lCrossPlot + QStringList{"--y", "Value", "--color-by", "Rock"} << 1;
         QTest::newRow("unknown format") << QStringList{"render",      sEven,   "--chart", "histogram",
                                                        "--attribute", "Value", "--out",   path("x.gif")}
                                         << 2;
@@ -254,6 +259,10 @@ private slots:
         const QStringList lHistogram{"histogram", "--attribute", "Value", "--interval", "5", "--type", "relative"};
         const QStringList lBars{"barchart", "--attribute", "Set", "--type", "percent", "--sort", "count"};
         const QStringList lProbability{"probability", "--attribute", "Value"};
+        const QStringList lCrossPlot{"crossplot",  "--x", "Value",       "--y",  "Flag",
+                                     "--color-by", "set", "--symbol-by", "Flag", "--regression"};
+        QTest::newRow("cross plot png") << lCrossPlot << path("x.png") << QByteArray("\x89PNG");
+        QTest::newRow("cross plot pdf") << lCrossPlot << path("x.pdf") << QByteArray("%PDF");
         QTest::newRow("png") << lHistogram << path("h.png") << QByteArray("\x89PNG");
         QTest::newRow("svg") << lHistogram << path("h.svg") << QByteArray("<?xml");
         QTest::newRow("pdf") << lHistogram << path("h.pdf") << QByteArray("%PDF");
