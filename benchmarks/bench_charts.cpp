@@ -1,10 +1,14 @@
-// The histogram at a million records, and redrawing and panning of a zoomed canvas.
+// Histogram, bar chart and probability plot at a million records, and redrawing and panning of a zoomed canvas.
 
+#include <gkBase/BarDiagramClasses.h>
 #include <gkBase/MatrixColumn.h>
 #include <gkBase/MatrixData.h>
 #include <gkBase/PointStyle.h>
+#include <gkBase/ProbabilityPlotGeometry.h>
+#include <gkBase/QBarDiagramWidget.h>
 #include <gkBase/QHistogramItemModel.h>
 #include <gkBase/QHistogramPlotWidget.h>
+#include <gkBase/QProbabilityPlot.h>
 #include <gkBase/SymbolSpriteCache.h>
 
 #include <QApplication>
@@ -13,6 +17,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <memory>
 #include <random>
 #include <vector>
@@ -121,6 +126,122 @@ BENCHMARK(panHistogram)
     ->Args({8, 1})  // across tiles
     ->Args({20, 1}) // likewise
     ->Unit(benchmark::kMillisecond);
+
+/// A million texts of which state.range(0) differ.
+std::unique_ptr<MatrixData> texts(std::int64_t iDistinct)
+{
+    MatrixColumn column(QMetaType::QString);
+    for (int i = 0; i < 1000000; ++i)
+        column.appendText(QStringLiteral("class %1").arg(i * 7919LL % iDistinct));
+    auto poData = std::make_unique<MatrixData>(QStringLiteral("texts"), 0, 1, QMetaType::QString);
+    poData->setColumn(0, std::move(column));
+    return poData;
+}
+
+void countBars(benchmark::State& state, const MatrixData& data, double dInterval)
+{
+    std::vector<int> viRecords(500000);
+    for (std::size_t i = 0; i < viRecords.size(); ++i)
+        viRecords[i] = static_cast<int>(2 * i);
+    int iTotal = 0;
+    for (auto _ : state) {
+        BarDiagramClasses classes;
+        classes.classify(&data, dInterval);
+        classes.count(viRecords);
+        classes.arrange(BarDiagramClasses::NameOrder, true);
+        iTotal = classes.total();
+    }
+    if (iTotal != 500000)
+        state.SkipWithError("records are missing");
+}
+
+void newBarsOfTexts(benchmark::State& state)
+{
+    countBars(state, *texts(state.range(0)), 0.0);
+}
+BENCHMARK(newBarsOfTexts)->Arg(12)->Arg(500)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+
+/// state.range(0): 0 distinct numbers, 1 intervals.
+void newBarsOfNumbers(benchmark::State& state)
+{
+    countBars(state, *normalValues(1000000), state.range(0) == 1 ? 50.0 : 0.0);
+}
+BENCHMARK(newBarsOfNumbers)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond);
+
+/// Another selection of records, with the classes as they are.
+void recountBars(benchmark::State& state)
+{
+    const std::unique_ptr<MatrixData> poData = texts(500);
+    BarDiagramClasses classes;
+    classes.classify(poData.get(), 0.0);
+    for (auto _ : state) {
+        classes.classify(poData.get(), 0.0);
+        classes.count({});
+        classes.arrange(BarDiagramClasses::CountOrder, true);
+        if (classes.total() != 1000000)
+            state.SkipWithError("records are missing");
+    }
+}
+BENCHMARK(recountBars)->Unit(benchmark::kMillisecond);
+
+void scrollBars(benchmark::State& state)
+{
+    const std::unique_ptr<MatrixData> poData = texts(state.range(0));
+    const auto pClasses = std::make_shared<BarDiagramClasses>();
+    pClasses->classify(poData.get(), 0.0);
+    pClasses->count({});
+    pClasses->arrange(BarDiagramClasses::ValueOrder, true);
+    QBarDiagramWidget plot;
+    plot.resize(1920, 1080);
+    plot.setClasses(pClasses);
+    plot.setTop(pClasses->maximumCount());
+    QImage oScreen(plot.size(), QImage::Format_RGB32);
+    int iFirst = 0;
+    for (auto _ : state) {
+        plot.setFirstBar(++iFirst % 300);
+        plot.render(&oScreen);
+    }
+}
+BENCHMARK(scrollBars)->Arg(500)->Arg(1000000)->Unit(benchmark::kMillisecond);
+
+/// Sorting, fit, layout and paint of another selection.
+void newProbabilityPlot(benchmark::State& state)
+{
+    const std::unique_ptr<MatrixData> poData = normalValues(1000000);
+    const std::vector<double> vdValues = poData->column(0).numbers();
+    QProbabilityPlot plot;
+    plot.resize(1920, 1080);
+    QImage oScreen(plot.size(), QImage::Format_RGB32);
+    for (auto _ : state) {
+        std::vector<double> vdSorted = vdValues;
+        std::sort(vdSorted.begin(), vdSorted.end());
+        plot.setValues(std::move(vdSorted));
+        plot.setBoundaries({800.0, -5.0}, {2200.0, 5.0});
+        plot.render(&oScreen);
+    }
+    if (plot.points().size() < 500)
+        state.SkipWithError("points are missing");
+}
+BENCHMARK(newProbabilityPlot)->Unit(benchmark::kMillisecond);
+
+/// state.range(0): zoom.
+void redrawProbabilityPlot(benchmark::State& state)
+{
+    std::vector<double> vdSorted = normalValues(1000000)->column(0).numbers();
+    std::sort(vdSorted.begin(), vdSorted.end());
+    QProbabilityPlot plot;
+    plot.resize(1920, 1080);
+    plot.setValues(std::move(vdSorted));
+    plot.setBoundaries({800.0, -5.0}, {2200.0, 5.0});
+    plot.zoom(static_cast<double>(state.range(0)));
+    QImage oScreen(plot.size(), QImage::Format_RGB32);
+    for (auto _ : state) {
+        plot.redraw();
+        plot.render(&oScreen);
+    }
+    state.counters["points"] = static_cast<double>(plot.points().size());
+}
+BENCHMARK(redrawProbabilityPlot)->Arg(1)->Arg(20)->Unit(benchmark::kMillisecond);
 
 void drawSymbols(benchmark::State& state)
 {
