@@ -109,7 +109,7 @@ QString CommandLine::helpText()
         "Usage:\n"
         "  gkanalyser [FILE...]                       open files in the analyser\n"
         "  gkanalyser stats FILE --attribute NAME     print the statistics of an attribute\n"
-        "  gkanalyser render FILE --chart NAME --out PATH.png|.svg|.pdf\n"
+        "  gkanalyser render FILE --chart NAME --out PATH.png|.svg|.pdf|.emf\n"
         "                                             draw a chart into a file\n"
         "  gkanalyser convert FILE --out PATH.csv     write all data sets as CSV\n"
         "  gkanalyser stats FILE --x NAME --y NAME    print the regression of one attribute on another\n"

@@ -62,7 +62,7 @@ CommandResult runRenderCommand(const QStringList& lArguments)
     QCommandLineParser& parser = input.parser();
     parser.setApplicationDescription(text("Draws a chart into a file. Charts: %1.").arg(chartNames().join(", ")));
     parser.addOptions({{QStringLiteral("chart"), text("The chart."), QStringLiteral("NAME")},
-                       {QStringLiteral("out"), text("The picture: .png, .svg or .pdf."), QStringLiteral("PATH")},
+                       {QStringLiteral("out"), text("The picture: .png, .svg, .pdf or .emf."), QStringLiteral("PATH")},
                        {QStringLiteral("size"), text("Width and height in pixels."), QStringLiteral("WxH"),
                         QStringLiteral("1000x800")},
                        {QStringLiteral("background"), text("white or black."), QStringLiteral("COLOUR")}});

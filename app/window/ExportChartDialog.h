@@ -14,7 +14,7 @@ class ExportChartDialog : public QDialog
 public:
     explicit ExportChartDialog(QWidget* pqParent = nullptr);
 
-    /// Logical pixels (1/96 inch in SVG and PDF).
+    /// Logical pixels (1/96 inch in SVG, PDF and EMF).
     QSize chartSize() const;
 
 private:

@@ -270,6 +270,7 @@ private slots:
         QTest::newRow("bars svg") << lBars << path("b.svg") << QByteArray("<?xml");
         QTest::newRow("probability png") << lProbability << path("p.png") << QByteArray("\x89PNG");
         QTest::newRow("probability pdf") << lProbability << path("p.pdf") << QByteArray("%PDF");
+        QTest::newRow("emf") << lHistogram << path("h.emf") << QByteArray("\1\0\0\0", 4);
     }
 
     void renderWritesEveryFormat()

@@ -81,7 +81,7 @@ public:
     QString activePageName() const;
     /// True when that page shows a chart.
     bool hasActiveChart() const;
-    /// Writes that chart to a .png, .svg or .pdf file of that logical size, with the present data. On failure, or
+    /// Writes that chart to a .png, .svg, .pdf or .emf file of that logical size, with the present data. On failure, or
     /// without a chart, false with the reason in psError (may be null).
     bool exportActiveChart(const QString& sPath, const QSize& oSize, QString* psError);
     TabWidgetWithFloatingTabs* tabWidget() const { return m_pqTabWidget; }

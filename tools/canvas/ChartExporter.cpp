@@ -1,5 +1,7 @@
 #include "ChartExporter.h"
 
+#include "EMFDevice.h"
+
 #include <QFileInfo>
 #include <QImage>
 #include <QMarginsF>
@@ -74,6 +76,20 @@ bool writePdf(QIODevice& file, const Page& page, const ChartExporter::Render& re
     return paint(writer, page, render);
 }
 
+QByteArray paintMetafile(const Page& page, const ChartExporter::Render& render)
+{
+    EMFDevice device(page.m_sTitle);
+    device.setBoundingRect(QRect(QPoint(0, 0), page.m_oSize));
+    device.setBackgroundColor(page.m_oBackground);
+    return paint(device, page, render) ? device.metafile() : QByteArray();
+}
+
+bool writeEmf(QIODevice& file, const Page& page, const ChartExporter::Render& render)
+{
+    const QByteArray oMetafile = paintMetafile(page, render);
+    return !oMetafile.isEmpty() && file.write(oMetafile) == oMetafile.size();
+}
+
 using Writer = bool (*)(QIODevice&, const Page&, const ChartExporter::Render&);
 
 Writer writerFor(const QString& sPath)
@@ -85,6 +101,8 @@ Writer writerFor(const QString& sPath)
         return writeSvg;
     if (sSuffix == QLatin1String("pdf"))
         return writePdf;
+    if (sSuffix == QLatin1String("emf"))
+        return writeEmf;
     return nullptr;
 }
 
@@ -93,7 +111,8 @@ QString writeFile(const QString& sPath, const Page& page, const ChartExporter::R
 {
     const Writer writer = writerFor(sPath);
     if (!writer)
-        return ChartExporter::tr("The chart cannot be written to \"%1\": the file name must end in .png, .svg or .pdf.")
+        return ChartExporter::tr(
+                   "The chart cannot be written to \"%1\": the file name must end in .png, .svg, .pdf or .emf.")
             .arg(sPath);
     const QSize& oSize = page.m_oSize;
     if (oSize.width() < 1 || oSize.height() < 1 || oSize.width() > g_iMaxSide || oSize.height() > g_iMaxSide)
@@ -124,14 +143,21 @@ bool ChartExporter::write(const QString& sPath, const QSize& oSize, const QColor
     return sError.isEmpty();
 }
 
+QByteArray ChartExporter::metafile(const QSize& oSize, const QColor& oBackground, const QString& sTitle,
+                                   const Render& render)
+{
+    return oSize.isEmpty() ? QByteArray() : paintMetafile({oSize, oBackground, sTitle}, render);
+}
+
 QStringList ChartExporter::nameFilters()
 {
-    return {tr("PNG picture (*.png)"), tr("SVG drawing (*.svg)"), tr("PDF document (*.pdf)")};
+    return {tr("PNG picture (*.png)"), tr("SVG drawing (*.svg)"), tr("PDF document (*.pdf)"),
+            tr("Enhanced metafile (*.emf)")};
 }
 
 QStringList ChartExporter::formats()
 {
-    return {QStringLiteral("png"), QStringLiteral("svg"), QStringLiteral("pdf")};
+    return {QStringLiteral("png"), QStringLiteral("svg"), QStringLiteral("pdf"), QStringLiteral("emf")};
 }
 
 } // namespace gkBase

@@ -2,6 +2,7 @@
 
 #include "gkBaseToolsExport.h"
 
+#include <QByteArray>
 #include <QColor>
 #include <QCoreApplication>
 #include <QSize>
@@ -15,7 +16,7 @@ class QRectF;
 
 namespace gkBase {
 
-/// Writes a chart to a picture file. The format follows the file's extension: .png, .svg or .pdf.
+/// Writes a chart to a picture file. The format follows the file's extension: .png, .svg, .pdf or .emf.
 class GKBASETOOLS_EXPORT ChartExporter
 {
     Q_DECLARE_TR_FUNCTIONS(gkBase::ChartExporter)
@@ -28,6 +29,10 @@ public:
     /// alone; the reason goes into psError (may be null) as a sentence for the user.
     static bool write(const QString& sPath, const QSize& oSize, const QColor& oBackground, const QString& sTitle,
                       const Render& render, QString* psError);
+
+    /// The chart as an enhanced metafile for the clipboard; empty when it cannot be drawn.
+    static QByteArray metafile(const QSize& oSize, const QColor& oBackground, const QString& sTitle,
+                               const Render& render);
 
     /// For file dialogs, one filter per format.
     static QStringList nameFilters();

@@ -2,14 +2,6 @@
 
 #include "MissingValue.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QClipboard>
-#include <QContextMenuEvent>
-#include <QCoreApplication>
-#include <QFile>
-#include <QIcon>
-#include <QMenu>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QResizeEvent>
@@ -28,18 +20,6 @@ QChartDrawingArea::QChartDrawingArea(QWidget* pqParent, const QString& sName)
 }
 
 QChartDrawingArea::~QChartDrawingArea() = default;
-
-void QChartDrawingArea::createActions()
-{
-    m_pqCopyAction = new QAction(QCoreApplication::translate("QCrossPlotWidget", "Copy"), this);
-    m_pqCopyAction->setShortcut(QKeySequence(QCoreApplication::translate("QCrossPlotWidget", "Ctrl+C")));
-    // Several charts and tables share a window; the one with the focus copies.
-    m_pqCopyAction->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    const QString sIcon = QStringLiteral(":/orrel/Resources/page_copy.png");
-    m_pqCopyAction->setIcon(QFile::exists(sIcon) ? QIcon(sIcon) : QIcon::fromTheme(QStringLiteral("edit-copy")));
-    connect(m_pqCopyAction, &QAction::triggered, this, &QChartDrawingArea::copyToClipboard);
-    addAction(m_pqCopyAction);
-}
 
 // ---- operations for subclasses --------------------------------------------------------------------------------------
 
@@ -247,29 +227,12 @@ void QChartDrawingArea::wheelEvent(QWheelEvent* pEvent)
     emit zoomChanged(zoomFactor());
 }
 
-// ---- title, copy and menu ------------------------------------------------------------------------------------------
+// ---- title ---------------------------------------------------------------------------------------------------------
 
 void QChartDrawingArea::changeHeaderTitle(const QString& sTitle)
 {
     m_sHeaderTitle = sTitle.isEmpty() ? QString() : m_sChartName + QLatin1String(": ") + sTitle;
     update();
-}
-
-void QChartDrawingArea::copyToClipboard()
-{
-    QClipboard* pqClipboard = QApplication::clipboard();
-    pqClipboard->clear();
-    pqClipboard->setPixmap(grab(rect()));
-    emit signalCopyToClipboard();
-}
-
-void QChartDrawingArea::contextMenuEvent(QContextMenuEvent* pEvent)
-{
-    QMenu menu(this);
-    menu.addAction(m_pqCopyAction);
-    addToContextMenuEvent(&menu);
-    menu.setDefaultAction(m_pqCopyAction);
-    menu.exec(pEvent->globalPos());
 }
 
 } // namespace gkBase

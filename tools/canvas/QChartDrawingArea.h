@@ -19,7 +19,9 @@
 #include <QVector>
 #include <QWidget>
 
+#include <functional>
 #include <span>
+#include <utility>
 #include <vector>
 
 class QAction;
@@ -43,9 +45,9 @@ class RelationshipClasses;
 /// The base calls them: redraw() lays out, gets pixels for the visible part, fills them with the background colour and
 /// calls drawChart() with a painter that is translated and clipped to those pixels. Panning calls neither while the
 /// pixels at hand cover the view; otherwise drawChart() alone is called for the strips that came in. renderTo() lays
-/// out for another size and calls drawChart() on any device, so screen, PNG, SVG and PDF show the same. drawChart()
-/// must not reset the painter's transformation or replace its clip (intersecting it is fine), must not paint the
-/// background, and may skip what lies outside QPainter::clipBoundingRect().
+/// out for another size and calls drawChart() on any device, so screen, PNG, SVG, PDF and EMF show the same.
+/// drawChart() must not reset the painter's transformation or replace its clip (intersecting it is fine), must not
+/// paint the background, and may skip what lies outside QPainter::clipBoundingRect().
 ///
 /// What sticks to the visible area (title, boxes, messages) belongs into drawVisibleFrame(), which is drawn over the
 /// chart at each paint and moves with the view.
@@ -59,6 +61,9 @@ public:
     // ---- virtual operations, in the order that subclasses rely on --------------------------------------------------
     /// Black/white mode: a colour with some red in it means light texts on black, any other dark texts on white.
     virtual void setLabelColor(const QColor& oColor);
+    /// Puts the visible part of the chart with its axes on the clipboard as an enhanced metafile, or makes the copy of
+    /// setMetafileCopy().
+    virtual void copyWEMFToClipboard();
     /// Draws the whole chart in chart pixels; see the class description.
     virtual void drawChart(QPainter& painter);
     /// Draws axes beside an area in which the visible part of the chart stands.
@@ -155,6 +160,14 @@ public:
     void setClusterPoleCentroidsOn(bool bOn) { m_bClusterPoleCentroidsOn = bOn; }
     bool clusterAzimuthCentroidsOn() const { return m_bClusterAzimuthCentroidsOn; }
     void setClusterAzimuthCentroidsOn(bool bOn) { m_bClusterAzimuthCentroidsOn = bOn; }
+    /// Offers the copy to an enhanced metafile in the context menu, or hides it as at first.
+    void allowCopyToWMF(bool bAllow);
+    /// For owners that copy more than the canvas: called instead of copying the canvas alone. Must not outlive what it
+    /// uses; an empty one takes it back.
+    void setMetafileCopy(std::function<void()> fnCopy) { m_fnMetafileCopy = std::move(fnCopy); }
+    /// For subclasses that draw otherwise into metafiles; the base neither sets nor reads it.
+    void paintingToWEMF(bool bPainting) { m_bPaintingToWEMF = bPainting; }
+    bool paintingToWEMF() const { return m_bPaintingToWEMF; }
 
     // ---- pictures of symbols for combo boxes and legends ---------------------------------------------------------
     /// Fills a combo box with icon, name and (as item data) value of the point styles; all: the seven variants too.
@@ -168,6 +181,8 @@ public:
 public slots:
     /// The widget as it is shown, as a bitmap.
     void copyToClipboard();
+    /// copyWEMFToClipboard(), for the action.
+    void slotCopyWEMFToClipboard();
 
 signals:
     /// A selection mask over the data points; receivers copy it at once.
@@ -250,6 +265,7 @@ protected:
 private:
     void createActions();
     void layOut();
+    QAction* newCopyAction(const char* pText, const char* pShortcut);
     void drawRegion(const QRegion& oRegion);
     /// The viewport at the widget's present size, or at the size that renderTo() draws for.
     ChartViewport viewport() const;
@@ -277,6 +293,9 @@ private:
     QSize m_oPointChart;          ///< size of the chart, for m_voPointPixels
     bool m_bPointsMoved = true;   ///< the layout changed since
     QAction* m_pqCopyAction;
+    QAction* m_pqCopyMetafileAction;
+    std::function<void()> m_fnMetafileCopy; ///< the owner's, may be empty
+    bool m_bPaintingToWEMF = false;
 };
 
 } // namespace gkBase

@@ -39,7 +39,7 @@ public:
     void clear() { m_sprites.clear(); }
 
     /// Draws the symbol at every point, first point lowest. On screens and images from sprites, and once per pixel
-    /// where many points share one; on vector devices (SVG, PDF) as outlines. Points with NaN are left out. Points
+    /// where many points share one; on vector devices (SVG, PDF, EMF) as outlines. Points with NaN are left out. Points
     /// outside the painter's clip cost next to nothing.
     void drawSymbols(QPainter* pPainter, std::span<const QPointF> points, const SymbolLook& look);
 

@@ -1,7 +1,9 @@
 #include "ChartFrame.h"
 
 #include "AxisCopy.h"
+#include "ChartExporter.h"
 #include "ElidedLabel.h"
+#include "MetafileClipboard.h"
 
 #include <QEvent>
 #include <QFontMetricsF>
@@ -248,6 +250,15 @@ void ChartFrame::renderTo(QPainter& painter, const QRectF& oTarget) const
     const QRectF oTitle(oChart.left(), oInner.top(), oChart.width(), titleMetrics.height());
     painter.drawText(oTitle, Qt::AlignCenter, titleMetrics.elidedText(sTitle, Qt::ElideRight, oTitle.width()));
     painter.restore();
+}
+
+void ChartFrame::copyMetafileToClipboard() const
+{
+    // A frame that was never shown may be smaller than a chart needs.
+    const QSize oSize = m_pqFrame->size().expandedTo(m_pqFrame->minimumSizeHint());
+    const auto render = [this](QPainter& painter, const QRectF& oTarget) { renderTo(painter, oTarget); };
+    gkBase::copyMetafileToClipboard(
+        ChartExporter::metafile(oSize, m_pqCanvas->backgroundColor(), m_pqCanvas->headerTitle(), render), this);
 }
 
 } // namespace gkBase

@@ -68,6 +68,8 @@ public:
     QPixmap grabChart();
     /// Draws title, axes and the whole chart into the rectangle of any device; the frame need not be shown.
     void renderTo(QPainter& painter, const QRectF& oTarget) const;
+    /// Puts what renderTo() draws, at the frame's present size, on the clipboard as an enhanced metafile.
+    void copyMetafileToClipboard() const;
 
 signals:
     /// The user magnified the canvas with the wheel; axes and scroll bars have followed.

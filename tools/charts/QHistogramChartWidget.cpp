@@ -363,6 +363,11 @@ void QHistogramChartWidget::copyToClipboard()
     QApplication::clipboard()->setPixmap(m_pqFrames->currentFrame()->grabChart());
 }
 
+void QHistogramChartWidget::copyEWMFToClipboard()
+{
+    m_pqFrames->currentFrame()->copyMetafileToClipboard();
+}
+
 void QHistogramChartWidget::renderTo(QPainter& painter, const QRectF& oTarget)
 {
     m_pqFrames->currentFrame()->renderTo(painter, oTarget);

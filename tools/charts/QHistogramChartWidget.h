@@ -78,13 +78,15 @@ public:
 
     /// Draws title, axes and the whole chart into the rectangle of any device; the panel need not be shown.
     void renderTo(QPainter& painter, const QRectF& oTarget);
-    /// Writes the chart to a .png, .svg or .pdf file of that logical size. On failure the file is left alone and the
-    /// reason is in psError (may be null).
+    /// Writes the chart to a .png, .svg, .pdf or .emf file of that logical size. On failure the file is left alone and
+    /// the reason is in psError (may be null).
     bool exportChart(const QString& sPath, const QSize& oSize, QString* psError);
 
 public slots:
     /// The chart with its axes as a bitmap.
     void copyToClipboard();
+    /// The whole chart with title and axes as an enhanced metafile, which office programs can enlarge and edit.
+    void copyEWMFToClipboard();
     /// Counts again: type, interval size and attribute as the controls say.
     void updateHistogram();
 

@@ -23,6 +23,8 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include <initializer_list>
+
 namespace gkBase {
 
 namespace {
@@ -187,6 +189,10 @@ void QHistogramChartWidget::connectControls()
     connect(m_pqPlot, &QChartDrawingArea::cursorPos, this, &Panel::updateCursorPosLabel);
     connect(m_pqPlot, &QChartDrawingArea::signalCopyToClipboard, this, &Panel::copyToClipboard);
     connect(m_pqProbabilityPlot, &QChartDrawingArea::signalCopyToClipboard, this, &Panel::copyToClipboard);
+    for (QChartDrawingArea* pqCanvas : std::initializer_list<QChartDrawingArea*>{m_pqPlot, m_pqProbabilityPlot}) {
+        pqCanvas->setMetafileCopy([this] { copyEWMFToClipboard(); });
+        pqCanvas->allowCopyToWMF(true);
+    }
     // The percentile lines have the background's colour.
     connect(m_pqDisplayPage, &ChartDisplayPage::backgroundChanged, this, &Panel::showStatistics);
     for (QCheckBox* pqBox : {m_pqP10CheckBox, m_pqP50CheckBox, m_pqP90CheckBox})
