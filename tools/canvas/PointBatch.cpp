@@ -11,8 +11,22 @@ namespace gkBase {
 namespace {
 
 constexpr int g_iSelectionPen = 2;
-/// A pixel and a half of halo show around the outline of a selected point.
-constexpr int g_iHaloPen = 3;
+/// How far edge and halo of a selected point reach beyond its outline.
+constexpr int g_iEdgePixels = 1;
+constexpr int g_iHaloPixels = 2;
+
+/// The selected symbol in one colour, larger on all sides.
+SymbolLook grown(const SymbolLook& look, const QColor& oColor, int iPixels)
+{
+    SymbolLook larger = look;
+    larger.m_oColor = oColor;
+    larger.m_oFill = look.m_oFill.isValid() ? oColor : QColor();
+    larger.m_iPenWidth = std::max(look.m_iPenWidth, g_iSelectionPen) + 2 * iPixels;
+    if (look.m_iStyle == Pixel) {
+        larger.m_iSize = std::max(look.m_iSize, 1) + 2 * iPixels;
+    }
+    return larger;
+}
 
 std::uint64_t wordOf(const QColor& oColor)
 {
@@ -65,16 +79,14 @@ SymbolLook PointBatch::selectedLook(const SymbolLook& look)
     return selected;
 }
 
+SymbolLook PointBatch::edgeLook(const SymbolLook& look) const
+{
+    return grown(look, m_oBackground, g_iEdgePixels);
+}
+
 SymbolLook PointBatch::haloLook(const SymbolLook& look) const
 {
-    SymbolLook halo = look;
-    halo.m_oColor = m_oHalo;
-    halo.m_oFill = look.m_oFill.isValid() ? m_oHalo : QColor();
-    halo.m_iPenWidth = std::max(look.m_iPenWidth, g_iSelectionPen) + g_iHaloPen;
-    if (halo.m_iStyle == Pixel) {
-        halo.m_iSize = std::max(look.m_iSize, 1) + g_iHaloPen + 1; // an even difference keeps it centred
-    }
-    return halo;
+    return grown(look, m_oHalo, g_iHaloPixels);
 }
 
 std::uint64_t PointBatch::fingerprint() const

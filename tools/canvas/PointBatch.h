@@ -45,8 +45,10 @@ struct GKBASETOOLS_EXPORT PointBatch
     /// A point that is not selected.
     SymbolLook look(int iStyle, int iColorClass, bool bOpen) const;
     SymbolLook look(std::size_t i) const { return look(style(i), colorClass(i), isOpen(i)); }
-    /// The same point selected: outlined by the pen of selected points, with a halo that is drawn below it.
+    /// The same point selected: outlined by the pen of selected points. Below it lie an edge of the background's
+    /// colour and a halo around that, so that it stands out from background and other points of any colour.
     static SymbolLook selectedLook(const SymbolLook& look);
+    SymbolLook edgeLook(const SymbolLook& look) const;
     SymbolLook haloLook(const SymbolLook& look) const;
 
     /// Equal for batches that look the same but for their selection. Reads everything once.

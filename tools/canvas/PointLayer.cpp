@@ -1,6 +1,7 @@
 #include "PointLayer.h"
 
 #include "MissingValue.h"
+#include "SelectionRim.h"
 #include "SymbolGeometry.h"
 
 #include <algorithm>
@@ -23,10 +24,10 @@ int largestReach(const PointBatch& batch)
 {
     int iReach = 0;
     for (int iStyle = 0; iStyle < g_iStyles; ++iStyle) {
-        const SymbolLook halo = batch.haloLook(PointBatch::selectedLook(batch.look(iStyle, 0, false)));
+        const SymbolLook halo = batch.haloLook(batch.look(iStyle, 0, false));
         iReach = std::max(iReach, symbolReach(halo));
     }
-    return batch.m_bTadPoles ? std::max(iReach, 2 * batch.m_oLook.m_iSize + g_iTailPastHead + 6) : iReach;
+    return batch.m_bTadPoles ? std::max(iReach, 2 * batch.m_oLook.m_iSize + g_iTailPastHead + 8) : iReach;
 }
 
 /// Nearest device pixel; halves go to the right and down.
@@ -59,14 +60,7 @@ PointLayer::PointLayer(const PointBatch& batch, const PointTarget& target, Symbo
 SymbolLook PointLayer::lookOf(int iStyle, int iColorClass, bool bOpen) const
 {
     const SymbolLook look = m_batch.look(iStyle, iColorClass, bOpen);
-    switch (m_ePart) {
-    case Part::Selected:
-        return PointBatch::selectedLook(look);
-    case Part::SelectedHalo:
-        return m_batch.haloLook(look);
-    default:
-        return look;
-    }
+    return m_ePart == Part::Selected ? PointBatch::selectedLook(look) : look;
 }
 
 void PointLayer::prepare(Part ePart)
@@ -175,6 +169,13 @@ void PointLayer::write(Part ePart)
             writePoint(i);
         }
     }
+}
+
+void PointLayer::writeRim()
+{
+    drawSelectionRim(m_oPicture, m_batch.m_oBackground, m_batch.m_oHalo,
+                     std::max(1, static_cast<int>(std::lround(m_target.m_dScale))));
+    m_pPixels = reinterpret_cast<QRgb*>(m_oPicture.bits());
 }
 
 } // namespace gkBase

@@ -33,8 +33,7 @@ public:
     enum class Part
     {
         AllPoints, ///< as if none were selected
-        Selected,
-        SelectedHalo
+        Selected
     };
 
     /// The stencils are used while the layer lives.
@@ -42,6 +41,8 @@ public:
 
     /// Writes below what was written before.
     void write(Part ePart);
+    /// Edge and halo around what was written.
+    void writeRim();
     const QImage& picture() const { return m_oPicture; }
     /// The device pixel of the picture's upper left corner.
     QPoint topLeft() const { return m_oRect.topLeft(); }

@@ -58,24 +58,29 @@ void drawPoint(QPainter* pPainter, const PointBatch& batch, std::size_t i, const
     }
 }
 
-/// Every point as an outline, below selected ones their halos.
+using LookOf = SymbolLook (*)(const PointBatch&, const SymbolLook&);
+
+/// Every point as an outline; selected ones in the look of the function, or with null the others.
+void drawOutlines(QPainter* pPainter, const PointBatch& batch, LookOf lookOf)
+{
+    for (std::size_t i = 0; i < batch.m_voPixels.size(); ++i) {
+        const QPointF& oPoint = batch.m_voPixels[i];
+        if (batch.isSelected(i) == (lookOf != nullptr) && std::isfinite(oPoint.x()) && std::isfinite(oPoint.y())) {
+            drawPoint(pPainter, batch, i, lookOf ? lookOf(batch, batch.look(i)) : batch.look(i));
+        }
+    }
+}
+
+/// Unselected points, above them halos, edges and symbols of the selected ones.
 void drawOutlines(QPainter* pPainter, const PointBatch& batch)
 {
-    using Part = PointLayer::Part;
     pPainter->save();
-    for (const Part ePart : {Part::AllPoints, Part::SelectedHalo, Part::Selected}) {
-        for (std::size_t i = 0; i < batch.m_voPixels.size(); ++i) {
-            const QPointF& oPoint = batch.m_voPixels[i];
-            if (batch.isSelected(i) != (ePart != Part::AllPoints) || !std::isfinite(oPoint.x()) ||
-                !std::isfinite(oPoint.y())) {
-                continue;
-            }
-            const SymbolLook look = batch.look(i);
-            drawPoint(pPainter, batch, i,
-                      ePart == Part::AllPoints      ? look
-                      : ePart == Part::SelectedHalo ? batch.haloLook(look)
-                                                    : PointBatch::selectedLook(look));
-        }
+    drawOutlines(pPainter, batch, nullptr);
+    if (batch.hasSelection()) {
+        drawOutlines(pPainter, batch, [](const PointBatch& b, const SymbolLook& look) { return b.haloLook(look); });
+        drawOutlines(pPainter, batch, [](const PointBatch& b, const SymbolLook& look) { return b.edgeLook(look); });
+        drawOutlines(pPainter, batch,
+                     [](const PointBatch&, const SymbolLook& look) { return PointBatch::selectedLook(look); });
     }
     pPainter->restore();
 }
@@ -120,7 +125,7 @@ void PointPainter::drawPixels(QPainter* pPainter, const PointBatch& batch)
     if (batch.hasSelection()) {
         PointLayer layer(batch, target, m_stencils);
         layer.write(PointLayer::Part::Selected);
-        layer.write(PointLayer::Part::SelectedHalo);
+        layer.writeRim();
         drawPicture(pPainter, layer.picture(), layer.topLeft());
     }
 }
