@@ -1,5 +1,6 @@
 #include "QTRNBarChartWidget.h"
 
+#include "AttributeChooser.h"
 #include "BarChartFrame.h"
 #include "ChartDisplayPage.h"
 #include "ChartExporter.h"
@@ -69,7 +70,7 @@ void QTRNBarChartWidget::chooseDataSet(MatrixData* poData)
     });
     m_poData = itClasses != vpAttributes.end() ? *itClasses : vpAttributes.empty() ? nullptr : vpAttributes.front();
     m_bDefaultInterval = true;
-    showChooserEntry();
+    m_pqBarChartDataSetComboBox->choose(m_poData);
 }
 
 bool QTRNBarChartWidget::setSelectedRows(const std::vector<int>& viRecords)
@@ -116,42 +117,31 @@ void QTRNBarChartWidget::setIntervalSize(double dIntervalSize)
 
 void QTRNBarChartWidget::updateDataSetSelectionBox()
 {
-    const QSignalBlocker blocker(m_pqBarChartDataSetComboBox);
-    m_pqBarChartDataSetComboBox->clear();
-    for (const MatrixData* poAttribute : m_poRoot ? m_poRoot->leafs() : std::vector<MatrixData*>()) {
-        const MatrixData* poDataSet = poAttribute->owner();
-        const QString sDataSet = poDataSet ? poDataSet->name() + QStringLiteral(": ") : QString();
-        m_pqBarChartDataSetComboBox->addItem(sDataSet + poAttribute->name(), poAttribute->globalID());
-    }
-    showChooserEntry();
+    offerAttributes(nullptr);
 }
 
-void QTRNBarChartWidget::showChooserEntry()
+/// The chooser must not offer a branch that goes.
+void QTRNBarChartWidget::offerAttributes(const MatrixData* poLeaving)
 {
-    const QSignalBlocker blocker(m_pqBarChartDataSetComboBox);
-    const int iEntry = m_poData ? m_pqBarChartDataSetComboBox->findData(m_poData->globalID()) : -1;
-    m_pqBarChartDataSetComboBox->setCurrentIndex(iEntry);
+    m_pqBarChartDataSetComboBox->setEntries(attributeEntries(m_poRoot, poLeaving),
+                                            [](const AttributeEntry&) { return true; });
+    m_pqBarChartDataSetComboBox->choose(m_poData);
 }
 
-void QTRNBarChartWidget::slotDataSetActivated(int iEntry)
+void QTRNBarChartWidget::slotAttributeChosen(int iGlobalID)
 {
-    const int iGlobalID = m_pqBarChartDataSetComboBox->itemData(iEntry).toInt();
-    setDataSet(m_poRoot ? m_poRoot->nodeFromID(iGlobalID) : nullptr);
+    chooseDataSet(m_poRoot ? m_poRoot->nodeFromID(iGlobalID) : nullptr);
     emit dataSetSelected();
+    // An owner counts again on the signal, with the rows that it knows; once is enough.
+    if (m_bDefaultInterval)
+        updateBarChart();
 }
 
 void QTRNBarChartWidget::slotNodeAboutToBeRemoved(MatrixData* poBranch)
 {
     if (MatrixDataNotifier::contains(poBranch, m_poData))
         setDataSet(nullptr);
-    // The chooser must not offer what goes; it is filled again when the owner asks.
-    const QSignalBlocker blocker(m_pqBarChartDataSetComboBox);
-    for (const MatrixData* poLeaf : poBranch->leafs()) {
-        const int iEntry = m_pqBarChartDataSetComboBox->findData(poLeaf->globalID());
-        if (iEntry >= 0)
-            m_pqBarChartDataSetComboBox->removeItem(iEntry);
-    }
-    showChooserEntry();
+    offerAttributes(poBranch);
 }
 
 void QTRNBarChartWidget::slotRootAboutToBeDestroyed()
@@ -306,7 +296,8 @@ void QTRNBarChartWidget::selectClasses(const std::vector<int>& viIds)
     const int iRecords = recordCount();
     const auto pbFlags = std::make_unique<bool[]>(static_cast<std::size_t>(std::max(1, iRecords)));
     for (const int iRecord : m_viClickedRecords)
-        pbFlags[static_cast<std::size_t>(iRecord)] = true;
+        if (iRecord < iRecords) // the data set may be shorter by now
+            pbFlags[static_cast<std::size_t>(iRecord)] = true;
     emit dataPointsSelection(pbFlags.get(), iRecords);
 }
 

@@ -20,6 +20,7 @@ class QRectF;
 
 namespace gkBase {
 
+class AttributeChooser;
 class BarChartFrame;
 class ChartDisplayPage;
 class MatrixData;
@@ -103,12 +104,12 @@ private:
     QWidget* createDisplayPage();
     void connectControls();
 
-    void slotDataSetActivated(int iEntry);
+    void offerAttributes(const MatrixData* poLeaving);
+    void slotAttributeChosen(int iGlobalID);
     void slotNodeAboutToBeRemoved(gkBase::MatrixData* poBranch);
     void slotRootAboutToBeDestroyed();
     void slotDisplayUnitChanged(const QString& sCategory);
 
-    void showChooserEntry();
     void initialiseIntervalControl();
     void showTitles();
     void showStatistics();
@@ -130,7 +131,7 @@ private:
     BarChartFrame* m_pqFrame = nullptr;
     ChartDisplayPage* m_pqDisplayPage = nullptr;
 
-    QComboBox* m_pqBarChartDataSetComboBox = nullptr;
+    AttributeChooser* m_pqBarChartDataSetComboBox = nullptr;
     QComboBox* m_pqBarChartTypeComboBox = nullptr;
     QComboBox* m_pqOrderComboBox = nullptr;
     QCheckBox* m_pqIntervalCheckBox = nullptr;

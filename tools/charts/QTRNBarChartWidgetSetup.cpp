@@ -1,5 +1,6 @@
 // The controls of the bar chart panel and how they are laid out and connected.
 
+#include "AttributeChooser.h"
 #include "BarChartFrame.h"
 #include "ChartDisplayPage.h"
 #include "DisplayUnitManager.h"
@@ -105,9 +106,10 @@ void QTRNBarChartWidget::createControls()
 QWidget* QTRNBarChartWidget::createSelectionGroup()
 {
     auto* pqGroup = new QGroupBox(tr("Select a Data Set"));
-    m_pqBarChartDataSetComboBox = newChooser(tr("Select a Data Set"), tr("The attribute whose records are counted"),
-                                             QStringLiteral("m_pqBarChartDataSetComboBox"));
+    m_pqBarChartDataSetComboBox = new AttributeChooser(tr("Select a Data Set"), false);
+    m_pqBarChartDataSetComboBox->setObjectName(QStringLiteral("m_pqBarChartDataSetComboBox"));
     m_pqBarChartDataSetComboBox->setPlaceholderText(tr("Select a Data Set"));
+    m_pqBarChartDataSetComboBox->setToolTip(tr("The attribute whose records are counted"));
     m_pqBarChartTypeComboBox = newChooser(tr("Chart Type"), tr("Records of each class, or per cent of all bars"),
                                           QStringLiteral("m_pqBarChartTypeComboBox"));
     m_pqBarChartTypeComboBox->addItems({tr("Count"), tr("Per cent")});
@@ -163,7 +165,7 @@ QWidget* QTRNBarChartWidget::createDisplayPage()
 void QTRNBarChartWidget::connectControls()
 {
     using Panel = QTRNBarChartWidget;
-    connect(m_pqBarChartDataSetComboBox, &QComboBox::activated, this, &Panel::slotDataSetActivated);
+    connect(m_pqBarChartDataSetComboBox, &AttributeChooser::attributeChosen, this, &Panel::slotAttributeChosen);
     connect(m_pqBarChartTypeComboBox, &QComboBox::activated, this, &Panel::arrangeBars);
     connect(m_pqOrderComboBox, &QComboBox::activated, this, &Panel::arrangeBars);
     connect(m_pqIntervalCheckBox, &QCheckBox::toggled, this, &Panel::slotIntervalChanged);
