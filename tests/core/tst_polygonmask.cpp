@@ -62,7 +62,7 @@ void tst_PolygonMask::equalsTheExactTest()
                 sDifferent = QString("%1 %2").arg(dX, 0, 'g', 17).arg(dY, 0, 'g', 17);
             }
         };
-        for (int i = 0; i < 4000; ++i) {
+        for (int i = 0; i < 1500; ++i) {
             compare(snapped(offset + 1.2 * size * (oShare(oRandom) - 0.5)),
                     snapped(offset + 1.2 * size * (oShare(oRandom) - 0.5)));
             // On an edge, a rounding beside it, and level with a corner.
