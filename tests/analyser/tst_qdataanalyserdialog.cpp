@@ -1,10 +1,14 @@
 #include "MatrixDataRestore.h"
 #include "QAttributeTreeView.h"
+#include "QCrossPlot.h"
+#include "QCrossPlotWidget.h"
 #include "QDataAnalyserDialog.h"
+#include "QDepthPlotWidget.h"
 #include "QHistogramChartWidget.h"
 #include "QHistogramItemModel.h"
 #include "QHistogramPlotWidget.h"
 #include "QModifyCellsDialog.h"
+#include "QRelationshipItemModel.h"
 #include "QSelectCellsDialog.h"
 #include "QTreeItemModel.h"
 #include "QValueChangeOnOffWidget.h"
@@ -25,6 +29,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
@@ -96,8 +101,10 @@ private slots:
 
     void pagesAndTables()
     {
-        QCOMPARE(m_pqDialog->tabWidget()->widget(0)->objectName(), QStringLiteral("TABLE"));
-        QCOMPARE(m_pqDialog->tabWidget()->widget(1)->objectName(), QStringLiteral("HISTOGRAM"));
+        QStringList lPages;
+        for (int i = 0; i < m_pqDialog->tabWidget()->count(); ++i)
+            lPages << m_pqDialog->tabWidget()->widget(i)->objectName();
+        QCOMPARE(lPages, (QStringList{"TABLE", "BARCHART", "HISTOGRAM", "CROSSPLOT", "WELLLOGPLOT"}));
         QCOMPARE(m_pqDialog->vertexItemModel()->columnCount(), 2);
         QCOMPARE(m_pqDialog->vertexItemModel()->rowCount(), 13);
         QVERIFY(m_pqDialog->findChild<QWidget*>(QStringLiteral("VertexTableFrame")));
@@ -134,7 +141,7 @@ private slots:
 
     void tornOffChartFollowsTheSelection()
     {
-        m_pqDialog->tabWidget()->slotTabBarMoved(1);
+        m_pqDialog->tabWidget()->slotTabBarMoved(m_pqDialog->tabWidget()->indexOf(m_pqDialog->histogramChart()));
         QVERIFY(m_pqDialog->tabWidget()->isFloating(m_pqDialog->histogramChart()));
         QTRY_COMPARE(histogramModel()->numberOfPoints(), 10);
         select({0, 9});
@@ -147,6 +154,60 @@ private slots:
         QCOMPARE(histogramModel()->numberOfPoints(), 2);
         pqDock->show();
         QTRY_COMPARE(histogramModel()->numberOfPoints(), 3);
+    }
+
+    void lassoInTheCrossPlotSelectsEverywhere()
+    {
+        m_pqDialog->tabWidget()->slotTabBarMoved(m_pqDialog->tabWidget()->indexOf(m_pqDialog->histogramChart()));
+        showPage(m_pqDialog->crossPlot());
+        QCrossPlot* pqCanvas = m_pqDialog->crossPlot()->drawingArea();
+        // Around the upper half of the points: Dip against Depth rises from corner to corner.
+        const QRect oHalf(pqCanvas->width() / 2, -5, pqCanvas->width() / 2 + 10, pqCanvas->height() + 10);
+        QTest::mousePress(pqCanvas, Qt::LeftButton, {}, oHalf.topLeft());
+        for (const QPoint& oCorner : {oHalf.bottomLeft(), oHalf.bottomRight(), oHalf.topRight()}) {
+            QMouseEvent move(QEvent::MouseMove, oCorner, pqCanvas->mapToGlobal(oCorner), Qt::NoButton, Qt::LeftButton,
+                             {});
+            QCoreApplication::sendEvent(pqCanvas, &move);
+        }
+        QTest::mouseRelease(pqCanvas, Qt::LeftButton, {}, oHalf.topRight());
+
+        const std::vector<int> viRecords = m_pqDialog->vertexTable()->selectedRecords();
+        QCOMPARE(viRecords, (std::vector<int>{5, 6, 7, 8, 9}));
+        QTRY_COMPARE(histogramModel()->numberOfPoints(), 5);
+        QCOMPARE(m_pqDialog->crossPlot()->numberOfSelectedRows(), 5);
+        showPage(m_pqDialog->depthPlot());
+        int iTracks = 0;
+        for (const QRelationshipItemModel* pModel : m_pqDialog->depthPlot()->findChildren<QRelationshipItemModel*>())
+            if (pModel->nodeX()) {
+                ++iTracks;
+                QCOMPARE(pModel->selectedRecords(), viRecords);
+            }
+        QVERIFY(iTracks > 0);
+    }
+
+    void resultsBecomeAttributesUntilUndo()
+    {
+        const std::unique_ptr<MatrixData> poBefore(m_poRoot->clone());
+        const QSignalSpy modified(m_pqDialog, &QDataAnalyserDialog::dataModified);
+        showPage(m_pqDialog->crossPlot());
+        QVERIFY(m_pqDialog->crossPlot()->applyClusters(2, QStringLiteral("Sets")));
+        QCOMPARE(modified.count(), 1);
+        const MatrixData* poSets = m_poRoot->getNodeFromName(QStringLiteral("Sets"));
+        QVERIFY(poSets);
+        QCOMPARE(m_pqDialog->vertexItemModel()->columnCount(), 3);
+        QCOMPARE(m_pqDialog->crossPlot()->relationshipItemModel()->colorAttribute(), poSets);
+
+        showPage(m_pqDialog->depthPlot());
+        m_pqDialog->depthPlot()->generateIntervals(3.0);
+        m_pqDialog->depthPlot()->applyDecimation();
+        QVERIFY(m_poRoot->getNodeFromName(QStringLiteral("Decimated:Dip")));
+        QVERIFY(m_poRoot->undo());
+        QVERIFY(!m_poRoot->getNodeFromName(QStringLiteral("Data Decimation")));
+        QVERIFY(m_poRoot->undo());
+        QVERIFY(m_poRoot->isIdenticalTo(*poBefore));
+        showPage(m_pqDialog->crossPlot());
+        QVERIFY(!m_pqDialog->crossPlot()->relationshipItemModel()->colorAttribute());
+        QCOMPARE(m_pqDialog->vertexItemModel()->columnCount(), 2);
     }
 
     void oneChangeCountsOnce()
@@ -429,11 +490,12 @@ private:
     }
 
     void showTable() { m_pqDialog->tabWidget()->setCurrentIndex(0); }
-    void showHistogram()
+    void showPage(QWidget* pqPage)
     {
-        m_pqDialog->tabWidget()->setCurrentWidget(m_pqDialog->histogramChart());
+        m_pqDialog->tabWidget()->setCurrentWidget(pqPage);
         QCoreApplication::processEvents();
     }
+    void showHistogram() { showPage(m_pqDialog->histogramChart()); }
     QHistogramItemModel* histogramModel() const { return m_pqDialog->histogramChart()->histogramItemModel(); }
 
     QTemporaryDir m_folder;

@@ -14,7 +14,7 @@ AnalyserChartPages::AnalyserChartPages(TabWidgetWithFloatingTabs* pqTabWidget, Q
     : QObject(pqParent)
     , m_pqTabWidget(pqTabWidget)
 {
-    m_bUpdateNeeded.fill(true);
+    m_eNeeds.fill(Need::Values);
 }
 
 void AnalyserChartPages::add(Page page)
@@ -30,15 +30,16 @@ const AnalyserChartPages::Page* AnalyserChartPages::find(const QWidget* pqPage) 
     return it == m_vPages.end() ? nullptr : &*it;
 }
 
-void AnalyserChartPages::markAll()
+void AnalyserChartPages::markAll(Need eNeed)
 {
-    m_bUpdateNeeded.fill(true);
+    for (Need& eOfChart : m_eNeeds)
+        eOfChart = std::max(eOfChart, eNeed);
     scheduleRefill();
 }
 
 void AnalyserChartPages::mark(Chart eChart)
 {
-    m_bUpdateNeeded[eChart] = true;
+    m_eNeeds[eChart] = Need::Values;
     scheduleRefill();
 }
 
@@ -53,11 +54,15 @@ void AnalyserChartPages::scheduleRefill()
 void AnalyserChartPages::refillVisible()
 {
     m_bRefillPending = false;
-    for (const Page& page : m_vPages)
-        if (m_bUpdateNeeded[page.m_eChart] && isSeen(page.m_pqPage)) {
-            m_bUpdateNeeded[page.m_eChart] = false;
+    for (const Page& page : m_vPages) {
+        if (m_eNeeds[page.m_eChart] == Need::Nothing || !isSeen(page.m_pqPage))
+            continue;
+        const Need eNeed = std::exchange(m_eNeeds[page.m_eChart], Need::Nothing);
+        if (eNeed == Need::Selection && page.m_fnSelect)
+            page.m_fnSelect();
+        else
             page.m_fnRefill();
-        }
+    }
 }
 
 bool AnalyserChartPages::isSeen(const QWidget* pqPage) const

@@ -37,12 +37,21 @@ public:
         NumberOfCharts
     };
 
+    /// What a chart has to take in before it is next seen.
+    enum class Need
+    {
+        Nothing,
+        Selection, ///< other rows are selected
+        Values     ///< everything may differ
+    };
+
     /// What the analyser asks of a chart. Functions may be empty.
     struct Page
     {
         Chart m_eChart = Histogram;
         QWidget* m_pqPage = nullptr; ///< not owned; lives as long as the tab widget
         std::function<void()> m_fnRefill;
+        std::function<void()> m_fnSelect; ///< for a change of the selection alone; empty: as m_fnRefill
         std::function<void()> m_fnCopy;
         std::function<void(MatrixData* poRoot)> m_fnSetRoot;
         std::function<void()> m_fnUpdateChooser;
@@ -59,10 +68,10 @@ public:
     /// Null for a page without a chart.
     const Page* find(const QWidget* pqPage) const;
 
-    void markAll();
+    void markAll(Need eNeed = Need::Values);
     void mark(Chart eChart);
     /// The chart has just been filled.
-    void unmark(Chart eChart) { m_bUpdateNeeded[eChart] = false; }
+    void unmark(Chart eChart) { m_eNeeds[eChart] = Need::Nothing; }
     /// Fills the marked pages that are seen, now.
     void refillVisible();
     /// The same when the event loop turns.
@@ -81,7 +90,7 @@ private:
 
     TabWidgetWithFloatingTabs* m_pqTabWidget; ///< not owned
     std::vector<Page> m_vPages;
-    std::array<bool, NumberOfCharts> m_bUpdateNeeded{};
+    std::array<Need, NumberOfCharts> m_eNeeds{};
     bool m_bRefillPending = false;
 };
 

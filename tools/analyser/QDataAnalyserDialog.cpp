@@ -265,10 +265,16 @@ void QDataAnalyserDialog::resetChartsUpdateNeeded()
     m_pCharts->markAll();
 }
 
+void QDataAnalyserDialog::markSelectionChanged()
+{
+    m_iRowsInCharts = vertexTable()->selectedRowCount();
+    m_pCharts->markAll(AnalyserChartPages::Need::Selection);
+}
+
 void QDataAnalyserDialog::checkResetChartsUpdateNeeded()
 {
     if (vertexTable()->selectedRowCount() != m_iRowsInCharts)
-        resetChartsUpdateNeeded();
+        markSelectionChanged();
 }
 
 void QDataAnalyserDialog::slotTabWidgetChanged()
@@ -368,7 +374,7 @@ void QDataAnalyserDialog::setNewRowSelectionFromGraphicalSelection(bool* pvFlags
     if (!m_pqTablePage)
         return;
     vertexTable()->setNewRowSelection(pvFlags, iCount);
-    resetChartsUpdateNeeded();
+    markSelectionChanged();
 }
 
 void QDataAnalyserDialog::selectInverse()
@@ -376,7 +382,7 @@ void QDataAnalyserDialog::selectInverse()
     if (!m_pqTablePage)
         return;
     vertexTable()->selectInverse();
-    resetChartsUpdateNeeded();
+    markSelectionChanged();
 }
 
 void QDataAnalyserDialog::clearAllSelections()
@@ -481,6 +487,7 @@ void QDataAnalyserDialog::saveSettings()
     settings.beginGroup(QLatin1String(g_splitterGroup));
     settings.setValue(QStringLiteral("tree_splitter"), m_pqSplitter->saveState());
     settings.endGroup();
+    m_pCharts->saveSettings();
 }
 
 void QDataAnalyserDialog::readSettings()
@@ -505,6 +512,7 @@ void QDataAnalyserDialog::readSettings()
         m_iTreeSize = m_pqSplitter->sizes().value(0, m_iTreeSize);
     }
     settings.endGroup();
+    m_pCharts->readSettings();
 }
 
 void QDataAnalyserDialog::hide()

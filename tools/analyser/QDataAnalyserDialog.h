@@ -21,15 +21,20 @@ namespace gkBase {
 class AnalyserChartPages;
 class AnalyserTablePage;
 class QAttributeTreeView;
+class QCrossPlotWidget;
+class QDepthPlotWidget;
 class QHistogramChartWidget;
 class QModifyCellsDialog;
+class QRelationshipItemModel;
 class QSelectCellsDialog;
+class QTRNBarChartWidget;
 class QTreeItemModel;
 class QVertexItemModel;
 class QVertexMinMaxModelTableView;
 class QVertexModelTableView;
 class TabWidgetWithFloatingTabs;
 class UnitRegistry;
+enum class MarkerKind;
 
 /// The attribute analyser: the tree of data sets beside pages with the attribute table and the charts.
 ///
@@ -76,7 +81,11 @@ public:
     QVertexModelTableView* vertexTable() const;
     QVertexItemModel* vertexItemModel() const;
     QVertexMinMaxModelTableView* minMaxVertexTable() const;
+    QTRNBarChartWidget* barChart() const { return m_pqBarChart; }
     QHistogramChartWidget* histogramChart() const { return m_pqHistogramChart; }
+    QCrossPlotWidget* crossPlot() const { return m_pqCrossPlot; }
+    /// Null when the dialog was initialized without a depth plot.
+    QDepthPlotWidget* depthPlot() const { return m_pqDepthPlot; }
     /// Object name of the page that the user works on; the torn-off one with the focus, or the current tab.
     QString activePageName() const;
     /// True when that page shows a chart.
@@ -104,6 +113,20 @@ public:
     /// By the page's object name ("TABLE", "HISTOGRAM", …); an unknown name does nothing.
     void hideTab(const QString& sName);
     void showTab(const QString& sName);
+    /// Switches markers of the depth plot by the attribute "$V": all of them through its default value, or, with that
+    /// default off, the rows of the chosen kinds. Nothing without such an attribute.
+    void setMarkerVisibility(bool bAll, bool bScat, bool bDecimated, bool bTops, bool bFaults, bool bVisible);
+    /// Writes "$V" in the rows whose "Type" is a structural plane.
+    void setAllScatMarkersVisibility(bool bVisible);
+    /// … in the rows with a "Decimated:dip" or "Decimated:azimuth".
+    void setAllDecimatedDipAzimuthMarkersVisibility(bool bVisible);
+    /// … in the rows with that "Type".
+    void setAllTypeMarkersVisibility(const QString& sType, bool bVisible);
+    /// … in the rows that name a "Horizon".
+    void setAllTopMarkersVisibility(bool bVisible);
+    /// The symbol and colour attribute of the cross plot, by MatrixData::globalID(); an unknown one switches it off.
+    void setCurrentSymbolItem(int iGlobalID);
+    void setCurrentColorItem(int iGlobalID);
     /// Hides the summary table.
     void setLightMode();
     /// Hides the summary table, the tree and the tab bar: only the page that is shown remains.
@@ -129,7 +152,10 @@ public slots:
     void slotSaveAs();
     /// Shows the orientation pages when the data have orientations, and hides them otherwise.
     void hideShowOrientationWindows();
+    void updateBarChart();
     void updateHistogramData();
+    void updateRelationshipData();
+    void updateDepthPlotData();
 
 signals:
     void dataModified(bool bModified);
@@ -145,13 +171,21 @@ private slots:
     void accept_SelectValueCellsDlg();
     void setCurrentHistogramDataSet();
     void updateTableViews();
+    /// The charts take in other rows when they are next seen, without reading values again.
+    void markSelectionChanged();
     void slotDataModified(bool bOk);
+    void createClusterAttribute(const QString& sName, gkBase::QRelationshipItemModel* pModel);
+    void createDataDecimationAttribute(gkBase::QRelationshipItemModel* pModel, bool bBinAverage, bool bReplace,
+                                       gkBase::MatrixData* poOriginal);
 
 private:
     QMenu* createDefaultPopupMenu();
     void createTableWidget(int iTableOption);
     void createTreeWidget();
+    void createBarChart(const QString& sName);
     void createHistogramChart(const QString& sName);
+    void createRelationshipChart(const QString& sName);
+    void createDepthPlot(const QString& sName);
     /// Adds the page of a chart panel; fnRefill fills it from the table's selection.
     template <typename Panel>
     void addChartPage(int iChart, Panel* pqPanel, const QString& sObjectName, const QString& sText,
@@ -170,6 +204,11 @@ private:
     int selectCellsColumn() const;
     /// What the histogram shows first: a number attribute that is switched on, or any. Null without one.
     MatrixData* firstCountableAttribute() const;
+    /// What the point charts show first: a data set with two number attributes, one of depths when there is any.
+    MatrixData* firstDataSet(bool bWithDepth) const;
+    /// Shows attributes that a chart added and tells the host.
+    void showDerived(bool bAdded);
+    void changeMarkers(MarkerKind eKind, const QString& sType, bool bVisible);
 
     MatrixData* m_poDataRoot = nullptr;   ///< not owned
     UnitRegistry* m_poRegistry = nullptr; ///< not owned
@@ -183,7 +222,10 @@ private:
     QAttributeTreeView* m_pqTreeView = nullptr;
     TabWidgetWithFloatingTabs* m_pqTabWidget = nullptr;
     AnalyserTablePage* m_pqTablePage = nullptr;
+    QTRNBarChartWidget* m_pqBarChart = nullptr;
     QHistogramChartWidget* m_pqHistogramChart = nullptr;
+    QCrossPlotWidget* m_pqCrossPlot = nullptr;
+    QDepthPlotWidget* m_pqDepthPlot = nullptr;
     QPointer<QSelectCellsDialog> m_pqSelectCellsDialog;
     QPointer<QModifyCellsDialog> m_pqModifyCellsDialog;
     QPointer<QMenu> m_pqMenu;
@@ -195,7 +237,8 @@ private:
     QPointer<QAction> m_pqSaveAsAction;
 
     AnalyserChartPages* m_pCharts = nullptr;
-    int m_iRowsInCharts = 0; ///< selected rows when the charts were last marked
+    bool m_bDecimating = false; ///< a click is decimating several tracks
+    int m_iRowsInCharts = 0;    ///< selected rows when the charts were last marked
     QList<QMetaObject::Connection> m_lRootConnections;
 };
 

@@ -73,7 +73,7 @@ void QDataAnalyserDialog::accept_SelectValueCellsDlg()
     if (!m_pqSelectCellsDialog)
         return;
     const WaitCursor waitCursor;
-    resetChartsUpdateNeeded();
+    markSelectionChanged();
     QVertexModelTableView* pqTable = vertexTable();
     pqTable->turnOffSelectionRectangle();
     const QSelectCellsDialog& dialog = *m_pqSelectCellsDialog;

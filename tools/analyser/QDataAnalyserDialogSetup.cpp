@@ -3,8 +3,11 @@
 #include "AnalyserChartPages.h"
 #include "AnalyserTablePage.h"
 #include "QAttributeTreeView.h"
+#include "QCrossPlotWidget.h"
 #include "QDataAnalyserDialog.h"
+#include "QDepthPlotWidget.h"
 #include "QHistogramChartWidget.h"
+#include "QTRNBarChartWidget.h"
 #include "QTreeItemModel.h"
 #include "QVertexItemModel.h"
 #include "QVertexMinMaxItemModel.h"
@@ -26,6 +29,9 @@ namespace {
 
 constexpr char g_tablePage[] = "TABLE";
 constexpr char g_histogramPage[] = "HISTOGRAM";
+constexpr char g_barChartPage[] = "BARCHART";
+constexpr char g_crossPlotPage[] = "CROSSPLOT";
+constexpr char g_depthPlotPage[] = "WELLLOGPLOT";
 
 QString browserText(const char* pText)
 {
@@ -50,7 +56,6 @@ void QDataAnalyserDialog::initialize(const QString& sName, QMenu* pqMenu, Qt::Or
     // The panels of point charts and orientations that these three ask for are not part of the library yet.
     Q_UNUSED(bFlag)
     Q_UNUSED(bOrientationCharts)
-    Q_UNUSED(bDepthPlot)
     if (m_pqSplitter)
         return;
     m_pqMenu = pqMenu ? pqMenu : createDefaultPopupMenu();
@@ -78,7 +83,11 @@ void QDataAnalyserDialog::initialize(const QString& sName, QMenu* pqMenu, Qt::Or
 
     createTableWidget(iTableOption);
     createTreeWidget();
+    createBarChart(sName);
     createHistogramChart(sName);
+    createRelationshipChart(sName);
+    if (bDepthPlot)
+        createDepthPlot(sName);
     m_pqTabWidget->setCurrentIndex(0);
     connect(m_pqTabWidget, &QTabWidget::currentChanged, this, &QDataAnalyserDialog::slotTabWidgetChanged);
     // Tearing a page off makes another one current without currentChanged().
@@ -146,8 +155,7 @@ void QDataAnalyserDialog::createTableWidget(int iTableOption)
         if (m_pqModifyCellsAction)
             m_pqModifyCellsAction->setEnabled(pqTable->hasSelectedCells());
     });
-    connect(pqTable, &QVertexModelTableView::selectionChangedByUser, this,
-            &QDataAnalyserDialog::resetChartsUpdateNeeded);
+    connect(pqTable, &QVertexModelTableView::selectionChangedByUser, this, &QDataAnalyserDialog::markSelectionChanged);
     // Whole columns and vertices are no block of cells that a frame would mark.
     connect(pqTable, &QVertexModelTableView::sectionClicked, pqTable,
             &QVertexModelTableView::turnOffSelectionRectangle);
@@ -187,6 +195,7 @@ void QDataAnalyserDialog::addChartPage(int iChart, Panel* pqPanel, const QString
     page.m_eChart = static_cast<AnalyserChartPages::Chart>(iChart);
     page.m_pqPage = pqPanel;
     page.m_fnRefill = std::move(fnRefill);
+    page.m_fnSelect = [this, pqPanel] { pqPanel->setSelectedRows(vertexTable()->selectedRecords()); };
     page.m_fnCopy = [pqPanel] { pqPanel->copyToClipboard(); };
     page.m_fnSetRoot = [pqPanel](MatrixData* poRoot) { pqPanel->setDataRoot(poRoot); };
     page.m_fnUpdateChooser = [pqPanel] { pqPanel->updateDataSetSelectionBox(); };
@@ -198,6 +207,49 @@ void QDataAnalyserDialog::addChartPage(int iChart, Panel* pqPanel, const QString
         page.m_fnSaveSettings = [pqPanel, sSettingsGroup] { pqPanel->writeSettings(sSettingsGroup); };
     }
     m_pCharts->add(std::move(page));
+}
+
+void QDataAnalyserDialog::createBarChart(const QString& sName)
+{
+    m_pqBarChart = new QTRNBarChartWidget(m_pqTabWidget);
+    m_pqBarChart->setAccessibleName(sName);
+    addChartPage(
+        AnalyserChartPages::BarChart, m_pqBarChart, QLatin1String(g_barChartPage), tr("Bar Chart"),
+        QStringLiteral("chart_bar.png"), [this] { updateBarChart(); }, QString());
+    connect(m_pqBarChart, &QTRNBarChartWidget::dataSetSelected, this, &QDataAnalyserDialog::updateBarChart);
+    connect(m_pqBarChart, &QTRNBarChartWidget::dataPointsSelection, this,
+            &QDataAnalyserDialog::setNewRowSelectionFromGraphicalSelection);
+}
+
+void QDataAnalyserDialog::createRelationshipChart(const QString& sName)
+{
+    m_pqCrossPlot = new QCrossPlotWidget(m_pqTabWidget);
+    m_pqCrossPlot->setAccessibleName(sName);
+    addChartPage(
+        AnalyserChartPages::CrossPlot, m_pqCrossPlot, QLatin1String(g_crossPlotPage), tr("Cross Plot"),
+        QStringLiteral("cross_plot.png"), [this] { updateRelationshipData(); },
+        QStringLiteral("attribute_analyser/cross_plot/"));
+    connect(m_pqCrossPlot, &QCrossPlotWidget::dataPointsSelection, this,
+            &QDataAnalyserDialog::setNewRowSelectionFromGraphicalSelection);
+    connect(m_pqCrossPlot, &QCrossPlotWidget::signalUpdateChartData, this,
+            &QDataAnalyserDialog::updateRelationshipData);
+    connect(m_pqCrossPlot, &QCrossPlotWidget::createClusterAttribute, this,
+            &QDataAnalyserDialog::createClusterAttribute);
+}
+
+void QDataAnalyserDialog::createDepthPlot(const QString& sName)
+{
+    m_pqDepthPlot = new QDepthPlotWidget(m_pqTabWidget);
+    m_pqDepthPlot->setAccessibleName(sName);
+    addChartPage(
+        AnalyserChartPages::DepthPlot, m_pqDepthPlot, QLatin1String(g_depthPlotPage), tr("Depth Plot"),
+        QStringLiteral("well_log_plot.png"), [this] { updateDepthPlotData(); },
+        QStringLiteral("attribute_analyser/well_log_plot/"));
+    connect(m_pqDepthPlot, &QDepthPlotWidget::dataPointsSelection, this,
+            &QDataAnalyserDialog::setNewRowSelectionFromGraphicalSelection);
+    connect(m_pqDepthPlot, &QDepthPlotWidget::signalUpdateChartData, this, &QDataAnalyserDialog::updateDepthPlotData);
+    connect(m_pqDepthPlot, &QDepthPlotWidget::createDataDecimationAttribute, this,
+            &QDataAnalyserDialog::createDataDecimationAttribute);
 }
 
 void QDataAnalyserDialog::createHistogramChart(const QString& sName)

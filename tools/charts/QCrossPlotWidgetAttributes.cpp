@@ -322,11 +322,11 @@ bool QCrossPlotWidget::applyClusters(int iClusters, const QString& sName)
 
 void QCrossPlotWidget::colorByClusters(const QString& sName)
 {
-    const MatrixData* poFormer = m_pModel->colorAttribute();
     emit createClusterAttribute(sName, m_pModel);
     m_pqPlot->scheduleRedraw();
     // The owner may have kept the clusters and coloured the points by them.
-    if (m_pModel->colorAttribute() != poFormer && m_pModel->colorAttribute() != m_poClusters.get())
+    const MatrixData* poColor = m_pModel->colorAttribute();
+    if (poColor && poColor != m_poClusters.get() && poColor->name() == sName)
         return;
     auto poClusters = std::make_unique<MatrixData>(sName, 0, 1, QMetaType::Int);
     const std::span<const int> viIDs = m_pModel->clusterIDs();

@@ -1,0 +1,178 @@
+// The charts of points in QDataAnalyserDialog, and the attributes and markers that come from them.
+
+#include "AnalyserChartPages.h"
+#include "DerivedAttributes.h"
+#include "QCrossPlotWidget.h"
+#include "QDataAnalyserDialog.h"
+#include "QDepthPlotWidget.h"
+#include "QRelationshipItemModel.h"
+#include "QTRNBarChartWidget.h"
+#include "QVertexModelTableView.h"
+
+#include <QTimer>
+
+namespace gkBase {
+
+namespace {
+
+int numericAttributes(const MatrixData& dataSet)
+{
+    int iCount = 0;
+    for (int i = 0; i < dataSet.childCount(); ++i)
+        iCount += dataSet.child(i)->isAttribute() && dataSet.child(i)->column().isNumeric() ? 1 : 0;
+    return iCount;
+}
+
+} // namespace
+
+MatrixData* QDataAnalyserDialog::firstDataSet(bool bWithDepth) const
+{
+    MatrixData* poFirst = nullptr;
+    for (int i = 0; m_poDataRoot && i < m_poDataRoot->childCount(); ++i) {
+        MatrixData* poDataSet = m_poDataRoot->child(i);
+        if (numericAttributes(*poDataSet) < 2)
+            continue;
+        if (!bWithDepth || poDataSet->depthAttribute())
+            return poDataSet;
+        if (!poFirst)
+            poFirst = poDataSet;
+    }
+    return poFirst;
+}
+
+void QDataAnalyserDialog::updateBarChart()
+{
+    if (!m_pqBarChart)
+        return;
+    m_pCharts->unmark(AnalyserChartPages::BarChart);
+    const bool bRebuilt = m_pqBarChart->setSelectedRows(vertexTable()->selectedRecords());
+    if (!m_pqBarChart->currentSelectedDataSet())
+        m_pqBarChart->setDataSet(firstCountableAttribute());
+    else if (!bRebuilt)
+        m_pqBarChart->updateBarChart();
+}
+
+void QDataAnalyserDialog::updateRelationshipData()
+{
+    if (!m_pqCrossPlot)
+        return;
+    m_pCharts->unmark(AnalyserChartPages::CrossPlot);
+    if (!m_pqCrossPlot->nodeX() && !m_pqCrossPlot->nodeY())
+        m_pqCrossPlot->setDataSet(firstDataSet(false));
+    m_pqCrossPlot->updateCrossPlot();
+    m_pqCrossPlot->setSelectedRows(vertexTable()->selectedRecords());
+}
+
+void QDataAnalyserDialog::updateDepthPlotData()
+{
+    if (!m_pqDepthPlot)
+        return;
+    m_pCharts->unmark(AnalyserChartPages::DepthPlot);
+    if (!m_pqDepthPlot->currentSelectedDataSet())
+        m_pqDepthPlot->setDataSet(firstDataSet(true));
+    m_pqDepthPlot->updateDepthPlot();
+    m_pqDepthPlot->setSelectedRows(vertexTable()->selectedRecords());
+}
+
+void QDataAnalyserDialog::setCurrentSymbolItem(int iGlobalID)
+{
+    if (m_pqCrossPlot)
+        m_pqCrossPlot->setCurrentSymbolItem(iGlobalID);
+}
+
+void QDataAnalyserDialog::setCurrentColorItem(int iGlobalID)
+{
+    if (m_pqCrossPlot)
+        m_pqCrossPlot->setCurrentColorItem(iGlobalID);
+}
+
+// ---- attributes made from the charts' results
+// ------------------------------------------------------------------------
+
+void QDataAnalyserDialog::showDerived(bool bAdded)
+{
+    if (!bAdded)
+        return;
+    updateAllViews();
+    emit dataModified(true);
+}
+
+void QDataAnalyserDialog::createClusterAttribute(const QString& sName, QRelationshipItemModel* pModel)
+{
+    const MatrixData* poClusters =
+        m_poDataRoot && pModel ? addClusterAttribute(*m_poDataRoot, sName, *pModel) : nullptr;
+    showDerived(poClusters != nullptr);
+    if (poClusters && m_pqCrossPlot && pModel == m_pqCrossPlot->relationshipItemModel())
+        setCurrentColorItem(poClusters->globalID());
+}
+
+void QDataAnalyserDialog::createDataDecimationAttribute(QRelationshipItemModel* pModel, bool bBinAverage, bool bReplace,
+                                                        MatrixData* poOriginal)
+{
+    if (!m_poDataRoot || !pModel)
+        return;
+    // The tracks that one click decimates make one undo step.
+    const bool bNewStep = !m_bDecimating;
+    const MatrixData* poAdded =
+        addDecimationAttributes(*m_poDataRoot, *pModel, bBinAverage, bReplace && bNewStep, poOriginal, bNewStep);
+    if (!poAdded)
+        return;
+    if (bNewStep) {
+        m_bDecimating = true;
+        QTimer::singleShot(0, this, [this] { m_bDecimating = false; });
+    }
+    showDerived(true);
+}
+
+// ---- markers
+// -----------------------------------------------------------------------------------------------------------
+
+void QDataAnalyserDialog::setMarkerVisibility(bool bAll, bool bScat, bool bDecimated, bool bTops, bool bFaults,
+                                              bool bVisible)
+{
+    MatrixData* poVisible = m_poDataRoot ? m_poDataRoot->getNodeFromName(QStringLiteral("$V")) : nullptr;
+    if (!poVisible)
+        return;
+    poVisible->setDefaultValue1(bAll ? QVariant(bVisible) : QVariant(false));
+    if (!bAll) {
+        if (bScat)
+            setAllScatMarkersVisibility(bVisible);
+        if (bDecimated)
+            setAllDecimatedDipAzimuthMarkersVisibility(bVisible);
+        if (bTops) {
+            setAllTypeMarkersVisibility(QStringLiteral("Top"), bVisible);
+            setAllTopMarkersVisibility(bVisible);
+        }
+        if (bFaults)
+            setAllTypeMarkersVisibility(QStringLiteral("Fault"), bVisible);
+    }
+    m_pCharts->mark(AnalyserChartPages::DepthPlot);
+}
+
+void QDataAnalyserDialog::setAllScatMarkersVisibility(bool bVisible)
+{
+    changeMarkers(MarkerKind::Scat, QString(), bVisible);
+}
+
+void QDataAnalyserDialog::setAllDecimatedDipAzimuthMarkersVisibility(bool bVisible)
+{
+    changeMarkers(MarkerKind::Decimated, QString(), bVisible);
+}
+
+void QDataAnalyserDialog::setAllTypeMarkersVisibility(const QString& sType, bool bVisible)
+{
+    changeMarkers(MarkerKind::Type, sType, bVisible);
+}
+
+void QDataAnalyserDialog::setAllTopMarkersVisibility(bool bVisible)
+{
+    changeMarkers(MarkerKind::Top, QString(), bVisible);
+}
+
+void QDataAnalyserDialog::changeMarkers(MarkerKind eKind, const QString& sType, bool bVisible)
+{
+    if (m_poDataRoot && setMarkersVisible(*m_poDataRoot, eKind, sType, bVisible))
+        emit dataModified(true);
+}
+
+} // namespace gkBase
