@@ -5,6 +5,7 @@
 #include <gkBase/HistogramGeometry.h>
 #include <gkBase/MatrixData.h>
 #include <gkBase/MatrixDataRestore.h>
+#include <gkBase/MetafileClipboard.h>
 #include <gkBase/QCartesianAxisWidget.h>
 #include <gkBase/QDoubleSpinBoxWithSlider.h>
 #include <gkBase/QHistogramChartWidget.h>
@@ -20,6 +21,7 @@
 #include <QFile>
 #include <QImage>
 #include <QLabel>
+#include <QMimeData>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -98,6 +100,7 @@ private slots:
     void zoomMovesTheAxes();
     void displayUnitsAreShown();
     void exportWithoutAWindow();
+    void vectorCopyHasTitleAndAxes();
 };
 
 void TestHistogram::heightsObeyTheirType_data()
@@ -439,6 +442,23 @@ void TestHistogram::displayUnitsAreShown()
     QVERIFY(std::abs(dShownInterval - dInterval / 0.3048) < 1e-9);
     QVERIFY(std::abs(panel.histogramItemModel()->intervalSize() - dInterval) < 1e-9); // bars stay as they are
     QCOMPARE(pqP50->text(), QString::number(dP50, 'f', 3) + QStringLiteral(" m"));
+}
+
+void TestHistogram::vectorCopyHasTitleAndAxes()
+{
+    const std::unique_ptr<MatrixData> poRoot = rootOf({attribute(QStringLiteral("Depth"), ramp(500))});
+    QHistogramChartWidget panel;
+    panel.setDataRoot(poRoot.get());
+    panel.setDataSet(poRoot->child(0));
+    panel.resize(900, 600);
+    panel.drawingArea()->slotCopyWEMFToClipboard(); // from the canvas's menu
+    const QMimeData* pData = QApplication::clipboard()->mimeData();
+    const QByteArray oMetafile = pData->data(QString::fromLatin1(g_sMetafileMimeType));
+    for (const char* pText : {"Depth", "Frequency", "P10", "Histogram: Well"}) {
+        const QString sText = QString::fromLatin1(pText);
+        const QByteArray oUtf16(reinterpret_cast<const char*>(sText.utf16()), sText.size() * 2);
+        QVERIFY2(oMetafile.contains(oUtf16), pText);
+    }
 }
 
 void TestHistogram::exportWithoutAWindow()
