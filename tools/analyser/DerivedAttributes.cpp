@@ -214,6 +214,7 @@ MatrixData* DerivedAttributes::setAttribute(MatrixData& dataSet, const QString& 
     poAttribute->setColumn(0, std::move(oValues));
     if (poUnit)
         poAttribute->setUnitManager(std::move(poUnit));
+    poAttribute->setColor(MatrixData::getDefaultColor());
     poAttribute->setSelected(true);
     MatrixData* poNew = poAttribute.get();
     dataSet.appendChild(poAttribute.release(), true);

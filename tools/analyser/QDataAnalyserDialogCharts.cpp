@@ -46,10 +46,12 @@ void QDataAnalyserDialog::updateBarChart()
         return;
     m_pCharts->unmark(AnalyserChartPages::BarChart);
     const bool bRebuilt = m_pqBarChart->setSelectedRows(vertexTable()->selectedRecords());
-    if (!m_pqBarChart->currentSelectedDataSet())
-        m_pqBarChart->setDataSet(firstCountableAttribute());
-    else if (!bRebuilt)
+    if (!m_pqBarChart->currentSelectedDataSet()) {
+        const MatrixData* poAttribute = m_poDataRoot ? m_poDataRoot->getFirstChildWithData() : nullptr;
+        m_pqBarChart->setDataSet(poAttribute ? poAttribute->owner() : nullptr);
+    } else if (!bRebuilt) {
         m_pqBarChart->updateBarChart();
+    }
 }
 
 void QDataAnalyserDialog::updateRelationshipData()
