@@ -90,6 +90,36 @@ private slots:
         QCOMPARE(changed.usedSize(), 41);
     }
 
+    void exchangesCells_data()
+    {
+        QTest::addColumn<int>("iCells"); // few of them keep texts of their own
+        QTest::newRow("few") << 2;
+        QTest::newRow("many") << 90;
+    }
+
+    void exchangesCells()
+    {
+        QFETCH(int, iCells);
+        for (QMetaType::Type eType : vTypes) {
+            const MatrixColumn before = filled(eType, 42);
+            MatrixColumn cells(eType);
+            for (int j = 0; j < iCells; ++j)
+                cells.appendValue(sample(eType, 1003 + j));
+            const MatrixColumn cellsBefore = cells;
+            MatrixColumn column = before;
+            MatrixColumn expected = before;
+            const auto cellOf = [](int j) { return (j * 5) % 44 - 1; }; // some twice, some out of range
+            for (int j = 0; j < iCells; ++j) {
+                expected.setValue(cellOf(j), cellsBefore.value(j));
+                column.swapCell(cellOf(j), cells, j);
+            }
+            QVERIFY(column == expected);
+            for (int j = iCells - 1; j >= 0; --j)
+                column.swapCell(cellOf(j), cells, j);
+            QVERIFY(column == before && cells == cellsBefore);
+        }
+    }
+
     void ignoresCellsOutOfRange()
     {
         for (QMetaType::Type eType : vTypes) {

@@ -455,35 +455,6 @@ MatrixColumn MatrixColumn::mid(int iFirst, int iCount) const
     return result;
 }
 
-MatrixColumn MatrixColumn::gather(std::span<const std::int32_t> viCells) const
-{
-    MatrixColumn result(m_eType, static_cast<int>(viCells.size()));
-    if (auto* pTexts = std::get_if<TextCells>(&m_cells)) {
-        auto& cells = std::get<TextCells>(result.m_cells);
-        // A few cells of very many texts take their own: as long as the table is shared, the next new text of this
-        // column would copy all of it.
-        if (viCells.size() < texts().size() / 2) {
-            for (std::size_t i = 0; i < viCells.size(); ++i)
-                if (!isMissing(viCells[i]))
-                    cells.codes[i] = result.codeOf(cells, text(viCells[i]));
-            return result;
-        }
-        cells.texts = pTexts->texts;
-        for (std::size_t i = 0; i < viCells.size(); ++i)
-            if (inRange(viCells[i]))
-                cells.codes[i] = pTexts->codes[index(viCells[i])];
-    } else if (auto* pDoubles = std::get_if<std::vector<double>>(&m_cells)) {
-        auto& vdCells = std::get<std::vector<double>>(result.m_cells);
-        for (std::size_t i = 0; i < viCells.size(); ++i)
-            if (inRange(viCells[i]))
-                vdCells[i] = (*pDoubles)[index(viCells[i])];
-    } else {
-        for (std::size_t i = 0; i < viCells.size(); ++i)
-            result.setValue(static_cast<int>(i), value(viCells[i]));
-    }
-    return result;
-}
-
 void MatrixColumn::append(const MatrixColumn& other)
 {
     if (other.m_eType != m_eType) {
@@ -503,27 +474,6 @@ void MatrixColumn::append(const MatrixColumn& other)
     resize(iOld + other.size());
     for (int i = 0; i < other.size(); ++i)
         setValue(iOld + i, other.value(i));
-}
-
-void MatrixColumn::swapCell(int i, MatrixColumn& other, int j)
-{
-    if (!inRange(i) || !other.inRange(j))
-        return;
-    auto* pDoubles = std::get_if<std::vector<double>>(&m_cells);
-    auto* pOther = std::get_if<std::vector<double>>(&other.m_cells);
-    if (pDoubles && pOther) {
-        std::swap((*pDoubles)[index(i)], (*pOther)[index(j)]);
-        return;
-    }
-    auto* pTexts = std::get_if<TextCells>(&m_cells);
-    auto* pOtherTexts = std::get_if<TextCells>(&other.m_cells);
-    if (pTexts && pOtherTexts && pTexts->texts == pOtherTexts->texts) {
-        std::swap(pTexts->codes[index(i)], pOtherTexts->codes[index(j)]);
-        return;
-    }
-    const QVariant qOwn = value(i);
-    setValue(i, other.value(j));
-    other.setValue(j, qOwn);
 }
 
 int MatrixColumn::usedSize() const
