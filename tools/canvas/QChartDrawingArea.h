@@ -289,7 +289,7 @@ private:
     QPointer<QRelationshipItemModel> m_pModel; ///< not owned
     PointPainter m_oPointPainter;
     std::vector<QPointF> m_voPointPixels;
-    quint64 m_iPointRevision = 0; ///< of the model, for m_voPointPixels
+    quint64 m_iPointRevision = 0; ///< of the points of the model, for m_voPointPixels
     QSize m_oPointChart;          ///< size of the chart, for m_voPointPixels
     bool m_bPointsMoved = true;   ///< the layout changed since
     QAction* m_pqCopyAction;

@@ -58,9 +58,9 @@ const std::vector<QPointF>& QChartDrawingArea::pointPixels()
     if (!m_pModel) {
         m_voPointPixels.clear();
     } else if (m_bNeedsRedraw || m_bPointsMoved || m_oPointChart != chartSize() ||
-               m_iPointRevision != m_pModel->revision() || m_voPointPixels.size() != m_pModel->x().size()) {
+               m_iPointRevision != m_pModel->pointsRevision() || m_voPointPixels.size() != m_pModel->x().size()) {
         transformPoints(m_pModel->x(), m_pModel->y(), m_voPointPixels);
-        m_iPointRevision = m_pModel->revision();
+        m_iPointRevision = m_pModel->pointsRevision();
         m_oPointChart = chartSize();
         m_bPointsMoved = false;
     }

@@ -75,9 +75,6 @@ std::vector<double> DepthLineField::sortedDepths(DataType eType) const
     return vdDepths;
 }
 
-// ---- editing
-// ---------------------------------------------------------------------------------------------------------
-
 int DepthLineField::insertHorizontalLine(const double& dDepth, const double& dX, const QString& sName,
                                          const QColor& oColor, DataType eType, const QPointF& oOrientation,
                                          int iOriginalRow, const double& dTolerance)
@@ -100,14 +97,19 @@ int DepthLineField::insertHorizontalLine(const double& dDepth, const double& dX,
     return count() - 1;
 }
 
+double DepthLineField::distanceTo(int iLine, const QPointF& oPosition) const
+{
+    return std::abs(m_vdDepths[static_cast<std::size_t>(iLine)] - oPosition.y());
+}
+
 std::vector<int> DepthLineField::pickHorizontalLines(const QPointF& oPosition, const double& dTolerance) const
 {
     std::vector<int> viLines;
     for (int i = 0; i < count(); ++i)
-        if (std::abs(m_vdDepths[static_cast<std::size_t>(i)] - oPosition.y()) <= dTolerance)
+        if (distanceTo(i, oPosition) <= dTolerance)
             viLines.push_back(i);
-    const auto distance = [&](int i) { return std::abs(m_vdDepths[static_cast<std::size_t>(i)] - oPosition.y()); };
-    std::stable_sort(viLines.begin(), viLines.end(), [&](int a, int b) { return distance(a) < distance(b); });
+    std::stable_sort(viLines.begin(), viLines.end(),
+                     [&](int a, int b) { return distanceTo(a, oPosition) < distanceTo(b, oPosition); });
     return viLines;
 }
 
@@ -137,8 +139,7 @@ bool DepthLineField::eraseLines(Keep keepLine)
 
 bool DepthLineField::eraseHorizontalLines(const QPointF& oPosition, const double& dTolerance)
 {
-    const std::vector<int> viLines = pickHorizontalLines(oPosition, dTolerance);
-    return eraseLines([&](int i) { return std::find(viLines.begin(), viLines.end(), i) == viLines.end(); });
+    return eraseLines([&](int i) { return !(distanceTo(i, oPosition) <= dTolerance); });
 }
 
 void DepthLineField::erasePickedLine()
@@ -208,9 +209,6 @@ void DepthLineField::clearOriginalRowPos()
     std::fill(m_vbDepthChanged.begin(), m_vbDepthChanged.end(), false);
 }
 
-// ---- selection
-// -------------------------------------------------------------------------------------------------------
-
 void DepthLineField::setSelected(int iLine, bool bSelected)
 {
     if (contains(iLine))
@@ -246,9 +244,6 @@ std::vector<int> DepthLineField::selectedLines() const
             viLines.push_back(i);
     return viLines;
 }
-
-// ---- looks
-// -----------------------------------------------------------------------------------------------------------
 
 void DepthLineField::setDomainTransparency(int iPercent)
 {

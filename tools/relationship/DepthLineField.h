@@ -133,6 +133,7 @@ public:
 private:
     template <typename Keep>
     bool eraseLines(Keep keep);
+    double distanceTo(int iLine, const QPointF& oPosition) const;
     bool contains(int iLine) const { return iLine >= 0 && iLine < count(); }
 
     QString m_sName;

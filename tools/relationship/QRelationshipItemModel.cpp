@@ -5,8 +5,8 @@
 #include "UnitManager.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
-#include <type_traits>
 #include <utility>
 
 namespace gkBase {
@@ -50,23 +50,22 @@ QRelationshipItemModel::QRelationshipItemModel(QObject* pqParent)
 
 QRelationshipItemModel::~QRelationshipItemModel() = default;
 
-// ---- source
-// ----------------------------------------------------------------------------------------------------------
-
-void QRelationshipItemModel::setNodes(DisplayType eType, MatrixData* poX, MatrixData* poY,
+void QRelationshipItemModel::setNodes(int iRows, DisplayType eType, MatrixData* poX, MatrixData* poY,
                                       const std::vector<int>& viTableRows)
 {
-    m_eDisplayType = eType;
-    m_poX = MatrixDataPointer(poX);
-    m_poY = MatrixDataPointer(poY);
+    if (std::exchange(m_eDisplayType, eType) != eType)
+        changed();
+    m_oX.set(poX);
+    m_oY.set(poY);
+    m_bOtherRows = m_bOtherRows || m_iRequestedRows != iRows || m_viTableRows != viTableRows;
+    m_iRequestedRows = iRows;
     m_viTableRows = viTableRows;
 }
 
 void QRelationshipItemModel::takeNewDataSet(int iRows, DisplayType eType, MatrixData* poX, MatrixData* poY,
                                             const std::vector<int>& viTableRows)
 {
-    setNodes(eType, poX, poY, viTableRows);
-    m_iRequestedRows = iRows;
+    setNodes(iRows, eType, poX, poY, viTableRows);
     m_bLines = false;
     load();
 }
@@ -75,18 +74,17 @@ void QRelationshipItemModel::takeNewDataSet(int iRows, DisplayType eType, Matrix
                                             MatrixData* poColor, MatrixData* poSymbol, bool bLines,
                                             const std::vector<int>& viTableRows)
 {
-    setNodes(eType, poDip, poAzimuth, viTableRows);
-    m_iRequestedRows = iRows;
-    m_poColor = MatrixDataPointer(poColor);
-    m_poSymbol = MatrixDataPointer(poSymbol);
-    m_bLines = bLines;
+    setNodes(iRows, eType, poDip, poAzimuth, viTableRows);
+    m_oColor.set(poColor);
+    m_oSymbol.set(poSymbol);
+    if (std::exchange(m_bLines, bLines) != bLines)
+        changed();
     load();
 }
 
 void QRelationshipItemModel::takeNewDataSet(MatrixData* poX, MatrixData* poY)
 {
-    setNodes(m_eDisplayType, poX, poY, {});
-    m_iRequestedRows = -1;
+    setNodes(-1, m_eDisplayType, poX, poY, {});
     load();
 }
 
@@ -97,38 +95,69 @@ void QRelationshipItemModel::refresh()
 
 void QRelationshipItemModel::clear()
 {
-    m_poThird = m_poColor = m_poSymbol = m_poTadPole = m_poQuality = MatrixDataPointer();
+    for (RelationshipSource* pSource : {&m_oThird, &m_oColor, &m_oSymbol, &m_oTadPole, &m_oQuality})
+        pSource->set(nullptr);
     takeNewDataSet(nullptr, nullptr);
 }
 
 void QRelationshipItemModel::load()
 {
+    const RelationshipSource::Change eX = m_oX.takeChange();
+    const RelationshipSource::Change eY = m_oY.takeChange();
+    const RelationshipSource::Change eThird = m_oThird.takeChange();
+    const RelationshipSource::Change eColor = m_oColor.takeChange();
+    const RelationshipSource::Change eSymbol = m_oSymbol.takeChange();
+    const RelationshipSource::Change eTadPole = m_oTadPole.takeChange();
+    const RelationshipSource::Change eQuality = m_oQuality.takeChange();
+    const bool bOtherPoints = std::exchange(m_bOtherRows, false) || eX || eY;
+    if (!bOtherPoints && !eThird && !eColor && !eSymbol && !eTadPole && !eQuality)
+        return;
+
     beginResetModel();
-    loadPoints();
+    const int iFormerRecords = numberOfPoints();
+    if (bOtherPoints)
+        loadPoints();
     const int iRecords = numberOfPoints();
-    m_vdThird = numbers(m_poThird.get(), iRecords);
-    m_vdTadPoles = numbers(m_poTadPole.get(), iRecords);
-    m_vdQualities = numbers(m_poQuality.get(), iRecords);
-    m_oColorClasses = RelationshipClasses(m_poColor.get(), m_oColorMap);
-    m_oSymbolClasses = RelationshipClasses(m_poSymbol.get(), {});
-    if (m_vbSelected.size() != iRecords) {
+    const bool bResized = iRecords != iFormerRecords;
+    if (eThird || bResized)
+        m_vdThird = numbers(m_oThird.get(), iRecords);
+    if (eTadPole || bResized)
+        m_vdTadPoles = numbers(m_oTadPole.get(), iRecords);
+    if (eQuality || bResized)
+        m_vdQualities = numbers(m_oQuality.get(), iRecords);
+    readClasses(m_oColorClasses, m_oColor, m_oColorMap, eColor);
+    readClasses(m_oSymbolClasses, m_oSymbol, {}, eSymbol);
+    if (bResized) {
         m_vbSelected = QList<bool>(iRecords, false);
         m_iSelectedPoints = 0;
     }
-    if (static_cast<int>(m_viClusters.size()) != iRecords)
-        clearClusters();
-    m_poData.reset();
+    if (bResized || eX == RelationshipSource::OtherNode || eY == RelationshipSource::OtherNode)
+        clearResults();
     changed();
     endResetModel();
 }
 
+void QRelationshipItemModel::readClasses(RelationshipClasses& classes, const RelationshipSource& source,
+                                         const RelationshipClasses::ColorMap& oColorMap,
+                                         RelationshipSource::Change eChange)
+{
+    if (eChange == RelationshipSource::Unchanged)
+        return;
+    RelationshipClasses newClasses(source.get(), oColorMap);
+    if (eChange == RelationshipSource::OtherValues)
+        newClasses.adoptColors(classes);
+    classes = std::move(newClasses);
+}
+
 void QRelationshipItemModel::loadPoints()
 {
-    const MatrixData* poX = m_poX.get();
-    const MatrixData* poY = m_poY.get();
+    const MatrixData* poX = m_oX.get();
+    const MatrixData* poY = m_oY.get();
     m_vdX.clear();
     m_vdY.clear();
     m_iValidPoints = 0;
+    m_poData.reset();
+    ++m_iPointsRevision;
     if (!poX || !poY || !poX->column().isNumeric() || !poY->column().isNumeric())
         return;
     const int iRecords = m_iRequestedRows >= 0 ? m_iRequestedRows : std::max(poX->recordCount(), poY->recordCount());
@@ -157,8 +186,19 @@ void QRelationshipItemModel::keepOnlyTableRows()
 
 void QRelationshipItemModel::setThirdDimAttribute(MatrixData* poAttribute)
 {
-    m_poThird = MatrixDataPointer(poAttribute);
+    m_oThird.set(poAttribute);
+    if (m_oThird.takeChange() == RelationshipSource::Unchanged)
+        return;
     m_vdThird = numbers(poAttribute, numberOfPoints());
+    columnChanged(ThirdColumn);
+}
+
+void QRelationshipItemModel::columnChanged(int iColumn)
+{
+    changed();
+    if (rowCount() > 0)
+        emit dataChanged(index(0, iColumn), index(rowCount() - 1, iColumn));
+    emit headerDataChanged(Qt::Horizontal, iColumn, iColumn);
 }
 
 bool QRelationshipItemModel::isValid(int iRecord) const
@@ -199,16 +239,14 @@ int QRelationshipItemModel::tableRow(int i) const
 {
     if (i < 0 || i >= numberOfTableRows())
         return -1;
-    return m_viTableRows.empty() ? i : m_viTableRows[static_cast<std::size_t>(i)];
+    const int iRecord = m_viTableRows.empty() ? i : m_viTableRows[static_cast<std::size_t>(i)];
+    return contains(iRecord) ? iRecord : -1;
 }
 
 int QRelationshipItemModel::numberOfTableRows() const
 {
     return m_viTableRows.empty() ? numberOfPoints() : static_cast<int>(m_viTableRows.size());
 }
-
-// ---- selection
-// -------------------------------------------------------------------------------------------------------
 
 std::span<const unsigned char> QRelationshipItemModel::selectionMask() const
 {
@@ -235,6 +273,8 @@ void QRelationshipItemModel::setSelected(int iRecord, bool bSelected)
     m_vbSelected[iRecord] = bSelected;
     m_iSelectedPoints += bSelected ? 1 : -1;
     changed();
+    const QModelIndex oIndex = createIndex(iRecord, SelectedColumn);
+    emit dataChanged(oIndex, oIndex);
 }
 
 void QRelationshipItemModel::setSelected2(int iRecord, bool bSelected)
@@ -242,10 +282,10 @@ void QRelationshipItemModel::setSelected2(int iRecord, bool bSelected)
     setSelected(iRecord, bSelected && isValid(iRecord));
 }
 
-void QRelationshipItemModel::recountSelection()
+void QRelationshipItemModel::selectionChanged()
 {
     m_iSelectedPoints = static_cast<int>(std::count(m_vbSelected.cbegin(), m_vbSelected.cend(), true));
-    changed();
+    columnChanged(SelectedColumn);
 }
 
 bool QRelationshipItemModel::setSelectedRecords(const std::vector<int>& viRecords)
@@ -257,28 +297,29 @@ bool QRelationshipItemModel::setSelectedRecords(const std::vector<int>& viRecord
             pbSelected[iRecord] = true;
     if (vbSelected == m_vbSelected)
         return false;
-    m_vbSelected = std::move(vbSelected);
-    recountSelection();
+    std::copy(vbSelected.cbegin(), vbSelected.cend(), m_vbSelected.begin()); // whoever holds selection() keeps it
+    selectionChanged();
     return true;
 }
 
 void QRelationshipItemModel::selectPoints(std::span<const unsigned char> vbMask, bool bKeep)
 {
     bool* pbSelected = selection();
+    bool bAnyChange = false;
     for (int i = 0; i < numberOfPoints(); ++i) {
         const auto n = static_cast<std::size_t>(i);
         const bool bInside = n < vbMask.size() && vbMask[n] && !isMissing(m_vdX[n]);
-        pbSelected[i] = bInside || (bKeep && pbSelected[i]);
+        const bool bSelected = bInside || (bKeep && pbSelected[i]);
+        bAnyChange = bAnyChange || pbSelected[i] != bSelected;
+        pbSelected[i] = bSelected;
     }
-    recountSelection();
+    if (bAnyChange)
+        selectionChanged();
 }
 
 void QRelationshipItemModel::clearSelection()
 {
-    if (m_iSelectedPoints == 0)
-        return;
-    m_vbSelected.fill(false);
-    recountSelection();
+    setSelectedRecords({});
 }
 
 std::vector<int> QRelationshipItemModel::selectedRecords() const
@@ -294,10 +335,14 @@ std::vector<int> QRelationshipItemModel::selectedRecords() const
 void QRelationshipItemModel::setSelectedClass(std::span<const int> viIds, int iClass, bool bSelected)
 {
     bool* pbSelected = selection();
+    bool bAnyChange = false;
     for (int i = 0; i < numberOfPoints() && i < static_cast<int>(viIds.size()); ++i)
-        if (viIds[static_cast<std::size_t>(i)] == iClass && (!bSelected || isValid(i)))
+        if (viIds[static_cast<std::size_t>(i)] == iClass && pbSelected[i] != bSelected && (!bSelected || isValid(i))) {
             pbSelected[i] = bSelected;
-    recountSelection();
+            bAnyChange = true;
+        }
+    if (bAnyChange)
+        selectionChanged();
 }
 
 void QRelationshipItemModel::setSelectedSymbol(int iClass, bool bSelected)
@@ -309,9 +354,6 @@ void QRelationshipItemModel::setSelectedColorClass(int iClass, bool bSelected)
 {
     setSelectedClass(m_oColorClasses.ids(), iClass, bSelected);
 }
-
-// ---- appearance
-// ------------------------------------------------------------------------------------------------------
 
 void QRelationshipItemModel::setPointStyle(PointStyle eStyle)
 {
@@ -340,16 +382,20 @@ void QRelationshipItemModel::setDrawSymbols(bool bDraw)
 
 void QRelationshipItemModel::setColorAttribute(MatrixData* poAttribute)
 {
-    m_poColor = MatrixDataPointer(poAttribute);
-    m_oColorClasses = RelationshipClasses(poAttribute, m_oColorMap);
-    changed();
+    m_oColor.set(poAttribute);
+    const RelationshipSource::Change eChange = m_oColor.takeChange();
+    readClasses(m_oColorClasses, m_oColor, m_oColorMap, eChange);
+    if (eChange != RelationshipSource::Unchanged)
+        columnChanged(ColorClassColumn);
 }
 
 void QRelationshipItemModel::setSymbolAttribute(MatrixData* poAttribute)
 {
-    m_poSymbol = MatrixDataPointer(poAttribute);
-    m_oSymbolClasses = RelationshipClasses(poAttribute, {});
-    changed();
+    m_oSymbol.set(poAttribute);
+    const RelationshipSource::Change eChange = m_oSymbol.takeChange();
+    readClasses(m_oSymbolClasses, m_oSymbol, {}, eChange);
+    if (eChange != RelationshipSource::Unchanged)
+        columnChanged(SymbolClassColumn);
 }
 
 void QRelationshipItemModel::setColorMap(double dMin, double dMax, double dInterval, bool bRedToBlue)
@@ -362,8 +408,11 @@ void QRelationshipItemModel::setColorMap(double dMin, double dMax, double dInter
     if (oColorMap == m_oColorMap)
         return;
     m_oColorMap = oColorMap;
-    if (m_oColorClasses.isBanded())
-        setColorAttribute(m_poColor.get());
+    if (!m_oColorClasses.isBanded())
+        return;
+    // Other bands: colours that were chosen for the former ones have no meaning.
+    m_oColorClasses = RelationshipClasses(m_oColor.get(), m_oColorMap);
+    columnChanged(ColorClassColumn);
 }
 
 QMetaType::Type QRelationshipItemModel::cellType() const
@@ -385,15 +434,26 @@ int QRelationshipItemModel::getColorAndSymbolInfo(int iRecord, QColor& oColor, i
     return getColor(iRecord, oColor);
 }
 
+QString QRelationshipItemModel::className(const RelationshipClasses& classes, const RelationshipSource& source,
+                                          int iClass)
+{
+    const QVariant qName = classes.names().value(iClass);
+    const bool bNumber = qName.typeId() == QMetaType::Double || qName.typeId() == QMetaType::Int;
+    if (!bNumber || !source)
+        return qName.toString();
+    const boost::shared_ptr<UnitManager> poUnit = source.get()->unitManager();
+    const double dShown = poUnit->convertModelToDisplay(qName.toDouble());
+    return QString::number(dShown, 'f', dShown == std::floor(dShown) ? 0 : poUnit->precision());
+}
+
 QString QRelationshipItemModel::getColorName(int iClass) const
 {
-    const QVariant qName = m_oColorClasses.names().value(iClass);
-    const MatrixData* poColor = m_poColor.get();
-    if (poColor && qName.metaType().id() == QMetaType::Double) {
-        const boost::shared_ptr<UnitManager> poUnit = poColor->unitManager();
-        return QString::number(poUnit->convertModelToDisplay(qName.toDouble()), 'f', poUnit->precision());
-    }
-    return qName.toString();
+    return className(m_oColorClasses, m_oColor, iClass);
+}
+
+QString QRelationshipItemModel::getSymbolName(int iClass) const
+{
+    return className(m_oSymbolClasses, m_oSymbol, iClass);
 }
 
 void QRelationshipItemModel::changeSymbolColor(int iClass, const QColor& oColor)
@@ -410,14 +470,16 @@ void QRelationshipItemModel::changeColorClass(int iClass, const QColor& oColor)
 
 void QRelationshipItemModel::setTadPoleAzimuthDataNode(MatrixData* poAzimuth)
 {
-    m_poTadPole = MatrixDataPointer(poAzimuth);
+    m_oTadPole.set(poAzimuth);
+    if (m_oTadPole.takeChange() == RelationshipSource::Unchanged)
+        return;
     m_vdTadPoles = numbers(poAzimuth, numberOfPoints());
     changed();
 }
 
 QString QRelationshipItemModel::tadpoleAttributeName() const
 {
-    return m_poTadPole ? m_poTadPole->name() : QString();
+    return m_oTadPole ? m_oTadPole.get()->name() : QString();
 }
 
 double QRelationshipItemModel::azimuthTadPole(int iRecord) const
@@ -427,15 +489,17 @@ double QRelationshipItemModel::azimuthTadPole(int iRecord) const
 
 void QRelationshipItemModel::setTadPoleQuality(MatrixData* poQuality, double dMinimum)
 {
-    m_poQuality = MatrixDataPointer(poQuality);
-    m_vdQualities = numbers(poQuality, numberOfPoints());
-    m_dMinimumQuality = dMinimum;
-    changed();
+    m_oQuality.set(poQuality);
+    const bool bOtherNumbers = m_oQuality.takeChange() != RelationshipSource::Unchanged;
+    if (bOtherNumbers)
+        m_vdQualities = numbers(poQuality, numberOfPoints());
+    if (std::exchange(m_dMinimumQuality, dMinimum) != dMinimum || bOtherNumbers)
+        changed();
 }
 
 bool QRelationshipItemModel::tadPoleIsOpen(int iRecord) const
 {
-    if (!m_poQuality || isMissing(m_dMinimumQuality))
+    if (!m_oQuality || isMissing(m_dMinimumQuality))
         return false;
     const double dQuality = valueOr(m_vdQualities, iRecord, g_dMissingValue);
     return isMissing(dQuality) || dQuality < m_dMinimumQuality;

@@ -5,6 +5,7 @@
 #include "MatrixDataPointer.h"
 #include "PointStyle.h"
 #include "RelationshipClasses.h"
+#include "RelationshipSource.h"
 #include "gkBaseToolsExport.h"
 
 #include <QAbstractItemModel>
@@ -29,12 +30,14 @@ namespace gkBase {
 /// Points. There is one cell per record of the data set: cell i belongs to record i, so that a mask over points is a
 /// mask over records. A cell is invalid where x or y is missing, or where the record is not among the table rows that
 /// were given. The coordinates are copies in contiguous columns; they follow the attributes at the next
-/// takeNewDataSet() or refresh().
+/// takeNewDataSet() or refresh(), which read what changed and nothing else.
 ///
 /// For orientation charts x is the dip (or plunge) and y the azimuth, in degrees.
 ///
+/// Results. Clusters and the decimation stay as long as x, y and the number of records do, also when values change.
+///
 /// Nodes are not owned. One that is destroyed is forgotten; the owner of the model refills it after announcements of
-/// removed nodes. As an item model it is a table of points, one row per record.
+/// removed nodes. As an item model it is a table of points in model units, one row per record.
 class GKBASETOOLS_EXPORT QRelationshipItemModel : public QAbstractItemModel
 {
     Q_OBJECT
@@ -67,7 +70,8 @@ public:
     // ---- source --------------------------------------------------------------------------------------------------
     /// Pairs two attributes. iRows: number of records, −1 for that of the longer attribute, past which cells are
     /// invalid. viTableRows: the records that take part (rows of a filtered table), empty for all. A null attribute
-    /// empties the model. The selection stays when the number of records stays, otherwise it is cleared.
+    /// empties the model, as one of texts or colours does. The selection stays when the number of records stays,
+    /// otherwise it is cleared. Costs nothing when nothing changed since the last time.
     void takeNewDataSet(int iRows, DisplayType eType, MatrixData* poX, MatrixData* poY,
                         const std::vector<int>& viTableRows);
     /// Orientations: dip (or plunge) and azimuth, with attributes for colour and symbol (null: none). bLines: the
@@ -76,20 +80,20 @@ public:
                         MatrixData* poSymbol, bool bLines, const std::vector<int>& viTableRows);
     /// Other attributes in the same chart, all records.
     void takeNewDataSet(MatrixData* poX, MatrixData* poY);
-    /// Reads the values of all attributes again. Results (clusters, decimation) and lines stay.
+    /// Reads the attributes whose values changed.
     void refresh();
     void clear();
 
     /// Not owned. Clusters and decimation take the units of their nodes from it.
     void setDataRoot(MatrixData* poRoot) { m_poDataRoot = MatrixDataPointer(poRoot); }
     MatrixData* dataRoot() const { return m_poDataRoot.get(); }
-    MatrixData* nodeX() const { return m_poX.get(); }
-    MatrixData* nodeY() const { return m_poY.get(); }
+    MatrixData* nodeX() const { return m_oX.get(); }
+    MatrixData* nodeY() const { return m_oY.get(); }
     DisplayType displayType() const { return m_eDisplayType; }
     bool linesAreShown() const { return m_bLines; } ///< orientations of lines, not of planes
     /// The third coordinate of clusters; null for none.
     void setThirdDimAttribute(MatrixData* poAttribute);
-    MatrixData* thirdDimAttribute() const { return m_poThird.get(); }
+    MatrixData* thirdDimAttribute() const { return m_oThird.get(); }
 
     int numberOfPoints() const { return static_cast<int>(m_vdX.size()); } ///< cells, invalid ones too
     int numberOfValidPoints() const { return m_iValidPoints; }
@@ -102,17 +106,21 @@ public:
     /// The points as a table of one column; an invalid cell is (99999.0, 99999.0). Owned by the model; made on
     /// demand and valid until the points change.
     MatrixDataArray* data() const;
-    /// Grows with every change of points, classes, selection or looks: equal numbers mean an equal picture.
+    /// Grows with every change of points, classes, selection, clusters or looks: equal numbers mean an equal picture
+    /// but for the lines.
     quint64 revision() const { return m_iRevision; }
+    /// Grows with every change of x() and y(): equal numbers mean that the points lie where they lay.
+    quint64 pointsRevision() const { return m_iPointsRevision; }
     /// Bounding box of the valid points; null rectangle without any.
     QRectF boundingBox() const;
 
-    /// The record of the i-th table row that takes part, −1 out of range.
+    /// The record of the i-th table row that takes part, −1 out of range or for a row without a record.
     int tableRow(int i) const;
     int numberOfTableRows() const;
 
     // ---- selection -----------------------------------------------------------------------------------------------
-    /// One flag per record; valid until the number of records changes. Null without records.
+    /// One flag per record, to be read; valid until the number of records changes. Null without records. (Signals
+    /// carry it, hence not const. Written to, numberOfSelectedPoints() would be wrong.)
     bool* selection() { return m_vbSelected.isEmpty() ? nullptr : m_vbSelected.data(); }
     /// The same as bytes (0 or 1), for computations.
     std::span<const unsigned char> selectionMask() const;
@@ -147,10 +155,10 @@ public:
     /// have a class per value, other numbers a class per band of the colour map. So have whole numbers of more than
     /// s_iMaximumValueClasses values.
     void setColorAttribute(MatrixData* poAttribute);
-    MatrixData* colorAttribute() const { return m_poColor.get(); }
+    MatrixData* colorAttribute() const { return m_oColor.get(); }
     /// The attribute whose classes give the symbols, as above; null switches it off.
     void setSymbolAttribute(MatrixData* poAttribute);
-    MatrixData* symbolAttribute() const { return m_poSymbol.get(); }
+    MatrixData* symbolAttribute() const { return m_oSymbol.get(); }
     bool colorAttributeIsOn() const { return m_oColorClasses.isOn(); }
     bool symbolAttributeIsOn() const { return m_oSymbolClasses.isOn(); }
     /// Bands of the colour map from dMin to dMax in model units; 99999.0 chooses a bound or the interval from the
@@ -168,8 +176,9 @@ public:
     int getColor(int iRecord, QColor& oColor) const;
     /// As getColor(), with the point's symbol class, which is the point style it is drawn in.
     int getColorAndSymbolInfo(int iRecord, QColor& oColor, int& iSymbol) const;
-    /// The name of a colour class in display units.
+    /// The name of a class in display units.
     QString getColorName(int iClass) const;
+    QString getSymbolName(int iClass) const;
     void changeSymbolColor(int iClass, const QColor& oColor);
     void changeColorClass(int iClass, const QColor& oColor);
     /// Select (or not) all points of a class.
@@ -178,13 +187,13 @@ public:
 
     /// The azimuth (degrees) that is drawn as a tick on each point; null switches the tadpoles off.
     void setTadPoleAzimuthDataNode(MatrixData* poAzimuth);
-    MatrixData* tadPoleAzimuthDataNode() const { return m_poTadPole.get(); }
-    bool tadpoleAttributeIsOn() const { return m_poTadPole.get() != nullptr; }
+    MatrixData* tadPoleAzimuthDataNode() const { return m_oTadPole.get(); }
+    bool tadpoleAttributeIsOn() const { return m_oTadPole.get() != nullptr; }
     QString tadpoleAttributeName() const;
     double azimuthTadPole(int iRecord) const; ///< 99999.0 when missing
     /// Tadpoles whose quality lies below the minimum, or is missing, have open heads. Null: none.
     void setTadPoleQuality(MatrixData* poQuality, double dMinimum);
-    MatrixData* tadPoleQualityNode() const { return m_poQuality.get(); }
+    MatrixData* tadPoleQualityNode() const { return m_oQuality.get(); }
     double tadPoleMinimumQuality() const { return m_dMinimumQuality; }
     bool tadPoleIsOpen(int iRecord) const;
 
@@ -237,7 +246,8 @@ public:
     /// One row per bin: depth of its centre and mean value (orientations: dip, azimuth); 99999.0 for an empty bin.
     /// Null before generateDataDecimation(). Owned by the model.
     MatrixDataArray* decimationData() const { return m_poDecimation.get(); }
-    /// One row per bin, "dimensionless": the number of points. Null and owned as above.
+    /// One row per bin, "dimensionless": the number of points, those without a tadpole azimuth too. Null and owned as
+    /// above.
     MatrixData* decimationCount() const { return m_poDecimationCount.get(); }
     /// Per bin the record nearest to its centre, −1 in an empty bin.
     const std::vector<int>& decimationTableRows() const { return m_viDecimationRows; }
@@ -249,21 +259,24 @@ public:
     const std::vector<double>& decimationBoundaries() const { return m_vdDecimationBoundaries; }
 
     // ---- clusters ------------------------------------------------------------------------------------------------
-    /// k-means of (x, y) or (x, y, third) in model units, kept under the name. Points without a third value, and with
-    /// partSelection() unselected ones, are left out. k is cut down to the distinct points; k below 1 or no points:
-    /// nothing happens. Tells whether clusters were made.
+    /// k-means of (x, y) or (x, y, third) in model units, kept under the name, which becomes clusterAttributeName().
+    /// Points without a third value, and with partSelection() unselected ones, are left out. k is cut down to the
+    /// distinct points; k below 1 or no points: nothing happens. Tells whether clusters were made.
     bool buildClusters_KML(const QString& sAttributeName, int k);
-    /// The centroids of that name, made when they do not exist: k rows of 2 or 3 columns. Owned by the model.
+    /// The centroids of that name, made (without rows) when they do not exist: k rows of 2 or 3 columns. Owned by the
+    /// model until clearClusters() or takeNewDataSet() with other attributes.
     MatrixDataArray* findClusterCentroids(const QString& sAttributeName);
-    /// Those of clusterAttributeName(); null without any.
+    /// The clusters of clusterAttributeName(): centroids (null without any), and per record its cluster from 0, or −1
+    /// where it has none.
     MatrixDataArray* clusterCentroids() const;
-    /// Cluster of a record from 0; −1 where it has none.
     int clusterID(int iRecord) const;
-    std::span<const int> clusterIDs() const { return m_viClusters; }
-    std::span<const std::size_t> clusterSizes() const { return m_viClusterSizes; }
-    double clusterDistortion() const { return m_dClusterDistortion; } ///< total of squared distances
+    std::span<const int> clusterIDs() const;
+    std::span<const std::size_t> clusterSizes() const;
+    double clusterDistortion() const; ///< total of squared distances
     QString clusterAttributeName() const { return m_sClusterAttributeName; }
-    void setClusterAttributeName(const QString& sName) { m_sClusterAttributeName = sName; }
+    /// Shows the clusters that were built under that name.
+    void setClusterAttributeName(const QString& sName);
+    /// Forgets the clusters of all names.
     void clearClusters();
     QString biasAttributeName() const { return m_sBiasAttributeName; }
     void setBiasAttributeName(const QString& sName) { m_sBiasAttributeName = sName; }
@@ -292,28 +305,44 @@ private:
         int m_iActive = -1;
     };
 
+    /// What k-means found under a name.
+    struct Clusters
+    {
+        std::unique_ptr<MatrixDataArray> m_poCentroids;
+        std::vector<int> m_viIDs;
+        std::vector<std::size_t> m_viSizes;
+        double m_dDistortion = 0.0;
+    };
+
     void changed() { ++m_iRevision; }
+    void columnChanged(int iColumn);
     bool contains(int iRecord) const { return iRecord >= 0 && iRecord < numberOfPoints(); }
-    void setNodes(DisplayType eType, MatrixData* poX, MatrixData* poY, const std::vector<int>& viTableRows);
+    void setNodes(int iRows, DisplayType eType, MatrixData* poX, MatrixData* poY, const std::vector<int>& viTableRows);
     void load();
+    void clearResults();
+    static void readClasses(RelationshipClasses& classes, const RelationshipSource& source,
+                            const RelationshipClasses::ColorMap& oColorMap, RelationshipSource::Change eChange);
+    static QString className(const RelationshipClasses& classes, const RelationshipSource& source, int iClass);
     void loadPoints();
     void keepOnlyTableRows();
     /// The mask that computations are restricted to; empty for none.
     std::span<const unsigned char> partMask() const;
     void setSelectedClass(std::span<const int> viIds, int iClass, bool bSelected);
-    void recountSelection();
+    void selectionChanged();
     void setIntervalLines(const std::vector<double>& vdDepths);
+    void countBins(int iBins);
+    void averageValues(std::span<const int> viBins, int iBins);
     void averageOrientations(std::span<const int> viBins, int iBins);
     QVariant cellText(int iRecord, int iColumn) const;
 
     MatrixDataPointer m_poDataRoot;
-    MatrixDataPointer m_poX;
-    MatrixDataPointer m_poY;
-    MatrixDataPointer m_poThird;
-    MatrixDataPointer m_poColor;
-    MatrixDataPointer m_poSymbol;
-    MatrixDataPointer m_poTadPole;
-    MatrixDataPointer m_poQuality;
+    RelationshipSource m_oX;
+    RelationshipSource m_oY;
+    RelationshipSource m_oThird;
+    RelationshipSource m_oColor;
+    RelationshipSource m_oSymbol;
+    RelationshipSource m_oTadPole;
+    RelationshipSource m_oQuality;
     DisplayType m_eDisplayType = CrossPlotDisplay;
     bool m_bLines = false;
     std::vector<double> m_vdX;
@@ -323,9 +352,11 @@ private:
     std::vector<double> m_vdQualities;
     std::vector<int> m_viTableRows; ///< empty: all
     int m_iRequestedRows = -1;
+    bool m_bOtherRows = false; ///< table rows or number of records changed since the points were read
     int m_iValidPoints = 0;
     mutable std::unique_ptr<MatrixDataArray> m_poData;
     quint64 m_iRevision = 0;
+    quint64 m_iPointsRevision = 0;
 
     QList<bool> m_vbSelected;
     int m_iSelectedPoints = 0;
@@ -355,10 +386,8 @@ private:
     std::vector<int> m_viDecimationBins;
     std::vector<double> m_vdDecimationBoundaries;
 
-    std::map<QString, std::unique_ptr<MatrixDataArray>> m_centroids;
-    std::vector<int> m_viClusters;
-    std::vector<std::size_t> m_viClusterSizes;
-    double m_dClusterDistortion = 0.0;
+    std::map<QString, Clusters> m_clusters;
+    const Clusters* m_pClusters = nullptr; ///< those of m_sClusterAttributeName
     QString m_sClusterAttributeName;
     QString m_sBiasAttributeName;
 };

@@ -47,9 +47,6 @@ void QRelationshipItemModel::calculateRegressionLine(double& dSlope, double& dIn
     dCorrelation = oLine.m_dCorrelation;
 }
 
-// ---- lines at depths
-// -------------------------------------------------------------------------------------------------
-
 DepthLineField* QRelationshipItemModel::intervalFilter() const
 {
     return &m_pLines->m_oIntervalFilter;
@@ -75,7 +72,6 @@ void QRelationshipItemModel::setActiveScenario(int iScenario)
     if (iScenario < 0 || iScenario >= static_cast<int>(m_pLines->m_vScenarios.size()))
         return;
     m_pLines->m_iActive = iScenario;
-    changed();
 }
 
 void QRelationshipItemModel::addStructuralTopsSenario(const QString& sName)
@@ -99,13 +95,11 @@ void QRelationshipItemModel::eraseActiveStructuralTopsSenario()
         return;
     m_pLines->m_vScenarios.erase(m_pLines->m_vScenarios.begin() + m_pLines->m_iActive);
     m_pLines->m_iActive = m_pLines->m_vScenarios.empty() ? -1 : std::max(0, m_pLines->m_iActive - 1);
-    changed();
 }
 
 void QRelationshipItemModel::shareLines(const QRelationshipItemModel& other)
 {
     m_pLines = other.m_pLines;
-    changed();
 }
 
 void QRelationshipItemModel::setIntervalLines(const std::vector<double>& vdDepths)
@@ -115,7 +109,6 @@ void QRelationshipItemModel::setIntervalLines(const std::vector<double>& vdDepth
     for (const double dDepth : vdDepths)
         filter.insertHorizontalLine(dDepth, 0.0, QStringLiteral("Name"), Qt::red, DepthLineField::IntervalBoundary,
                                     g_oOrientationNotSet);
-    changed();
 }
 
 void QRelationshipItemModel::generateAquidistantIntervalFilter(const double& dSize, const double& dMin,
@@ -140,7 +133,6 @@ void QRelationshipItemModel::insertIntervalBoundary(const double& dDepth, const 
                                                                        g_oOrientationNotSet, -1, dTolerance);
     if (iLine < 0)
         return;
-    changed();
     emit manuellBinInserted(true);
 }
 
@@ -148,7 +140,6 @@ bool QRelationshipItemModel::eraseIntervalBoundary(const QPointF& oPosition, con
 {
     if (!m_pLines->m_oIntervalFilter.eraseHorizontalLines(oPosition, dTolerance))
         return false;
-    changed();
     emit manuellBinInserted(false);
     return true;
 }
@@ -156,11 +147,7 @@ bool QRelationshipItemModel::eraseIntervalBoundary(const QPointF& oPosition, con
 void QRelationshipItemModel::deleteIntervalBoundaries()
 {
     m_pLines->m_oIntervalFilter.clearAll();
-    changed();
 }
-
-// ---- decimation
-// ------------------------------------------------------------------------------------------------------
 
 void QRelationshipItemModel::generateDataDecimation()
 {
@@ -168,32 +155,42 @@ void QRelationshipItemModel::generateDataDecimation()
     const int iBins = oBins.count();
     m_vdDecimationBoundaries.assign(oBins.boundaries().begin(), oBins.boundaries().end());
     m_viDecimationBins = binsOfRecords(m_vdY, oBins, partMask());
-    // A cell is invalid in x and y together: what is in a bin has a value.
-    const std::vector<std::size_t> viCounts = binCounts(m_viDecimationBins, iBins);
     m_viDecimationRows = nearestRecords(m_viDecimationBins, oBins, m_vdY);
-
-    m_poDecimationCount = std::make_unique<MatrixData>(QStringLiteral("Count"), iBins, 1, QMetaType::Int, 0);
-    if (m_poDataRoot)
-        m_poDecimationCount->setRegistry(m_poDataRoot->registry());
-    m_poDecimationCount->setUnitManager(QStringLiteral("dimensionless"));
-    for (int i = 0; i < iBins; ++i)
-        m_poDecimationCount->setValue(i, 0, static_cast<int>(viCounts[static_cast<std::size_t>(i)]));
+    countBins(iBins);
 
     m_voDecimationAngles.clear();
     const bool bOrientations = tadpoleAttributeIsOn();
     m_poDecimation = std::make_unique<MatrixDataArray>(QStringLiteral("Decimation"), iBins, bOrientations ? 3 : 2,
                                                        QMetaType::Double);
+    for (int i = 0; i < iBins; ++i)
+        m_poDecimation->setCell(i, 0, oBins.centre(i));
     if (bOrientations)
         averageOrientations(m_viDecimationBins, iBins);
-    const std::vector<double> vdMeans =
-        bOrientations ? std::vector<double>() : binMeans(m_viDecimationBins, iBins, m_vdX);
-    for (int i = 0; i < iBins; ++i) {
-        m_poDecimation->setCell(i, 0, oBins.centre(i));
-        if (!bOrientations)
-            m_poDecimation->setCell(i, 1, vdMeans[static_cast<std::size_t>(i)]);
-    }
+    else
+        averageValues(m_viDecimationBins, iBins);
     m_poDecimation->valuesChanged();
-    changed();
+}
+
+void QRelationshipItemModel::countBins(int iBins)
+{
+    // A cell is invalid in x and y together: what is in a bin is a point.
+    const std::vector<std::size_t> viCounts = binCounts(m_viDecimationBins, iBins);
+    MatrixColumn oCounts(QMetaType::Int);
+    oCounts.reserve(iBins);
+    for (const std::size_t iCount : viCounts)
+        oCounts.appendValue(static_cast<int>(iCount));
+    m_poDecimationCount = std::make_unique<MatrixData>(QStringLiteral("Count"), 0, 1, QMetaType::Int, 0);
+    m_poDecimationCount->setColumn(0, std::move(oCounts));
+    if (m_poDataRoot)
+        m_poDecimationCount->setRegistry(m_poDataRoot->registry());
+    m_poDecimationCount->setUnitManager(QStringLiteral("dimensionless"));
+}
+
+void QRelationshipItemModel::averageValues(std::span<const int> viBins, int iBins)
+{
+    const std::vector<double> vdMeans = binMeans(viBins, iBins, m_vdX);
+    for (int i = 0; i < iBins; ++i)
+        m_poDecimation->setCell(i, 1, vdMeans[static_cast<std::size_t>(i)]);
 }
 
 void QRelationshipItemModel::averageOrientations(std::span<const int> viBins, int iBins)
@@ -214,58 +211,88 @@ int QRelationshipItemModel::decimationBin(int iRecord) const
                : -1;
 }
 
-// ---- clusters
-// --------------------------------------------------------------------------------------------------------
-
 bool QRelationshipItemModel::buildClusters_KML(const QString& sAttributeName, int k)
 {
     std::vector<std::span<const double>> vColumns = {m_vdX, m_vdY};
-    if (m_poThird)
+    if (m_oThird)
         vColumns.emplace_back(m_vdThird);
-    KMeansClusters clusters = kMeansClusters(vColumns, k, partMask());
-    if (clusters.m_iK == 0)
+    KMeansClusters found = kMeansClusters(vColumns, k, partMask());
+    if (found.m_iK == 0)
         return false;
 
     MatrixDataArray* poCentroids = findClusterCentroids(sAttributeName);
-    poCentroids->reserve(clusters.m_iK, clusters.m_iDimension);
-    std::copy(clusters.m_vdCentroids.begin(), clusters.m_vdCentroids.end(), poCentroids->cells().begin());
+    poCentroids->reserve(found.m_iK, found.m_iDimension);
+    std::copy(found.m_vdCentroids.begin(), found.m_vdCentroids.end(), poCentroids->cells().begin());
     poCentroids->valuesChanged();
-    m_sClusterAttributeName = sAttributeName;
-    m_viClusters = std::move(clusters.m_viClusterOfPoint);
-    m_viClusterSizes = std::move(clusters.m_viSizes);
-    m_dClusterDistortion = clusters.m_dDistortion;
-    changed();
+    Clusters& clusters = m_clusters[sAttributeName];
+    clusters.m_viIDs = std::move(found.m_viClusterOfPoint);
+    clusters.m_viSizes = std::move(found.m_viSizes);
+    clusters.m_dDistortion = found.m_dDistortion;
+    setClusterAttributeName(sAttributeName);
     return true;
 }
 
 MatrixDataArray* QRelationshipItemModel::findClusterCentroids(const QString& sAttributeName)
 {
-    std::unique_ptr<MatrixDataArray>& poCentroids = m_centroids[sAttributeName];
+    std::unique_ptr<MatrixDataArray>& poCentroids = m_clusters[sAttributeName].m_poCentroids;
     if (!poCentroids)
-        poCentroids = std::make_unique<MatrixDataArray>(sAttributeName, 0, m_poThird ? 3 : 2, QMetaType::Double);
+        poCentroids = std::make_unique<MatrixDataArray>(sAttributeName, 0, m_oThird ? 3 : 2, QMetaType::Double);
     return poCentroids.get();
+}
+
+void QRelationshipItemModel::setClusterAttributeName(const QString& sName)
+{
+    m_sClusterAttributeName = sName;
+    const auto it = m_clusters.find(sName);
+    m_pClusters = it == m_clusters.end() ? nullptr : &it->second;
+    columnChanged(ClusterColumn);
 }
 
 MatrixDataArray* QRelationshipItemModel::clusterCentroids() const
 {
-    const auto it = m_centroids.find(m_sClusterAttributeName);
-    return it == m_centroids.end() ? nullptr : it->second.get();
+    return m_pClusters ? m_pClusters->m_poCentroids.get() : nullptr;
+}
+
+std::span<const int> QRelationshipItemModel::clusterIDs() const
+{
+    return m_pClusters ? std::span<const int>(m_pClusters->m_viIDs) : std::span<const int>();
 }
 
 int QRelationshipItemModel::clusterID(int iRecord) const
 {
-    return iRecord >= 0 && iRecord < static_cast<int>(m_viClusters.size())
-               ? m_viClusters[static_cast<std::size_t>(iRecord)]
-               : -1;
+    const std::span<const int> viIDs = clusterIDs();
+    return iRecord >= 0 && iRecord < static_cast<int>(viIDs.size()) ? viIDs[static_cast<std::size_t>(iRecord)] : -1;
+}
+
+std::span<const std::size_t> QRelationshipItemModel::clusterSizes() const
+{
+    return m_pClusters ? std::span<const std::size_t>(m_pClusters->m_viSizes) : std::span<const std::size_t>();
+}
+
+double QRelationshipItemModel::clusterDistortion() const
+{
+    return m_pClusters ? m_pClusters->m_dDistortion : 0.0;
 }
 
 void QRelationshipItemModel::clearClusters()
 {
-    m_centroids.clear();
-    m_viClusters.clear();
-    m_viClusterSizes.clear();
-    m_dClusterDistortion = 0.0;
-    changed();
+    if (m_clusters.empty())
+        return;
+    m_clusters.clear();
+    m_pClusters = nullptr;
+    columnChanged(ClusterColumn);
+}
+
+void QRelationshipItemModel::clearResults()
+{
+    m_clusters.clear();
+    m_pClusters = nullptr;
+    m_poDecimation.reset();
+    m_poDecimationCount.reset();
+    m_viDecimationRows.clear();
+    m_voDecimationAngles.clear();
+    m_viDecimationBins.clear();
+    m_vdDecimationBoundaries.clear();
 }
 
 } // namespace gkBase

@@ -81,15 +81,15 @@ QVariant QRelationshipItemModel::headerData(int iSection, Qt::Orientation eOrien
         return iSection + 1;
     switch (iSection) {
     case XColumn:
-        return nameOf(m_poX.get(), tr("x"));
+        return nameOf(m_oX.get(), tr("x"));
     case YColumn:
-        return nameOf(m_poY.get(), tr("y"));
+        return nameOf(m_oY.get(), tr("y"));
     case ThirdColumn:
-        return nameOf(m_poThird.get(), tr("Third"));
+        return nameOf(m_oThird.get(), tr("Third"));
     case ColorClassColumn:
-        return nameOf(m_poColor.get(), tr("Colour"));
+        return nameOf(m_oColor.get(), tr("Colour"));
     case SymbolClassColumn:
-        return nameOf(m_poSymbol.get(), tr("Symbol"));
+        return nameOf(m_oSymbol.get(), tr("Symbol"));
     case ClusterColumn:
         return m_sClusterAttributeName.isEmpty() ? tr("Cluster") : m_sClusterAttributeName;
     case SelectedColumn:
@@ -105,7 +105,6 @@ bool QRelationshipItemModel::setData(const QModelIndex& oIndex, const QVariant& 
         (iRole != Qt::CheckStateRole && iRole != Qt::EditRole))
         return false;
     setSelected(oIndex.row(), iRole == Qt::CheckStateRole ? qValue.toInt() == Qt::Checked : qValue.toBool());
-    emit dataChanged(oIndex, oIndex, {Qt::CheckStateRole, Qt::EditRole});
     return true;
 }
 

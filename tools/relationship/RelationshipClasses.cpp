@@ -109,7 +109,18 @@ bool RelationshipClasses::setColor(int iClass, const QColor& oColor)
     if (iClass < 0 || iClass > highestId() || color(iClass) == oColor)
         return false;
     m_voColors[static_cast<std::size_t>(iClass)] = oColor;
+    m_recolored.insert(iClass);
     return true;
+}
+
+void RelationshipClasses::adoptColors(const RelationshipClasses& former)
+{
+    for (const int iFormer : former.m_recolored) {
+        const QVariant qName = former.m_names.value(iFormer);
+        const auto it = std::find(m_names.cbegin(), m_names.cend(), qName);
+        if (it != m_names.cend())
+            setColor(it.key(), former.color(iFormer));
+    }
 }
 
 } // namespace gkBase

@@ -7,6 +7,7 @@
 #include <QMetaType>
 #include <QVariant>
 
+#include <set>
 #include <span>
 #include <vector>
 
@@ -56,6 +57,8 @@ public:
     QColor color(int iClass) const; ///< invalid for a class that does not exist
     /// False when there is no such class or it has that colour.
     bool setColor(int iClass, const QColor& oColor);
+    /// Takes over the colours that setColor() gave to classes of the same name: for classes that were read again.
+    void adoptColors(const RelationshipClasses& former);
 
 private:
     bool m_bOn = false;
@@ -64,6 +67,7 @@ private:
     std::vector<int> m_viIds;
     QMap<int, QVariant> m_names;
     std::vector<QColor> m_voColors; ///< by id
+    std::set<int> m_recolored;      ///< ids that setColor() changed
 };
 
 } // namespace gkBase

@@ -1,0 +1,169 @@
+// Lines at depths: their parallel vectors, picking, moving and erasing.
+
+#include <gkBase/DepthLineField.h>
+
+#include <QTest>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <vector>
+
+using namespace gkBase;
+
+namespace {
+
+constexpr double dNaN = std::numeric_limits<double>::quiet_NaN();
+
+/// Every vector has an entry per line.
+bool isParallel(const DepthLineField& lines)
+{
+    const auto iLines = static_cast<std::size_t>(lines.count());
+    return lines.lineDepths().size() == iLines && lines.linesX().size() == iLines &&
+           lines.lineNames().size() == iLines && lines.lineColors().size() == iLines &&
+           lines.lineTypes().size() == iLines && lines.lineOrientations().size() == iLines &&
+           lines.originalRowPos().size() == iLines && lines.originalDepthChanged().size() == iLines;
+}
+
+int insert(DepthLineField& lines, double dDepth, DepthLineField::DataType eType = DepthLineField::Horizon,
+           double dTolerance = 0.0)
+{
+    return lines.insertHorizontalLine(dDepth, 0.0, QString::number(dDepth), Qt::blue, eType, {-1.0, -1.0},
+                                      lines.count() + 10, dTolerance);
+}
+
+} // namespace
+
+class TestDepthLineField : public QObject
+{
+    Q_OBJECT
+private slots:
+    void typesHaveTheirNames();
+    void insertion_data();
+    void insertion();
+    void picksNearestFirst();
+    void erasingKeepsTheOthersTogether();
+    void movesKeepDistances();
+    void editsReachSelectedLinesOnly();
+};
+
+void TestDepthLineField::typesHaveTheirNames()
+{
+    for (int i = 0; i <= DepthLineField::AverageOrientation; ++i) {
+        const auto eType = static_cast<DepthLineField::DataType>(i);
+        QVERIFY(!DepthLineField::type(eType).isEmpty());
+        QCOMPARE(DepthLineField::type(DepthLineField::type(eType).toUpper()), eType);
+    }
+    QCOMPARE(DepthLineField::type(QStringLiteral("river")), DepthLineField::IntervalBoundary);
+    QVERIFY(DepthLineField::type(static_cast<DepthLineField::DataType>(7)).isEmpty());
+}
+
+void TestDepthLineField::insertion_data()
+{
+    QTest::addColumn<double>("depth");
+    QTest::addColumn<int>("type");
+    QTest::addColumn<double>("tolerance");
+    QTest::addColumn<bool>("inserted");
+    QTest::newRow("elsewhere") << 120.0 << int(DepthLineField::Horizon) << 1.0 << true;
+    QTest::newRow("near one of the type") << 100.5 << int(DepthLineField::Horizon) << 1.0 << false;
+    QTest::newRow("near one of another type") << 100.5 << int(DepthLineField::Fault) << 1.0 << true;
+    QTest::newRow("same depth, no tolerance") << 100.0 << int(DepthLineField::Horizon) << 0.0 << true;
+    QTest::newRow("missing") << 99999.0 << int(DepthLineField::Horizon) << 0.0 << false;
+    QTest::newRow("not a number") << dNaN << int(DepthLineField::Horizon) << 0.0 << false;
+}
+
+void TestDepthLineField::insertion()
+{
+    QFETCH(double, depth);
+    QFETCH(int, type);
+    QFETCH(double, tolerance);
+    QFETCH(bool, inserted);
+    DepthLineField lines;
+    insert(lines, 100.0);
+    lines.setModified(false);
+    const int iLine = insert(lines, depth, static_cast<DepthLineField::DataType>(type), tolerance);
+    QCOMPARE(iLine, inserted ? 1 : -1);
+    QCOMPARE(lines.count(), inserted ? 2 : 1);
+    QCOMPARE(lines.modified(), inserted);
+    QVERIFY(isParallel(lines));
+}
+
+void TestDepthLineField::picksNearestFirst()
+{
+    DepthLineField lines;
+    for (const double dDepth : {30.0, 10.0, 21.0, 18.0, 20.0})
+        insert(lines, dDepth);
+    QCOMPARE(lines.pickHorizontalLines({-5.0, 20.4}, 3.0), (std::vector<int>{4, 2, 3}));
+    QCOMPARE(lines.pickHorizontalLines({0.0, 20.0}, 0.0), std::vector<int>{4});
+    QVERIFY(lines.pickHorizontalLines({0.0, dNaN}, 3.0).empty());
+    QCOMPARE(lines.linesByDepth(), (std::vector<int>{1, 3, 4, 2, 0}));
+}
+
+void TestDepthLineField::erasingKeepsTheOthersTogether()
+{
+    std::mt19937 generator(5);
+    DepthLineField lines;
+    for (int i = 0; i < 200; ++i)
+        insert(lines, static_cast<double>(generator() % 1000));
+    while (lines.count() > 0) {
+        const double dAt = static_cast<double>(generator() % 1000);
+        const bool bNear = std::any_of(lines.lineDepths().begin(), lines.lineDepths().end(),
+                                       [dAt](double dDepth) { return std::abs(dDepth - dAt) <= 40.0; });
+        QCOMPARE(lines.eraseHorizontalLines({0.0, dAt}, 40.0), bNear);
+        QVERIFY(lines.pickHorizontalLines({0.0, dAt}, 40.0).empty());
+        QVERIFY(isParallel(lines));
+        for (int i = 0; i < lines.count(); ++i) {
+            const auto n = static_cast<std::size_t>(i);
+            QCOMPARE(lines.lineNames()[n], QString::number(lines.lineDepths()[n]));
+            QVERIFY(n == 0 || lines.originalRowPos()[n - 1] < lines.originalRowPos()[n]);
+        }
+    }
+}
+
+void TestDepthLineField::movesKeepDistances()
+{
+    DepthLineField lines;
+    for (const double dDepth : {10.0, 12.5, 20.0, 40.0})
+        insert(lines, dDepth);
+    lines.setSelected({0, 1, 3, 99, -1});
+    for (int iStep = 0; iStep < 8; ++iStep)
+        lines.moveSelectedLines({0.25, iStep % 2 ? -1.5 : 4.0});
+    QCOMPARE(lines.lineDepths(), (std::vector<double>{20.0, 22.5, 20.0, 50.0}));
+    QCOMPARE(lines.linesX(), (std::vector<double>{2.0, 2.0, 0.0, 2.0}));
+    QCOMPARE(lines.originalDepthChanged(), (std::vector<bool>{true, true, false, true}));
+
+    lines.moveSelectedLines({0.0, dNaN});
+    lines.moveSelectedLines({99999.0, 1.0});
+    lines.updatePickedHorizon(4, 7.0);
+    QCOMPARE(lines.lineDepths(), (std::vector<double>{20.0, 22.5, 20.0, 50.0}));
+    lines.clearOriginalRowPos();
+    QCOMPARE(lines.originalRowPos(), std::vector<int>(4, -1));
+}
+
+void TestDepthLineField::editsReachSelectedLinesOnly()
+{
+    DepthLineField lines;
+    for (int i = 0; i < 3; ++i)
+        insert(lines, i);
+    lines.setModified(false);
+    lines.changePickedLineName(QStringLiteral("Top"));
+    QVERIFY(!lines.modified());
+    lines.setSelected(1, true);
+    lines.changePickedLineName(QStringLiteral("Top"));
+    lines.changePickedLineColor(Qt::green);
+    lines.changePickedOrientation({30.0, 120.0});
+    QVERIFY(lines.modified());
+    QCOMPARE(lines.lineNames(),
+             (std::vector<QString>{QStringLiteral("0"), QStringLiteral("Top"), QStringLiteral("2")}));
+    QCOMPARE(lines.lineColors()[1], QColor(Qt::green));
+    QCOMPARE(lines.lineColors()[2], QColor(Qt::blue));
+    QCOMPARE(lines.lineOrientations()[1], QPointF(30.0, 120.0));
+    QCOMPARE(lines.lineOrientations()[0], QPointF(-1.0, -1.0));
+    lines.erasePickedLine();
+    QCOMPARE(lines.lineDepths(), (std::vector<double>{0.0, 2.0}));
+    QVERIFY(!lines.isSomethingSelected());
+}
+
+QTEST_APPLESS_MAIN(TestDepthLineField)
+#include "tst_depthlinefield.moc"
