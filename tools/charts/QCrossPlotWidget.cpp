@@ -30,15 +30,24 @@ namespace {
 
 /// Half of the range of an axis whose values are all equal, as a share of the value.
 constexpr double g_dShareOfEqualValues = 0.05;
+constexpr double g_dFullCircle = 360.0;
 /// Legends take at most this share of a picture's width.
 constexpr double g_dLegendShare = 0.4;
 constexpr double g_dLegendMargin = 10.0;
 
-/// Bounds that an axis can show and the values between them.
-void widen(double& dMin, double& dMax, const QCartesianAxisWidget& oAxis)
+bool isAzimuth(const MatrixData* poNode)
+{
+    return poNode && poNode->owner() && poNode->owner()->azimuthAttribute() == poNode;
+}
+
+/// Ends of an axis with all values between them; an axis of azimuths ends with the circle.
+void widen(double& dMin, double& dMax, const QCartesianAxisWidget& oAxis, const MatrixData* poNode)
 {
     if (dMin < dMax) {
+        const bool bInCircle = dMin >= 0.0 && dMax <= g_dFullCircle && isAzimuth(poNode);
         oAxis.fitNiceRange(dMin, dMax);
+        if (bInCircle)
+            dMax = std::min(dMax, g_dFullCircle);
         return;
     }
     const double dHalf = dMin == 0.0 ? 1.0 : std::abs(dMin) * g_dShareOfEqualValues;
@@ -120,8 +129,8 @@ CrossPlotLimits QCrossPlotWidget::automaticLimits() const
         return {0.0, 1.0, 0.0, 1.0};
     const QRectF oBox = m_pModel->boundingBox();
     CrossPlotLimits limits{oBox.left(), oBox.right(), oBox.top(), oBox.bottom()};
-    widen(limits.m_dXMin, limits.m_dXMax, *m_pqFrame->bottomAxis());
-    widen(limits.m_dYMin, limits.m_dYMax, *m_pqFrame->leftAxis());
+    widen(limits.m_dXMin, limits.m_dXMax, *m_pqFrame->bottomAxis(), nodeX());
+    widen(limits.m_dYMin, limits.m_dYMax, *m_pqFrame->leftAxis(), nodeY());
     return limits;
 }
 
