@@ -479,7 +479,6 @@ void TestCrossPlotWidget::ownerKeepsTheClusters()
                     return pModel->clusterID(i) < 0 ? QVariant() : QVariant(pModel->clusterID(i));
                 })});
                 f.m_panel.updateDataSetSelectionBox();
-                f.m_panel.setColorAttribute(f.m_poRoot->getNodeFromName(sName));
             });
     QVERIFY(f.m_panel.applyClusters(2, QStringLiteral("groups")));
     QCOMPARE(f.model().colorAttribute(), f.node("groups"));
@@ -522,8 +521,14 @@ void TestCrossPlotWidget::oneChangeDrawsOnce()
     QCOMPARE(paints(), 1);
     f.pick("m_pqYChooser", QStringLiteral("gamma"));
     QCOMPARE(paints(), 1);
+    // An owner brings back what the user selected here, and nothing else has changed.
     f.m_panel.setSelectedRows({1, 2});
+    f.m_panel.updateCrossPlot();
     QCOMPARE(paints(), 0);
+    f.node("gamma")->setValue(f.node("gamma")->rowOffSet(), 77.0);
+    f.m_panel.updateCrossPlot();
+    QCOMPARE(paints(), 1);
+    QCOMPARE(f.model().y()[0], 77.0);
     f.m_panel.setShowRegressionLine(true);
     QCOMPARE(paints(), 1);
 }

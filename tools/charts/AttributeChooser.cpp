@@ -3,6 +3,7 @@
 #include "MatrixData.h"
 #include "MatrixDataNotifier.h"
 
+#include <QHash>
 #include <QPainter>
 #include <QPixmap>
 #include <QSignalBlocker>
@@ -82,9 +83,25 @@ void AttributeChooser::setEntries(const std::vector<AttributeEntry>& vEntries, c
     clear();
     if (m_bOptional)
         addItem(tr("None"), g_iNone);
+    QHash<QRgb, QIcon> swatches; // many attributes share few colours
     for (const AttributeEntry& entry : vEntries) {
-        if (!filter || filter(entry))
-            addItem(colorSwatch(*this, entry.m_poNode->color()), entry.m_sName, entry.m_poNode->globalID());
+        if (filter && !filter(entry))
+            continue;
+        QIcon& oSwatch = swatches[entry.m_poNode->color().rgba()];
+        if (oSwatch.isNull())
+            oSwatch = colorSwatch(*this, entry.m_poNode->color());
+        addItem(oSwatch, entry.m_sName, entry.m_poNode->globalID());
+    }
+    chooseID(iChosen);
+}
+
+void AttributeChooser::removeEntries(const std::unordered_set<int>& iGlobalIDs)
+{
+    const int iChosen = chosenID();
+    const QSignalBlocker blocker(this);
+    for (int iEntry = count() - 1; iEntry >= 0; --iEntry) {
+        if (iGlobalIDs.contains(itemData(iEntry).toInt()))
+            removeItem(iEntry);
     }
     chooseID(iChosen);
 }

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <functional>
+#include <unordered_set>
 #include <vector>
 
 namespace gkBase {
@@ -22,7 +23,8 @@ struct AttributeEntry
 };
 
 /// All attributes below a root in tree order, without those of a branch that is about to go (null: none goes).
-GKBASETOOLS_EXPORT std::vector<AttributeEntry> attributeEntries(const MatrixData* poRoot, const MatrixData* poLeaving);
+GKBASETOOLS_EXPORT std::vector<AttributeEntry> attributeEntries(const MatrixData* poRoot,
+                                                                const MatrixData* poLeaving = nullptr);
 
 /// Double, int or bool cells: what a chart can place along an axis. False for null.
 GKBASETOOLS_EXPORT bool isNumericAttribute(const MatrixData* poNode);
@@ -43,6 +45,8 @@ public:
 
     /// Offers the entries that pass the filter. The chosen one stays chosen when it is among them.
     void setEntries(const std::vector<AttributeEntry>& vEntries, const Filter& filter);
+    /// Drops what the set of MatrixData::globalID() holds. Emits nothing.
+    void removeEntries(const std::unordered_set<int>& iGlobalIDs);
     /// Null, or a node that is not offered, chooses none. Emits nothing.
     void choose(const MatrixData* poNode);
     /// The MatrixData::globalID() of the chosen attribute, −1 for none.

@@ -62,6 +62,12 @@ void CrossPlotAttributeGroup::setEntries(const std::vector<AttributeEntry>& vEnt
     chooser(CrossPlotRole::Symbol)->setEntries(vEntries, fits);
 }
 
+void CrossPlotAttributeGroup::removeEntries(const std::unordered_set<int>& iGlobalIDs)
+{
+    for (AttributeChooser* pqChooser : m_vpChoosers)
+        pqChooser->removeEntries(iGlobalIDs);
+}
+
 void CrossPlotAttributeGroup::choose(CrossPlotRole eRole, const MatrixData* poNode)
 {
     chooser(eRole)->choose(poNode);

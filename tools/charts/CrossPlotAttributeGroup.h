@@ -6,6 +6,7 @@
 #include <QGroupBox>
 
 #include <array>
+#include <unordered_set>
 #include <vector>
 
 namespace gkBase {
@@ -32,6 +33,8 @@ public:
 
     /// iRecords: number of points, −1 while it is not known.
     void setEntries(const std::vector<AttributeEntry>& vEntries, int iRecords);
+    /// Attributes that are about to go are not offered any more.
+    void removeEntries(const std::unordered_set<int>& iGlobalIDs);
     /// Shows what is chosen; null is none. Emits nothing.
     void choose(CrossPlotRole eRole, const MatrixData* poNode);
 

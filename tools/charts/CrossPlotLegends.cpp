@@ -1,5 +1,6 @@
 #include "CrossPlotLegends.h"
 
+#include "ElidedLabel.h"
 #include "MatrixData.h"
 #include "QLegendListModel.h"
 #include "QLegendListView.h"
@@ -8,7 +9,6 @@
 
 #include <QApplication>
 #include <QFontMetricsF>
-#include <QGroupBox>
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -69,13 +69,17 @@ CrossPlotLegends::CrossPlotLegends(QChartDrawingArea* pqCanvas, QWidget* pqParen
 CrossPlotLegends::Legend CrossPlotLegends::newLegend(QChartDrawingArea* pqCanvas, int iType)
 {
     Legend legend;
-    legend.m_pqGroup = new QGroupBox;
+    legend.m_pqGroup = new QWidget;
+    legend.m_pqTitle = new ElidedLabel;
+    legend.m_pqTitle->setTextFormat(Qt::PlainText);
     legend.m_pModel = new QLegendListModel(this, pqCanvas, static_cast<QLegendListModel::LegendType>(iType));
     legend.m_pqView = new QLegendListView(legend.m_pqGroup);
     legend.m_pqView->setModel(legend.m_pModel);
     legend.m_pqView->setToolTip(tr("Click a class to select its points; Ctrl adds those of another"));
     auto* pqLayout = new QVBoxLayout(legend.m_pqGroup);
-    pqLayout->setContentsMargins(2, 2, 2, 2);
+    pqLayout->setContentsMargins(0, 0, 0, 0);
+    pqLayout->setSpacing(2);
+    pqLayout->addWidget(legend.m_pqTitle);
     pqLayout->addWidget(legend.m_pqView);
     return legend;
 }
@@ -109,8 +113,8 @@ void CrossPlotLegends::setClasses(const QRelationshipItemModel& model)
 {
     m_oColor.m_bOn = model.colorAttributeIsOn();
     m_oSymbol.m_bOn = model.symbolAttributeIsOn();
-    m_oColor.m_pqGroup->setTitle(titleOf(model.colorAttribute()));
-    m_oSymbol.m_pqGroup->setTitle(titleOf(model.symbolAttribute()));
+    m_oColor.m_pqTitle->setText(titleOf(model.colorAttribute()));
+    m_oSymbol.m_pqTitle->setText(titleOf(model.symbolAttribute()));
     m_oColor.m_pModel->setSymbolNode(model.colorAttribute());
     m_oSymbol.m_pModel->setSymbolNode(model.symbolAttribute());
     m_oSymbol.m_pModel->setHighestSymbolId(std::max(0, model.symbolClasses().highestId()));
@@ -174,7 +178,7 @@ QSizeF CrossPlotLegends::pictureSize() const
     QSizeF oSize(0.0, 0.0);
     for (const Legend* pLegend : seenLegends()) {
         const QSizeF oLegend = pLegend->m_pqView->wholeLegendSize();
-        const double dTitle = metrics.horizontalAdvance(pLegend->m_pqGroup->title());
+        const double dTitle = metrics.horizontalAdvance(pLegend->m_pqTitle->text());
         oSize.setWidth(std::max({oSize.width(), oLegend.width(), dTitle}));
         oSize.rheight() += metrics.height() + g_dTitleGap + oLegend.height() + g_dLegendGap;
     }
@@ -197,7 +201,7 @@ void CrossPlotLegends::paint(QPainter& painter, const QRectF& oTarget, const QCo
         painter.setFont(oTitleFont);
         painter.setPen(oTextColor);
         painter.drawText(QRectF(0.0, dY, oSize.width(), dTitleHeight), Qt::AlignLeft | Qt::TextSingleLine,
-                         pLegend->m_pqGroup->title());
+                         pLegend->m_pqTitle->text());
         dY += dTitleHeight + g_dTitleGap;
         painter.setFont(pLegend->m_pqView->font());
         pLegend->m_pqView->paintLegend(painter, QPointF(0.0, dY), oTextColor);

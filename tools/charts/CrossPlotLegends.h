@@ -9,11 +9,11 @@
 
 #include <vector>
 
-class QGroupBox;
 class QPainter;
 
 namespace gkBase {
 
+class ElidedLabel;
 class QChartDrawingArea;
 class QLegendListModel;
 class QLegendListView;
@@ -53,7 +53,8 @@ signals:
 private:
     struct Legend
     {
-        QGroupBox* m_pqGroup = nullptr;
+        QWidget* m_pqGroup = nullptr;
+        ElidedLabel* m_pqTitle = nullptr;
         QLegendListModel* m_pModel = nullptr;
         QLegendListView* m_pqView = nullptr;
         bool m_bWanted = true;

@@ -10,6 +10,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QPushButton>
@@ -22,6 +23,7 @@ namespace gkBase {
 
 CrossPlotPointPage::CrossPlotPointPage(QChartDrawingArea* pqCanvas, QWidget* pqParent)
     : QWidget(pqParent)
+    , m_pqCanvas(pqCanvas)
     , m_pqStyleComboBox(new QComboBox)
     , m_pqSizeSpinBox(new QIntSpinBoxWithSlider(1, CrossPlotSettings::s_iLargestPointSize,
                                                 CrossPlotSettings::s_iLargestPointSize - 1))
@@ -31,7 +33,7 @@ CrossPlotPointPage::CrossPlotPointPage(QChartDrawingArea* pqCanvas, QWidget* pqP
 {
     m_pqColorMapGroup = createColorMapGroup();
     auto* pqLayout = new QVBoxLayout(this);
-    pqLayout->addWidget(createStyleControls(pqCanvas));
+    pqLayout->addWidget(createStyleControls());
     pqLayout->addWidget(m_pqColorMapGroup);
     pqLayout->addStretch(1);
     setSettings({});
@@ -45,12 +47,13 @@ CrossPlotPointPage::CrossPlotPointPage(QChartDrawingArea* pqCanvas, QWidget* pqP
     connect(m_pqRedToBlueCheckBox, &QCheckBox::clicked, this, &Page::colorMapChanged);
 }
 
-QWidget* CrossPlotPointPage::createStyleControls(QChartDrawingArea* pqCanvas)
+QWidget* CrossPlotPointPage::createStyleControls()
 {
     auto* pqControls = new QWidget;
     auto* pqForm = new QFormLayout(pqControls);
     pqForm->setContentsMargins(0, 0, 0, 0);
-    pqCanvas->initializePointSytleComboBox(m_pqStyleComboBox, true);
+    m_pqCanvas->initializePointSytleComboBox(m_pqStyleComboBox, true);
+    showStyleIcons();
     m_pqStyleComboBox->setObjectName(QStringLiteral("m_pqPointStyleComboBox"));
     m_pqStyleComboBox->setAccessibleName(tr("Point Style"));
     m_pqStyleComboBox->setToolTip(tr("The symbol of points without a symbol attribute"));
@@ -70,6 +73,22 @@ QWidget* CrossPlotPointPage::createStyleControls(QChartDrawingArea* pqCanvas)
     pqForm->addRow(m_pqColorLegendCheckBox);
     pqForm->addRow(m_pqSymbolLegendCheckBox);
     return pqControls;
+}
+
+void CrossPlotPointPage::showStyleIcons()
+{
+    const QColor oColor = m_pqStyleComboBox->palette().color(QPalette::Text);
+    for (int i = 0; i < m_pqStyleComboBox->count(); ++i) {
+        const auto eStyle = static_cast<PointStyle>(m_pqStyleComboBox->itemData(i).toInt());
+        m_pqStyleComboBox->setItemIcon(i, QIcon(m_pqCanvas->getSymbolPixmap(eStyle, oColor)));
+    }
+}
+
+void CrossPlotPointPage::changeEvent(QEvent* pEvent)
+{
+    QWidget::changeEvent(pEvent);
+    if (pEvent->type() == QEvent::PaletteChange)
+        showStyleIcons();
 }
 
 QGroupBox* CrossPlotPointPage::createColorMapGroup()

@@ -24,7 +24,7 @@ class GKBASETOOLS_EXPORT CrossPlotPointPage : public QWidget
 {
     Q_OBJECT
 public:
-    /// The canvas draws the pictures of the styles.
+    /// The canvas draws the pictures of the styles; it lives as long as the page.
     explicit CrossPlotPointPage(QChartDrawingArea* pqCanvas, QWidget* pqParent = nullptr);
 
     /// Writes what stands here into the settings; the rest of them stays.
@@ -43,11 +43,17 @@ signals:
     void looksChanged();
     void colorMapChanged();
 
+protected:
+    void changeEvent(QEvent* pEvent) override;
+
 private:
-    QWidget* createStyleControls(QChartDrawingArea* pqCanvas);
+    /// Pictures of the styles that can be seen on the palette's background.
+    void showStyleIcons();
+    QWidget* createStyleControls();
     QGroupBox* createColorMapGroup();
     QUnitLineEdit* newEdit(const QString& sName, const QString& sObjectName);
 
+    QChartDrawingArea* m_pqCanvas; ///< not owned
     QComboBox* m_pqStyleComboBox;
     QIntSpinBoxWithSlider* m_pqSizeSpinBox;
     QCheckBox* m_pqHollowCheckBox;

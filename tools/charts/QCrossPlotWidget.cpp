@@ -72,8 +72,14 @@ void takeWanted(double& dMin, double& dMax, double dWantedMin, double dWantedMax
 
 void QCrossPlotWidget::updateCrossPlot()
 {
-    readPoints();
+    const std::vector<quint64> viState = sourceState();
+    const bool bRead = m_bReadNeeded || viState != m_viReadState;
+    if (bRead)
+        readPoints();
     showAxes();
+    if (!bRead)
+        return;
+    m_viReadState = viState;
     showClasses();
     m_pqClusterPage->showClusters(*m_pModel);
     m_pqClusterPage->setApplicable(m_pModel->numberOfValidPoints() > 0);
@@ -142,7 +148,10 @@ void QCrossPlotWidget::showLimits()
     m_pqFrame->bottomAxis()->setRange(shown.m_dXMin, shown.m_dXMax);
     m_pqFrame->leftAxis()->setRange(shown.m_dYMin, shown.m_dYMax);
     m_pModel->setMinMaxRanges(shown.m_dXMin, shown.m_dXMax, shown.m_dYMin, shown.m_dYMax);
-    m_pqPlot->setRange(QPointF(shown.m_dXMin, shown.m_dYMin), QPointF(shown.m_dXMax, shown.m_dYMax));
+    const QPointF oA(shown.m_dXMin, shown.m_dYMin);
+    const QPointF oB(shown.m_dXMax, shown.m_dYMax);
+    if (oA != m_pqPlot->rangeA() || oB != m_pqPlot->rangeB())
+        m_pqPlot->setRange(oA, oB);
     m_pqAxesPage->setLimits(shown, m_oLimits == CrossPlotLimits());
 }
 

@@ -108,7 +108,7 @@ public slots:
     /// Whole legends as bitmaps, also where they are scrolled. Nothing without the legend's attribute.
     void copyColorLegend();
     void copySymbolLegend();
-    /// Reads the values again.
+    /// Reads the values again where they changed.
     void updateCrossPlot();
     /// x along the vertical axis and y along the horizontal one.
     void swapAxes();
@@ -140,18 +140,20 @@ private:
     void setAttribute(CrossPlotRole eRole, MatrixData* poNode);
     void setOptionalAttribute(CrossPlotRole eRole, MatrixData* poNode);
     void chooseAttributes(MatrixData* poX, MatrixData* poY);
-    void fillChoosers(const MatrixData* poLeaving);
+    void fillChoosers();
     void showChosen();
     int numberOfRecords() const;
     QString problem() const;
 
     // ---- what follows from the points
+    std::vector<quint64> sourceState() const;
     void readPoints();
     void showAxes();
     void showLimits();
     CrossPlotLimits automaticLimits() const;
     void showClasses();
     void colorByClusters(const QString& sName);
+    MatrixData* attributeMadeSince(int iGlobalID) const;
 
     // ---- controls
     void slotLooksChanged();
@@ -173,6 +175,7 @@ private:
     std::vector<int> m_viSelectedRecords;
     CrossPlotLimits m_oLimits;
     bool m_bReadNeeded = false; ///< attributes were chosen, but not read
+    std::vector<quint64> m_viReadState;
 
     QSplitter* m_pqSplitter = nullptr;
     ChartFrame* m_pqFrame = nullptr;

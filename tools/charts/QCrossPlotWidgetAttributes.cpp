@@ -1,10 +1,9 @@
 // Which attributes the cross plot panel shows, and the clusters that become one.
 
-#include "ChartFrame.h"
 #include "CrossPlotAttributeGroup.h"
 #include "CrossPlotClusterPage.h"
-#include "CrossPlotLegends.h"
 #include "CrossPlotPointPage.h"
+#include "DisplayUnitManager.h"
 #include "MatrixData.h"
 #include "MatrixDataNotifier.h"
 #include "QCrossPlot.h"
@@ -16,6 +15,7 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_set>
 
 namespace gkBase {
 
@@ -77,7 +77,7 @@ void QCrossPlotWidget::setDataRoot(MatrixData* poRoot)
 
 void QCrossPlotWidget::updateDataSetSelectionBox()
 {
-    fillChoosers(nullptr);
+    fillChoosers();
 }
 
 int QCrossPlotWidget::numberOfRecords() const
@@ -85,9 +85,9 @@ int QCrossPlotWidget::numberOfRecords() const
     return records(nodeX() ? nodeX() : nodeY());
 }
 
-void QCrossPlotWidget::fillChoosers(const MatrixData* poLeaving)
+void QCrossPlotWidget::fillChoosers()
 {
-    std::vector<AttributeEntry> vEntries = attributeEntries(m_poRoot, poLeaving);
+    std::vector<AttributeEntry> vEntries = attributeEntries(m_poRoot);
     if (m_poClusters)
         vEntries.push_back({m_poClusters.get(), m_poClusters->name(), m_poClusters->recordCount()});
     m_pqAttributeGroup->setEntries(vEntries, numberOfRecords());
@@ -165,8 +165,9 @@ void QCrossPlotWidget::chooseAttributes(MatrixData* poX, MatrixData* poY)
                 setAttribute(eRole, nullptr);
         }
         m_poClusters.reset();
+        fillChoosers();
     }
-    fillChoosers(nullptr);
+    showChosen();
 }
 
 MatrixData* QCrossPlotWidget::attribute(CrossPlotRole eRole) const
@@ -264,7 +265,10 @@ void QCrossPlotWidget::slotNodeAboutToBeRemoved(MatrixData* poBranch)
         chooseAttributes(goes(nodeX()) ? nullptr : nodeX(), goes(nodeY()) ? nullptr : nodeY());
         bShown = true;
     }
-    fillChoosers(poBranch);
+    std::unordered_set<int> iGlobalIDs;
+    for (const MatrixData* poLeaf : poBranch->leafs())
+        iGlobalIDs.insert(poLeaf->globalID());
+    m_pqAttributeGroup->removeEntries(iGlobalIDs);
     if (bShown)
         updateCrossPlot();
 }
@@ -290,6 +294,19 @@ void QCrossPlotWidget::slotDisplayUnitChanged(const QString& sCategory)
             return;
         }
     }
+}
+
+/// Equal states mean that reading again would find the same.
+std::vector<quint64> QCrossPlotWidget::sourceState() const
+{
+    std::vector<quint64> viState = {static_cast<quint64>(DisplayUnitManager::instance().generation())};
+    for (const CrossPlotRole eRole : {CrossPlotRole::X, CrossPlotRole::Y, CrossPlotRole::Color, CrossPlotRole::Symbol,
+                                      CrossPlotRole::TadPole, CrossPlotRole::Third}) {
+        const MatrixData* poNode = attribute(eRole);
+        viState.push_back(poNode ? static_cast<quint64>(poNode->globalID()) : 0);
+        viState.push_back(poNode ? poNode->revision() : 0);
+    }
+    return viState;
 }
 
 // ---- clusters -------------------------------------------------------------------------------------------------------
@@ -322,12 +339,20 @@ bool QCrossPlotWidget::applyClusters(int iClusters, const QString& sName)
 
 void QCrossPlotWidget::colorByClusters(const QString& sName)
 {
+    const int iNextID = MatrixData::m_iGlobalID;
     emit createClusterAttribute(sName, m_pModel);
     m_pqPlot->scheduleRedraw();
-    // The owner may have kept the clusters and coloured the points by them.
-    const MatrixData* poColor = m_pModel->colorAttribute();
-    if (poColor && poColor != m_poClusters.get() && poColor->name() == sName)
+    MatrixData* poKept = attributeMadeSince(iNextID);
+    MatrixData* poColor = m_pModel->colorAttribute();
+    // The owner may have written them into an attribute that was there, and coloured the points by it.
+    if (!poKept && poColor && poColor != m_poClusters.get() && poColor->name() == sName)
+        poKept = poColor;
+    if (poKept) {
+        m_poClusters.reset();
+        fillChoosers();
+        setColorAttribute(poKept);
         return;
+    }
     auto poClusters = std::make_unique<MatrixData>(sName, 0, 1, QMetaType::Int);
     const std::span<const int> viIDs = m_pModel->clusterIDs();
     MatrixColumn column(QMetaType::Int, static_cast<int>(viIDs.size()));
@@ -337,10 +362,23 @@ void QCrossPlotWidget::colorByClusters(const QString& sName)
             column.setValue(i, iCluster);
     }
     poClusters->setColumn(0, std::move(column));
-    setAttribute(CrossPlotRole::Color, nullptr);
     m_poClusters = std::move(poClusters);
-    fillChoosers(nullptr);
+    fillChoosers();
     setColorAttribute(m_poClusters.get());
+}
+
+/// The attribute of whole numbers, one for each point, that an owner has added to the tree since that
+/// MatrixData::m_iGlobalID; null when it has not.
+MatrixData* QCrossPlotWidget::attributeMadeSince(int iGlobalID) const
+{
+    if (!m_poRoot)
+        return nullptr;
+    for (MatrixData* poLeaf : m_poRoot->leafs()) {
+        if (poLeaf->globalID() >= iGlobalID && poLeaf->recordCount() == m_pModel->numberOfPoints() &&
+            isNumericAttribute(poLeaf))
+            return poLeaf;
+    }
+    return nullptr;
 }
 
 } // namespace gkBase
