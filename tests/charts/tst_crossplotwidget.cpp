@@ -146,6 +146,8 @@ class TestCrossPlotWidget : public QObject
 private slots:
     void initTestCase();
     void choosersOfferWhatFits();
+    void dataSetStartsWithItsFirstNumbers_data();
+    void dataSetStartsWithItsFirstNumbers();
     void userPicksAnotherDataSet();
     void legendSelectsExactlyItsClasses_data();
     void legendSelectsExactlyItsClasses();
@@ -196,6 +198,46 @@ void TestCrossPlotWidget::choosersOfferWhatFits()
     }
     QCOMPARE(f.chooser("m_pqXChooser")->currentText(), QStringLiteral("Well: gamma"));
     QCOMPARE(f.chooser("m_pqYChooser")->currentText(), QStringLiteral("Well: depth"));
+}
+
+void TestCrossPlotWidget::dataSetStartsWithItsFirstNumbers_data()
+{
+    QTest::addColumn<QString>("node");
+    QTest::addColumn<QString>("x");
+    QTest::addColumn<QString>("y");
+    QTest::newRow("data set, depth last") << "Well"
+                                          << "gamma"
+                                          << "facies";
+    QTest::newRow("number attribute") << "facies"
+                                      << "facies"
+                                      << "gamma";
+    QTest::newRow("depth") << "depth"
+                           << "depth"
+                           << "gamma";
+    QTest::newRow("texts") << "rock"
+                           << "gamma"
+                           << "facies";
+    QTest::newRow("nothing") << QString() << QString() << QString();
+}
+
+void TestCrossPlotWidget::dataSetStartsWithItsFirstNumbers()
+{
+    QFETCH(QString, node);
+    QFETCH(QString, x);
+    QFETCH(QString, y);
+    Fixture f;
+    f.m_panel.chooseDataSet(node.isEmpty() ? nullptr : f.m_poRoot->getNodeFromName(node));
+    f.m_panel.updateCrossPlot();
+    QCOMPARE(f.m_panel.nodeX() ? f.m_panel.nodeX()->name() : QString(), x);
+    QCOMPARE(f.m_panel.nodeY() ? f.m_panel.nodeY()->name() : QString(), y);
+    if (x.isEmpty())
+        return;
+    // No symbol is cut by the frame.
+    const QRectF oBox = f.model().boundingBox();
+    QVERIFY(f.m_panel.drawingArea()->rangeA().x() < oBox.left());
+    QVERIFY(f.m_panel.drawingArea()->rangeA().y() < oBox.top());
+    QVERIFY(f.m_panel.drawingArea()->rangeB().x() > oBox.right());
+    QVERIFY(f.m_panel.drawingArea()->rangeB().y() > oBox.bottom());
 }
 
 void TestCrossPlotWidget::userPicksAnotherDataSet()

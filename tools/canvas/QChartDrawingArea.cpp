@@ -231,7 +231,10 @@ void QChartDrawingArea::wheelEvent(QWheelEvent* pEvent)
 
 void QChartDrawingArea::changeHeaderTitle(const QString& sTitle)
 {
-    m_sHeaderTitle = sTitle.isEmpty() ? QString() : m_sChartName + QLatin1String(": ") + sTitle;
+    const QString sHeader = sTitle.isEmpty() ? QString() : m_sChartName + QLatin1String(": ") + sTitle;
+    if (sHeader == m_sHeaderTitle)
+        return;
+    m_sHeaderTitle = sHeader;
     update();
 }
 

@@ -30,6 +30,8 @@ namespace {
 
 /// Half of the range of an axis whose values are all equal, as a share of the value.
 constexpr double g_dShareOfEqualValues = 0.05;
+/// Room between the outermost points and the ends of an axis, as a share of the range of the values.
+constexpr double g_dShareOfRoom = 0.02;
 constexpr double g_dFullCircle = 360.0;
 /// Legends take at most this share of a picture's width.
 constexpr double g_dLegendShare = 0.4;
@@ -40,19 +42,25 @@ bool isAzimuth(const MatrixData* poNode)
     return poNode && poNode->owner() && poNode->owner()->azimuthAttribute() == poNode;
 }
 
-/// Ends of an axis with all values between them; an axis of azimuths ends with the circle.
+/// Ends of an axis with all values, and room for their symbols, between them; an axis of azimuths ends with the circle.
 void widen(double& dMin, double& dMax, const QCartesianAxisWidget& oAxis, const MatrixData* poNode)
 {
-    if (dMin < dMax) {
-        const bool bInCircle = dMin >= 0.0 && dMax <= g_dFullCircle && isAzimuth(poNode);
-        oAxis.fitNiceRange(dMin, dMax);
-        if (bInCircle)
-            dMax = std::min(dMax, g_dFullCircle);
+    if (!(dMin < dMax)) {
+        const double dHalf = dMin == 0.0 ? 1.0 : std::abs(dMin) * g_dShareOfEqualValues;
+        dMin -= dHalf;
+        dMax += dHalf;
         return;
     }
-    const double dHalf = dMin == 0.0 ? 1.0 : std::abs(dMin) * g_dShareOfEqualValues;
-    dMin -= dHalf;
-    dMax += dHalf;
+    const double dLow = dMin;
+    const double dHigh = dMax;
+    const double dRoom = (dMax - dMin) * g_dShareOfRoom;
+    oAxis.fitNiceRange(dMin, dMax);
+    if (isAzimuth(poNode) && dLow >= 0.0 && dHigh <= g_dFullCircle) {
+        dMax = std::min(dMax, g_dFullCircle);
+        return;
+    }
+    dMin = std::min(dMin, dLow - dRoom);
+    dMax = std::max(dMax, dHigh + dRoom);
 }
 
 /// The wanted ends of an axis where there are some; as they are when the wanted ones leave no axis.

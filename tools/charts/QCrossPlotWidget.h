@@ -48,8 +48,8 @@ public:
     // ---- source
     /// Not owned; null empties choosers and chart. Fills the choosers.
     void setDataRoot(MatrixData* poRoot);
-    /// Shows the first two number attributes of a data set; of an attribute, that one as x with the first other of its
-    /// data set as y. Null empties the chart.
+    /// Shows the first two number attributes of a data set, its depth only when there are no others; of an
+    /// attribute those of its data set, a number attribute itself as x. Null empties the chart.
     void setDataSet(MatrixData* poData);
     /// As setDataSet(), but nothing is read before the next updateCrossPlot(): for a panel that is not seen.
     void chooseDataSet(MatrixData* poData);

@@ -24,16 +24,20 @@ namespace {
 constexpr std::array g_optionalRoles = {CrossPlotRole::Color, CrossPlotRole::Symbol, CrossPlotRole::TadPole,
                                         CrossPlotRole::Third};
 
-/// The first number attribute of the branch that is not the given one; null when there is none.
-MatrixData* firstNumeric(const MatrixData* poBranch, const MatrixData* poOther)
+/// The number attributes of a data set. A depth says little against another attribute, so it comes last.
+std::vector<MatrixData*> numbersDepthLast(const MatrixData* poDataSet)
 {
-    if (!poBranch)
-        return nullptr;
-    for (MatrixData* poLeaf : poBranch->leafs()) {
-        if (poLeaf != poOther && isNumericAttribute(poLeaf))
-            return poLeaf;
+    std::vector<MatrixData*> vpNumbers;
+    if (!poDataSet)
+        return vpNumbers;
+    for (MatrixData* poLeaf : poDataSet->leafs()) {
+        if (isNumericAttribute(poLeaf))
+            vpNumbers.push_back(poLeaf);
     }
-    return nullptr;
+    std::stable_partition(vpNumbers.begin(), vpNumbers.end(), [](const MatrixData* poNode) {
+        return !poNode->owner() || poNode->owner()->depthAttribute() != poNode;
+    });
+    return vpNumbers;
 }
 
 /// Records of the data set of an attribute.
@@ -113,8 +117,10 @@ void QCrossPlotWidget::slotAttributeChosen(CrossPlotRole eRole, int iGlobalID)
 {
     MatrixData* poNode = node(iGlobalID);
     if (eRole == CrossPlotRole::X) {
-        const bool bFits = nodeY() && records(nodeY()) == records(poNode);
-        chooseAttributes(poNode, bFits ? nodeY() : firstNumeric(poNode ? poNode->owner() : nullptr, poNode));
+        if (nodeY() && records(nodeY()) == records(poNode))
+            chooseAttributes(poNode, nodeY());
+        else
+            chooseDataSet(poNode);
     } else if (eRole == CrossPlotRole::Y) {
         chooseAttributes(nodeX(), poNode);
     } else {
@@ -138,8 +144,14 @@ void QCrossPlotWidget::setDataSet(MatrixData* poData)
 void QCrossPlotWidget::chooseDataSet(MatrixData* poData)
 {
     const bool bAttribute = poData && poData->isAttribute();
-    MatrixData* poX = bAttribute && isNumericAttribute(poData) ? poData : firstNumeric(poData, nullptr);
-    chooseAttributes(poX, firstNumeric(poX ? poX->owner() : nullptr, poX));
+    const std::vector<MatrixData*> vpNumbers = numbersDepthLast(bAttribute ? poData->owner() : poData);
+    const auto firstOther = [&vpNumbers](const MatrixData* poNode) {
+        const auto it = std::find_if(vpNumbers.begin(), vpNumbers.end(),
+                                     [poNode](const MatrixData* poNumber) { return poNumber != poNode; });
+        return it == vpNumbers.end() ? nullptr : *it;
+    };
+    MatrixData* poX = bAttribute && isNumericAttribute(poData) ? poData : firstOther(nullptr);
+    chooseAttributes(poX, firstOther(poX));
 }
 
 void QCrossPlotWidget::setAttributes(MatrixData* poX, MatrixData* poY)
