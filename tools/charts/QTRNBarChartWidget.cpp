@@ -328,6 +328,11 @@ void QTRNBarChartWidget::copyToClipboard()
     QApplication::clipboard()->setPixmap(m_pqFrame->grabChart());
 }
 
+void QTRNBarChartWidget::copyEWMFToClipboard()
+{
+    m_pqFrame->copyMetafileToClipboard();
+}
+
 void QTRNBarChartWidget::renderTo(QPainter& painter, const QRectF& oTarget)
 {
     m_pqFrame->renderTo(painter, oTarget);

@@ -80,6 +80,8 @@ public:
 public slots:
     /// The chart with its axes as a bitmap.
     void copyToClipboard();
+    /// The whole chart with its axes as an enhanced metafile.
+    void copyEWMFToClipboard();
     /// Counts again: attribute, classes and order as the controls say.
     void updateBarChart();
 

@@ -175,6 +175,8 @@ void QTRNBarChartWidget::connectControls()
     connect(m_pqColorByClass, &QCheckBox::toggled, this, &Panel::updateDiagramSettings);
     connect(m_pqPlot, &QChartDrawingArea::cursorPos, this, &Panel::updateCursorPosLabel);
     connect(m_pqPlot, &QChartDrawingArea::signalCopyToClipboard, this, &Panel::copyToClipboard);
+    m_pqPlot->setMetafileCopy([this] { copyEWMFToClipboard(); });
+    m_pqPlot->allowCopyToWMF(true);
     connect(m_pqPlot, &QBarDiagramWidget::barClicked, this, &Panel::slotBarClicked);
     connect(&DisplayUnitManager::instance(), &DisplayUnitManager::displayChanged, this, &Panel::slotDisplayUnitChanged);
     updateCursorPosLabel(QPointF(g_dMissingValue, g_dMissingValue));
