@@ -53,6 +53,15 @@ struct GKBASETOOLS_EXPORT CrossPlotMap
     void toPixels(std::span<const double> vdX, std::span<const double> vdY, std::vector<QPointF>& voPixels) const;
 };
 
+/// The 5 and 95 per cent quantiles of x and y.
+struct CrossPlotRange
+{
+    double m_dX5 = 0.0;
+    double m_dX95 = 0.0;
+    double m_dY5 = 0.0;
+    double m_dY95 = 0.0;
+};
+
 /// The part of the line y = slope · x + intercept that crosses the area of the whole chart; a null line without one.
 GKBASETOOLS_EXPORT QLineF crossPlotLine(const CrossPlotMap& oMap, double dSlope, double dIntercept);
 

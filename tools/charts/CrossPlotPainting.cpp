@@ -176,6 +176,27 @@ void drawCrossPlotText(QPainter& painter, const QString& sText, const QLineF& oL
     drawBox(painter, oBest, sText, style.m_oGrid, style);
 }
 
+void drawCrossPlotRangeLabels(QPainter& painter, const CrossPlotRange& oRange, const CrossPlotMap& oMap,
+                              const QRect& oVisible, const CrossPlotStyle& style)
+{
+    LabelPlacement placement(QRectF(QPointF(0, 0), QSizeF(oVisible.size())));
+    const auto label = [&](const QString& sText, const QPointF& oEnd, bool bVertical) {
+        const QSizeF oSize = boxSize(painter, sText);
+        const QPointF oCorner = bVertical ? QPointF(oEnd.x() + 2.0, oEnd.y() + 2.0)
+                                          : QPointF(oEnd.x() - oSize.width() - 2.0, oEnd.y() - oSize.height() - 2.0);
+        const QRectF oBox(oCorner - oVisible.topLeft(), oSize);
+        if (!placement.place({&oBox, 1}).isNull()) {
+            drawBox(painter, oBox, sText, QColor(), style);
+        }
+    };
+    const QString s5 = QStringLiteral("5 %");
+    const QString s95 = QStringLiteral("95 %");
+    label(s5, QPointF(oMap.m_oX.toPixel(oRange.m_dX5), oVisible.top()), true);
+    label(s95, QPointF(oMap.m_oX.toPixel(oRange.m_dX95), oVisible.top()), true);
+    label(s5, QPointF(oVisible.right(), oMap.m_oY.toPixel(oRange.m_dY5)), false);
+    label(s95, QPointF(oVisible.right(), oMap.m_oY.toPixel(oRange.m_dY95)), false);
+}
+
 void drawCrossPlotMessage(QPainter& painter, const QString& sMessage, const QRect& oVisible,
                           const CrossPlotStyle& style)
 {

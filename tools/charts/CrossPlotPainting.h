@@ -24,15 +24,6 @@ struct CrossPlotStyle
     int m_iLineWidth = 2; ///< of the regression line, pixels
 };
 
-/// The 5 and 95 per cent quantiles of x and y.
-struct CrossPlotRange
-{
-    double m_dX5 = 0.0;
-    double m_dX95 = 0.0;
-    double m_dY5 = 0.0;
-    double m_dY95 = 0.0;
-};
-
 void drawCrossPlotGrid(QPainter& painter, std::span<const int> viVertical, std::span<const int> viHorizontal,
                        const QRectF& oPlot, const CrossPlotStyle& style);
 void drawCrossPlotDomains(QPainter& painter, std::span<const CrossPlotDomain> vDomains);
@@ -52,6 +43,9 @@ void drawCrossPlotLabels(QPainter& painter, std::span<const CrossPlotDepthLine> 
 /// A framed text in the corner that lies farthest from the line.
 void drawCrossPlotText(QPainter& painter, const QString& sText, const QLineF& oLine, const QRect& oVisible,
                        const CrossPlotStyle& style);
+/// What the lines of the range stand for, at their upper and right ends.
+void drawCrossPlotRangeLabels(QPainter& painter, const CrossPlotRange& oRange, const CrossPlotMap& oMap,
+                              const QRect& oVisible, const CrossPlotStyle& style);
 void drawCrossPlotMessage(QPainter& painter, const QString& sMessage, const QRect& oVisible,
                           const CrossPlotStyle& style);
 void drawCrossPlotCursorLine(QPainter& painter, double dY, const QRect& oVisible, const CrossPlotStyle& style);

@@ -1,5 +1,6 @@
 #include "QCrossPlot.h"
 
+#include "CrossPlotPainting.h"
 #include "Fingerprint.h"
 #include "MatrixData.h"
 #include "MissingValue.h"
@@ -337,6 +338,9 @@ void QCrossPlot::drawAxis(QPainter& painter, QRect oVisibleArea)
 void QCrossPlot::drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea)
 {
     drawCrossPlotLabels(painter, m_vLines, oVisibleArea, style());
+    if (m_iRangeKey != 0) {
+        drawCrossPlotRangeLabels(painter, m_oRange, map(), oVisibleArea, style());
+    }
     if (!m_sRegression.isEmpty()) {
         drawCrossPlotText(painter, m_sRegression, m_oRegression, oVisibleArea, style());
     }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "CrossPlotGeometry.h"
-#include "CrossPlotPainting.h"
 #include "QChartDrawingArea.h"
 #include "gkBaseToolsExport.h"
 
@@ -20,6 +19,7 @@ class QCartesianAxisWidget;
 namespace gkBase {
 
 class DepthLineField;
+struct CrossPlotStyle;
 
 /// The canvas of every cartesian point chart: the cross plot and the depth tracks. It draws the points of its model
 /// over the whole chart (axes are separate widgets), interval boundaries, structural tops and, when asked, the
@@ -88,6 +88,8 @@ public:
     void drawAxis(QPainter& painter, QRect oVisibleArea) override;
     void drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea) override;
     void addToContextMenuEvent(QMenu* pqMenu) override;
+    /// Leaves the copy to whoever is connected to signalCopyWEMFToClipboard(); copies itself when nobody is.
+    void copyWEMFToClipboard() override;
     bool colorAttributeIsOn() override;
     bool symbolAttributeIsOn() override;
     /// Draws the whole chart at another size with the grid lines that belong to it.

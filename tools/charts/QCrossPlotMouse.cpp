@@ -5,7 +5,7 @@
 #include "PolygonMask.h"
 #include "QCrossPlot.h"
 #include "QRelationshipItemModel.h"
-#include "UnitManager.h"
+#include "UnitText.h"
 
 #include <QAction>
 #include <QColorDialog>
@@ -14,6 +14,7 @@
 #include <QInputDialog>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QMetaMethod>
 #include <QMouseEvent>
 #include <QToolTip>
 
@@ -21,23 +22,6 @@
 #include <utility>
 
 namespace gkBase {
-
-namespace {
-
-/// "Name: 12.5 m"
-QString valueLine(const MatrixData* poNode, double dValue)
-{
-    if (!poNode) {
-        return {};
-    }
-    const boost::shared_ptr<UnitManager> poUnit = poNode->unitManager();
-    const QString sValue = poUnit ? QString::number(poUnit->convertModelToDisplay(dValue), 'f', poUnit->precision())
-                                  : QString::number(dValue, 'g', 8);
-    const QString sUnit = poUnit ? poUnit->getDisplayUnitTag() : QString();
-    return QStringLiteral("%1: %2 %3").arg(poNode->name(), sValue, sUnit).trimmed();
-}
-
-} // namespace
 
 QPointF QCrossPlot::chartPixel(const QPointF& oPosition) const
 {
@@ -48,9 +32,12 @@ QPointF QCrossPlot::chartPixel(const QPointF& oPosition) const
 
 void QCrossPlot::mousePressEvent(QMouseEvent* pEvent)
 {
-    if (pEvent->button() == Qt::RightButton || m_eButton != Qt::NoButton) {
+    // A second button does not disturb the gesture of the first, unless that one's release went elsewhere.
+    const bool bSecond = m_eButton != Qt::NoButton && m_eButton != pEvent->button() && (pEvent->buttons() & m_eButton);
+    if (pEvent->button() == Qt::RightButton || bSecond) {
         return;
     }
+    m_vSelectionPath.clear();
     m_eButton = pEvent->button();
     beginSelection(*pEvent);
     setMousePickingPos(pEvent->position());
@@ -239,6 +226,15 @@ void QCrossPlot::addToContextMenuEvent(QMenu* pqMenu)
     pqMenu->addActions({m_pqRenameAction, m_pqColorAction, m_pqOrientationAction, m_pqDeleteAction});
 }
 
+void QCrossPlot::copyWEMFToClipboard()
+{
+    if (isSignalConnected(QMetaMethod::fromSignal(&QCrossPlot::signalCopyWEMFToClipboard))) {
+        emit signalCopyWEMFToClipboard();
+    } else {
+        QChartDrawingArea::copyWEMFToClipboard();
+    }
+}
+
 void QCrossPlot::slotDeleteSelected()
 {
     emit sendDeleteSelectedUpdate();
@@ -275,6 +271,9 @@ QString QCrossPlot::pointToolTip(int iRecord) const
         return {};
     }
     const auto i = static_cast<std::size_t>(iRecord);
+    const auto valueLine = [](const MatrixData* poNode, double dValue) {
+        return poNode ? QStringLiteral("%1: %2").arg(poNode->name(), displayText(poNode, dValue)) : QString();
+    };
     QStringList lLines{valueLine(model()->nodeX(), model()->x()[i]), valueLine(model()->nodeY(), model()->y()[i])};
     if (model()->colorAttributeIsOn() && model()->colorAttribute()) {
         lLines << QStringLiteral("%1: %2").arg(model()->colorAttribute()->name(),
