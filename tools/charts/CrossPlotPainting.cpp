@@ -85,6 +85,15 @@ void drawCrossPlotDomains(QPainter& painter, std::span<const CrossPlotDomain> vD
     }
 }
 
+void drawCrossPlotBoundaries(QPainter& painter, std::span<const CrossPlotDepthLine> vLines, const QRectF& oPlot,
+                             const CrossPlotStyle& style)
+{
+    for (const CrossPlotDepthLine& line : vLines) {
+        painter.setPen(QPen(readableColor(line.m_oColor, style.m_oBackground, style.m_oLabel), 1.0));
+        painter.drawLine(QPointF(oPlot.left(), line.m_dY), QPointF(oPlot.right(), line.m_dY));
+    }
+}
+
 void drawCrossPlotDepthLines(QPainter& painter, std::span<const CrossPlotDepthLine> vLines, const QRectF& oPlot,
                              const CrossPlotStyle& style)
 {

@@ -27,6 +27,9 @@ struct CrossPlotStyle
 void drawCrossPlotGrid(QPainter& painter, std::span<const int> viVertical, std::span<const int> viHorizontal,
                        const QRectF& oPlot, const CrossPlotStyle& style);
 void drawCrossPlotDomains(QPainter& painter, std::span<const CrossPlotDomain> vDomains);
+/// Thin lines that lie under the data.
+void drawCrossPlotBoundaries(QPainter& painter, std::span<const CrossPlotDepthLine> vLines, const QRectF& oPlot,
+                             const CrossPlotStyle& style);
 /// Lines with a halo of the background, so that they stand out from points of any colour.
 void drawCrossPlotDepthLines(QPainter& painter, std::span<const CrossPlotDepthLine> vLines, const QRectF& oPlot,
                              const CrossPlotStyle& style);

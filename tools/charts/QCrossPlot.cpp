@@ -215,6 +215,7 @@ void QCrossPlot::layoutChart()
 
 void QCrossPlot::layOutLines()
 {
+    m_vBoundaries.clear();
     m_vLines.clear();
     m_vDomains.clear();
     if (!model()) {
@@ -222,11 +223,10 @@ void QCrossPlot::layOutLines()
     }
     const CrossPlotMap oMap = map();
     if (const DepthLineField* pBoundaries = model()->intervalFilter()) {
-        m_vLines = crossPlotDepthLines(*pBoundaries, oMap, chartSize());
+        m_vBoundaries = crossPlotDepthLines(*pBoundaries, oMap, chartSize());
     }
     if (const DepthLineField* pTops = structuralTops()) {
-        const std::vector<CrossPlotDepthLine> vTops = crossPlotDepthLines(*pTops, oMap, chartSize());
-        m_vLines.insert(m_vLines.end(), vTops.begin(), vTops.end());
+        m_vLines = crossPlotDepthLines(*pTops, oMap, chartSize());
         m_vDomains = crossPlotDomains(*pTops, oMap, chartSize());
     }
 }
@@ -290,6 +290,7 @@ void QCrossPlot::drawChart(QPainter& painter)
     if (gridIsOn()) {
         drawCrossPlotGrid(painter, m_viVerticalGridLines, m_viHorizontalGridLines, m_oPlotRect, style());
     }
+    drawCrossPlotBoundaries(painter, m_vBoundaries, m_oPlotRect, style());
     drawUnderPoints(painter);
     drawPoints(&painter);
     drawCrossPlotDepthLines(painter, m_vLines, m_oPlotRect, style());

@@ -179,7 +179,8 @@ private:
     QAction* m_pqDeleteAction;
 
     // Shapes of the present layout.
-    std::vector<CrossPlotDepthLine> m_vLines;
+    std::vector<CrossPlotDepthLine> m_vBoundaries; ///< of intervals
+    std::vector<CrossPlotDepthLine> m_vLines;      ///< structural tops
     std::vector<CrossPlotDomain> m_vDomains;
     QLineF m_oRegression;
     QString m_sRegression;
