@@ -1,6 +1,7 @@
 // Histogram, bar chart and probability plot at a million records, and redrawing and panning of a zoomed canvas.
 
 #include <gkBase/BarDiagramClasses.h>
+#include <gkBase/EMFDevice.h>
 #include <gkBase/MatrixColumn.h>
 #include <gkBase/MatrixData.h>
 #include <gkBase/PointStyle.h>
@@ -243,13 +244,19 @@ void redrawProbabilityPlot(benchmark::State& state)
 }
 BENCHMARK(redrawProbabilityPlot)->Arg(1)->Arg(20)->Unit(benchmark::kMillisecond);
 
-void drawSymbols(benchmark::State& state)
+std::vector<QPointF> evenPoints(std::int64_t iPoints)
 {
     std::mt19937 generator(5);
     std::uniform_real_distribution<double> distribution(0.0, 1000.0);
-    std::vector<QPointF> vPoints(static_cast<std::size_t>(state.range(0)));
+    std::vector<QPointF> vPoints(static_cast<std::size_t>(iPoints));
     for (QPointF& oPoint : vPoints)
         oPoint = QPointF(distribution(generator), distribution(generator));
+    return vPoints;
+}
+
+void drawSymbols(benchmark::State& state)
+{
+    const std::vector<QPointF> vPoints = evenPoints(state.range(0));
     QImage oImage(1000, 1000, QImage::Format_ARGB32_Premultiplied);
     SymbolSpriteCache sprites;
     for (auto _ : state) {
@@ -260,6 +267,28 @@ void drawSymbols(benchmark::State& state)
     }
 }
 BENCHMARK(drawSymbols)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+
+/// Symbols as outlines in an enhanced metafile; none is left out.
+void writeMetafile(benchmark::State& state)
+{
+    const std::vector<QPointF> vPoints = evenPoints(state.range(0));
+    SymbolSpriteCache sprites;
+    qsizetype iBytes = 0;
+    for (auto _ : state) {
+        EMFDevice device;
+        device.setBoundingRect(QRect(0, 0, 1000, 1000));
+        QPainter painter(&device);
+        sprites.drawSymbols(&painter, vPoints, {static_cast<int>(state.range(1)), Qt::darkBlue, Qt::darkBlue, 3});
+        painter.end();
+        iBytes = device.metafile().size();
+    }
+    state.counters["bytes a symbol"] = static_cast<double>(iBytes) / static_cast<double>(vPoints.size());
+}
+BENCHMARK(writeMetafile)
+    ->ArgNames({"symbols", "style"})
+    ->Args({1000000, Circle})
+    ->Args({1000000, BigCross1})
+    ->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -89,6 +89,8 @@ void EMFEngine::updateState(const QPaintEngineState& painterState)
         m_oTransform = painterState.transform();
     if (flags & DirtyOpacity)
         m_dOpacity = painterState.opacity();
+    if (flags & (DirtyPen | DirtyBrush | DirtyTransform | DirtyOpacity))
+        m_bInkChanged = true;
     if (flags & (DirtyClipEnabled | DirtyClipRegion | DirtyClipPath))
         updateClip(painterState);
 }
@@ -107,6 +109,11 @@ bool EMFEngine::prepare(bool bPen, bool bBrush)
 {
     if ((!bPen && !bBrush) || !(m_dOpacity > 0.0) || !prepareClip())
         return false;
+    if (!m_bInkChanged && bPen == m_bPenSelected && bBrush == m_bBrushSelected)
+        return true;
+    m_bInkChanged = false;
+    m_bPenSelected = bPen;
+    m_bBrushSelected = bBrush;
     if (bPen) {
         const bool bScaled = !m_oPen.isCosmetic() && m_oPen.widthF() > 0.0;
         const double dPixels = bScaled ? m_oPen.widthF() * std::sqrt(std::abs(m_oTransform.determinant()))
@@ -223,6 +230,7 @@ void EMFEngine::forgetWritten()
     m_eWrittenFillRule = Qt::OddEvenFill;
     m_oWrittenTextColor = Qt::black;
     m_objects.forgetSelection();
+    m_bInkChanged = true;
 }
 
 // ---- shapes --------------------------------------------------------------------------------------------------------

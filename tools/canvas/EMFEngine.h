@@ -87,6 +87,9 @@ private:
     QBrush m_oBrush;
     QTransform m_oTransform;
     double m_dOpacity = 1.0;
+    bool m_bInkChanged = true; ///< what the painter draws with, since prepare()
+    bool m_bPenSelected = false;
+    bool m_bBrushSelected = false;
     std::vector<Clip> m_vClips;
     bool m_bClipEnabled = false;
     bool m_bClipChanged = false;

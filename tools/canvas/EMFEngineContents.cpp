@@ -202,8 +202,7 @@ void EMFEngine::writeImage(const QRectF& oTarget, const QImage& oImage)
     for (const int iValue : {0, iBytes, 0, 0, 0, 0})
         m_writer.put(iValue);
     for (int y = oFlat.height() - 1; y >= 0; --y) // the lowest line first
-        m_writer.putBytes(
-            QByteArray::fromRawData(reinterpret_cast<const char*>(oFlat.constScanLine(y)), oFlat.bytesPerLine()));
+        m_writer.putBytes(QByteArrayView(oFlat.constScanLine(y), oFlat.bytesPerLine()));
     m_writer.close();
 }
 

@@ -21,15 +21,18 @@ constexpr std::int32_t g_iSquareCap = 0x100;
 constexpr std::int32_t g_iFlatCap = 0x200;
 constexpr std::int32_t g_iBevelJoin = 0x1000;
 constexpr std::int32_t g_iMiterJoin = 0x2000;
+constexpr qsizetype g_iTypeSize = 4;
+constexpr qsizetype g_iPenSize = 40; // without dashes
+constexpr qsizetype g_iBrushSize = 12;
 constexpr qsizetype g_iMostDashes = 16;
 constexpr qsizetype g_iFaceNameLength = 32;
 /// Bytes of a font's values; readers expect the long form, whose further fields stay empty.
 constexpr qsizetype g_iFontSize = 320;
 
-void put(QByteArray& oValues, std::int32_t iValue)
+void put(QByteArray& oDefinition, std::int32_t iValue)
 {
     const std::int32_t iLittle = qToLittleEndian(iValue);
-    oValues.append(reinterpret_cast<const char*>(&iLittle), sizeof(iLittle));
+    oDefinition.append(reinterpret_cast<const char*>(&iLittle), sizeof(iLittle));
 }
 
 std::int32_t styleOf(const QPen& oPen)
@@ -63,6 +66,15 @@ std::int32_t capOf(const QPen& oPen)
     default:
         return 0;
     }
+}
+
+/// What an object is made of, as a key: the type of its record, then the record's values.
+QByteArray definitionOf(EMFRecord eType, qsizetype iValueBytes)
+{
+    QByteArray oDefinition;
+    oDefinition.reserve(g_iTypeSize + iValueBytes);
+    put(oDefinition, static_cast<std::int32_t>(eType));
+    return oDefinition;
 }
 
 /// Lengths of dashes and gaps in units, the caps of the dashes included.
@@ -117,46 +129,47 @@ void EMFObjectTable::selectPen(const QPen& oPen, double dWidth, const QColor& oC
 {
     const int iWidth = std::max(1, static_cast<int>(std::lround(dWidth)));
     const QByteArray oDashes = oPen.style() == Qt::CustomDashLine ? dashesOf(oPen, dWidth) : QByteArray();
-    QByteArray oValues;
+    QByteArray oDefinition = definitionOf(EMFRecord::NewPen, g_iPenSize + oDashes.size());
     for (int i = 0; i < 4; ++i)
-        put(oValues, 0); // no bitmap
-    put(oValues, g_iGeometricPen | styleOf(oPen) | capOf(oPen) | joinOf(oPen));
-    put(oValues, iWidth);
-    put(oValues, g_iSolidBrush);
-    put(oValues, colorValue(oColor));
-    put(oValues, 0); // no hatch
-    put(oValues, static_cast<std::int32_t>(oDashes.size() / 4));
-    select(Pen, EMFRecord::NewPen, oValues + oDashes);
+        put(oDefinition, 0); // no bitmap
+    put(oDefinition, g_iGeometricPen | styleOf(oPen) | capOf(oPen) | joinOf(oPen));
+    put(oDefinition, iWidth);
+    put(oDefinition, g_iSolidBrush);
+    put(oDefinition, colorValue(oColor));
+    put(oDefinition, 0); // no hatch
+    put(oDefinition, static_cast<std::int32_t>(oDashes.size() / 4));
+    oDefinition += oDashes;
+    select(Pen, EMFRecord::NewPen, oDefinition);
 }
 
 void EMFObjectTable::selectBrush(const QColor& oColor)
 {
-    QByteArray oValues;
-    put(oValues, g_iSolidBrush);
-    put(oValues, colorValue(oColor));
-    put(oValues, 0); // no hatch
-    select(Brush, EMFRecord::NewBrush, oValues);
+    QByteArray oDefinition = definitionOf(EMFRecord::NewBrush, g_iBrushSize);
+    put(oDefinition, g_iSolidBrush);
+    put(oDefinition, colorValue(oColor));
+    put(oDefinition, 0); // no hatch
+    select(Brush, EMFRecord::NewBrush, oDefinition);
 }
 
 void EMFObjectTable::selectFont(const QFont& oFont, int iHeight, int iTenthsOfDegree)
 {
-    QByteArray oValues;
-    put(oValues, -iHeight); // negative: the em square, not the line
-    put(oValues, 0);        // width as the font has it
-    put(oValues, iTenthsOfDegree);
-    put(oValues, iTenthsOfDegree);
-    put(oValues, oFont.weight());
+    QByteArray oDefinition = definitionOf(EMFRecord::NewFont, g_iFontSize);
+    put(oDefinition, -iHeight); // negative: the em square, not the line
+    put(oDefinition, 0);        // width as the font has it
+    put(oDefinition, iTenthsOfDegree);
+    put(oDefinition, iTenthsOfDegree);
+    put(oDefinition, oFont.weight());
     // Italic, underlined, struck out (the painter draws these lines itself), character set; then precision of output
     // and clipping, quality, pitch.
     const char cFlags[8] = {static_cast<char>(oFont.italic() ? 1 : 0), 0, 0, 1, 0, 0, 0, 0};
-    oValues.append(cFlags, sizeof(cFlags));
+    oDefinition.append(cFlags, sizeof(cFlags));
     const QString sFamily = QFontInfo(oFont).family().left(g_iFaceNameLength - 1);
     for (const QChar cChar : sFamily) {
         const char16_t iLittle = qToLittleEndian(cChar.unicode());
-        oValues.append(reinterpret_cast<const char*>(&iLittle), sizeof(iLittle));
+        oDefinition.append(reinterpret_cast<const char*>(&iLittle), sizeof(iLittle));
     }
-    oValues.append(g_iFontSize - oValues.size(), '\0');
-    select(Font, EMFRecord::NewFont, oValues);
+    oDefinition.append(g_iTypeSize + g_iFontSize - oDefinition.size(), '\0');
+    select(Font, EMFRecord::NewFont, oDefinition);
 }
 
 std::int32_t EMFObjectTable::colorValue(const QColor& oColor)
@@ -172,28 +185,29 @@ void EMFObjectTable::select(Kind eKind, std::uint32_t iHandle)
     m_writer.write(EMFRecord::SelectObject, {static_cast<std::int32_t>(iHandle)});
 }
 
-void EMFObjectTable::select(Kind eKind, EMFRecord eType, const QByteArray& oValues)
+void EMFObjectTable::select(Kind eKind, EMFRecord eType, const QByteArray& oDefinition)
 {
-    QByteArray oKey;
-    put(oKey, static_cast<std::int32_t>(eType));
-    oKey += oValues;
-    std::uint32_t iHandle = m_handles.value(oKey, s_iNothing);
+    // Symbols of one look follow each other: no search for what is selected.
+    const std::uint32_t iSelected = m_iSelected[eKind];
+    std::uint32_t iHandle = iSelected - 1 < m_vObjects.size() && m_vObjects[iSelected - 1].m_oDefinition == oDefinition
+                                ? iSelected
+                                : m_handles.value(oDefinition, s_iNothing);
     if (iHandle == s_iNothing) {
-        iHandle = create(eType, oValues);
-        m_handles.insert(oKey, iHandle);
-        m_vObjects[iHandle - 1].m_oDefinition = oKey;
+        iHandle = create(eType, oDefinition);
+        m_handles.insert(oDefinition, iHandle);
+        m_vObjects[iHandle - 1].m_oDefinition = oDefinition;
     }
     m_vObjects[iHandle - 1].m_iLastUse = ++m_iUses;
     select(eKind, iHandle);
 }
 
-std::uint32_t EMFObjectTable::create(EMFRecord eType, const QByteArray& oValues)
+std::uint32_t EMFObjectTable::create(EMFRecord eType, const QByteArray& oDefinition)
 {
     const std::uint32_t iHandle = freeHandle();
     m_writer.useHandle(static_cast<std::uint16_t>(iHandle));
     m_writer.open(eType);
     m_writer.put(static_cast<std::int32_t>(iHandle));
-    m_writer.putBytes(oValues);
+    m_writer.putBytes(QByteArrayView(oDefinition).sliced(g_iTypeSize));
     m_writer.close();
     return iHandle;
 }

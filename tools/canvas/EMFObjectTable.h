@@ -62,8 +62,8 @@ private:
     static constexpr std::uint32_t s_iNothing = 0;
 
     void select(Kind eKind, std::uint32_t iHandle);
-    void select(Kind eKind, EMFRecord eType, const QByteArray& oValues);
-    std::uint32_t create(EMFRecord eType, const QByteArray& oValues);
+    void select(Kind eKind, EMFRecord eType, const QByteArray& oDefinition);
+    std::uint32_t create(EMFRecord eType, const QByteArray& oDefinition);
     std::uint32_t freeHandle();
     bool isSelected(std::uint32_t iHandle) const;
 

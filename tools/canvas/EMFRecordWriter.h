@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QPoint>
 #include <QRect>
 #include <QRectF>
@@ -72,7 +73,7 @@ public:
     void put16(std::uint16_t iValue);
     void put(const QRect& oRect);
     void put(std::span<const QPoint> points);
-    void putBytes(const QByteArray& oBytes) { m_oBytes.append(oBytes); }
+    void putBytes(QByteArrayView oBytes) { m_oBytes.append(oBytes); }
     /// UTF-16 without a terminator.
     void putText(const QString& sText);
     /// Zeros up to the next multiple of four.
