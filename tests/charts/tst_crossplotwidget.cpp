@@ -354,6 +354,7 @@ void TestCrossPlotWidget::removedAttributesLeaveTheChart()
     f.m_poRoot->removeChild(f.node("rock"));
     QVERIFY(!f.model().colorAttributeIsOn());
     QCOMPARE(f.chooser("m_pqColorChooser")->currentText(), QStringLiteral("None"));
+    QCOMPARE(f.m_panel.legends()->colorView()->legendModel()->rowCount(), 0);
     QCOMPARE(f.model().numberOfPoints(), g_iRecords);
 
     f.m_poRoot->removeChild(f.node("gamma"));

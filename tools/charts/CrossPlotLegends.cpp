@@ -5,7 +5,6 @@
 #include "QLegendListModel.h"
 #include "QLegendListView.h"
 #include "QRelationshipItemModel.h"
-#include "UnitText.h"
 
 #include <QApplication>
 #include <QFontMetricsF>
@@ -28,15 +27,16 @@ QString titleOf(const MatrixData* poAttribute)
     return poAttribute ? poAttribute->name() : QString();
 }
 
-/// The names of the classes as the user reads them: numbers in display units.
-QMap<int, QVariant> shownNames(const MatrixData* poAttribute, const QMap<int, QVariant>& names)
+/// The names of the classes as the user reads them, but for colours, which are their own names.
+template <typename ClassName>
+QMap<int, QVariant> shownNames(const RelationshipClasses& classes, ClassName className)
 {
-    QMap<int, QVariant> shown = names;
-    for (QVariant& qName : shown) {
-        if (qName.typeId() == QMetaType::Double)
-            qName = displayText(poAttribute, qName.toDouble());
-    }
-    return shown;
+    QMap<int, QVariant> names = classes.names();
+    if (classes.cellType() == QMetaType::QColor)
+        return names;
+    for (auto it = names.begin(); it != names.end(); ++it)
+        it.value() = className(it.key());
+    return names;
 }
 
 QFont titleFont(const QWidget& oWidget)
@@ -118,10 +118,12 @@ void CrossPlotLegends::setClasses(const QRelationshipItemModel& model)
     m_oColor.m_pModel->setSymbolNode(model.colorAttribute());
     m_oSymbol.m_pModel->setSymbolNode(model.symbolAttribute());
     m_oSymbol.m_pModel->setHighestSymbolId(std::max(0, model.symbolClasses().highestId()));
-    m_oColor.m_pModel->setClasses(shownNames(model.colorAttribute(), model.colorClasses().names()),
-                                  model.colorClasses().colors());
-    m_oSymbol.m_pModel->setClasses(shownNames(model.symbolAttribute(), model.symbolClasses().names()),
-                                   model.symbolClasses().colors());
+    const RelationshipClasses& colors = model.colorClasses();
+    const RelationshipClasses& symbols = model.symbolClasses();
+    m_oColor.m_pModel->setClasses(shownNames(colors, [&model](int iClass) { return model.getColorName(iClass); }),
+                                  colors.colors());
+    m_oSymbol.m_pModel->setClasses(shownNames(symbols, [&model](int iClass) { return model.getSymbolName(iClass); }),
+                                   symbols.colors());
     showLegends();
 }
 

@@ -80,14 +80,12 @@ void takeWanted(double& dMin, double& dMax, double dWantedMin, double dWantedMax
 
 void QCrossPlotWidget::updateCrossPlot()
 {
-    const std::vector<quint64> viState = sourceState();
-    const bool bRead = m_bReadNeeded || viState != m_viReadState;
-    if (bRead)
-        readPoints();
+    const bool bOtherAttributes = m_bReadNeeded;
+    const quint64 iRevision = m_pModel->revision();
+    readPoints();
     showAxes();
-    if (!bRead)
+    if (!bOtherAttributes && m_pModel->revision() == iRevision)
         return;
-    m_viReadState = viState;
     showClasses();
     m_pqClusterPage->showClusters(*m_pModel);
     m_pqClusterPage->setApplicable(m_pModel->numberOfValidPoints() > 0);
@@ -97,16 +95,15 @@ void QCrossPlotWidget::updateCrossPlot()
 void QCrossPlotWidget::readPoints()
 {
     m_bReadNeeded = false;
-    const QString sProblem = problem();
-    const bool bUsable = sProblem.isEmpty();
-    m_pqPlot->setMessage(sProblem);
-    m_oColorClassColors.remember(m_pModel->colorAttribute(), m_pModel->colorClasses());
-    m_oSymbolClassColors.remember(m_pModel->symbolAttribute(), m_pModel->symbolClasses());
+    QString sMessage = problem();
+    const bool bUsable = sMessage.isEmpty();
     const int iFormerRecords = m_pModel->numberOfPoints();
     m_pModel->takeNewDataSet(-1, QRelationshipItemModel::CrossPlotDisplay, bUsable ? nodeX() : nullptr,
                              bUsable ? nodeY() : nullptr, {});
     if (bUsable && m_pModel->numberOfValidPoints() == 0)
-        m_pqPlot->setMessage(tr("No record has a value of both attributes"));
+        sMessage = tr("No record has a value of both attributes");
+    if (sMessage != m_pqPlot->message())
+        m_pqPlot->setMessage(sMessage);
     // The model forgets the selection with the number of records.
     if (m_pModel->numberOfPoints() != iFormerRecords)
         m_pModel->setSelectedRecords(m_viSelectedRecords);
@@ -179,12 +176,6 @@ void QCrossPlotWidget::swapAxes()
 
 void QCrossPlotWidget::showClasses()
 {
-    m_oColorClassColors.restore(
-        m_pModel->colorAttribute(), m_pModel->colorClasses(),
-        [this](int iClass, const QColor& oColor) { m_pModel->changeColorClass(iClass, oColor); });
-    m_oSymbolClassColors.restore(
-        m_pModel->symbolAttribute(), m_pModel->symbolClasses(),
-        [this](int iClass, const QColor& oColor) { m_pModel->changeSymbolColor(iClass, oColor); });
     m_pqLegends->setClasses(*m_pModel);
     m_pqPointPage->setColorAttribute(m_pModel->colorAttribute(), m_pModel->colorClasses().isBanded());
 }
@@ -313,7 +304,6 @@ void QCrossPlotWidget::slotColorMapChanged()
 {
     const RelationshipClasses::ColorMap map = m_pqPointPage->colorMap();
     m_pModel->setColorMap(map.m_dMin, map.m_dMax, map.m_dInterval, map.m_bRedToBlue);
-    m_oColorClassColors.forget();
     showClasses();
     m_pqPlot->scheduleRedraw();
 }

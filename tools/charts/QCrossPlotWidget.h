@@ -1,6 +1,5 @@
 #pragma once
 
-#include "ClassColors.h"
 #include "CrossPlotAxesPage.h"
 #include "CrossPlotSettings.h"
 #include "MatrixDataPointer.h"
@@ -146,7 +145,6 @@ private:
     QString problem() const;
 
     // ---- what follows from the points
-    std::vector<quint64> sourceState() const;
     void readPoints();
     void showAxes();
     void showLimits();
@@ -170,12 +168,9 @@ private:
     MatrixDataPointer m_poX;
     MatrixDataPointer m_poY;
     std::unique_ptr<MatrixData> m_poClusters; ///< colours the points while no attribute of the tree holds the clusters
-    ClassColors m_oColorClassColors;
-    ClassColors m_oSymbolClassColors;
     std::vector<int> m_viSelectedRecords;
     CrossPlotLimits m_oLimits;
     bool m_bReadNeeded = false; ///< attributes were chosen, but not read
-    std::vector<quint64> m_viReadState;
 
     QSplitter* m_pqSplitter = nullptr;
     ChartFrame* m_pqFrame = nullptr;

@@ -3,7 +3,6 @@
 #include "CrossPlotAttributeGroup.h"
 #include "CrossPlotClusterPage.h"
 #include "CrossPlotPointPage.h"
-#include "DisplayUnitManager.h"
 #include "MatrixData.h"
 #include "MatrixDataNotifier.h"
 #include "QCrossPlot.h"
@@ -66,7 +65,7 @@ void QCrossPlotWidget::setDataRoot(MatrixData* poRoot)
         m_pModel->setDataRoot(poRoot);
         m_viSelectedRecords.clear();
         for (const CrossPlotRole eRole : g_optionalRoles)
-            setAttribute(eRole, nullptr);
+            setOptionalAttribute(eRole, nullptr);
         setAttributes(nullptr, nullptr);
         if (m_poRoot) {
             MatrixDataNotifier* pqNotifier = m_poRoot->notifier();
@@ -266,22 +265,18 @@ void QCrossPlotWidget::slotNodeAboutToBeRemoved(MatrixData* poBranch)
     const auto goes = [poBranch](const MatrixData* poNode) {
         return poNode && MatrixDataNotifier::contains(poBranch, poNode);
     };
-    bool bShown = false;
     for (const CrossPlotRole eRole : g_optionalRoles) {
-        if (goes(attribute(eRole))) {
-            setAttribute(eRole, nullptr);
-            bShown = true;
-        }
+        if (goes(attribute(eRole)))
+            setOptionalAttribute(eRole, nullptr);
     }
-    if (goes(nodeX()) || goes(nodeY())) {
+    const bool bAxisGoes = goes(nodeX()) || goes(nodeY());
+    if (bAxisGoes)
         chooseAttributes(goes(nodeX()) ? nullptr : nodeX(), goes(nodeY()) ? nullptr : nodeY());
-        bShown = true;
-    }
     std::unordered_set<int> iGlobalIDs;
     for (const MatrixData* poLeaf : poBranch->leafs())
         iGlobalIDs.insert(poLeaf->globalID());
     m_pqAttributeGroup->removeEntries(iGlobalIDs);
-    if (bShown)
+    if (bAxisGoes)
         updateCrossPlot();
 }
 
@@ -291,7 +286,7 @@ void QCrossPlotWidget::slotRootAboutToBeDestroyed()
     m_pModel->setDataRoot(nullptr);
     m_viSelectedRecords.clear();
     for (const CrossPlotRole eRole : g_optionalRoles)
-        setAttribute(eRole, nullptr);
+        setOptionalAttribute(eRole, nullptr);
     setAttributes(nullptr, nullptr);
     updateDataSetSelectionBox();
 }
@@ -306,19 +301,6 @@ void QCrossPlotWidget::slotDisplayUnitChanged(const QString& sCategory)
             return;
         }
     }
-}
-
-/// Equal states mean that reading again would find the same.
-std::vector<quint64> QCrossPlotWidget::sourceState() const
-{
-    std::vector<quint64> viState = {static_cast<quint64>(DisplayUnitManager::instance().generation())};
-    for (const CrossPlotRole eRole : {CrossPlotRole::X, CrossPlotRole::Y, CrossPlotRole::Color, CrossPlotRole::Symbol,
-                                      CrossPlotRole::TadPole, CrossPlotRole::Third}) {
-        const MatrixData* poNode = attribute(eRole);
-        viState.push_back(poNode ? static_cast<quint64>(poNode->globalID()) : 0);
-        viState.push_back(poNode ? poNode->revision() : 0);
-    }
-    return viState;
 }
 
 // ---- clusters -------------------------------------------------------------------------------------------------------
