@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <utility>
 
 namespace gkBase {
@@ -16,6 +17,8 @@ constexpr int g_iSymbolSize = 3;
 constexpr double g_dLineWidth = 2.0;
 constexpr double g_dBoxDistance = 8.0;
 constexpr double g_dBoxPadding = 5.0;
+/// Grey levels, of 255, by which points differ from the background at least.
+constexpr int g_iSmallestContrast = 60;
 
 } // namespace
 
@@ -58,7 +61,9 @@ void QProbabilityPlot::drawHistogram(QPainter* pPainter)
     vPixels.reserve(m_vPoints.size());
     for (const ProbabilityPoint& point : m_vPoints)
         vPixels.push_back(point.m_oPixel);
-    m_oSprites.drawSymbols(pPainter, vPixels, {Circle, m_oSymbolColor, m_oSymbolColor, g_iSymbolSize});
+    const bool bSeen = std::abs(qGray(m_oSymbolColor.rgb()) - qGray(m_oBackgroundColor.rgb())) >= g_iSmallestContrast;
+    const QColor oColor = bSeen ? m_oSymbolColor : m_oLabelColor;
+    m_oSprites.drawSymbols(pPainter, vPixels, {Circle, oColor, oColor, g_iSymbolSize});
 }
 
 void QProbabilityPlot::drawStatisticMeasures(QPainter* pPainter)
