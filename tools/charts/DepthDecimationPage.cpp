@@ -26,6 +26,12 @@ DepthDecimationPage::DepthDecimationPage(QWidget* pqParent)
     m_pqPreview->setToolTip(tr("Show the decimated values as bars and large tadpoles"));
     m_pqApply->setToolTip(tr("Decimate all tracks into attributes of their own, with the number of records"));
     m_pqCounts->setWordWrap(true);
+    m_pqBinAverage->setObjectName(QStringLiteral("m_pqBinAverage"));
+    m_pqNearestRecord->setObjectName(QStringLiteral("m_pqNearestRecord"));
+    m_pqReplace->setObjectName(QStringLiteral("m_pqReplace"));
+    m_pqSelectedOnly->setObjectName(QStringLiteral("m_pqSelectedOnly"));
+    m_pqPreview->setObjectName(QStringLiteral("m_pqPreview"));
+    m_pqApply->setObjectName(QStringLiteral("m_pqApply"));
     auto* pqLayout = new QVBoxLayout(this);
     for (QWidget* pqControl :
          {static_cast<QWidget*>(m_pqBinAverage), static_cast<QWidget*>(m_pqNearestRecord),

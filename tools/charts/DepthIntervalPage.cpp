@@ -40,6 +40,12 @@ DepthIntervalPage::DepthIntervalPage(QWidget* pqParent)
     m_pqNumberSpinBox->setToolTip(tr("Intervals of equal size over the depths that are shown"));
     m_pqNumberButton->setAccessibleName(tr("Apply the number of intervals"));
     m_pqByHand->setToolTip(tr("A click into a track inserts a boundary, a click on a boundary removes it"));
+    m_pqSizeEdit->setObjectName(QStringLiteral("m_pqSizeEdit"));
+    m_pqSizeButton->setObjectName(QStringLiteral("m_pqSizeButton"));
+    m_pqNumberSpinBox->setObjectName(QStringLiteral("m_pqNumberSpinBox"));
+    m_pqNumberButton->setObjectName(QStringLiteral("m_pqNumberButton"));
+    m_pqByHand->setObjectName(QStringLiteral("m_pqByHand"));
+    m_pqRemoveButton->setObjectName(QStringLiteral("m_pqRemoveButton"));
     auto* pqLayout = new QGridLayout(this);
     pqLayout->addWidget(new QLabel(tr("Interval Size")), 0, 0, 1, 2);
     pqLayout->addWidget(m_pqSizeEdit, 1, 0);

@@ -13,10 +13,11 @@ namespace gkBase {
 
 namespace {
 
-const QString g_sVisibility = QStringLiteral("$V");
-const QString g_sType = QStringLiteral("Type");
-const QString g_sName = QStringLiteral("Name");
-const QString g_sDecimated = QStringLiteral("Decimated:");
+// Names of data, the same in every language.
+constexpr QLatin1String g_visibility("$V");
+constexpr QLatin1String g_type("Type");
+constexpr QLatin1String g_name("Name");
+constexpr QLatin1String g_decimated("Decimated:");
 constexpr int g_iNoKind = -1;
 
 /// The attributes that name markers, by kind.
@@ -83,7 +84,7 @@ class RecordVisibility
 public:
     explicit RecordVisibility(const MatrixData& dataSet)
     {
-        const MatrixData* poNode = attributeNamed(dataSet, g_sVisibility);
+        const MatrixData* poNode = attributeNamed(dataSet, g_visibility);
         if (!poNode)
             return;
         m_pCells = &poNode->column();
@@ -113,13 +114,16 @@ class ConvertedDepths
 public:
     ConvertedDepths(const MatrixData& dataSet, const MatrixData& depth)
         : m_poDepth(dataSet.depthAttribute())
-        , m_poFrom(m_poDepth ? m_poDepth->unitManager() : depth.unitManager())
-        , m_poTo(depth.unitManager())
     {
         if (!m_poDepth)
-            m_poDepth = attributeNamed(dataSet, g_sDecimated + depth.name(), Qt::CaseInsensitive);
-        // Another kind of quantity has no conversion.
-        m_bConverts = m_poFrom->category() == m_poTo->category() && m_poFrom->modelUnit() != m_poTo->modelUnit();
+            m_poDepth = attributeNamed(dataSet, g_decimated + depth.name(), Qt::CaseInsensitive);
+        if (!m_poDepth)
+            return;
+        // Units differ by a factor and an offset.
+        const boost::shared_ptr<UnitManager> poFrom = m_poDepth->unitManager();
+        const boost::shared_ptr<UnitManager> poTo = depth.unitManager();
+        m_dOffset = poTo->convertFromModelOf(*poFrom, 0.0);
+        m_dFactor = poTo->convertFromModelOf(*poFrom, 1.0) - m_dOffset;
     }
 
     bool isValid() const { return m_poDepth != nullptr; }
@@ -127,16 +131,13 @@ public:
     double at(int iRecord) const
     {
         const double dDepth = m_poDepth->recordNumber(iRecord);
-        if (isMissing(dDepth))
-            return g_dMissingValue;
-        return m_bConverts ? m_poTo->convertDisplayToModel(m_poFrom->convertModelToDisplay(dDepth)) : dDepth;
+        return isMissing(dDepth) ? g_dMissingValue : dDepth * m_dFactor + m_dOffset;
     }
 
 private:
     const MatrixData* m_poDepth;
-    boost::shared_ptr<UnitManager> m_poFrom;
-    boost::shared_ptr<UnitManager> m_poTo;
-    bool m_bConverts = false;
+    double m_dFactor = 1.0;
+    double m_dOffset = 0.0;
 };
 
 bool isShown(DepthMarker::Kind eKind, const DepthMarkerSwitches& switches)
@@ -156,8 +157,8 @@ class MarkerColumns
 {
 public:
     explicit MarkerColumns(const MatrixData& dataSet)
-        : m_pType(textColumn(dataSet, g_sType))
-        , m_pName(textColumn(dataSet, g_sName))
+        : m_pType(textColumn(dataSet, g_type))
+        , m_pName(textColumn(dataSet, g_name))
     {
         for (const NamingAttribute& attribute : namingAttributes()) {
             if (const MatrixColumn* pColumn = textColumn(dataSet, attribute.m_sName))
@@ -170,6 +171,13 @@ public:
     }
 
     bool isEmpty() const { return m_vNaming.empty() && !m_pType; }
+    int recordCount() const
+    {
+        int iRecords = m_pType ? m_pType->size() : 0;
+        for (const auto& [eKind, pColumn] : m_vNaming)
+            iRecords = std::max(iRecords, pColumn->size());
+        return iRecords;
+    }
 
     /// Calls fn(kind, name) for every marker of a record.
     template <typename Function>
@@ -204,8 +212,7 @@ void collectLines(const MatrixData& dataSet, const ConvertedDepths& depths, cons
     const MarkerColumns columns(dataSet);
     if (columns.isEmpty())
         return;
-    const int iRecords = dataSet.recordCount();
-    for (int i = 0; i < iRecords; ++i) {
+    for (int i = 0; i < columns.recordCount(); ++i) {
         columns.forEachMarker(i, [&](DepthMarker::Kind eKind, const QString& sName) {
             const double dDepth = depths.at(i);
             if (!isMissing(dDepth) && isShown(eKind, switches) && visibility.isVisible(i))
@@ -216,8 +223,8 @@ void collectLines(const MatrixData& dataSet, const ConvertedDepths& depths, cons
 
 std::pair<MatrixData*, MatrixData*> decimatedAngles(const MatrixData& dataSet)
 {
-    return {attributeNamed(dataSet, g_sDecimated + QLatin1String("dip"), Qt::CaseInsensitive),
-            attributeNamed(dataSet, g_sDecimated + QLatin1String("azimuth"), Qt::CaseInsensitive)};
+    return {attributeNamed(dataSet, QLatin1String("Decimated:dip"), Qt::CaseInsensitive),
+            attributeNamed(dataSet, QLatin1String("Decimated:azimuth"), Qt::CaseInsensitive)};
 }
 
 void collectTadpoles(const MatrixData& dataSet, const ConvertedDepths& depths, const RecordVisibility& visibility,

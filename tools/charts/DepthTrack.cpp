@@ -26,7 +26,8 @@ bool isAzimuth(const MatrixData& node)
     return poDataSet && poDataSet->azimuthAttribute() == &node;
 }
 
-DepthTrackLimits rangeOf(const MatrixData& node)
+/// bRoomForSymbols: no value lies on a limit, where half of its symbol would be cut.
+DepthTrackLimits rangeOf(const MatrixData& node, bool bRoomForSymbols)
 {
     double dMin = g_dMissingValue;
     double dMax = g_dMissingValue;
@@ -43,7 +44,14 @@ DepthTrackLimits rangeOf(const MatrixData& node)
         dMin -= dMargin;
         dMax += dMargin;
     }
+    const double dLeast = dMin;
+    const double dGreatest = dMax;
     niceRange(dMin, dMax, g_iLimitSteps);
+    if (bRoomForSymbols) {
+        const double dStep = niceStep(dMin, dMax, g_iLimitSteps).value();
+        dMin -= dMin == dLeast ? dStep : 0.0;
+        dMax += dMax == dGreatest ? dStep : 0.0;
+    }
     return {poUnit->convertDisplayToModel(dMin), poUnit->convertDisplayToModel(dMax)};
 }
 
@@ -56,7 +64,7 @@ DepthTrackLimits automaticLimits(const DepthTrack& track)
         return {};
     if (isAzimuth(*poNode))
         return {0.0, g_dFullCircle};
-    return rangeOf(*poNode);
+    return rangeOf(*poNode, track.m_oStyle.m_bPoints);
 }
 
 } // namespace

@@ -74,6 +74,7 @@ DepthTrackEditor::DepthTrackEditor(QWidget* pqParent)
     pqLayout->addWidget(createList());
     pqLayout->addWidget(createLooks());
     pqLayout->addStretch(1);
+    nameControls();
     connectControls();
     showCurrentTrack();
 }
@@ -82,13 +83,11 @@ QWidget* DepthTrackEditor::createList()
 {
     auto* pqPart = new QWidget;
     m_pqList = new QListWidget;
-    m_pqList->setObjectName(QStringLiteral("m_pqTrackList"));
     m_pqList->setAccessibleName(tr("Tracks"));
     m_pqList->setToolTip(tr("The tracks from left to right; drag them into another order"));
     m_pqList->setDragDropMode(QAbstractItemView::InternalMove);
     m_pqList->setFixedHeight(g_iListRows * (m_pqList->fontMetrics().height() + 4));
     m_pqAddBox = newBox(tr("Attribute of the new track"));
-    m_pqAddBox->setObjectName(QStringLiteral("m_pqAddBox"));
     m_pqAddButton = new QPushButton(tr("Add"));
     m_pqAddButton->setToolTip(tr("Add a track of this attribute"));
     m_pqRemoveButton = new QPushButton(tr("Remove"));
@@ -153,6 +152,30 @@ QWidget* DepthTrackEditor::createTadpoleRow()
     pqGrid->addWidget(m_pqMinimumQuality, 1, 1);
     pqGrid->setColumnStretch(1, 1);
     return pqRow;
+}
+
+/// Style sheets and scripts find the controls by these names.
+void DepthTrackEditor::nameControls()
+{
+    const std::pair<QWidget*, const char*> controls[] = {{m_pqList, "m_pqTrackList"},
+                                                         {m_pqAddBox, "m_pqAddBox"},
+                                                         {m_pqAddButton, "m_pqAddButton"},
+                                                         {m_pqRemoveButton, "m_pqRemoveButton"},
+                                                         {m_pqUpButton, "m_pqUpButton"},
+                                                         {m_pqDownButton, "m_pqDownButton"},
+                                                         {m_pqLine, "m_pqLine"},
+                                                         {m_pqLineWidth, "m_pqLineWidth"},
+                                                         {m_pqPoints, "m_pqPoints"},
+                                                         {m_pqPointSize, "m_pqPointSize"},
+                                                         {m_pqColorButton, "m_pqColorButton"},
+                                                         {m_pqAutomatic, "m_pqAutomatic"},
+                                                         {m_pqMinimum, "m_pqMinimum"},
+                                                         {m_pqMaximum, "m_pqMaximum"},
+                                                         {m_pqReversed, "m_pqReversed"},
+                                                         {m_pqQuality, "m_pqQuality"},
+                                                         {m_pqMinimumQuality, "m_pqMinimumQuality"}};
+    for (const auto& [pqControl, pName] : controls)
+        pqControl->setObjectName(QLatin1String(pName));
 }
 
 void DepthTrackEditor::connectControls()

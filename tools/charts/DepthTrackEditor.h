@@ -58,6 +58,7 @@ private:
     QWidget* createList();
     QWidget* createLooks();
     QWidget* createTadpoleRow();
+    void nameControls();
     void connectControls();
     void fillList();
     void fillQualityBox();

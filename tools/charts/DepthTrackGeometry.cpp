@@ -8,6 +8,7 @@
 #include <cmath>
 #include <limits>
 #include <numeric>
+#include <utility>
 
 namespace gkBase {
 
@@ -16,7 +17,7 @@ namespace {
 /// Points of one stretch of a curve.
 constexpr qsizetype g_iPiecePoints = 256;
 /// Painters count pixels in 16 bits and a fraction; a line that leaves a track by this much is horizontal anyway.
-constexpr double g_dFarOff = 30000.0;
+constexpr double g_dFarOff = 25000.0;
 
 class PieceBuilder
 {
@@ -56,9 +57,11 @@ private:
     bool m_bContinued = false; ///< the line begins with the last point of the stretch before
 };
 
-double nearby(double dPixel)
+/// The values that lie at most so far outside of the picture.
+std::pair<double, double> drawableValues(const ScaleMap& map)
 {
-    return std::clamp(dPixel, -g_dFarOff, g_dFarOff);
+    const double dFar = g_dFarOff / std::max(std::abs(map.pixelsPerUnit()), std::numeric_limits<double>::min());
+    return {std::min(map.data0(), map.data1()) - dFar, std::max(map.data0(), map.data1()) + dFar};
 }
 
 /// The lines that keep their labels: all, or as many as fit, without those that lie closest below another.
@@ -98,14 +101,17 @@ DepthTrackMap depthTrackMap(const DepthTrackLimits& limits, double dFrom, double
 std::vector<DepthTrackPiece> depthTrackPieces(std::span<const std::size_t> viSamples, std::span<const double> vdValues,
                                               std::span<const double> vdDepths, const DepthTrackMap& map)
 {
+    const std::pair<double, double> values = drawableValues(map.m_oX);
+    const std::pair<double, double> depths = drawableValues(map.m_oY);
     PieceBuilder builder;
     for (const std::size_t i : viSamples) {
         if (i == g_iSeriesGap) {
             builder.close();
             continue;
         }
-        const QPointF oPoint = map.toPixel(vdValues[i], vdDepths[i]);
-        builder.add({nearby(oPoint.x()), std::clamp(oPoint.y(), -g_dFarOff, map.m_oY.pixel1() + g_dFarOff)});
+        const QPointF oPoint = map.toPixel(std::clamp(vdValues[i], values.first, values.second),
+                                           std::clamp(vdDepths[i], depths.first, depths.second));
+        builder.add(oPoint);
     }
     return builder.take();
 }

@@ -47,6 +47,16 @@ void drawLimits(QPainter& painter, const QRectF& oRow, const DepthTrackHeaderCon
                Qt::AlignRight, content.m_sRight);
 }
 
+/// The unit, or the read-out with its unit where there is room for both.
+QString secondRow(const DepthTrackHeaderContent& content, const QPainter& painter, double dWidth)
+{
+    if (content.m_sValue.isEmpty())
+        return content.m_sUnit;
+    const QString sLong = content.m_sValue + QLatin1Char(' ') + content.m_sUnit;
+    return QFontMetricsF(painter.font(), painter.device()).horizontalAdvance(sLong) <= dWidth ? sLong
+                                                                                              : content.m_sValue;
+}
+
 void drawSample(QPainter& painter, const QRectF& oRow, const DepthTrackHeaderContent& content)
 {
     const double dY = std::floor(oRow.center().y()) + 0.5;
@@ -102,7 +112,7 @@ void drawDepthTrackHeader(QPainter& painter, const QRectF& oRect, const DepthTra
     painter.setFont(boldFont(oFont));
     drawElided(painter, row(0), Qt::AlignHCenter, content.m_sName);
     painter.setFont(content.m_sValue.isEmpty() ? oFont : boldFont(oFont));
-    drawElided(painter, row(1), Qt::AlignHCenter, content.m_sValue.isEmpty() ? content.m_sUnit : content.m_sValue);
+    drawElided(painter, row(1), Qt::AlignHCenter, secondRow(content, painter, oInner.width()));
     painter.setFont(oFont);
     drawLimits(painter, row(2), content);
     drawSample(painter, QRectF(oInner.left(), row(g_iTextRows).top(), oInner.width(), g_dLineRoom), content);

@@ -20,7 +20,7 @@ struct DepthTrackHeaderContent
     QString m_sUnit;
     QString m_sLeft; ///< limits
     QString m_sRight;
-    QString m_sValue; ///< read-out at the cursor, takes the place of the unit; empty for none
+    QString m_sValue; ///< read-out at the cursor without unit, takes the unit's place; empty for none
     QColor m_oColor;
     bool m_bLine = true;
     bool m_bPoints = false;

@@ -30,8 +30,8 @@ namespace {
 
 /// More curves than this are hard to read side by side; the user adds them.
 constexpr std::size_t g_iFirstTracks = 8;
-const QString g_sTadpoles = QStringLiteral("Tadpoles"); ///< key of their looks
-const QString g_sVisibility = QStringLiteral("$V");
+constexpr QLatin1String g_tadpoles("Tadpoles"); ///< key of their looks
+constexpr QLatin1String g_visibility("$V");
 
 MatrixData* dataSetOf(MatrixData* poData)
 {
@@ -40,7 +40,7 @@ MatrixData* dataSetOf(MatrixData* poData)
 
 QString keyOf(const DepthTrack& track)
 {
-    return track.m_eKind == DepthTrack::Tadpoles ? g_sTadpoles : track.name();
+    return track.m_eKind == DepthTrack::Tadpoles ? QString(g_tadpoles) : track.name();
 }
 
 } // namespace
@@ -111,7 +111,7 @@ void QDepthPlotWidget::setTadpoles(MatrixData* poDip, MatrixData* poAzimuth)
     std::erase_if(vTracks, [](const DepthTrack& track) { return track.m_eKind == DepthTrack::Tadpoles; });
     if (isNumericAttribute(poDip) && isNumericAttribute(poAzimuth)) {
         DepthTrack track = DepthTrack::tadpoles(poDip, poAzimuth);
-        const auto style = m_settings.m_styles.find(g_sTadpoles);
+        const auto style = m_settings.m_styles.find(g_tadpoles);
         if (style != m_settings.m_styles.end())
             track.m_oStyle = style->second;
         vTracks.insert(vTracks.begin(), track);
@@ -122,6 +122,7 @@ void QDepthPlotWidget::setTadpoles(MatrixData* poDip, MatrixData* poAzimuth)
 void QDepthPlotWidget::setDepthTracks(const std::vector<DepthTrack>& vTracks)
 {
     m_vTracks = vTracks;
+    rememberTracks();
     m_bRebuild = true;
     updateDepthPlot();
 }
@@ -161,7 +162,7 @@ std::vector<DepthTrack> QDepthPlotWidget::defaultTracks() const
     const bool bTadpoles = poDip && poAzimuth;
     if (bTadpoles) {
         vTracks.push_back(DepthTrack::tadpoles(poDip, poAzimuth));
-        const auto style = m_settings.m_styles.find(g_sTadpoles);
+        const auto style = m_settings.m_styles.find(g_tadpoles);
         if (style != m_settings.m_styles.end())
             vTracks.back().m_oStyle = style->second;
     }
@@ -169,7 +170,7 @@ std::vector<DepthTrack> QDepthPlotWidget::defaultTracks() const
     std::vector<DepthTrack> vRemembered(static_cast<std::size_t>(m_settings.m_lTracks.size()));
     for (MatrixData* poLeaf : poDataSet->leafs()) {
         const bool bTaken = m_poDepth == poLeaf || (bTadpoles && (poLeaf == poDip || poLeaf == poAzimuth));
-        if (!isNumericAttribute(poLeaf) || bTaken || poLeaf->isVertex() || poLeaf->name() == g_sVisibility)
+        if (!isNumericAttribute(poLeaf) || bTaken || poLeaf->isVertex() || poLeaf->name() == g_visibility)
             continue;
         const qsizetype iRemembered = m_settings.m_lTracks.indexOf(poLeaf->name());
         if (iRemembered >= 0)
@@ -189,6 +190,15 @@ void QDepthPlotWidget::rememberLooks()
     for (const DepthTrack& track : m_vTracks) {
         if (track.m_poValues)
             m_settings.m_styles[keyOf(track)] = track.m_oStyle;
+    }
+}
+
+void QDepthPlotWidget::rememberTracks()
+{
+    m_settings.m_lTracks.clear();
+    for (const DepthTrack& track : m_vTracks) {
+        if (track.m_eKind == DepthTrack::Curve && track.m_poValues)
+            m_settings.m_lTracks << track.name();
     }
 }
 
@@ -371,18 +381,20 @@ void QDepthPlotWidget::slotDisplayUnitChanged(const QString&)
 void QDepthPlotWidget::slotTracksEdited(const std::vector<DepthTrack>& vTracks)
 {
     m_vTracks = vTracks;
+    bool bLooksChanged = false;
     for (DepthTrack& track : m_vTracks) {
         // A new curve gets the looks that its attribute had before.
         const auto style = m_settings.m_styles.find(keyOf(track));
-        if (style != m_settings.m_styles.end() && track.m_oStyle == DepthTrackStyle())
+        if (style != m_settings.m_styles.end() && track.m_oStyle == DepthTrackStyle() &&
+            style->second != track.m_oStyle) {
             track.m_oStyle = style->second;
+            bLooksChanged = true;
+        }
     }
+    if (bLooksChanged)
+        m_pqTrackEditor->setTracks(m_vTracks);
     rememberLooks();
-    m_settings.m_lTracks.clear();
-    for (const DepthTrack& track : m_vTracks) {
-        if (track.m_eKind == DepthTrack::Curve && track.m_poValues)
-            m_settings.m_lTracks << track.name();
-    }
+    rememberTracks();
     m_pqArea->setTracks(m_vTracks);
     m_pqArea->setCurrentTrack(m_pqTrackEditor->currentTrack());
     showMessage();
@@ -393,6 +405,7 @@ void QDepthPlotWidget::slotTrackEdited(int iTrack)
 {
     const DepthTrack track = m_pqTrackEditor->tracks()[static_cast<std::size_t>(iTrack)];
     m_vTracks[static_cast<std::size_t>(iTrack)] = track;
+    m_settings.m_styles[keyOf(track)] = track.m_oStyle;
     m_pqArea->setTrack(iTrack, track);
 }
 
@@ -584,7 +597,13 @@ void QDepthPlotWidget::readSettings(const QString& sGroup)
     m_pqMarkerLabels->setChecked(m_settings.m_bMarkerLabels);
     m_pqDecimationPage->setBinAverage(m_settings.m_bBinAverage);
     m_pqDecimationPage->setReplaces(m_settings.m_bReplace);
-    showMarkers();
+    for (DepthTrack& track : m_vTracks) {
+        const auto style = m_settings.m_styles.find(keyOf(track));
+        if (style != m_settings.m_styles.end())
+            track.m_oStyle = style->second;
+    }
+    m_bRebuild = true;
+    updateDepthPlot();
 }
 
 void QDepthPlotWidget::writeSettings(const QString& sGroup) const

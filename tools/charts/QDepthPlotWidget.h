@@ -138,6 +138,7 @@ private:
     std::vector<DepthTrack> defaultTracks() const;
     DepthTrack curveWithLooks(MatrixData* poAttribute) const;
     void rememberLooks();
+    void rememberTracks();
     void fillDataSetBox();
     /// The depth and what new tracks can show: numeric attributes of the data set, and those of others with as many
     /// records; none of a branch that is about to go (may be null).

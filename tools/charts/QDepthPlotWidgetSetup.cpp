@@ -17,10 +17,10 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSplitter>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -130,11 +130,11 @@ QWidget* QDepthPlotWidget::createDataGroup()
     m_pqDepthAttributeChooser->setToolTip(tr("The attribute that is plotted downwards"));
     m_pqDepthFromEdit = newDepthEdit(tr("Upper end of the depth axis"), QStringLiteral("m_pqDepthFromEdit"));
     m_pqDepthToEdit = newDepthEdit(tr("Lower end of the depth axis"), QStringLiteral("m_pqDepthToEdit"));
-    auto* pqWhole = new QPushButton(tr("All"));
+    auto* pqWhole = new QToolButton;
+    pqWhole->setText(tr("All"));
     pqWhole->setObjectName(QStringLiteral("m_pqWholeRangeButton"));
     pqWhole->setToolTip(tr("Show all depths"));
-    pqWhole->setMinimumWidth(30);
-    connect(pqWhole, &QPushButton::clicked, this, [this] {
+    connect(pqWhole, &QToolButton::clicked, this, [this] {
         m_pqArea->showWholeRange();
         showDepthRange();
     });

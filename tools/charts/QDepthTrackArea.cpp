@@ -28,6 +28,23 @@ constexpr double g_dRangeMargin = 0.01;
 constexpr double g_dMarginOfOneDepth = 0.5;
 /// How far beyond the records the cursor still reads the last one, as a share of the shown range.
 constexpr double g_dReadOutReach = 0.01;
+constexpr QLatin1String g_noValue("---");
+constexpr int g_iReadOutDigits = 5;
+constexpr int g_iMostDecimals = 2;
+
+/// A model value in display units with the decimals of its unit, fewer for a long number. "---" when missing.
+QString readOut(const MatrixData* poNode, double dValue)
+{
+    if (isMissing(dValue))
+        return g_noValue;
+    const boost::shared_ptr<UnitManager> poUnit = poNode->unitManager();
+    const double dShown = poUnit->convertModelToDisplay(dValue);
+    const double dSize = std::abs(dShown);
+    // As many decimals as five digits leave, but not fewer than the unit has, up to two.
+    const int iBefore = dSize >= 1.0 ? static_cast<int>(std::floor(std::log10(dSize))) + 1 : 1;
+    const int iDecimals = std::max(g_iReadOutDigits - iBefore, std::min(poUnit->precision(), g_iMostDecimals));
+    return QString::number(dShown, 'f', std::max(0, iDecimals));
+}
 
 } // namespace
 
@@ -57,8 +74,8 @@ void QDepthTrackArea::createSurroundings()
     m_pqViewport = new QWidget(m_pqFrame);
     m_pqContent = new QWidget(m_pqViewport);
     m_pqMarkerColumn = new QDepthTrackPlot(m_pqFrame, tr("Markers"));
-    m_pqMarkerColumn->setModel(m_pLines);
     m_pqMarkerColumn->setShowMarkerLabels(true);
+    m_pqMarkerColumn->setGridIsOn(false); // lines would strike the labels out
     m_pqMarkerColumn->hide();
     connectPlot(m_pqMarkerColumn);
     m_pqMessage = new QLabel(m_pqFrame);
@@ -376,36 +393,40 @@ void QDepthTrackArea::setCursor(double dDepth)
 
 void QDepthTrackArea::showReadOuts(double dDepth)
 {
-    const auto withUnit = [](const DepthTrack& track, double dValue) {
-        const QString sValue = track.displayText(dValue);
-        return sValue.isEmpty() ? QStringLiteral("---") : (sValue + QLatin1Char(' ') + track.unitTag()).trimmed();
-    };
     const bool bNone = isMissing(dDepth) || !m_poDepth;
-    m_pqDepthHeader->setValue(bNone ? QString() : withUnit(DepthTrack::curve(m_poDepth.get()), dDepth));
-    const QRelationshipItemModel* pFirst = m_vViews.empty() ? nullptr : m_vViews.front().m_pModel;
-    if (!bNone && pFirst && m_bOrderOutdated) {
+    m_pqDepthHeader->setValue(bNone ? QString() : readOut(m_poDepth.get(), dDepth));
+    if (!bNone && m_bOrderOutdated) {
         m_vdDepths = m_poDepth->column().numbers();
         m_oOrder = DepthOrder(m_vdDepths);
         m_bOrderOutdated = false;
     }
     const int iRecord = bNone ? -1 : m_oOrder.recordAt(m_vdDepths, dDepth, (m_dTo - m_dFrom) * g_dReadOutReach);
+    const auto valueOf = [iRecord](const MatrixData* poNode) {
+        return iRecord >= 0 ? readOut(poNode, poNode->recordNumber(iRecord)) : QString(g_noValue);
+    };
     for (const View& view : m_vViews) {
         const MatrixData* poValues = view.m_oTrack.m_poValues.get();
-        const double dValue = poValues && iRecord >= 0 ? poValues->recordNumber(iRecord) : g_dMissingValue;
-        QString sText = bNone || !poValues ? QString() : withUnit(view.m_oTrack, dValue);
         const MatrixData* poAzimuth = view.m_oTrack.m_poAzimuth.get();
-        if (poAzimuth && !isMissing(dValue))
-            sText += QLatin1String(" / ") +
-                     withUnit(DepthTrack::curve(view.m_oTrack.m_poAzimuth.get()), poAzimuth->recordNumber(iRecord));
+        QString sText = bNone || !poValues ? QString() : valueOf(poValues);
+        if (poAzimuth && !sText.isEmpty() && sText != g_noValue)
+            sText += QLatin1String(" / ") + valueOf(poAzimuth);
         view.m_pqHeader->setValue(sText);
     }
+}
+
+QStringList QDepthTrackArea::readOuts() const
+{
+    QStringList lTexts{m_pqDepthHeader->content().m_sValue};
+    for (const View& view : m_vViews)
+        lTexts << view.m_pqHeader->content().m_sValue;
+    return lTexts;
 }
 
 // ---- looks ----------------------------------------------------------------------------------------------------------
 
 void QDepthTrackArea::applyLooks(QDepthTrackPlot* pqPlot)
 {
-    pqPlot->setGridIsOn(m_bGrid);
+    pqPlot->setGridIsOn(m_bGrid && pqPlot != m_pqMarkerColumn);
     pqPlot->setLabelColor(m_bBlack ? Qt::white : Qt::black);
     pqPlot->setFont(m_oChartFont);
 }
@@ -444,8 +465,8 @@ QString QDepthTrackArea::message() const
 void QDepthTrackArea::setGridIsOn(bool bOn)
 {
     m_bGrid = bOn;
-    for (QDepthTrackPlot* pqPlot : allPlots())
-        pqPlot->setGridIsOn(bOn);
+    for (const View& view : m_vViews)
+        view.m_pqPlot->setGridIsOn(bOn);
 }
 
 QColor QDepthTrackArea::backgroundColor() const

@@ -11,6 +11,7 @@
 #include <QPixmap>
 #include <QPointF>
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 
 #include <memory>
@@ -99,6 +100,9 @@ public:
     void setBoundaryEditing(bool bEditing);
     QColor backgroundColor() const;
     QColor labelColor() const;
+
+    /// What the headers read at the cursor: the depth, then every track; empty texts without a cursor.
+    QStringList readOuts() const;
 
     /// Everything that is seen, without scroll bars.
     QPixmap grabChart();

@@ -28,13 +28,15 @@ constexpr int g_iMargin = 6;
 constexpr int g_iSpacing = 2;
 constexpr int g_iTitleGap = 4;
 /// A narrower track has no room for two limits; a row that would need one is scrolled.
-constexpr int g_iLettersOfTrack = 12;
+constexpr int g_iLettersOfTrack = 9;
 constexpr int g_iGridColumns = 5;
 constexpr double g_dSmallestColumn = 14.0; ///< pixels between grid lines
 constexpr int g_iMarkersMeasured = 500;    ///< names that decide about the width of their column
 constexpr int g_iMarkerColumnLetters = 18;
 constexpr double g_dMarkerLeader = 24.0;
-const QString g_sWidestDepth = QStringLiteral("00000.00 m");
+constexpr QLatin1String g_widestDepth("00000.00 m");
+constexpr double g_dRightAngle = 90.0;
+constexpr double g_dAngleColumns = 3.0; ///< of 0 … 90 degrees
 
 } // namespace
 
@@ -76,7 +78,7 @@ QDepthTrackArea::Places QDepthTrackArea::places(const QRect& oRect) const
     const int iPlots = iTop + result.m_iHeader + g_iSpacing;
     const int iPlotHeight = std::max(0, oInner.bottom() + 1 - iPlots);
     const int iDepth = std::max(m_pqAxis->thickness(),
-                                static_cast<int>(std::ceil(metrics.horizontalAdvance(g_sWidestDepth))) + 2 * g_iMargin);
+                                static_cast<int>(std::ceil(metrics.horizontalAdvance(g_widestDepth))) + 2 * g_iMargin);
     result.m_oDepthHeader = QRect(oInner.left(), iTop, iDepth, result.m_iHeader);
     result.m_oAxis = QRect(oInner.left(), iPlots, iDepth, iPlotHeight);
     int iLeft = oInner.left() + iDepth;
@@ -145,6 +147,14 @@ QList<int> QDepthTrackArea::gridColumns(const DepthTrack& track, int iWidth) con
     const double dMin = std::min(dLeft, dRight);
     const double dMax = std::max(dLeft, dRight);
     const ScaleMap oMap(dLeft, dRight, 0.0, iWidth - 1.0);
+    // Dips and azimuths are read in parts of a right angle.
+    if (dMin == 0.0 && std::fmod(dMax, g_dRightAngle) == 0.0) {
+        const double dStep = dMax > g_dRightAngle ? g_dRightAngle : g_dRightAngle / g_dAngleColumns;
+        for (double dTick = 0.0; dTick <= dMax && poUnit->category() == QLatin1String("orientation"); dTick += dStep)
+            viColumns.append(static_cast<int>(std::lround(oMap.toPixel(dTick))));
+    }
+    if (!viColumns.isEmpty())
+        return viColumns;
     for (const double dTick : axisTicks(dMin, dMax, niceStep(dMin, dMax, iMost)).m_vMajor)
         viColumns.append(static_cast<int>(std::lround(oMap.toPixel(dTick))));
     std::sort(viColumns.begin(), viColumns.end());

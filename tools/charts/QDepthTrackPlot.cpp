@@ -1,8 +1,10 @@
 #include "QDepthTrackPlot.h"
 
 #include "MatrixData.h"
+#include "PointBatch.h"
 #include "QRelationshipItemModel.h"
 #include "SeriesThinning.h"
+#include "SymbolGeometry.h"
 #include "UnitManager.h"
 
 #include <QFontMetricsF>
@@ -14,6 +16,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 namespace gkBase {
@@ -31,7 +34,8 @@ constexpr int g_iLargerTadpole = 3; ///< pixels that decimated tadpoles exceed t
 constexpr double g_dLeaderFlat = 6.0;
 constexpr double g_dLeaderEnd = 16.0;
 constexpr double g_dLabelGap = 3.0;
-const QColor g_oSelected(255, 102, 0);
+constexpr QRgb g_oLargeHead = 0xffff8800;
+constexpr double g_dLargeTail = 2.0; ///< pen width
 
 bool isVectorDevice(const QPainter& painter)
 {
@@ -125,7 +129,7 @@ void QDepthTrackPlot::setMarkers(std::shared_ptr<const DepthMarkers> pMarkers)
 void QDepthTrackPlot::setShowMarkerLabels(bool bShow)
 {
     m_bShowMarkerLabels = bShow;
-    update();
+    scheduleRedraw();
 }
 
 void QDepthTrackPlot::setBoundaryEditing(bool bEditing)
@@ -239,7 +243,8 @@ void QDepthTrackPlot::drawSelectedSamples(QPainter& painter)
             voPoints.push_back(oPoint);
     }
     m_oSprites.drawSymbols(&painter, voPoints,
-                           {PointStyle::Circle, labelColor(), g_oSelected, m_oTrack.m_oStyle.m_iPointSize});
+                           {PointStyle::Circle, labelColor(), QColor::fromRgb(PointBatch::s_oSelectionColor),
+                            m_oTrack.m_oStyle.m_iPointSize + 1});
 }
 
 void QDepthTrackPlot::drawDecimatedTadpoles(QPainter& painter)
@@ -250,11 +255,16 @@ void QDepthTrackPlot::drawDecimatedTadpoles(QPainter& painter)
     const double dReach = 3.0 * iSize + 10.0;
     const auto draw = [&](double dDip, double dDepth, double dAzimuth) {
         const QPointF oCentre = oMap.toPixel(dDip, dDepth);
-        if (oCentre.y() >= dTop - dReach && oCentre.y() <= dBottom + dReach)
-            drawColorFilledTadPole(&painter, oCentre, dAzimuth, labelColor(), g_oSelected, iSize);
+        if (oCentre.y() < dTop - dReach || oCentre.y() > dBottom + dReach)
+            return;
+        if (const std::optional<QLineF> oTail = tadpoleTail(oCentre, dAzimuth, iSize))
+            painter.drawLine(*oTail);
+        painter.drawEllipse(oCentre, iSize, iSize);
     };
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.setPen(QPen(labelColor(), g_dLargeTail));
+    painter.setBrush(QColor::fromRgb(g_oLargeHead));
     for (const DepthBin& bin : m_vBins) {
         if (!isMissing(bin.m_dValue) && !isMissing(bin.m_dAzimuth))
             draw(bin.m_dValue, bin.m_dFrom * 0.5 + bin.m_dTo * 0.5, bin.m_dAzimuth);
@@ -268,7 +278,7 @@ void QDepthTrackPlot::drawDecimatedTadpoles(QPainter& painter)
 
 void QDepthTrackPlot::drawMarkerLines(QPainter& painter)
 {
-    if (!m_pMarkers)
+    if (!m_pMarkers || m_bShowMarkerLabels) // leaders lead to the labels
         return;
     const auto [dTop, dBottom] = clippedRows(painter, m_oPlotRect);
     const DepthTrackMap oMap = map();

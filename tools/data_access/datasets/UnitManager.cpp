@@ -66,6 +66,14 @@ QString UnitManager::displayUnitText() const
     return m_sDisplayUnit;
 }
 
+double UnitManager::convertFromModelOf(const UnitManager& other, double dValue) const
+{
+    if (isMissing(dValue) || other.m_sModelUnit == m_sModelUnit)
+        return dValue;
+    const std::unique_ptr<UnitConverter> poToThis = UnitConverter::create(other.m_sModelUnit, m_sModelUnit);
+    return poToThis ? poToThis->forward(dValue) : dValue;
+}
+
 int UnitManager::precision() const
 {
     if (m_iPrecision >= 0)

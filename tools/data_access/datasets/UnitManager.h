@@ -31,6 +31,9 @@ public:
     /// Missing values (NaN, 99999.0) are returned unchanged.
     double convertModelToDisplay(double dValue) const;
     double convertDisplayToModel(double dValue) const;
+    /// A value in the model unit of another manager, in this one's; unchanged when they do not convert. Makes a
+    /// converter each time: for many values, take two and their straight line.
+    double convertFromModelOf(const UnitManager& other, double dValue) const;
     /// Decimals to show: the ones set for this manager, otherwise those usual for the current display unit.
     int precision() const;
     void setPrecision(int iPrecision) { m_iPrecision = iPrecision; }
