@@ -29,3 +29,12 @@ picture samples/logs.las probability RHOB
 picture="$folder/logs-crossplot-RHOB-NPHI.png"
 "$program" render samples/logs.las --chart crossplot --x RHOB --y NPHI --color-by GR --regression --out "$picture"
 echo "== logs.las, crossplot: $picture"
+
+depthplot() { # FILE OPTIONS...
+    local picture="$folder/$(basename "${1%.*}")-depthplot.png"
+    "$program" render "$1" --chart depthplot "${@:2}" --out "$picture"
+    echo "== $(basename "$1"), depthplot: $picture"
+}
+
+depthplot samples/logs.las --depth DEPT --tracks GR,RHOB,NPHI,DT,RES
+depthplot samples/folded_well.csv --depth depth --tracks dip,azimuth --tadpoles dip,azimuth

@@ -209,6 +209,10 @@ private slots:
         QTest::newRow("cross plot of texts") << lCrossPlot + QStringList{"--y", "Set"} << 1;
         QTest::newRow("cross plot without that colour")
             << lCrossPlot + QStringList{"--y", "Value", "--color-by", "Rock"} << 1;
+        const QStringList lDepthPlot{"render", path("well.csv"), "--chart", "depthplot", "--out", sOut, "--depth"};
+        QTest::newRow("depth plot without tracks") << lDepthPlot + QStringList{"Depth"} << 2;
+        QTest::newRow("tadpoles without azimuth") << lDepthPlot + QStringList{"Depth", "--tadpoles", "Dip"} << 2;
+        QTest::newRow("track that is not there") << lDepthPlot + QStringList{"Depth", "--tracks", "GR,Rho"} << 1;
         QTest::newRow("unknown format") << QStringList{"render",      sEven,   "--chart", "histogram",
                                                        "--attribute", "Value", "--out",   path("x.gif")}
                                         << 2;
@@ -261,6 +265,10 @@ private slots:
         const QStringList lProbability{"probability", "--attribute", "Value"};
         const QStringList lCrossPlot{"crossplot",  "--x", "Value",       "--y",  "Flag",
                                      "--color-by", "set", "--symbol-by", "Flag", "--regression"};
+        const QStringList lDepthPlot{"depthplot", "--depth", "Value", "--tracks", "Flag,Value", "--tadpoles",
+                                     "Value,Value"};
+        QTest::newRow("depth plot png") << lDepthPlot << path("d.png") << QByteArray("\x89PNG");
+        QTest::newRow("depth plot svg") << lDepthPlot << path("d.svg") << QByteArray("<?xml");
         QTest::newRow("cross plot png") << lCrossPlot << path("x.png") << QByteArray("\x89PNG");
         QTest::newRow("cross plot pdf") << lCrossPlot << path("x.pdf") << QByteArray("%PDF");
         QTest::newRow("png") << lHistogram << path("h.png") << QByteArray("\x89PNG");
