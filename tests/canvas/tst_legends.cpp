@@ -8,11 +8,13 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QHelpEvent>
 #include <QMenu>
 #include <QPainter>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 #include <algorithm>
 #include <memory>
@@ -100,6 +102,7 @@ private slots:
     void neighboursGo();
     void menu();
     void selectedClasses();
+    void toolTips();
     void scrolledTogether_data();
     void scrolledTogether();
     void wholeLegendIsCopied();
@@ -290,6 +293,26 @@ void tst_Legends::selectedClasses()
     QCOMPARE(legend.m_oView.getSelectedIDs(), std::vector<int>{2});
     legend.m_oModel.setClasses(names(39), {});
     QVERIFY(legend.m_oView.getSelectedIDs().empty());
+}
+
+void tst_Legends::toolTips()
+{
+    Legend legend(QLegendListModel::ColorLegend);
+    const QString sLong = QStringLiteral("limestone & marl with a name that no legend has room for");
+    Names classNames = names(3);
+    classNames[2] = sLong;
+    legend.m_oModel.setClasses(classNames, colors(3));
+    legend.m_oView.setToolTip(QStringLiteral("Click a class"));
+    legend.m_oView.show();
+    const auto toolTip = [&](int iClassId) {
+        const QPoint oPlace = legend.m_oView.visualRect(legend.m_oModel.indexOfClass(iClassId)).center();
+        QHelpEvent event(QEvent::ToolTip, oPlace, legend.m_oView.viewport()->mapToGlobal(oPlace));
+        QApplication::sendEvent(legend.m_oView.viewport(), &event);
+        return QToolTip::text();
+    };
+    QCOMPARE(toolTip(1), QStringLiteral("Click a class"));
+    QCOMPARE(toolTip(2), sLong.toHtmlEscaped());
+    QCOMPARE(toolTip(3), QStringLiteral("Click a class"));
 }
 
 void tst_Legends::scrolledTogether_data()

@@ -89,8 +89,12 @@ bool QLegendItemDelegate::helpEvent(QHelpEvent* pEvent, QAbstractItemView* pqVie
     const QRect oTextRect = styleOf(oOption)->subElementRect(QStyle::SE_ItemViewItemText, &oOption, pqView);
     const int iMargin = styleOf(oOption)->pixelMetric(QStyle::PM_FocusFrameHMargin, &oOption, pqView) + 1;
     const bool bElided = oOption.fontMetrics.horizontalAdvance(oOption.text) > oTextRect.width() - 2 * iMargin;
+    if (!bElided) { // the view's own tool tip, if it has one
+        QToolTip::hideText();
+        return false;
+    }
     // Text of the data is shown as it stands, not read as markup.
-    QToolTip::showText(pEvent->globalPos(), bElided ? oOption.text.toHtmlEscaped() : QString(), pqView);
+    QToolTip::showText(pEvent->globalPos(), oOption.text.toHtmlEscaped(), pqView);
     return true;
 }
 
