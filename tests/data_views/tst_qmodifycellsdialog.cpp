@@ -22,6 +22,7 @@ private slots:
     void previewTellsWhatHappens();
     void inputIsCheckedAsItIsTyped();
     void inputStaysWithItsAttribute();
+    void keyboard();
     void modelGoes();
     void selectionIsTold();
 };
@@ -138,6 +139,22 @@ void tst_QModifyCellsDialog::inputStaysWithItsAttribute()
     d.m_oTable.m_poB->setEditable(false);
     d.setCells(2, 3, 8);
     QVERIFY(!d.m_oDialog.valueChange(2)->isOn());
+}
+
+void tst_QModifyCellsDialog::keyboard()
+{
+    Dialog d;
+    d.m_oDialog.hide();
+    d.m_oDialog.setCells(&d.m_oModel, CellRuns::ofRows({{3, 8}}, 5), 1);
+    d.m_oDialog.show();
+    QVERIFY(d.m_oDialog.valueChange(1)->isAncestorOf(d.m_oDialog.focusWidget()));
+    QTest::keyClicks(d.m_oDialog.focusWidget(), QStringLiteral("42"));
+    int iTabs = 0; // by way of the switches of the other rows
+    while (d.m_oDialog.focusWidget() != d.m_oDialog.acceptButton() && ++iTabs < 20)
+        QTest::keyClick(d.m_oDialog.focusWidget(), Qt::Key_Tab);
+    QCOMPARE(iTabs, 4);
+    QTest::keyClick(d.m_oDialog.focusWidget(), Qt::Key_Return);
+    QCOMPARE(d.m_oTable.m_poN->value(8, 0).toInt(), 42);
 }
 
 void tst_QModifyCellsDialog::modelGoes()

@@ -200,7 +200,24 @@ void QModifyCellsDialog::placeRows()
         oRow.m_pqWidget->show();
     }
     m_pqRowsLayout->addStretch();
+    chainFocus();
     fitRows();
+}
+
+// Rows are made after the buttons, and come before them all the same.
+void QModifyCellsDialog::chainFocus()
+{
+    QWidget* pqLast = m_pqScrollArea;
+    const auto append = [&pqLast](QWidget* pqWidget) {
+        setTabOrder(pqLast, pqWidget);
+        pqLast = pqWidget;
+    };
+    for (const Row& oRow : m_vRows)
+        for (QWidget* pqWidget : oRow.m_pqWidget->findChildren<QWidget*>())
+            if (pqWidget->window() == this && (pqWidget->focusPolicy() & Qt::TabFocus))
+                append(pqWidget);
+    append(m_pqAcceptButton);
+    append(m_pqCloseButton);
 }
 
 void QModifyCellsDialog::fitRows()
@@ -250,6 +267,9 @@ void QModifyCellsDialog::schedulePreview(bool bAllRows)
 void QModifyCellsDialog::showEvent(QShowEvent* pEvent)
 {
     QDialog::showEvent(pEvent);
+    const auto isOn = [](const Row& oRow) { return oRow.m_pqWidget->isOn(); };
+    if (const auto itOn = std::find_if(m_vRows.begin(), m_vRows.end(), isOn); itOn != m_vRows.end())
+        itOn->m_pqWidget->valueChange()->setFocus();
     schedulePreview(false);
 }
 

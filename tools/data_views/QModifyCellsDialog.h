@@ -70,6 +70,7 @@ private:
     Row takeRow(std::vector<Row>& vRows, int iColumn);
     void fillRows();
     void placeRows();
+    void chainFocus();
     /// Makes room for the rows, up to a height from which on they scroll.
     void fitRows();
     void slotInput(QValueChangeOnOffWidget* pqWidget);

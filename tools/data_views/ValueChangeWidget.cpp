@@ -97,7 +97,6 @@ void ValueChangeWidget::createLayout()
     pqLayout->addWidget(m_pqFlagBox, 1);
     pqLayout->addWidget(m_pqColorButton);
     pqLayout->addWidget(m_pqUnitLabel);
-    setFocusProxy(m_pqValueEdit);
 }
 
 void ValueChangeWidget::setAttribute(const QString& sName, QMetaType::Type eType,
@@ -181,6 +180,7 @@ void ValueChangeWidget::updateEditor()
 {
     const bool bOperand = CellModification::needsOperand(method());
     const bool bFlag = m_eType == QMetaType::Bool;
+    setFocusProxy(bFlag ? static_cast<QWidget*>(m_pqFlagBox) : m_pqValueEdit);
     m_pqFlagBox->setVisible(bFlag);
     m_pqFlagBox->setEnabled(bOperand);
     m_pqValueEdit->setVisible(!bFlag);
