@@ -127,7 +127,11 @@ void EMFObjectTable::forgetSelection()
 
 void EMFObjectTable::selectPen(const QPen& oPen, double dWidth, const QColor& oColor)
 {
-    const int iWidth = std::max(1, static_cast<int>(std::lround(dWidth)));
+    int iWidth = std::max(1, static_cast<int>(std::lround(dWidth)));
+    // Some readers leave out lines of exactly one pixel in the colour of the last brush, even where no brush is
+    // selected: tails of tadpoles have the colour of the heads.
+    if (iWidth == EMFRecordWriter::s_iUnitsPerPixel)
+        --iWidth;
     const QByteArray oDashes = oPen.style() == Qt::CustomDashLine ? dashesOf(oPen, dWidth) : QByteArray();
     QByteArray oDefinition = definitionOf(EMFRecord::NewPen, g_iPenSize + oDashes.size());
     for (int i = 0; i < 4; ++i)
