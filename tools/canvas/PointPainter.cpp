@@ -19,14 +19,17 @@ bool canWritePixels(const QPainter& painter)
            painter.worldTransform().type() <= QTransform::TxTranslate;
 }
 
+QRect deviceRect(const QPaintDevice& device)
+{
+    const double dRatio = device.devType() == QInternal::Widget ? device.devicePixelRatioF() : 1.0;
+    return QRectF(0, 0, device.width() * dRatio, device.height() * dRatio).toAlignedRect();
+}
+
 /// The part of the device that the painter's clip leaves.
 PointTarget targetOf(const QPainter& painter)
 {
     const QTransform oToDevice = painter.deviceTransform();
-    const QPaintDevice* pDevice = painter.device();
-    PointTarget target{oToDevice.m11(), QPointF(oToDevice.dx(), oToDevice.dy()), {}};
-    const double dRatio = pDevice->devType() == QInternal::Widget ? pDevice->devicePixelRatioF() : 1.0;
-    target.m_oRect = QRectF(0, 0, pDevice->width() * dRatio, pDevice->height() * dRatio).toAlignedRect();
+    PointTarget target{oToDevice.m11(), QPointF(oToDevice.dx(), oToDevice.dy()), deviceRect(*painter.device())};
     if (painter.hasClipping()) {
         target.m_oRect &= oToDevice.mapRect(painter.clipBoundingRect()).toAlignedRect();
     }
@@ -120,8 +123,14 @@ void PointPainter::drawPixels(QPainter* pPainter, const PointBatch& batch)
     if (target.m_oRect.isEmpty()) {
         return;
     }
-    updateKept(batch, target);
-    drawPicture(pPainter, m_oKept, m_oKeptTopLeft);
+    if (target.m_oRect == deviceRect(*pPainter->device())) {
+        updateKept(batch, target);
+        drawPicture(pPainter, m_oKept, m_oKeptTopLeft);
+    } else {
+        PointLayer layer(batch, target, m_stencils);
+        layer.write(PointLayer::Part::AllPoints);
+        drawPicture(pPainter, layer.picture(), layer.topLeft());
+    }
     if (batch.hasSelection()) {
         PointLayer layer(batch, target, m_stencils);
         layer.write(PointLayer::Part::Selected);

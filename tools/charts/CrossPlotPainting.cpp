@@ -16,13 +16,18 @@ namespace gkBase {
 namespace {
 
 constexpr double g_dHalo = 2.0; ///< added to a line's width
+/// What lies under a halo stays in sight, so that curves do not seem to have gaps.
+constexpr int g_iHaloAlpha = 150;
 constexpr double g_dPadding = 3.0;
+constexpr double g_dStripe = 4.0;
 constexpr double g_dMargin = 6.0;
 constexpr int g_iBoxAlpha = 225;
 
 void drawLineWithHalo(QPainter& painter, const QLineF& oLine, const QPen& pen, const CrossPlotStyle& style)
 {
-    painter.setPen(QPen(style.m_oBackground, pen.widthF() + g_dHalo, Qt::SolidLine, Qt::FlatCap));
+    QColor oHalo = style.m_oBackground;
+    oHalo.setAlpha(g_iHaloAlpha);
+    painter.setPen(QPen(oHalo, pen.widthF() + g_dHalo, Qt::SolidLine, Qt::FlatCap));
     painter.drawLine(oLine);
     painter.setPen(pen);
     painter.drawLine(oLine);
@@ -140,32 +145,35 @@ void drawCrossPlotRange(QPainter& painter, const CrossPlotRange& oRange, const C
 }
 
 void drawCrossPlotLabels(QPainter& painter, std::span<const CrossPlotDepthLine> vLines, const QRect& oVisible,
-                         const CrossPlotStyle& style)
+                         LabelPlacement& placement, const CrossPlotStyle& style)
 {
     std::vector<std::size_t> viOrder(vLines.size());
     std::iota(viOrder.begin(), viOrder.end(), std::size_t{0});
     std::stable_partition(viOrder.begin(), viOrder.end(), [&vLines](std::size_t i) { return vLines[i].m_bSelected; });
-    LabelPlacement placement(QRectF(QPointF(0, 0), QSizeF(oVisible.size())));
     for (const std::size_t i : viOrder) {
         const CrossPlotDepthLine& line = vLines[i];
         const double dY = line.m_dY - oVisible.top();
         if (line.m_sLabel.isEmpty() || dY < 0.0 || dY >= oVisible.height()) {
             continue;
         }
-        const QSizeF oSize = boxSize(painter, line.m_sLabel);
+        const QSizeF oSize = boxSize(painter, line.m_sLabel) + QSizeF(g_dStripe, 0.0);
         const double dX = oVisible.width() - oSize.width() - g_dMargin;
         // Above the line, or below it where there is no room.
         const std::array<QRectF, 2> voBoxes{QRectF(QPointF(dX, dY - 2.0 - oSize.height()), oSize),
                                             QRectF(QPointF(dX, dY + 2.0), oSize)};
         const QRectF oBox = placement.place(voBoxes);
         if (!oBox.isNull()) {
-            drawBox(painter, oBox, line.m_sLabel, line.m_bSelected ? style.m_oLabel : QColor(), style);
+            // The stripe tells which of two lines beside a label is meant.
+            drawBox(painter, oBox.adjusted(g_dStripe, 0.0, 0.0, 0.0), line.m_sLabel,
+                    line.m_bSelected ? style.m_oLabel : QColor(), style);
+            painter.fillRect(QRectF(oBox.topLeft(), QSizeF(g_dStripe, oBox.height())),
+                             readableColor(line.m_oColor, style.m_oBackground, style.m_oLabel));
         }
     }
 }
 
 void drawCrossPlotText(QPainter& painter, const QString& sText, const QLineF& oLine, const QRect& oVisible,
-                       const CrossPlotStyle& style)
+                       LabelPlacement& placement, const CrossPlotStyle& style)
 {
     const QSizeF oSize = boxSize(painter, sText);
     const QLineF oSeen = oLine.translated(-oVisible.topLeft());
@@ -182,13 +190,13 @@ void drawCrossPlotText(QPainter& painter, const QString& sText, const QLineF& oL
             oBest = oBox;
         }
     }
+    placement.block(oBest);
     drawBox(painter, oBest, sText, style.m_oGrid, style);
 }
 
 void drawCrossPlotRangeLabels(QPainter& painter, const CrossPlotRange& oRange, const CrossPlotMap& oMap,
-                              const QRect& oVisible, const CrossPlotStyle& style)
+                              const QRect& oVisible, LabelPlacement& placement, const CrossPlotStyle& style)
 {
-    LabelPlacement placement(QRectF(QPointF(0, 0), QSizeF(oVisible.size())));
     const auto label = [&](const QString& sText, const QPointF& oEnd, bool bVertical) {
         const QSizeF oSize = boxSize(painter, sText);
         const QPointF oCorner = bVertical ? QPointF(oEnd.x() + 2.0, oEnd.y() + 2.0)

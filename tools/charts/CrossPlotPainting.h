@@ -14,6 +14,8 @@ class QPainter;
 
 namespace gkBase {
 
+class LabelPlacement;
+
 /// Colours and widths of what a cross plot draws beside its points.
 struct CrossPlotStyle
 {
@@ -37,18 +39,19 @@ void drawCrossPlotRegression(QPainter& painter, const QLineF& oLine, const Cross
 void drawCrossPlotRange(QPainter& painter, const CrossPlotRange& oRange, const CrossPlotMap& oMap, const QRectF& oPlot,
                         const CrossPlotStyle& style);
 
-/// Everything below sticks to the visible part: the painter is in its co-ordinates, oVisible in chart pixels.
+/// Everything below sticks to the visible part: painter and placement are in its co-ordinates, oVisible in chart
+/// pixels. What is drawn first takes its place first.
 
 /// The names of the lines at the right edge; of names that would cover each other the selected line's stays, otherwise
 /// the upper one's.
 void drawCrossPlotLabels(QPainter& painter, std::span<const CrossPlotDepthLine> vLines, const QRect& oVisible,
-                         const CrossPlotStyle& style);
+                         LabelPlacement& placement, const CrossPlotStyle& style);
 /// A framed text in the corner that lies farthest from the line.
 void drawCrossPlotText(QPainter& painter, const QString& sText, const QLineF& oLine, const QRect& oVisible,
-                       const CrossPlotStyle& style);
+                       LabelPlacement& placement, const CrossPlotStyle& style);
 /// What the lines of the range stand for, at their upper and right ends.
 void drawCrossPlotRangeLabels(QPainter& painter, const CrossPlotRange& oRange, const CrossPlotMap& oMap,
-                              const QRect& oVisible, const CrossPlotStyle& style);
+                              const QRect& oVisible, LabelPlacement& placement, const CrossPlotStyle& style);
 void drawCrossPlotMessage(QPainter& painter, const QString& sMessage, const QRect& oVisible,
                           const CrossPlotStyle& style);
 void drawCrossPlotCursorLine(QPainter& painter, double dY, const QRect& oVisible, const CrossPlotStyle& style);

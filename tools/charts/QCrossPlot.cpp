@@ -2,6 +2,7 @@
 
 #include "CrossPlotPainting.h"
 #include "Fingerprint.h"
+#include "LabelPlacement.h"
 #include "MatrixData.h"
 #include "MissingValue.h"
 #include "QCartesianAxisWidget.h"
@@ -338,13 +339,14 @@ void QCrossPlot::drawAxis(QPainter& painter, QRect oVisibleArea)
 
 void QCrossPlot::drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea)
 {
-    drawCrossPlotLabels(painter, m_vLines, oVisibleArea, style());
-    if (m_iRangeKey != 0) {
-        drawCrossPlotRangeLabels(painter, m_oRange, map(), oVisibleArea, style());
-    }
+    LabelPlacement placement(QRectF(QPointF(0, 0), QSizeF(oVisibleArea.size())));
     if (!m_sRegression.isEmpty()) {
-        drawCrossPlotText(painter, m_sRegression, m_oRegression, oVisibleArea, style());
+        drawCrossPlotText(painter, m_sRegression, m_oRegression, oVisibleArea, placement, style());
     }
+    if (m_iRangeKey != 0) {
+        drawCrossPlotRangeLabels(painter, m_oRange, map(), oVisibleArea, placement, style());
+    }
+    drawCrossPlotLabels(painter, m_vLines, oVisibleArea, placement, style());
     if (!isMissing(m_dCursorY)) {
         drawCrossPlotCursorLine(painter, map().m_oY.toPixel(m_dCursorY), oVisibleArea, style());
     }
