@@ -5,6 +5,7 @@
 #include <gkBase/CrossPlotLegends.h>
 #include <gkBase/MatrixData.h>
 #include <gkBase/MatrixDataArray.h>
+#include <gkBase/MetafileClipboard.h>
 #include <gkBase/QCartesianAxisWidget.h>
 #include <gkBase/QCrossPlot.h>
 #include <gkBase/QCrossPlotWidget.h>
@@ -14,9 +15,12 @@
 #include <gkBase/QUnitLineEdit.h>
 #include <gkBase/UnitManager.h>
 
+#include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QImage>
 #include <QItemSelectionModel>
+#include <QMimeData>
 #include <QPainter>
 #include <QPushButton>
 #include <QSettings>
@@ -602,6 +606,19 @@ void TestCrossPlotWidget::pictureHoldsTheLegends()
     };
     QVERIFY(swatchPixels(true) > 20);
     QCOMPARE(swatchPixels(false), 0);
+
+    const auto metafileHolds = [&](bool bLegend, const QString& sText) {
+        CrossPlotSettings settings = f.m_panel.settings();
+        settings.m_bColorLegend = bLegend;
+        f.m_panel.setSettings(settings);
+        f.m_panel.copyEWMFToClipboard();
+        const QMimeData* pData = QApplication::clipboard()->mimeData();
+        const QByteArray qUtf16(reinterpret_cast<const char*>(sText.utf16()), sText.size() * 2);
+        return pData->data(QString::fromLatin1(g_sMetafileMimeType)).contains(qUtf16);
+    };
+    QVERIFY(metafileHolds(true, rockOf(1)));
+    QVERIFY(metafileHolds(false, QStringLiteral("Well")));
+    QVERIFY(!metafileHolds(false, rockOf(1)));
 }
 
 QTEST_MAIN(TestCrossPlotWidget)

@@ -252,13 +252,17 @@ void ChartFrame::renderTo(QPainter& painter, const QRectF& oTarget) const
     painter.restore();
 }
 
-void ChartFrame::copyMetafileToClipboard() const
+QSize ChartFrame::pictureSize() const
 {
     // A frame that was never shown may be smaller than a chart needs.
-    const QSize oSize = m_pqFrame->size().expandedTo(m_pqFrame->minimumSizeHint());
+    return m_pqFrame->size().expandedTo(m_pqFrame->minimumSizeHint());
+}
+
+void ChartFrame::copyMetafileToClipboard() const
+{
     const auto render = [this](QPainter& painter, const QRectF& oTarget) { renderTo(painter, oTarget); };
     gkBase::copyMetafileToClipboard(
-        ChartExporter::metafile(oSize, m_pqCanvas->backgroundColor(), m_pqCanvas->headerTitle(), render), this);
+        ChartExporter::metafile(pictureSize(), m_pqCanvas->backgroundColor(), m_pqCanvas->headerTitle(), render), this);
 }
 
 } // namespace gkBase

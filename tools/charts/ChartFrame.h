@@ -68,7 +68,9 @@ public:
     QPixmap grabChart();
     /// Draws title, axes and the whole chart into the rectangle of any device; the frame need not be shown.
     void renderTo(QPainter& painter, const QRectF& oTarget) const;
-    /// Puts what renderTo() draws, at the frame's present size, on the clipboard as an enhanced metafile.
+    /// Logical size at which a picture looks as the frame does now.
+    QSize pictureSize() const;
+    /// Puts what renderTo() draws, at pictureSize(), on the clipboard as an enhanced metafile.
     void copyMetafileToClipboard() const;
 
 signals:

@@ -8,6 +8,7 @@
 #include "CrossPlotLegends.h"
 #include "CrossPlotPointPage.h"
 #include "MatrixData.h"
+#include "MetafileClipboard.h"
 #include "QCartesianAxisWidget.h"
 #include "QCrossPlot.h"
 #include "QLegendListView.h"
@@ -323,7 +324,7 @@ void QCrossPlotWidget::copyToClipboard()
 {
     const QPixmap oChart = m_pqFrame->grabChart();
     const QSizeF oChartSize = oChart.deviceIndependentSize();
-    const double dLegends = m_pqLegends->isEmpty() ? 0.0 : m_pqLegends->pictureSize().width() + g_dLegendMargin;
+    const double dLegends = legendWidth();
     QPixmap oPicture((oChartSize + QSizeF(dLegends, 0.0)).toSize() * oChart.devicePixelRatio());
     oPicture.setDevicePixelRatio(oChart.devicePixelRatio());
     oPicture.fill(m_pqPlot->backgroundColor());
@@ -333,6 +334,19 @@ void QCrossPlotWidget::copyToClipboard()
     m_pqLegends->paint(painter, oBeside, m_pqPlot->labelColor());
     painter.end();
     QApplication::clipboard()->setPixmap(oPicture);
+}
+
+double QCrossPlotWidget::legendWidth() const
+{
+    return m_pqLegends->isEmpty() ? 0.0 : m_pqLegends->pictureSize().width() + 2.0 * g_dLegendMargin;
+}
+
+void QCrossPlotWidget::copyEWMFToClipboard()
+{
+    const QSize oSize = m_pqFrame->pictureSize() + QSize(static_cast<int>(std::ceil(legendWidth())), 0);
+    const auto render = [this](QPainter& painter, const QRectF& oTarget) { renderTo(painter, oTarget); };
+    copyMetafileToClipboard(
+        ChartExporter::metafile(oSize, m_pqPlot->backgroundColor(), m_pqPlot->headerTitle(), render), this);
 }
 
 void QCrossPlotWidget::copyColorLegend()
@@ -350,9 +364,8 @@ void QCrossPlotWidget::copySymbolLegend()
 void QCrossPlotWidget::renderTo(QPainter& painter, const QRectF& oTarget)
 {
     QRectF oChart = oTarget;
-    const QSizeF oLegends = m_pqLegends->pictureSize();
-    if (!oLegends.isEmpty()) {
-        const double dWidth = std::min(oLegends.width() + 2.0 * g_dLegendMargin, oTarget.width() * g_dLegendShare);
+    if (!m_pqLegends->isEmpty()) {
+        const double dWidth = std::min(legendWidth(), oTarget.width() * g_dLegendShare);
         oChart.setRight(oTarget.right() - dWidth);
         const QRectF oBeside(oChart.right(), oTarget.top(), dWidth, oTarget.height());
         m_pqLegends->paint(painter, oBeside.adjusted(0.0, g_dLegendMargin, -g_dLegendMargin, -g_dLegendMargin),

@@ -104,6 +104,8 @@ public:
 public slots:
     /// Chart, axes and legends as a bitmap.
     void copyToClipboard();
+    /// The whole chart with axes and legends as an enhanced metafile.
+    void copyEWMFToClipboard();
     /// Whole legends as bitmaps, also where they are scrolled. Nothing without the legend's attribute.
     void copyColorLegend();
     void copySymbolLegend();
@@ -161,6 +163,8 @@ private:
     void slotPointsSelected(bool* pbSelection, int iLength);
     void slotApplyClusters();
     void updateCursorPosLabel(QPointF oPosition);
+    /// Of a picture with the chart; 0 while no legend is on.
+    double legendWidth() const;
 
     QRelationshipItemModel* m_pModel;
     QCrossPlot* m_pqPlot = nullptr;

@@ -126,6 +126,7 @@ void QCrossPlotWidget::connectChart()
     connect(m_pqPlot, &QChartDrawingArea::cursorPos, this, &Panel::updateCursorPosLabel);
     connect(m_pqPlot, &QChartDrawingArea::dataPointsSelection, this, &Panel::slotPointsSelected);
     connect(m_pqPlot, &QChartDrawingArea::signalCopyToClipboard, this, &Panel::copyToClipboard);
+    connect(m_pqPlot, &QCrossPlot::signalCopyWEMFToClipboard, this, &Panel::copyEWMFToClipboard);
     connect(m_pqLegends, &CrossPlotLegends::selectedClassesChanged, this, &Panel::slotLegendSelection);
     connect(&DisplayUnitManager::instance(), &DisplayUnitManager::displayChanged, this, &Panel::slotDisplayUnitChanged);
 }
