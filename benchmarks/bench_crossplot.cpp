@@ -3,6 +3,7 @@
 #include <gkBase/MatrixColumn.h>
 #include <gkBase/MatrixData.h>
 #include <gkBase/QCrossPlot.h>
+#include <gkBase/QCrossPlotWidget.h>
 #include <gkBase/QRelationshipItemModel.h>
 
 #include <QApplication>
@@ -13,6 +14,7 @@
 
 #include <cmath>
 #include <memory>
+#include <numeric>
 #include <random>
 #include <vector>
 
@@ -150,6 +152,43 @@ void panCrossPlot(benchmark::State& state)
     }
 }
 BENCHMARK(panCrossPlot)->Arg(2)->Arg(20)->Unit(benchmark::kMillisecond);
+
+enum Refill
+{
+    OtherAxes,    ///< x and y change places
+    EditedValue,  ///< one value of x changed
+    NothingIsNew, ///< a selection made in the chart comes back from the table
+};
+
+/// The panel takes what its owner tells it; nothing is painted.
+void refillPanel(benchmark::State& state)
+{
+    Chart chart(Plain);
+    MatrixData root(QStringLiteral("root"));
+    auto* poSet = new MatrixData(QStringLiteral("set"));
+    root.appendChild(poSet, false);
+    for (std::unique_ptr<MatrixData>* poNode : {&chart.m_poX, &chart.m_poY, &chart.m_poSum})
+        poSet->appendChild((*poNode)->clone(), true);
+    QCrossPlotWidget panel;
+    panel.setDataRoot(&root);
+    panel.setAttributes(poSet->child(0), poSet->child(1));
+    panel.setColorAttribute(poSet->child(2));
+    std::vector<int> viRecords(g_iRecords / 2);
+    std::iota(viRecords.begin(), viRecords.end(), 0);
+    panel.setSelectedRows(viRecords);
+    for (auto _ : state) {
+        if (state.range(0) == EditedValue)
+            poSet->child(0)->setValue(poSet->child(0)->rowOffSet(), 50.0);
+        if (state.range(0) == OtherAxes)
+            panel.swapAxes();
+        else
+            panel.updateCrossPlot();
+        panel.setSelectedRows(viRecords);
+    }
+    if (panel.numberOfSelectedRows() != g_iRecords / 2)
+        state.SkipWithError("the selection is lost");
+}
+BENCHMARK(refillPanel)->Arg(OtherAxes)->Arg(EditedValue)->Arg(NothingIsNew)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

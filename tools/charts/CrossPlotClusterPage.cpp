@@ -28,6 +28,15 @@ QTableWidgetItem* newCell(const QString& sText)
     return pqItem;
 }
 
+/// Name and unit in two lines, which keeps the columns of numbers narrow.
+QString headerOf(const MatrixData* poAxis)
+{
+    if (!poAxis)
+        return {};
+    const QString sUnit = displayUnit(poAxis);
+    return sUnit.isEmpty() ? poAxis->name() : poAxis->name() + QStringLiteral("\n[%1]").arg(sUnit);
+}
+
 } // namespace
 
 CrossPlotClusterPage::CrossPlotClusterPage(QWidget* pqParent)
@@ -93,6 +102,11 @@ int CrossPlotClusterPage::numberOfClusters() const
     return m_pqNumberSpinBox->value();
 }
 
+void CrossPlotClusterPage::setNumberOfClusters(int iClusters)
+{
+    m_pqNumberSpinBox->setValue(iClusters);
+}
+
 QString CrossPlotClusterPage::clusterName() const
 {
     const QString sName = m_pqNameEdit->text().trimmed();
@@ -153,7 +167,7 @@ void CrossPlotClusterPage::fillTable(const QRelationshipItemModel& model)
     QStringList lHeaders = {tr("Cluster"), tr("Points")};
     for (int iAxis = 0; iAxis < iAxes; ++iAxis) {
         const MatrixData* poAxis = vpAxes[static_cast<std::size_t>(iAxis)];
-        lHeaders << (poAxis ? poAxis->name() : QString());
+        lHeaders << headerOf(poAxis);
     }
     m_pqTable->setColumnCount(static_cast<int>(lHeaders.size()));
     m_pqTable->setHorizontalHeaderLabels(lHeaders);
@@ -165,7 +179,7 @@ void CrossPlotClusterPage::fillTable(const QRelationshipItemModel& model)
         m_pqTable->setItem(iCluster, 1, newCell(i < viSizes.size() ? QString::number(viSizes[i]) : QString()));
         for (int iAxis = 0; iAxis < iAxes; ++iAxis) {
             const MatrixData* poAxis = vpAxes[static_cast<std::size_t>(iAxis)];
-            m_pqTable->setItem(iCluster, 2 + iAxis, newCell(displayText(poAxis, centroids.cell(iCluster, iAxis))));
+            m_pqTable->setItem(iCluster, 2 + iAxis, newCell(displayNumber(poAxis, centroids.cell(iCluster, iAxis))));
         }
     }
 }

@@ -27,6 +27,7 @@ public:
     /// Filled and read by the owner of the page.
     AttributeChooser* thirdChooser() const { return m_pqThirdChooser; }
     int numberOfClusters() const;
+    void setNumberOfClusters(int iClusters);
     /// Never empty.
     QString clusterName() const;
     void setClusterName(const QString& sName);

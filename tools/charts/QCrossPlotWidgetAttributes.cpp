@@ -325,6 +325,7 @@ bool QCrossPlotWidget::applyClusters(int iClusters, const QString& sName)
         if (!bMade)
             return false;
     }
+    m_pqClusterPage->setNumberOfClusters(iClusters);
     m_pqClusterPage->setClusterName(sName);
     m_pqClusterPage->showClusters(*m_pModel);
     colorByClusters(sName);

@@ -17,14 +17,23 @@ double displayScale(const MatrixData* poAttribute)
     return std::isfinite(dScale) && dScale > 0.0 ? dScale : 1.0;
 }
 
-QString displayText(const MatrixData* poAttribute, double dValue, int iDecimals)
+QString displayNumber(const MatrixData* poAttribute, double dValue, int iDecimals)
 {
     if (!poAttribute || isMissing(dValue))
         return QStringLiteral("---");
     const boost::shared_ptr<UnitManager> poUnit = poAttribute->unitManager();
-    const int iShown = iDecimals < 0 ? poUnit->precision() : iDecimals;
-    const QString sNumber = QString::number(poUnit->convertModelToDisplay(dValue), 'f', iShown);
-    return (sNumber + QLatin1Char(' ') + poUnit->getDisplayUnitTag()).trimmed();
+    return QString::number(poUnit->convertModelToDisplay(dValue), 'f', iDecimals < 0 ? poUnit->precision() : iDecimals);
+}
+
+QString displayUnit(const MatrixData* poAttribute)
+{
+    return poAttribute ? poAttribute->unitManager()->getDisplayUnitTag() : QString();
+}
+
+QString displayText(const MatrixData* poAttribute, double dValue, int iDecimals)
+{
+    const QString sNumber = displayNumber(poAttribute, dValue, iDecimals);
+    return isMissing(dValue) ? sNumber : (sNumber + QLatin1Char(' ') + displayUnit(poAttribute)).trimmed();
 }
 
 } // namespace gkBase
