@@ -1,12 +1,15 @@
-// Lines at depths: their parallel vectors, picking, moving and erasing.
+// Lines at depths: their parallel vectors, picking, moving and erasing; interval filter and scenarios of a model.
 
 #include <gkBase/DepthLineField.h>
+#include <gkBase/QRelationshipItemModel.h>
 
+#include <QSignalSpy>
 #include <QTest>
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <memory>
 #include <random>
 #include <vector>
 
@@ -15,6 +18,7 @@ using namespace gkBase;
 namespace {
 
 constexpr double dNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double dMissing = 99999.0;
 
 /// Every vector has an entry per line.
 bool isParallel(const DepthLineField& lines)
@@ -46,6 +50,9 @@ private slots:
     void erasingKeepsTheOthersTogether();
     void movesKeepDistances();
     void editsReachSelectedLinesOnly();
+    void intervals();
+    void boundariesByHand();
+    void scenariosAreShared();
 };
 
 void TestDepthLineField::typesHaveTheirNames()
@@ -165,5 +172,75 @@ void TestDepthLineField::editsReachSelectedLinesOnly()
     QVERIFY(!lines.isSomethingSelected());
 }
 
-QTEST_APPLESS_MAIN(TestDepthLineField)
+void TestDepthLineField::intervals()
+{
+    QRelationshipItemModel model;
+    const DepthLineField& filter = *model.intervalFilter();
+    QCOMPARE(filter.name(), QStringLiteral("Interval Filter"));
+    model.generateAquidistantIntervalFilter(2.5, 10.0, 16.0);
+    QCOMPARE(filter.lineDepths(), (std::vector<double>{10.0, 12.5, 15.0, 17.5}));
+    QCOMPARE(filter.lineNames(), std::vector<QString>(4, QStringLiteral("Name")));
+    QCOMPARE(filter.lineColors(), std::vector<QColor>(4, QColor(Qt::red)));
+    QCOMPARE(filter.lineTypes(), std::vector<DepthLineField::DataType>(4, DepthLineField::IntervalBoundary));
+    QCOMPARE(filter.linesX(), std::vector<double>(4, 0.0));
+    QCOMPARE(filter.lineOrientations(), std::vector<QPointF>(4, QPointF(-1.0, -1.0)));
+    model.generateAquidistantIntervalFilter(100.0, 10.0, 16.0);
+    QCOMPARE(filter.lineDepths(), (std::vector<double>{10.0, 110.0}));
+    model.generateNumberOfIntervalFilter(3, 10.0, 16.0);
+    QCOMPARE(filter.lineDepths(), (std::vector<double>{10.0, 12.0, 14.0, 16.0}));
+
+    for (const double dSize : {0.0, -1.0, dNaN})
+        model.generateAquidistantIntervalFilter(dSize, 0.0, 1.0);
+    model.generateNumberOfIntervalFilter(0, 0.0, 1.0);
+    model.generateNumberOfIntervalFilter(3, dMissing, 1.0);
+    QCOMPARE(filter.count(), 4);
+    model.generateAquidistantIntervalFilter(1e-9, 0.0, 1.0);
+    QCOMPARE(filter.count(), 100000);
+}
+
+void TestDepthLineField::boundariesByHand()
+{
+    QRelationshipItemModel model;
+    QSignalSpy inserted(&model, &QRelationshipItemModel::manuellBinInserted);
+    model.insertIntervalBoundary(20.0, 1.0);
+    model.insertIntervalBoundary(20.5, 1.0);
+    model.insertIntervalBoundary(dMissing, 1.0);
+    QCOMPARE(inserted.count(), 1);
+    QVERIFY(inserted.takeFirst().first().toBool());
+    QCOMPARE(model.intervalFilter()->lineNames(), std::vector<QString>{QStringLiteral("Boundary")});
+    QVERIFY(!model.eraseIntervalBoundary({0.0, 22.0}, 1.0));
+    QVERIFY(model.eraseIntervalBoundary({0.0, 20.9}, 1.0));
+    QVERIFY(!inserted.takeFirst().first().toBool());
+    QCOMPARE(model.intervalFilter()->count(), 0);
+}
+
+void TestDepthLineField::scenariosAreShared()
+{
+    QRelationshipItemModel model;
+    auto pOther = std::make_unique<QRelationshipItemModel>();
+    QVERIFY(!model.structuralTops());
+    model.addStructuralTopsSenario(QStringLiteral("A"));
+    pOther->shareLines(model);
+    pOther->addStructuralTopsSenario(QStringLiteral("B"));
+    pOther->addStructuralTopsSenario(QStringLiteral("C"));
+    QCOMPARE(model.activeScenario(), 2);
+    model.activateStructuralTopsSenario(QStringLiteral("B"));
+    model.activateStructuralTopsSenario(QStringLiteral("Z"));
+    model.setActiveScenario(3);
+    QCOMPARE(pOther->structuralTops()->name(), QStringLiteral("B"));
+    pOther->structuralTops()->insertHorizontalLine(5.0, 0.0, QStringLiteral("h"), Qt::blue, DepthLineField::Horizon);
+    pOther->insertIntervalBoundary(3.0, 0.0);
+    pOther.reset();
+    QCOMPARE(model.structuralTops()->count(), 1);
+    QCOMPARE(model.intervalFilter()->count(), 1);
+    for (const QString& sLeft : {QStringLiteral("A"), QStringLiteral("C")}) {
+        model.eraseActiveStructuralTopsSenario();
+        QCOMPARE(model.structuralTops()->name(), sLeft);
+    }
+    model.eraseActiveStructuralTopsSenario();
+    model.eraseActiveStructuralTopsSenario();
+    QCOMPARE(model.activeScenario(), -1);
+}
+
+QTEST_GUILESS_MAIN(TestDepthLineField)
 #include "tst_depthlinefield.moc"

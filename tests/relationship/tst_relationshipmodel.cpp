@@ -2,6 +2,7 @@
 
 #include <gkBase/MatrixData.h>
 #include <gkBase/QRelationshipItemModel.h>
+#include <gkBase/UnitManager.h>
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
@@ -47,13 +48,11 @@ private slots:
     void kindsOfClasses_data();
     void kindsOfClasses();
     void chosenColorsStay();
+    void bandsAreNamedInDisplayUnits();
     void regressionOfTheSelection();
-    void intervals();
-    void boundariesByHand();
     void binsPartitionTheRecords();
     void meanPlanesOfBins();
     void clustersByName();
-    void scenariosAreShared();
     void tadpoles();
     void tableOfPoints();
 
@@ -354,6 +353,21 @@ void TestRelationshipModel::chosenColorsStay()
     QVERIFY(oColor != QColor(Qt::magenta));
 }
 
+void TestRelationshipModel::bandsAreNamedInDisplayUnits()
+{
+    MatrixData* poDepth = add(QStringLiteral("depth"), {0.5, 100.0});
+    poDepth->setUnitManager(QStringLiteral("depth"));
+    m_pModel->setColorAttribute(poDepth);
+    m_pModel->setColorMap(0.0, 100.0, 100.0, false);
+    const QString sMetres = m_pModel->getColorName(1);
+    QVERIFY(poDepth->unitManager()->displayUnit(QStringLiteral("ft")));
+    m_pModel->refresh();
+    const QString sFeet = m_pModel->getColorName(1);
+    poDepth->unitManager()->displayUnit(QString());
+    QVERIFY2(sMetres.contains(QStringLiteral("100")), qPrintable(sMetres));
+    QVERIFY2(sFeet.contains(QStringLiteral("328")), qPrintable(sFeet));
+}
+
 void TestRelationshipModel::regressionOfTheSelection()
 {
     double dSlope = -1.0;
@@ -385,46 +399,6 @@ void TestRelationshipModel::regressionOfTheSelection()
     m_pModel->calculateRegressionLine(dSlope, dIntercept, dCorrelation);
     QCOMPARE(dSlope, dAll);
     QVERIFY(dAll != dMissing);
-}
-
-void TestRelationshipModel::intervals()
-{
-    const DepthLineField& filter = *m_pModel->intervalFilter();
-    QCOMPARE(filter.name(), QStringLiteral("Interval Filter"));
-    m_pModel->generateAquidistantIntervalFilter(2.5, 10.0, 16.0);
-    QCOMPARE(filter.lineDepths(), (std::vector<double>{10.0, 12.5, 15.0, 17.5}));
-    QCOMPARE(filter.lineNames(), std::vector<QString>(4, QStringLiteral("Name")));
-    QCOMPARE(filter.lineColors(), std::vector<QColor>(4, QColor(Qt::red)));
-    QCOMPARE(filter.lineTypes(), std::vector<DepthLineField::DataType>(4, DepthLineField::IntervalBoundary));
-    QCOMPARE(filter.linesX(), std::vector<double>(4, 0.0));
-    QCOMPARE(filter.lineOrientations(), std::vector<QPointF>(4, QPointF(-1.0, -1.0)));
-    m_pModel->generateAquidistantIntervalFilter(100.0, 10.0, 16.0);
-    QCOMPARE(filter.lineDepths(), (std::vector<double>{10.0, 110.0}));
-    m_pModel->generateNumberOfIntervalFilter(3, 10.0, 16.0);
-    QCOMPARE(filter.lineDepths(), (std::vector<double>{10.0, 12.0, 14.0, 16.0}));
-
-    for (const double dSize : {0.0, -1.0, dNaN})
-        m_pModel->generateAquidistantIntervalFilter(dSize, 0.0, 1.0);
-    m_pModel->generateNumberOfIntervalFilter(0, 0.0, 1.0);
-    m_pModel->generateNumberOfIntervalFilter(3, dMissing, 1.0);
-    QCOMPARE(filter.count(), 4);
-    m_pModel->generateAquidistantIntervalFilter(1e-9, 0.0, 1.0);
-    QCOMPARE(filter.count(), 100000);
-}
-
-void TestRelationshipModel::boundariesByHand()
-{
-    QSignalSpy inserted(m_pModel.get(), &QRelationshipItemModel::manuellBinInserted);
-    m_pModel->insertIntervalBoundary(20.0, 1.0);
-    m_pModel->insertIntervalBoundary(20.5, 1.0);
-    m_pModel->insertIntervalBoundary(dMissing, 1.0);
-    QCOMPARE(inserted.count(), 1);
-    QVERIFY(inserted.takeFirst().first().toBool());
-    QCOMPARE(m_pModel->intervalFilter()->lineNames(), std::vector<QString>{QStringLiteral("Boundary")});
-    QVERIFY(!m_pModel->eraseIntervalBoundary({0.0, 22.0}, 1.0));
-    QVERIFY(m_pModel->eraseIntervalBoundary({0.0, 20.9}, 1.0));
-    QVERIFY(!inserted.takeFirst().first().toBool());
-    QCOMPARE(m_pModel->intervalFilter()->count(), 0);
 }
 
 void TestRelationshipModel::binsPartitionTheRecords()
@@ -524,33 +498,6 @@ void TestRelationshipModel::clustersByName()
     QCOMPARE(m_pModel->findClusterCentroids(QStringLiteral("new"))->arrayRows(), 0);
     m_pModel->clearClusters();
     QVERIFY(!m_pModel->clusterCentroids() && m_pModel->clusterIDs().empty());
-}
-
-void TestRelationshipModel::scenariosAreShared()
-{
-    auto pOther = std::make_unique<QRelationshipItemModel>();
-    QVERIFY(!m_pModel->structuralTops());
-    m_pModel->addStructuralTopsSenario(QStringLiteral("A"));
-    pOther->shareLines(*m_pModel);
-    pOther->addStructuralTopsSenario(QStringLiteral("B"));
-    pOther->addStructuralTopsSenario(QStringLiteral("C"));
-    QCOMPARE(m_pModel->activeScenario(), 2);
-    m_pModel->activateStructuralTopsSenario(QStringLiteral("B"));
-    m_pModel->activateStructuralTopsSenario(QStringLiteral("Z"));
-    m_pModel->setActiveScenario(3);
-    QCOMPARE(pOther->structuralTops()->name(), QStringLiteral("B"));
-    pOther->structuralTops()->insertHorizontalLine(5.0, 0.0, QStringLiteral("h"), Qt::blue, DepthLineField::Horizon);
-    pOther->insertIntervalBoundary(3.0, 0.0);
-    pOther.reset();
-    QCOMPARE(m_pModel->structuralTops()->count(), 1);
-    QCOMPARE(m_pModel->intervalFilter()->count(), 1);
-    for (const QString& sLeft : {QStringLiteral("A"), QStringLiteral("C")}) {
-        m_pModel->eraseActiveStructuralTopsSenario();
-        QCOMPARE(m_pModel->structuralTops()->name(), sLeft);
-    }
-    m_pModel->eraseActiveStructuralTopsSenario();
-    m_pModel->eraseActiveStructuralTopsSenario();
-    QCOMPARE(m_pModel->activeScenario(), -1);
 }
 
 void TestRelationshipModel::tadpoles()
