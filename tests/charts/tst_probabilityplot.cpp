@@ -128,11 +128,12 @@ void TestProbabilityPlot::lineOfTheFit()
     QVERIFY(std::abs(fit.m_dStandardDeviation - g_dDeviation) < 3.0);
     const HistogramMap map = mapOf(vdValues, QSize(400, 300));
     const QLineF oLine = fitLine(fit, map);
-    // Half way up, at 50 %, the line crosses the mean; one quantile up one standard deviation.
-    QVERIFY(std::abs(map.toData(oLine.center()).x() - fit.m_dMean) < 1e-6);
-    const QPointF oUp = map.toPixel({fit.m_dMean + fit.m_dStandardDeviation, 1.0});
-    QVERIFY(std::abs(QLineF(oLine.p1(), oUp).angleTo(oLine)) < 1e-6 ||
-            std::abs(QLineF(oLine.p1(), oUp).angleTo(oLine) - 360.0) < 1e-6);
+    for (const QPointF& oEnd : {oLine.p1(), oLine.p2()}) {
+        const QPointF oData = map.toData(oEnd);
+        QVERIFY(std::abs(oData.x() - fit.m_dMean - oData.y() * fit.m_dStandardDeviation) < 1e-6);
+        QVERIFY(QRectF(-0.001, -0.001, 399.002, 299.002).contains(oEnd));
+        QVERIFY(std::min({oEnd.x(), oEnd.y(), 399.0 - oEnd.x(), 299.0 - oEnd.y()}) < 0.001); // up to the frame
+    }
     QVERIFY(fitLine(NormalFit(), map).isNull());
 }
 

@@ -96,10 +96,18 @@ QLineF fitLine(const NormalFit& fit, const HistogramMap& map)
 {
     if (isMissing(fit.m_dMean) || isMissing(fit.m_dStandardDeviation))
         return {};
+    double dFrom = map.m_oY.minValue();
+    double dTo = map.m_oY.maxValue();
+    if (fit.m_dStandardDeviation > 0.0) {
+        dFrom = std::max(dFrom, (map.m_oX.minValue() - fit.m_dMean) / fit.m_dStandardDeviation);
+        dTo = std::min(dTo, (map.m_oX.maxValue() - fit.m_dMean) / fit.m_dStandardDeviation);
+    }
+    if (!(dFrom < dTo))
+        return {};
     const auto at = [&](double dQuantile) {
         return map.toPixel({fit.m_dMean + dQuantile * fit.m_dStandardDeviation, dQuantile});
     };
-    return {at(map.m_oY.minValue()), at(map.m_oY.maxValue())};
+    return {at(dFrom), at(dTo)};
 }
 
 const ProbabilityPoint* probabilityPointAt(const std::vector<ProbabilityPoint>& vPoints, const QPointF& oPixel)

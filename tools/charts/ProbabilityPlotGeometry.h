@@ -35,8 +35,8 @@ GKBASETOOLS_EXPORT AxisTicks probabilityTicks(double dRange);
 GKBASETOOLS_EXPORT std::vector<ProbabilityPoint> probabilityPoints(std::span<const double> vdSorted,
                                                                    const HistogramMap& map);
 
-/// The line of the fit from the bottom to the top of the chart, in chart pixels; null without a fit. Equal values
-/// give an upright line.
+/// The line of the fit as far as it lies in the chart, in chart pixels (not every device clips); null without a fit.
+/// Equal values give an upright line.
 GKBASETOOLS_EXPORT QLineF fitLine(const NormalFit& fit, const HistogramMap& map);
 
 /// The point within a few pixels of a chart pixel that is nearest to it; null for none.
