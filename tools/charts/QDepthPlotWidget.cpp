@@ -6,6 +6,7 @@
 #include "DepthDecimationPage.h"
 #include "DepthIntervalPage.h"
 #include "DepthTrackEditor.h"
+#include "Fingerprint.h"
 #include "MatrixData.h"
 #include "MatrixDataNotifier.h"
 #include "MissingValue.h"
@@ -22,6 +23,9 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <span>
 #include <utility>
 
 namespace gkBase {
@@ -41,6 +45,27 @@ MatrixData* dataSetOf(MatrixData* poData)
 QString keyOf(const DepthTrack& track)
 {
     return track.m_eKind == DepthTrack::Tadpoles ? QString(g_tadpoles) : track.name();
+}
+
+/// A number that differs when collectDepthMarkers() may give something else.
+std::uint64_t markerKey(const MatrixData* poRoot, const MatrixData* poDepth, const DepthMarkerSwitches& switches)
+{
+    Fingerprint print;
+    print.add(switches.m_bTops);
+    print.add(switches.m_bFaults);
+    print.add(switches.m_bScat);
+    print.add(switches.m_bDecimated);
+    print.add(poDepth ? static_cast<std::uint64_t>(poDepth->globalID()) + 1 : 0);
+    if (!poRoot)
+        return print.value();
+    for (const MatrixData* poLeaf : poRoot->leafs()) {
+        print.add(static_cast<std::uint64_t>(poLeaf->globalID()));
+        print.add(poLeaf->revision());
+        print.add(qHash(poLeaf->name()));
+        print.add(poLeaf->defaultValue1().isValid());
+        print.add(poLeaf->defaultValue1().toBool());
+    }
+    return print.value();
 }
 
 } // namespace
@@ -478,11 +503,26 @@ void QDepthPlotWidget::intervalsChanged()
     showDecimation();
 }
 
-void QDepthPlotWidget::decimate()
+void QDepthPlotWidget::decimate(int iTracks)
 {
-    for (int i = 0; i < m_pqArea->numberOfTracks(); ++i) {
-        m_pqArea->model(i)->setPartSelection(m_pqDecimationPage->selectedOnly());
-        m_pqArea->model(i)->generateDataDecimation();
+    const bool bSelectedOnly = m_pqDecimationPage->selectedOnly();
+    Fingerprint print;
+    print.add(std::span<const double>(m_pqArea->lines()->intervalFilter()->lineDepths()));
+    print.add(bSelectedOnly);
+    if (bSelectedOnly)
+        print.add(std::span<const int>(m_viSelectedRecords));
+    m_viDecimationKeys.resize(static_cast<std::size_t>(m_pqArea->numberOfTracks()));
+    for (int i = 0; i < iTracks; ++i) {
+        QRelationshipItemModel* pModel = m_pqArea->model(i);
+        // Every new selection updates the plot; bins and points mostly stay.
+        Fingerprint track = print;
+        track.add(pModel->pointsRevision());
+        track.add(reinterpret_cast<std::uintptr_t>(pModel));
+        if (track.value() == std::exchange(m_viDecimationKeys[static_cast<std::size_t>(i)], track.value()) &&
+            pModel->decimationData())
+            continue;
+        pModel->setPartSelection(bSelectedOnly);
+        pModel->generateDataDecimation();
     }
 }
 
@@ -492,7 +532,7 @@ void QDepthPlotWidget::showDecimation()
     const bool bBins = iBins > 0 && m_pqArea->numberOfTracks() > 0;
     const bool bPreview = bBins && m_pqDecimationPage->preview();
     if (bBins)
-        decimate();
+        decimate(bPreview ? m_pqArea->numberOfTracks() : 1); // the first one counts the records
     for (int i = 0; i < m_pqArea->numberOfTracks(); ++i)
         m_pqArea->setDecimation(i, bPreview ? decimatedBins(*m_pqArea->model(i), m_pqDecimationPage->binAverage())
                                             : std::vector<DepthBin>());
@@ -513,7 +553,7 @@ void QDepthPlotWidget::applyDecimation()
     if (m_pqArea->lines()->intervalFilter()->count() < 2)
         return;
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    decimate();
+    decimate(m_pqArea->numberOfTracks());
     // The receiver changes the tree, and may change the tracks on the way.
     for (int i = 0; i < m_pqArea->numberOfTracks(); ++i) {
         QRelationshipItemModel* pModel = m_pqArea->model(i);
@@ -528,6 +568,10 @@ void QDepthPlotWidget::applyDecimation()
 
 void QDepthPlotWidget::showMarkers()
 {
+    // Every new selection updates the plot; the tree is searched only when it changed.
+    const std::uint64_t iKey = markerKey(m_poRoot.get(), m_poDepth.get(), m_settings.m_oMarkers);
+    if (iKey == std::exchange(m_iMarkerKey, iKey))
+        return;
     m_pqArea->setMarkers(std::make_shared<const DepthMarkers>(
         collectDepthMarkers(m_poRoot.get(), m_poDepth.get(), m_settings.m_oMarkers)));
 }

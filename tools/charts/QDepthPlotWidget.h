@@ -10,6 +10,7 @@
 #include <QString>
 #include <QWidget>
 
+#include <cstdint>
 #include <vector>
 
 class QCheckBox;
@@ -150,7 +151,8 @@ private:
     void intervalsChanged();
     /// The range that generated boundaries cover: what is shown of the records.
     bool intervalRange(double& dMin, double& dMax) const;
-    void decimate();
+    /// Works out the bins of the first tracks, as far as they are not those of the last time.
+    void decimate(int iTracks);
     void showDecimation();
 
     MatrixDataPointer m_poRoot;
@@ -158,7 +160,9 @@ private:
     MatrixDataPointer m_poDepth;
     std::vector<DepthTrack> m_vTracks;
     std::vector<int> m_viSelectedRecords;
-    bool m_bRebuild = true; ///< the next update shows depth and tracks from the start
+    bool m_bRebuild = true;                        ///< the next update shows depth and tracks from the start
+    std::uint64_t m_iMarkerKey = 0;                ///< of the markers that are shown
+    std::vector<std::uint64_t> m_viDecimationKeys; ///< per track, of its last decimation
     DepthPlotSettings m_settings;
 
     QDepthTrackArea* m_pqArea;

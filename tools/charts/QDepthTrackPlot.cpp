@@ -95,7 +95,7 @@ void QDepthTrackPlot::setTrack(const DepthTrack& track)
     const DepthTrackLimits limits = track.limits();
     setRange({limits.m_dLeft, m_dFrom}, {limits.m_dRight, m_dTo});
     setPointFillColor(track.color());
-    dataChanged();
+    scheduleRedraw();
 }
 
 void QDepthTrackPlot::setDepthRange(double dFrom, double dTo)
@@ -103,13 +103,6 @@ void QDepthTrackPlot::setDepthRange(double dFrom, double dTo)
     m_dFrom = dFrom;
     m_dTo = dTo;
     setRange({rangeA().x(), dFrom}, {rangeB().x(), dTo});
-    dataChanged();
-}
-
-void QDepthTrackPlot::dataChanged()
-{
-    m_bPieceOutdated = true;
-    scheduleRedraw();
 }
 
 void QDepthTrackPlot::setDecimation(std::vector<DepthBin> vBins)
@@ -149,10 +142,21 @@ DepthTrackMap QDepthTrackPlot::map() const
     return depthTrackMap({rangeA().x(), rangeB().x()}, m_dFrom, m_dTo, chartSize());
 }
 
+QDepthTrackPlot::LineKey QDepthTrackPlot::lineKey() const
+{
+    const QRelationshipItemModel* pModel = model();
+    return {pModel,
+            pModel ? pModel->pointsRevision() : 0,
+            pModel && m_oTrack.m_oStyle.m_bLine && m_oTrack.m_eKind == DepthTrack::Curve,
+            chartSize(),
+            rangeA(),
+            rangeB()};
+}
+
 std::vector<DepthTrackPiece> QDepthTrackPlot::thinnedLine(int iRowsPerPixel) const
 {
     const QRelationshipItemModel* pModel = model();
-    if (!pModel || !m_oTrack.m_oStyle.m_bLine || m_oTrack.m_eKind == DepthTrack::Tadpoles)
+    if (!lineKey().m_bLine)
         return {};
     const std::vector<std::size_t> viSamples =
         thinSeries(pModel->y(), pModel->x(), m_dFrom, m_dTo, chartSize().height() * iRowsPerPixel);
@@ -162,12 +166,10 @@ std::vector<DepthTrackPiece> QDepthTrackPlot::thinnedLine(int iRowsPerPixel) con
 void QDepthTrackPlot::layoutChart()
 {
     QCrossPlot::layoutChart();
-    // Selections and lines draw the chart again but leave the curve as it is.
-    if (m_bPieceOutdated || m_oPieceSize != chartSize()) {
+    // Selections and boundaries draw the chart again but leave the curve as it is.
+    const LineKey key = lineKey();
+    if (key != std::exchange(m_oLineKey, key))
         m_vPieces = thinnedLine(1);
-        m_oPieceSize = chartSize();
-        m_bPieceOutdated = false;
-    }
     m_vBars = depthBinBars(m_vBins, map());
 }
 

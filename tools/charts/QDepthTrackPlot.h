@@ -34,8 +34,6 @@ public:
     const DepthTrack& track() const { return m_oTrack; }
     /// The depths at the upper and lower edge of the whole chart, in model units.
     void setDepthRange(double dFrom, double dTo);
-    /// The values of the samples changed: the line is thinned again at the next paint.
-    void dataChanged();
     /// Bars of a decimation; empty for none.
     void setDecimation(std::vector<DepthBin> vBins);
     /// Shared by all tracks; null for none.
@@ -74,6 +72,20 @@ protected:
     void keyPressEvent(QKeyEvent* pEvent) override;
 
 private:
+    /// What the shape of the line depends on.
+    struct LineKey
+    {
+        const QRelationshipItemModel* m_pModel = nullptr;
+        quint64 m_iPoints = 0; ///< pointsRevision()
+        bool m_bLine = false;
+        QSize m_oChart;
+        QPointF m_oA;
+        QPointF m_oB;
+
+        bool operator==(const LineKey&) const = default;
+    };
+
+    LineKey lineKey() const;
     DepthTrackMap map() const;
     std::vector<DepthTrackPiece> thinnedLine(int iRowsPerPixel) const;
     void drawLine(QPainter& painter);
@@ -91,8 +103,7 @@ private:
     std::shared_ptr<const DepthMarkers> m_pMarkers;
     bool m_bShowMarkerLabels = false;
     bool m_bBoundaryEditing = false;
-    bool m_bPieceOutdated = true;
-    QSize m_oPieceSize; ///< of the chart that the line was laid out for
+    LineKey m_oLineKey; ///< that m_vPieces were made for
     std::vector<DepthTrackPiece> m_vPieces;
     std::vector<DepthBinBar> m_vBars;
     bool m_bPanning = false;
