@@ -120,8 +120,11 @@ BENCHMARK(panDepthTracks)->Arg(1000000)->ArgName("samples")->Unit(benchmark::kMi
 void decimateDepthTracks(benchmark::State& state)
 {
     Well well(static_cast<int>(state.range(0)));
-    for (auto _ : state)
-        well.m_panel.generateNumberOfIntervals(1000);
+    int iIntervals = 1000;
+    for (auto _ : state) {
+        iIntervals = iIntervals == 1000 ? 1001 : 1000;
+        well.m_panel.generateNumberOfIntervals(iIntervals);
+    }
 }
 BENCHMARK(decimateDepthTracks)->Arg(1000000)->ArgName("samples")->Unit(benchmark::kMillisecond);
 
