@@ -164,6 +164,12 @@ void TestPointPainting::plainPointsAreDrawnInThePointPen()
     oPicture = points.m_chart.picture();
     QCOMPARE(oPicture.pixelColor(60, 30), QColor(1, 2, 3));
     QCOMPARE(oPicture.pixelColor(60 - 6, 30), QColor(Qt::white));
+    // Dark blue stays to be seen on black.
+    points.m_chart.setPointFillColor(Qt::darkBlue);
+    points.m_chart.setLabelColor(Qt::white);
+    QVERIFY(points.m_chart.picture().pixelColor(60, 30).lightness() > 90);
+    points.m_chart.setLabelColor(Qt::black);
+    QCOMPARE(points.m_chart.picture().pixelColor(60, 30), QColor(Qt::darkBlue));
     points.m_model.setDrawSymbols(false);
     QCOMPARE(points.m_chart.picture().pixelColor(60, 30), QColor(Qt::white));
 }

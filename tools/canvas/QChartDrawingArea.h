@@ -228,7 +228,7 @@ protected:
     /// A computed result (a mean direction, an eigenvector): a framed square with its label.
     void drawResultPoint(QPainter* pPainter, const QPointF& oCentre, const QColor& oColor, const QString& sLabel);
     void drawLabel2(QPainter* pPainter, const QPointF& oPosition, const QString& sText, const QColor& oColor);
-    /// Pen and brush of plain points.
+    /// Pen and brush of plain points: the point fill colour, lighter or darker where the background hides it.
     void setPointPen(QPainter* pPainter);
     /// One point in the model's style and size, in the painter's pen and brush.
     void drawPoint(QPainter* pPainter, const QPointF& oCentre);

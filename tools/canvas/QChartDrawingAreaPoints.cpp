@@ -3,6 +3,7 @@
 #include "MissingValue.h"
 #include "QChartDrawingArea.h"
 #include "QRelationshipItemModel.h"
+#include "ReadableColor.h"
 #include "SymbolGeometry.h"
 
 #include <QPainter>
@@ -71,10 +72,10 @@ const std::vector<QPointF>& QChartDrawingArea::pointPixels()
 
 void QChartDrawingArea::setPointPen(QPainter* pPainter)
 {
+    const QColor oColor = readableColor(m_oPointFillColor, m_oBackgroundColor, m_oLabelColor);
     const bool bPixel = m_pModel && m_pModel->pointStyle() == Pixel;
-    pPainter->setPen(
-        QPen(m_oPointFillColor, bPixel ? m_pModel->pointPixelSize() : g_iPointPen, Qt::SolidLine, Qt::SquareCap));
-    pPainter->setBrush(m_pModel && m_pModel->outLinePointStyle() ? m_oBackgroundColor : m_oPointFillColor);
+    pPainter->setPen(QPen(oColor, bPixel ? m_pModel->pointPixelSize() : g_iPointPen, Qt::SolidLine, Qt::SquareCap));
+    pPainter->setBrush(m_pModel && m_pModel->outLinePointStyle() ? m_oBackgroundColor : oColor);
 }
 
 void QChartDrawingArea::drawPoint(QPainter* pPainter, const QPointF& oCentre)
@@ -94,7 +95,9 @@ PointBatch QChartDrawingArea::pointBatch()
     PointBatch batch;
     batch.m_voPixels = pointPixels();
     batch.m_vbSelected = m_pModel->selectionMask();
-    batch.m_oLook = {m_pModel->pointStyle(), m_oPointFillColor, {}, m_pModel->pointPixelSize()};
+    batch.m_oLook.m_iStyle = m_pModel->pointStyle();
+    batch.m_oLook.m_oColor = readableColor(m_oPointFillColor, m_oBackgroundColor, m_oLabelColor);
+    batch.m_oLook.m_iSize = m_pModel->pointPixelSize();
     batch.m_bHollow = m_pModel->outLinePointStyle();
     batch.m_oBackground = m_oBackgroundColor;
     batch.m_oHalo = m_oLabelColor;

@@ -106,7 +106,4 @@ GKBASETOOLS_EXPORT CrossPlotOutline crossPlotOutline(std::span<const QPointF> vo
 /// How many different pixels an outline touches, counted up to three.
 GKBASETOOLS_EXPORT int distinctCorners(std::span<const QPointF> voCorners);
 
-/// A colour that stands out from the background: the given one, or mixed with the label colour as far as needed.
-GKBASETOOLS_EXPORT QColor readableColor(const QColor& oColor, const QColor& oBackground, const QColor& oLabel);
-
 } // namespace gkBase

@@ -1,6 +1,7 @@
 #include "CrossPlotPainting.h"
 
 #include "LabelPlacement.h"
+#include "ReadableColor.h"
 
 #include <QFontMetricsF>
 #include <QPainter>

@@ -7,6 +7,7 @@
 #include "MissingValue.h"
 #include "QCartesianAxisWidget.h"
 #include "QRelationshipItemModel.h"
+#include "ReadableColor.h"
 #include "SummaryStatistics.h"
 #include "UnitManager.h"
 
