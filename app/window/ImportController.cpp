@@ -94,15 +94,24 @@ void ImportController::showProgress()
         connect(m_pqProgressDialog, &QProgressDialog::canceled, this, [this] { m_bCancel = true; });
     }
     const qint64 iTotal = m_iTotal;
+    const QPointer<ImportController> pqThis(this);
+    // A modal progress dialog handles events within setValue(): the job may end, and this object with it.
+    m_bShowingProgress = true;
     m_pqProgressDialog->setValue(iTotal > 0 ? static_cast<int>(g_iProgressSteps * m_iDone / iTotal) : 0);
+    if (!pqThis)
+        return;
+    m_bShowingProgress = false;
+    if (m_bFinishPending)
+        finishJob();
 }
 
 void ImportController::closeProgress()
 {
     if (!m_pqProgressDialog)
         return;
-    // Not deleted here: a modal progress dialog handles events within setValue(), so this may run inside of it.
     m_pqProgressDialog->disconnect(this);
+    // Also stops the timer that shows the dialog after a while, which would block the questions that come next.
+    m_pqProgressDialog->reset();
     m_pqProgressDialog->hide();
     m_pqProgressDialog->deleteLater();
     m_pqProgressDialog.clear();
@@ -110,6 +119,9 @@ void ImportController::closeProgress()
 
 void ImportController::finishJob()
 {
+    m_bFinishPending = m_bShowingProgress;
+    if (m_bFinishPending)
+        return;
     m_pqProgressTimer->stop();
     closeProgress();
     m_pqThread->deleteLater();

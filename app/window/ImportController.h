@@ -73,6 +73,8 @@ private:
     std::atomic<qint64> m_iDone{0};
     std::atomic<qint64> m_iTotal{0};
     std::atomic<bool> m_bCancel{false};
+    bool m_bShowingProgress = false; ///< inside of QProgressDialog::setValue()
+    bool m_bFinishPending = false;   ///< the job ended in the meantime
     QTimer* m_pqProgressTimer;
     QPointer<QProgressDialog> m_pqProgressDialog;
 };
