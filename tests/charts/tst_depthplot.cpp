@@ -378,7 +378,7 @@ void TestDepthPlot::cursorReadsAllTracks()
                      Qt::NoButton, {});
     QCoreApplication::sendEvent(&plot, &move);
     QCOMPARE(panel.trackArea()->readOuts(),
-             (QStringList{QString::number(depthAtRow(plot, dRow), 'f', 2), "129.78", "90.000"}));
+             (QStringList{QString::number(depthAtRow(plot, dRow), 'f', 2), "129.8", "90.00"}));
     QVERIFY(panel.plot(1).grab().toImage() != oBefore); // the line crosses the other track
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(&plot, &leave);

@@ -87,7 +87,7 @@ void DepthIntervalPage::setSize(double dSize)
 
 void DepthIntervalPage::setNumberOfIntervals(int iIntervals)
 {
-    m_pqCount->setText(iIntervals == 0 ? tr("No intervals") : tr("%n interval(s)", nullptr, iIntervals));
+    m_pqCount->setText(iIntervals == 0 ? tr("No intervals") : tr("Intervals: %1").arg(iIntervals));
     m_pqRemoveButton->setEnabled(iIntervals > 0);
 }
 

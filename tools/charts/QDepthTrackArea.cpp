@@ -29,21 +29,20 @@ constexpr double g_dMarginOfOneDepth = 0.5;
 /// How far beyond the records the cursor still reads the last one, as a share of the shown range.
 constexpr double g_dReadOutReach = 0.01;
 constexpr QLatin1String g_noValue("---");
-constexpr int g_iReadOutDigits = 5;
-constexpr int g_iMostDecimals = 2;
+constexpr int g_iReadOutDigits = 4;
+constexpr int g_iDepthDecimals = 2;
 
-/// A model value in display units with the decimals of its unit, fewer for a long number. "---" when missing.
-QString readOut(const MatrixData* poNode, double dValue)
+/// A model value in display units, of four digits, or with as many decimals as are given. "---" when missing.
+QString readOut(const MatrixData* poNode, double dValue, int iDecimals = -1)
 {
     if (isMissing(dValue))
         return g_noValue;
-    const boost::shared_ptr<UnitManager> poUnit = poNode->unitManager();
-    const double dShown = poUnit->convertModelToDisplay(dValue);
+    const double dShown = poNode->unitManager()->convertModelToDisplay(dValue);
     const double dSize = std::abs(dShown);
-    // As many decimals as five digits leave, but not fewer than the unit has, up to two.
     const int iBefore = dSize >= 1.0 ? static_cast<int>(std::floor(std::log10(dSize))) + 1 : 1;
-    const int iDecimals = std::max(g_iReadOutDigits - iBefore, std::min(poUnit->precision(), g_iMostDecimals));
-    return QString::number(dShown, 'f', std::max(0, iDecimals));
+    if (iDecimals < 0)
+        iDecimals = poNode->type() == QMetaType::Double ? std::max(0, g_iReadOutDigits - iBefore) : 0;
+    return QString::number(dShown, 'f', iDecimals);
 }
 
 } // namespace
@@ -394,22 +393,23 @@ void QDepthTrackArea::setCursor(double dDepth)
 void QDepthTrackArea::showReadOuts(double dDepth)
 {
     const bool bNone = isMissing(dDepth) || !m_poDepth;
-    m_pqDepthHeader->setValue(bNone ? QString() : readOut(m_poDepth.get(), dDepth));
+    m_pqDepthHeader->setValue(bNone ? QString() : readOut(m_poDepth.get(), dDepth, g_iDepthDecimals));
     if (!bNone && m_bOrderOutdated) {
         m_vdDepths = m_poDepth->column().numbers();
         m_oOrder = DepthOrder(m_vdDepths);
         m_bOrderOutdated = false;
     }
     const int iRecord = bNone ? -1 : m_oOrder.recordAt(m_vdDepths, dDepth, (m_dTo - m_dFrom) * g_dReadOutReach);
-    const auto valueOf = [iRecord](const MatrixData* poNode) {
-        return iRecord >= 0 ? readOut(poNode, poNode->recordNumber(iRecord)) : QString(g_noValue);
+    const auto valueOf = [iRecord](const MatrixData* poNode, int iDecimals) {
+        return iRecord >= 0 ? readOut(poNode, poNode->recordNumber(iRecord), iDecimals) : QString(g_noValue);
     };
     for (const View& view : m_vViews) {
         const MatrixData* poValues = view.m_oTrack.m_poValues.get();
         const MatrixData* poAzimuth = view.m_oTrack.m_poAzimuth.get();
-        QString sText = bNone || !poValues ? QString() : valueOf(poValues);
+        const int iDecimals = poAzimuth ? 0 : -1; // dip / azimuth is written in whole degrees
+        QString sText = bNone || !poValues ? QString() : valueOf(poValues, iDecimals);
         if (poAzimuth && !sText.isEmpty() && sText != g_noValue)
-            sText += QLatin1String(" / ") + valueOf(poAzimuth);
+            sText += QLatin1String(" / ") + valueOf(poAzimuth, iDecimals);
         view.m_pqHeader->setValue(sText);
     }
 }

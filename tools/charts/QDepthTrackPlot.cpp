@@ -244,9 +244,8 @@ void QDepthTrackPlot::drawSelectedSamples(QPainter& painter)
         if (oPoint.y() >= dTop - dMargin && oPoint.y() <= dBottom + dMargin)
             voPoints.push_back(oPoint);
     }
-    m_oSprites.drawSymbols(&painter, voPoints,
-                           {PointStyle::Circle, labelColor(), QColor::fromRgb(PointBatch::s_oSelectionColor),
-                            m_oTrack.m_oStyle.m_iPointSize + 1});
+    const QColor oColor = QColor::fromRgb(PointBatch::s_oSelectionColor);
+    m_oSprites.drawSymbols(&painter, voPoints, {PointStyle::Circle, oColor, oColor, m_oTrack.m_oStyle.m_iPointSize});
 }
 
 void QDepthTrackPlot::drawDecimatedTadpoles(QPainter& painter)
