@@ -9,6 +9,7 @@
 #include "Fingerprint.h"
 #include "MatrixData.h"
 #include "MatrixDataNotifier.h"
+#include "MetafileClipboard.h"
 #include "MissingValue.h"
 #include "QDepthTrackArea.h"
 #include "QRelationshipItemModel.h"
@@ -668,6 +669,13 @@ void QDepthPlotWidget::writeSettings(const QString& sGroup) const
 void QDepthPlotWidget::copyToClipboard()
 {
     QApplication::clipboard()->setPixmap(m_pqArea->grabChart());
+}
+
+void QDepthPlotWidget::copyEWMFToClipboard()
+{
+    const auto render = [this](QPainter& painter, const QRectF& oTarget) { renderTo(painter, oTarget); };
+    copyMetafileToClipboard(
+        ChartExporter::metafile(m_pqArea->size(), m_pqArea->backgroundColor(), m_pqArea->title(), render), this);
 }
 
 void QDepthPlotWidget::renderTo(QPainter& painter, const QRectF& oTarget)

@@ -96,13 +96,15 @@ public:
 
     /// Draws title, headers, depth axis and all tracks into the rectangle of any device; the panel need not be shown.
     void renderTo(QPainter& painter, const QRectF& oTarget);
-    /// Writes the plot to a .png, .svg or .pdf file of that logical size. On failure the file is left alone and the
+    /// Writes the plot to a .png, .svg, .pdf or .emf file of that logical size. On failure the file is left alone and the
     /// reason is in psError (may be null).
     bool exportChart(const QString& sPath, const QSize& oSize, QString* psError);
 
 public slots:
     /// The tracks with headers and depth axis as a bitmap.
     void copyToClipboard();
+    /// The same at zoom 1 as an enhanced metafile.
+    void copyEWMFToClipboard();
     /// Reads attributes and markers again.
     void updateDepthPlot();
 

@@ -182,6 +182,7 @@ void QDepthPlotWidget::connectControls()
     connect(m_pqArea, &QDepthTrackArea::selectionMade, this, &Panel::slotSelectionMade);
     connect(m_pqArea, &QDepthTrackArea::boundaryPressed, this, &Panel::slotBoundaryPressed);
     connect(m_pqArea, &QDepthTrackArea::copyAsked, this, &Panel::copyToClipboard);
+    connect(m_pqArea, &QDepthTrackArea::metafileCopyAsked, this, &Panel::copyEWMFToClipboard);
     connect(m_pqArea, &QDepthTrackArea::trackClicked, this, [this](int iTrack) {
         m_pqTrackEditor->setCurrentTrack(iTrack);
         m_pqArea->setCurrentTrack(iTrack);

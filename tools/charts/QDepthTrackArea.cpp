@@ -105,6 +105,8 @@ void QDepthTrackArea::connectPlot(QDepthTrackPlot* pqPlot)
     connect(pqPlot, &QChartDrawingArea::dataPointsSelection, this,
             [this, pqPlot](bool* pbSelection, int iLength) { slotSelectionMade(pqPlot, pbSelection, iLength); });
     connect(pqPlot, &QChartDrawingArea::signalCopyToClipboard, this, &QDepthTrackArea::copyAsked);
+    connect(pqPlot, &QCrossPlot::signalCopyWEMFToClipboard, this, &QDepthTrackArea::metafileCopyAsked);
+    pqPlot->allowCopyToWMF(true);
 }
 
 QDepthTrackArea::View QDepthTrackArea::newView(int iTrack)

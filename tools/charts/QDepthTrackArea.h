@@ -118,6 +118,7 @@ signals:
     /// A press while boundaries are edited: a depth and the reach of the press.
     void boundaryPressed(double dDepth, double dTolerance);
     void copyAsked();
+    void metafileCopyAsked();
 
 protected:
     void resizeEvent(QResizeEvent* pEvent) override;

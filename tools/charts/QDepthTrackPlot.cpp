@@ -37,11 +37,10 @@ constexpr double g_dLabelGap = 3.0;
 constexpr QRgb g_oLargeHead = 0xffff8800;
 constexpr double g_dLargeTail = 2.0; ///< pen width
 
+/// Pictures of pixels need no more than a row's worth of samples.
 bool isVectorDevice(const QPainter& painter)
 {
-    const QPaintEngine* pEngine = painter.paintEngine();
-    return pEngine && (pEngine->type() == QPaintEngine::SVG || pEngine->type() == QPaintEngine::Pdf ||
-                       pEngine->type() == QPaintEngine::Picture || pEngine->type() >= QPaintEngine::User);
+    return painter.paintEngine() && painter.paintEngine()->type() != QPaintEngine::Raster;
 }
 
 /// The rows that a painter can show.

@@ -20,7 +20,7 @@ namespace gkBase {
 /// of a decimation, marker lines and, in the column for them, their labels.
 ///
 /// Of a line with many samples per pixel row it draws those that cover the same pixels: first, least, greatest and
-/// last. Vector files (SVG, PDF) get four rows per pixel.
+/// last. Vector files (SVG, PDF, EMF) get four rows per pixel.
 ///
 /// Tracks are magnified and panned together: the canvas only asks for it.
 class GKBASETOOLS_EXPORT QDepthTrackPlot : public QCrossPlot
