@@ -367,6 +367,7 @@ void DepthTrackEditor::slotRowsMoved()
     // The list is in the middle of the move: its items keep their places and only learn their new numbers.
     for (int i = 0; i < m_pqList->count(); ++i)
         m_pqList->item(i)->setData(Qt::UserRole, i);
+    showCurrentTrack();
     emit tracksEdited();
 }
 

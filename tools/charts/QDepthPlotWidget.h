@@ -96,8 +96,8 @@ public:
 
     /// Draws title, headers, depth axis and all tracks into the rectangle of any device; the panel need not be shown.
     void renderTo(QPainter& painter, const QRectF& oTarget);
-    /// Writes the plot to a .png, .svg, .pdf or .emf file of that logical size. On failure the file is left alone and the
-    /// reason is in psError (may be null).
+    /// Writes the plot to a .png, .svg, .pdf or .emf file of that logical size. On failure the file is left alone and
+    /// the reason is in psError (may be null).
     bool exportChart(const QString& sPath, const QSize& oSize, QString* psError);
 
 public slots:
@@ -153,6 +153,8 @@ private:
     void intervalsChanged();
     /// The range that generated boundaries cover: what is shown of the records.
     bool intervalRange(double& dMin, double& dMax) const;
+    /// A round size in display units; 99999.0 without depths.
+    double proposedIntervalSize() const;
     /// Works out the bins of the first tracks, as far as they are not those of the last time.
     void decimate(int iTracks);
     void showDecimation();
