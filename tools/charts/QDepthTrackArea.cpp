@@ -455,7 +455,9 @@ void QDepthTrackArea::setMessage(const QString& sMessage)
 {
     m_pqMessage->setText(sMessage);
     m_pqMessage->setVisible(!sMessage.isEmpty());
-    m_pqMessage->raise();
+    for (QWidget* pqPart :
+         {static_cast<QWidget*>(m_pqViewport), static_cast<QWidget*>(m_pqAxis), static_cast<QWidget*>(m_pqDepthHeader)})
+        pqPart->setVisible(sMessage.isEmpty());
     layoutTracks();
 }
 

@@ -187,9 +187,11 @@ void QDepthTrackArea::renderTo(QPainter& painter, const QRectF& oTarget)
     painter.drawText(place.m_oTitle, Qt::AlignHCenter | Qt::AlignTop,
                      titleMetrics.elidedText(m_pqTitle->text(), Qt::ElideRight, place.m_oTitle.width()));
     painter.setFont(m_oChartFont);
-    if (!m_pqMessage->text().isEmpty())
+    if (!m_pqMessage->text().isEmpty()) {
         painter.drawText(place.m_oTracks, Qt::AlignCenter | Qt::TextWordWrap, m_pqMessage->text());
-
+        painter.restore();
+        return;
+    }
     DepthTrackHeaderContent depthContent = m_pqDepthHeader->content();
     depthContent.m_sValue.clear();
     drawDepthTrackHeader(painter, place.m_oDepthHeader, depthContent, m_oChartFont, labelColor());
