@@ -1,12 +1,14 @@
 // Points of a model on a canvas: which look each variant gives them, what lies on top, and that drawing each pixel once
 // shows what drawing every point shows.
 
+#include <gkBase/ChartExporter.h>
 #include <gkBase/LabelPlacement.h>
 #include <gkBase/MatrixColumn.h>
 #include <gkBase/MatrixData.h>
 #include <gkBase/PointPainter.h>
 #include <gkBase/QChartDrawingArea.h>
 #include <gkBase/QRelationshipItemModel.h>
+#include <gkBase/SymbolStencilCache.h>
 
 #include <QBuffer>
 #include <QPainter>
@@ -193,6 +195,11 @@ void TestPointPainting::tadpolesPointAlongTheirAzimuth()
     const QImage oColoured = points.m_chart.picture();
     QCOMPARE(oColoured.pixelColor(60, 30), oBack);
     QVERIFY(oColoured.pixelColor(100, 30 + 15) != oBack);
+    // Files mark missing numbers by such values.
+    for (const double dFar : {1e18, -9.99e33, 1e37}) {
+        const int iStep = SymbolStencilCache::tailStep(dFar);
+        QVERIFY(iStep >= 0 && iStep < SymbolStencilCache::s_iTailSteps);
+    }
 }
 
 void TestPointPainting::coloursComeFromTheAttribute()
@@ -343,6 +350,19 @@ void TestPointPainting::vectorFilesHoldEveryPoint()
     const QByteArray oFill = points.m_chart.pointFillColor().name().toLatin1();
     QCOMPARE(buffer.data().count("fill=\"" + oFill), 3);
     QVERIFY(!buffer.data().contains("<image"));
+
+    // A point far outside stands on no integer pixel, which metafiles have.
+    points.m_poX->setValue(points.m_poX->rowOffSet() + 1, 99998.0);
+    points.m_model.refresh();
+    const auto metafile = [&points] {
+        return ChartExporter::metafile(
+            points.m_chart.size(), Qt::white, QString(),
+            [&](QPainter& p, const QRectF& oTarget) { points.m_chart.renderTo(p, oTarget.toRect()); });
+    };
+    const QByteArray oBeside = metafile();
+    points.m_poX->setValue(points.m_poX->rowOffSet() + 1, -1e12);
+    points.m_model.refresh();
+    QCOMPARE(metafile(), oBeside);
 }
 
 void TestPointPainting::modelMayGoFirst()

@@ -7,8 +7,6 @@
 #include <QPainter>
 #include <QPen>
 
-#include <cmath>
-
 namespace gkBase {
 
 namespace {
@@ -63,12 +61,27 @@ void drawPoint(QPainter* pPainter, const PointBatch& batch, std::size_t i, const
 
 using LookOf = SymbolLook (*)(const PointBatch&, const SymbolLook&);
 
+/// The part of the painter's area on which a point may stand to be seen. Without a clip all that has integer pixels.
+QRectF shownArea(const QPainter& painter, const PointBatch& batch)
+{
+    constexpr double dFarthest = 1 << 24;
+    // Symbols reach less than twice their size past their centre, tails and rims by some pixels more.
+    const double dReach = 2.0 * batch.m_oLook.m_iSize + 32.0;
+    const QRectF oArea = painter.hasClipping() ? painter.clipBoundingRect()
+                                               : QRectF(-dFarthest, -dFarthest, 2.0 * dFarthest, 2.0 * dFarthest);
+    return oArea.adjusted(-dReach, -dReach, dReach, dReach);
+}
+
 /// Every point as an outline; selected ones in the look of the function, or with null the others.
 void drawOutlines(QPainter* pPainter, const PointBatch& batch, LookOf lookOf)
 {
+    const QRectF oShown = shownArea(*pPainter, batch);
     for (std::size_t i = 0; i < batch.m_voPixels.size(); ++i) {
         const QPointF& oPoint = batch.m_voPixels[i];
-        if (batch.isSelected(i) == (lookOf != nullptr) && std::isfinite(oPoint.x()) && std::isfinite(oPoint.y())) {
+        // Written so that NaN fails.
+        const bool bShown = oPoint.x() >= oShown.left() && oPoint.x() <= oShown.right() && oPoint.y() >= oShown.top() &&
+                            oPoint.y() <= oShown.bottom();
+        if (bShown && batch.isSelected(i) == (lookOf != nullptr)) {
             drawPoint(pPainter, batch, i, lookOf ? lookOf(batch, batch.look(i)) : batch.look(i));
         }
     }

@@ -1,5 +1,7 @@
 #include "SymbolStencilCache.h"
 
+#include "Angles.h"
+
 #include <cmath>
 
 namespace gkBase {
@@ -25,8 +27,7 @@ const SymbolStencil& SymbolStencilCache::symbol(const SymbolLook& look, qreal dD
 
 int SymbolStencilCache::tailStep(double dAzimuthDeg)
 {
-    const double dTurn = dAzimuthDeg - 360.0 * std::floor(dAzimuthDeg / 360.0);
-    return static_cast<int>(std::lround(dTurn * s_iTailSteps / 360.0)) % s_iTailSteps;
+    return static_cast<int>(std::lround(wrapAngle(dAzimuthDeg, 360.0) * s_iTailSteps / 360.0)) % s_iTailSteps;
 }
 
 const SymbolStencil& SymbolStencilCache::tail(int iStep, const SymbolLook& look, qreal dDevicePixelRatio)
