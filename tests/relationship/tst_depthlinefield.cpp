@@ -212,6 +212,10 @@ void TestDepthLineField::boundariesByHand()
     QVERIFY(model.eraseIntervalBoundary({0.0, 20.9}, 1.0));
     QVERIFY(!inserted.takeFirst().first().toBool());
     QCOMPARE(model.intervalFilter()->count(), 0);
+    // Of several within reach the nearest one goes.
+    model.generateAquidistantIntervalFilter(1.0, 0.0, 4.0);
+    QVERIFY(model.eraseIntervalBoundary({0.0, 1.8}, 10.0));
+    QCOMPARE(model.intervalFilter()->lineDepths(), (std::vector<double>{0.0, 1.0, 3.0, 4.0}));
 }
 
 void TestDepthLineField::scenariosAreShared()

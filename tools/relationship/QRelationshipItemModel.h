@@ -234,7 +234,7 @@ public:
     void generateNumberOfIntervalFilter(const int& n, const double& dMin, const double& dMax);
     /// By hand; none when one lies within the tolerance. Emits manuellBinInserted(true).
     void insertIntervalBoundary(const double& dDepth, const double& dTolerance);
-    /// Emits manuellBinInserted(false) and tells so when a boundary was near enough.
+    /// Erases the nearest boundary when it lies within the tolerance, emits manuellBinInserted(false) and tells so.
     bool eraseIntervalBoundary(const QPointF& oPosition, const double& dTolerance);
     void deleteIntervalBoundaries();
 

@@ -138,8 +138,12 @@ void QRelationshipItemModel::insertIntervalBoundary(const double& dDepth, const 
 
 bool QRelationshipItemModel::eraseIntervalBoundary(const QPointF& oPosition, const double& dTolerance)
 {
-    if (!m_pLines->m_oIntervalFilter.eraseHorizontalLines(oPosition, dTolerance))
+    DepthLineField& filter = m_pLines->m_oIntervalFilter;
+    const std::vector<int> viLines = filter.pickHorizontalLines(oPosition, dTolerance);
+    if (viLines.empty())
         return false;
+    const double dNearest = filter.lineDepths()[static_cast<std::size_t>(viLines.front())];
+    filter.eraseHorizontalLines(QPointF(oPosition.x(), dNearest), 0.0);
     emit manuellBinInserted(false);
     return true;
 }
