@@ -6,6 +6,7 @@
 #include <gkBase/PointInPolygon.h>
 #include <gkBase/QCrossPlot.h>
 #include <gkBase/QRelationshipItemModel.h>
+#include <gkBase/UnitManager.h>
 
 #include <QCoreApplication>
 #include <QImage>
@@ -121,6 +122,7 @@ private slots:
     void clickSelectsTheNearestPoint();
     void escapeBringsTheSelectionBack();
     void movedLinesKeepTheirDistances();
+    void onlyAHeldButtonOnPickedLinesMovesThem();
     void pressesOnLines();
     void linesFollowTheirFlags();
     void regressionIsDrawnAndNamed();
@@ -312,6 +314,32 @@ void TestQCrossPlot::movedLinesKeepTheirDistances()
     QCOMPARE(stopped.count(), 1);
 }
 
+void TestQCrossPlot::onlyAHeldButtonOnPickedLinesMovesThem()
+{
+    Plot plot;
+    DepthLineField& tops = plot.tops();
+    tops.insertHorizontalLine(20.0, 0.0, QStringLiteral("Hidden"), Qt::red, DepthLineField::Fault);
+    tops.insertHorizontalLine(20.5, 0.0, QStringLiteral("Shown"), Qt::red, DepthLineField::Horizon);
+    tops.setShowFaults(false);
+    plot.m_plot.setDataCreationType(QCrossPlot::StructuralTopCreation);
+    plot.m_plot.setStructuralTopsMovable(true);
+    // The release goes to a dialog that the press opened.
+    send(plot.m_plot, QEvent::MouseButtonPress, {50.0, plot.rowAt(20.0)});
+    QCOMPARE(tops.selectedLines(), std::vector<int>{1});
+    send(plot.m_plot, QEvent::MouseMove, {50.0, 10.0}, Qt::NoButton);
+    QCOMPARE(tops.lineDepths()[1], 20.5);
+    drag(plot.m_plot, {{50.0, plot.rowAt(70.0)}, {50.0, plot.rowAt(80.0)}});
+    QCOMPARE(tops.lineDepths()[1], 20.5);
+
+    // An outline whose release was lost is given up.
+    plot.m_plot.setDataCreationType(QCrossPlot::NoCreation);
+    plot.m_model.setSelectedRecords({3});
+    send(plot.m_plot, QEvent::MouseButtonPress, {50.0, 50.0});
+    send(plot.m_plot, QEvent::MouseMove, {200.0, 50.0}, Qt::NoButton);
+    send(plot.m_plot, QEvent::MouseButtonRelease, {200.0, 200.0});
+    QCOMPARE(plot.m_model.selectedRecords(), std::vector<int>{3});
+}
+
 void TestQCrossPlot::pressesOnLines()
 {
     Plot plot;
@@ -350,12 +378,15 @@ void TestQCrossPlot::linesFollowTheirFlags()
     field.insertHorizontalLine(80.0, 0.0, QStringLiteral("H2"), Qt::red, DepthLineField::Horizon);
     field.insertHorizontalLine(10.0, 0.0, QStringLiteral("F"), Qt::red, DepthLineField::Fault);
     field.insertHorizontalLine(30.0, 0.0, QStringLiteral("H1"), Qt::blue, DepthLineField::Horizon, {35.0, 120.0});
+    field.insertHorizontalLine(40.0, 0.0, QStringLiteral("A"), Qt::red, DepthLineField::AverageOrientation,
+                               {99999.0, 99999.0});
     field.insertHorizontalLine(500.0, 0.0, QStringLiteral("H3"), Qt::red, DepthLineField::Horizon);
     QStringList lLabels;
     for (const CrossPlotDepthLine& line : crossPlotDepthLines(field, oMap, oChart))
         lLabels << QStringLiteral("%1@%2").arg(line.m_sLabel).arg(line.m_dY);
-    QCOMPARE(lLabels, (QStringList{"F@10", "H1 35/120@30", "H2@80"}));
+    QCOMPARE(lLabels, (QStringList{"F@10", "H1 35/120@30", "A@40", "H2@80"}));
     field.setShowFaults(false);
+    field.setShowAverageOrientations(false);
     field.setShowHorizonLables(false);
     const std::vector<CrossPlotDepthLine> vLines = crossPlotDepthLines(field, oMap, oChart);
     QCOMPARE(int(vLines.size()), 2);
@@ -382,6 +413,15 @@ void TestQCrossPlot::regressionIsDrawnAndNamed()
     plot.m_model.takeNewDataSet(plot.m_poX.get(), plot.m_poY.get());
     chart.updateChart();
     QCOMPARE(chart.regressionText(), QStringLiteral("y=2.0448x+0.74627\n R=0.99669"));
+    // A line through the origin goes through that of other units of length too.
+    plot.m_poX->setColumn(0, MatrixColumn::fromDoubles({-3.0, -1.0, 1.0, 3.0}));
+    plot.m_poY->setColumn(0, MatrixColumn::fromDoubles({-6.0, -2.0, 2.0, 6.0}));
+    plot.m_poX->setUnitManager(QStringLiteral("depth"));
+    plot.m_poX->unitManager()->displayUnit(QStringLiteral("ft"));
+    plot.m_model.takeNewDataSet(plot.m_poX.get(), plot.m_poY.get());
+    chart.setRange({3000.0, -10.0}, {3100.1, 10.0});
+    chart.updateChart();
+    QCOMPARE(chart.regressionText(), QStringLiteral("y=0.6096x+0\n R=1"));
     plot.m_poX->setColumn(0, MatrixColumn::fromDoubles({2.0, 2.0, 2.0, 2.0}));
     plot.m_model.takeNewDataSet(plot.m_poX.get(), plot.m_poY.get());
     chart.updateChart();

@@ -1,5 +1,7 @@
 #include "CrossPlotGeometry.h"
 
+#include "MissingValue.h"
+
 #include <algorithm>
 #include <cmath>
 #include <set>
@@ -16,7 +18,8 @@ QString labelOf(const DepthLineField& oField, std::size_t iLine)
 {
     const QString& sName = oField.lineNames()[iLine];
     const QPointF& oOrientation = oField.lineOrientations()[iLine];
-    if (oOrientation.x() < 0.0 || oOrientation.y() < 0.0) {
+    const auto isSet = [](double dAngle) { return !isMissing(dAngle) && dAngle >= 0.0; };
+    if (!isSet(oOrientation.x()) || !isSet(oOrientation.y())) {
         return sName;
     }
     const QString sOrientation = QStringLiteral("%1/%2").arg(QString::number(oOrientation.x(), 'f', 0),

@@ -39,16 +39,16 @@ QCursor crossCursor()
     return Qt::CrossCursor;
 }
 
-/// Display value = model value · factor + offset, between the two values.
-std::pair<double, double> displayLine(const MatrixData* poNode, double dFrom, double dTo)
+/// Display value = model value · factor + offset.
+std::pair<double, double> displayLine(const MatrixData* poNode)
 {
     const boost::shared_ptr<UnitManager> poUnit = poNode ? poNode->unitManager() : boost::shared_ptr<UnitManager>();
-    if (!poUnit || dFrom == dTo) {
+    if (!poUnit) {
         return {1.0, 0.0};
     }
-    const double dShown = poUnit->convertModelToDisplay(dFrom);
-    const double dFactor = (poUnit->convertModelToDisplay(dTo) - dShown) / (dTo - dFrom);
-    return {dFactor, dShown - dFactor * dFrom};
+    // At 0 the offset has no rounding, which would show as an intercept of 1e-12.
+    const double dOffset = poUnit->convertModelToDisplay(0.0);
+    return {poUnit->convertModelToDisplay(1.0) - dOffset, dOffset};
 }
 
 /// Model units; NaN where a number is missing.
@@ -250,8 +250,8 @@ void QCrossPlot::layOutRegression()
     }
     m_oRegression = crossPlotLine(map(), dSlope, dIntercept);
     // Shown in the units of the axes.
-    const auto [dXFactor, dXOffset] = displayLine(model()->nodeX(), m_oA.x(), m_oB.x());
-    const auto [dYFactor, dYOffset] = displayLine(model()->nodeY(), m_oA.y(), m_oB.y());
+    const auto [dXFactor, dXOffset] = displayLine(model()->nodeX());
+    const auto [dYFactor, dYOffset] = displayLine(model()->nodeY());
     const double dShownSlope = dSlope * dYFactor / dXFactor;
     const double dShownIntercept = dIntercept * dYFactor + dYOffset - dShownSlope * dXOffset;
     m_sRegression = QStringLiteral("y=%1x%2%3\n R=%4")

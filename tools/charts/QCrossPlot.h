@@ -157,6 +157,9 @@ private:
     void moveLines(const QPointF& oPosition);
     void selectOutline();
     void cancelOutline();
+    void endGesture();
+    /// As endGesture(), but without selecting by an outline that was never closed.
+    void giveUpGesture();
     void tellSelection();
 
     QPointF m_oA;

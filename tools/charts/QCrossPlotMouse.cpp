@@ -56,6 +56,10 @@ void QCrossPlot::mousePressEvent(QMouseEvent* pEvent)
 
 void QCrossPlot::mouseMoveEvent(QMouseEvent* pEvent)
 {
+    // The release went elsewhere, to a dialog or menu that opened meanwhile.
+    if (m_eButton != Qt::NoButton && !(pEvent->buttons() & m_eButton)) {
+        giveUpGesture();
+    }
     const QPointF oPosition = pEvent->position();
     setMousePickingPos(oPosition);
     if (oPosition.x() != g_dMissingValue && !m_vSelectionPath.isEmpty() &&
@@ -74,6 +78,11 @@ void QCrossPlot::mouseReleaseEvent(QMouseEvent* pEvent)
     if (pEvent->button() != m_eButton) {
         return;
     }
+    endGesture();
+}
+
+void QCrossPlot::endGesture()
+{
     m_eButton = Qt::NoButton;
     m_bMovingTops = false;
     if (std::exchange(m_bTopsMoved, false)) {
@@ -150,6 +159,15 @@ void QCrossPlot::cancelOutline()
     scheduleRedraw();
 }
 
+void QCrossPlot::giveUpGesture()
+{
+    if (!m_vSelectionPath.isEmpty()) {
+        cancelOutline();
+    } else {
+        endGesture();
+    }
+}
+
 void QCrossPlot::tellSelection()
 {
     scheduleRedraw();
@@ -164,8 +182,13 @@ void QCrossPlot::pickLines(const QPointF& oPosition, bool bAdd)
 {
     const QPointF oData = transformInDataPoint(chartPixel(oPosition));
     DepthLineField* pTops = structuralTops();
-    const std::vector<int> viLines = pTops ? pTops->pickHorizontalLines(oData, pickingEpsY()) : std::vector<int>();
+    std::vector<int> viLines = pTops ? pTops->pickHorizontalLines(oData, pickingEpsY()) : std::vector<int>();
+    std::erase_if(viLines, [pTops](int i) { return !pTops->isShown(pTops->lineTypes()[static_cast<std::size_t>(i)]); });
     if (viLines.empty()) {
+        if (pTops && !bAdd) {
+            pTops->deselectAll();
+            scheduleRedraw();
+        }
         emit sendInsertScatUpdate(oData);
         return;
     }
