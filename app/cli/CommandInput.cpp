@@ -35,7 +35,7 @@ CommandInput::CommandInput()
     m_parser.addOptions({{QStringLiteral("rows"), text("Only these records, counted from 1."), QStringLiteral("1,4-9")},
                          {QStringLiteral("where"), text("Only records with this value; may be repeated."),
                           QStringLiteral("NAME=VALUE")}});
-    m_parser.addHelpOption();
+    m_parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, text("Print this help.")});
 }
 
 CommandInput::~CommandInput() = default;
@@ -46,11 +46,19 @@ std::optional<CommandResult> CommandInput::parse(const QStringList& lArguments)
     if (!m_parser.parse(lArguments))
         return CommandResult::badUsage(sCommand + QLatin1String(": ") + m_parser.errorText());
     if (m_parser.isSet(QStringLiteral("help")))
-        return CommandResult::ok(m_parser.helpText());
+        return CommandResult::ok(helpText(sCommand));
     if (m_parser.positionalArguments().size() != 1)
         return CommandResult::badUsage(text("%1: give one FILE").arg(sCommand));
     m_sFile = m_parser.positionalArguments().constFirst();
     return std::nullopt;
+}
+
+QString CommandInput::helpText(const QString& sCommand) const
+{
+    // The parser does not know that a command stands before its options.
+    QString sHelp = m_parser.helpText();
+    sHelp.replace(0, sHelp.indexOf(QLatin1Char('\n')), text("Usage: gkanalyser %1 FILE [options]").arg(sCommand));
+    return sHelp;
 }
 
 std::optional<CommandResult> CommandInput::load()

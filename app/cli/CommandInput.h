@@ -61,6 +61,7 @@ public:
 
 private:
     CommandResult noNumbers(const QString& sName) const;
+    QString helpText(const QString& sCommand) const;
 
     QCommandLineParser m_parser;
     QString m_sFile;

@@ -175,6 +175,17 @@ private slots:
         }
     }
 
+    void helpTellsTheCommandAndItsOptions()
+    {
+        for (const QString& sCommand : {QStringLiteral("stats"), QStringLiteral("cluster"), QStringLiteral("decimate"),
+                                        QStringLiteral("convert"), QStringLiteral("render")}) {
+            const CommandResult help = run({sCommand, "--help"});
+            QCOMPARE(help.m_sMessage, QString());
+            QVERIFY2(help.m_sOutput.startsWith("Usage: gkanalyser " + sCommand), qPrintable(help.m_sOutput));
+            QVERIFY2(!help.m_sOutput.contains("--help-all"), "there is no such option");
+        }
+    }
+
     void exitStatus_data()
     {
         QTest::addColumn<QStringList>("arguments");
