@@ -6,6 +6,7 @@
 
 #include <QTest>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 
@@ -116,6 +117,14 @@ private slots:
         // Centre 2.5: the record at 2 or 3.
         addDecimationAttributes(*m_poRoot, m_model, false, false, nullptr, true);
         QVERIFY(poAzimuth->recordNumber(0) == 350.0 || poAzimuth->recordNumber(0) == 10.0);
+    }
+
+    void azimuthsAloneGoRoundTheCircle()
+    {
+        m_model.takeNewDataSet(-1, QRelationshipItemModel::DepthDisplay, m_poAzimuth, m_poDepth, {});
+        decimate(5.0);
+        const double dMean = addDecimationAttributes(*m_poRoot, m_model, true, false, nullptr, true)->recordNumber(0);
+        QVERIFY2(std::min(dMean, 360.0 - dMean) < 1e-9, qPrintable(QString::number(dMean)));
     }
 
     void replaceMakesRoomForOtherBins()

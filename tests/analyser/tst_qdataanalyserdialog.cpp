@@ -1,3 +1,4 @@
+#include "DisplayUnitManager.h"
 #include "MatrixDataRestore.h"
 #include "QAttributeTreeView.h"
 #include "QCrossPlot.h"
@@ -25,6 +26,7 @@
 #include <QComboBox>
 #include <QFile>
 #include <QHeaderView>
+#include <QLabel>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -318,6 +320,10 @@ private slots:
         auto* pqSplitter = m_pqDialog->findChild<QSplitter*>();
         pqSplitter->setSizes({333, 667});
         m_pqDialog->setAbsolutPath(m_folder.path());
+        CrossPlotSettings chosen = m_pqDialog->crossPlot()->settings();
+        chosen.m_iClusters = 7;
+        m_pqDialog->crossPlot()->setSettings(chosen);
+        m_pqDialog->depthPlot()->setAllTopMarkersVisibility(false);
         m_pqDialog->saveSettings();
         for (const Qt::Orientation eOrientation : {Qt::Horizontal, Qt::Vertical}) {
             QDataAnalyserDialog later;
@@ -330,7 +336,14 @@ private slots:
             if (eOrientation == Qt::Horizontal)
                 QCOMPARE(pqLaterSplitter->sizes().constFirst(), pqSplitter->sizes().constFirst());
             QCOMPARE(later.absolutePath(), m_folder.path());
+            QVERIFY(later.crossPlot()->settings() == chosen);
+            later.saveSettings(); // without a depth plot: its settings stay
         }
+        QDataAnalyserDialog last;
+        last.initialize(QStringLiteral("Last"), nullptr, Qt::Horizontal, false, false, true, 0);
+        QVERIFY(!last.depthPlot()->markerVisibility().m_bTops);
+        for (const char* pKey : {"attribute_analyser/cross_plot/clusters", "attribute_analyser/well_log_plot/tops"})
+            QVERIFY2(QSettings().contains(QLatin1String(pKey)), pKey);
     }
 
     void switchingAttributesKeepsTheSelection()
@@ -386,6 +399,50 @@ private slots:
         m_pqDialog->copyToClipboard();
         QVERIFY(!QApplication::clipboard()->mimeData()->imageData().isNull());
         QVERIFY(!m_pqDialog->pasteAction()->isEnabled());
+        showTable();
+        m_pqDialog->clearAllSelections();
+        QApplication::clipboard()->clear();
+        m_pqDialog->copyToClipboard();
+        QVERIFY2(!m_pqDialog->pasteAction()->isEnabled(), "nothing was copied");
+    }
+
+    void pointClassesOfTheHostFitThePoints()
+    {
+        auto* poShort = new MatrixData(QStringLiteral("Short"));
+        m_poRoot->appendChild(poShort, false);
+        poShort->appendChild(newAttribute(QStringLiteral("Other"), 4, 1.0), true);
+        const MatrixData* poDip = m_poRoot->getNodeFromName(QStringLiteral("Dip"));
+        m_pqDialog->setCurrentColorItem(poDip->globalID()); // before points are chosen
+        showPage(m_pqDialog->crossPlot());
+        const QRelationshipItemModel* pModel = m_pqDialog->crossPlot()->relationshipItemModel();
+        QCOMPARE(pModel->colorAttribute(), poDip);
+        for (const int iWrongID : {poShort->child(0)->globalID(), m_poRoot->child(0)->globalID(), 987654}) {
+            m_pqDialog->setCurrentColorItem(poDip->globalID());
+            m_pqDialog->setCurrentSymbolItem(poDip->globalID());
+            QCOMPARE(pModel->symbolAttribute(), poDip);
+            m_pqDialog->setCurrentColorItem(iWrongID);
+            m_pqDialog->setCurrentSymbolItem(iWrongID);
+            QVERIFY(!pModel->colorAttribute() && !pModel->symbolAttribute());
+        }
+    }
+
+    void markersAreSwitchedInThePlotAndTheData()
+    {
+        const QSignalSpy modified(m_pqDialog, &QDataAnalyserDialog::dataModified);
+        m_pqDialog->setMarkerVisibility(false, false, false, true, false, false);
+        QVERIFY2(m_pqDialog->depthPlot()->markerVisibility().m_bTops, "no \"$V\": nothing happens");
+        m_pqDialog->setAllDecimatedDipAzimuthMarkersVisibility(false);
+        QVERIFY(!m_pqDialog->depthPlot()->markerVisibility().m_bDecimated);
+        auto* poVisible = new MatrixData(QStringLiteral("$V"), 10, 1, QMetaType::Bool);
+        m_poRoot->child(0)->appendChild(poVisible, true);
+        const auto iModified = modified.count();
+        m_pqDialog->setMarkerVisibility(true, true, true, true, true, false);
+        QCOMPARE(poVisible->defaultValue1(), QVariant(false));
+        QCOMPARE(modified.count(), iModified + 1);
+        QVERIFY2(m_pqDialog->depthPlot()->markerVisibility().m_bTops, "the kinds stay as they are");
+        m_pqDialog->setMarkerVisibility(false, false, false, true, true, false);
+        const DepthMarkerSwitches switches = m_pqDialog->depthPlot()->markerVisibility();
+        QVERIFY(!switches.m_bTops && !switches.m_bFaults && switches.m_bScat);
     }
 
     void selectCellsByCondition()
@@ -403,6 +460,21 @@ private slots:
         QVERIFY(pqSelect->acceptButton()->isEnabled());
         pqSelect->acceptButton()->click();
         QCOMPARE(m_pqDialog->vertexTable()->selectedRecords(), std::vector<int>{5});
+
+        const auto labels = [pqSelect] {
+            QStringList lTexts;
+            for (const QLabel* pqLabel : pqSelect->findChildren<QLabel*>())
+                lTexts << pqLabel->text();
+            return lTexts;
+        };
+        m_pqDialog->vertexTable()->setCurrentIndex(m_pqDialog->vertexItemModel()->index(3, 0));
+        m_poRoot->getNodeFromName(QStringLiteral("Depth"))->setUnitManager(QStringLiteral("depth"));
+        m_pqDialog->updateAllViews();
+        QVERIFY(labels().contains(QStringLiteral("m")));
+        DisplayUnitManager::instance().setDisplayUnit(QStringLiteral("depth"), QStringLiteral("ft"));
+        const QStringList lAfter = labels();
+        DisplayUnitManager::instance().setDisplayUnit(QStringLiteral("depth"), QString());
+        QVERIFY2(lAfter.contains(QStringLiteral("ft")), qPrintable(lAfter.join(QLatin1Char(','))));
         m_pqDialog->hide();
         QVERIFY(!pqSelect->isVisible());
     }

@@ -428,8 +428,7 @@ void QDataAnalyserDialog::copyToClipboard()
             QApplication::clipboard()->clear();
             QApplication::clipboard()->setMimeData(pMimeData);
         }
-        if (m_pqPasteAction)
-            m_pqPasteAction->setEnabled(true);
+        enablePasteAction();
     } else if (const AnalyserChartPages::Page* pPage = m_pCharts->find(activePage())) {
         QApplication::clipboard()->clear();
         pPage->m_fnCopy();

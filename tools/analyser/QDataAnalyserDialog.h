@@ -55,9 +55,9 @@ public:
     ~QDataAnalyserDialog() override;
 
     /// Builds the widgets; call it once. sName goes to the chart panels as the name of their data. pqMenu (not owned)
-    /// is the context menu of the tables; null builds the default one. eOrientation lays out tree and pages. bFlag
-    /// is kept for the panels of point charts. bOrientationCharts and bDepthPlot ask for those pages, as far as their
-    /// panels exist. iTableOption 1 lets pasting and Enter append rows to the table, 0 does not.
+    /// is the context menu of the tables; null builds the default one. eOrientation lays out tree and pages. bDepthPlot
+    /// asks for the depth plot. bFlag and bOrientationCharts are for pages that are not part of the library yet.
+    /// iTableOption 1 lets pasting and Enter append rows to the table, 0 does not.
     void initialize(const QString& sName, QMenu* pqMenu, Qt::Orientation eOrientation, bool bFlag,
                     bool bOrientationCharts, bool bDepthPlot, int iTableOption);
 
@@ -116,7 +116,8 @@ public:
     /// Switches markers of the depth plot by the attribute "$V": all of them through its default value, or, with that
     /// default off, the rows of the chosen kinds. Nothing without such an attribute.
     void setMarkerVisibility(bool bAll, bool bScat, bool bDecimated, bool bTops, bool bFaults, bool bVisible);
-    /// Writes "$V" in the rows whose "Type" is a structural plane.
+    /// Switches the depth plot's structural planes, and writes "$V", when the data have it, in the rows whose "Type" is
+    /// one.
     void setAllScatMarkersVisibility(bool bVisible);
     /// … in the rows with a "Decimated:dip" or "Decimated:azimuth".
     void setAllDecimatedDipAzimuthMarkersVisibility(bool bVisible);
@@ -124,7 +125,8 @@ public:
     void setAllTypeMarkersVisibility(const QString& sType, bool bVisible);
     /// … in the rows that name a "Horizon".
     void setAllTopMarkersVisibility(bool bVisible);
-    /// The symbol and colour attribute of the cross plot, by MatrixData::globalID(); an unknown one switches it off.
+    /// The symbol and colour attribute of the cross plot, by MatrixData::globalID(); an unknown one, or one of other
+    /// records than the points', switches it off.
     void setCurrentSymbolItem(int iGlobalID);
     void setCurrentColorItem(int iGlobalID);
     /// Hides the summary table.

@@ -41,6 +41,9 @@ void QDataAnalyserDialog::showSelectValueCellsDlg()
                 &QDataAnalyserDialog::accept_ClearSelection);
         connect(vertexItemModel(), &QAbstractItemModel::modelReset, m_pqSelectCellsDialog,
                 [this] { fillSelectCellsDialog(); });
+        // Other names and units: a value means what its label says.
+        connect(vertexItemModel(), &QAbstractItemModel::headerDataChanged, m_pqSelectCellsDialog,
+                [this] { fillSelectCellsDialog(); });
         connect(vertexTable()->selectionModel(), &QItemSelectionModel::currentColumnChanged, m_pqSelectCellsDialog,
                 [this] { fillSelectCellsDialog(); });
     }

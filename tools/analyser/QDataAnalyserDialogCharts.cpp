@@ -88,8 +88,7 @@ void QDataAnalyserDialog::setCurrentColorItem(int iGlobalID)
         m_pqCrossPlot->setCurrentColorItem(iGlobalID);
 }
 
-// ---- attributes made from the charts' results
-// ------------------------------------------------------------------------
+// ---- attributes made from the charts' results ----------------------------------------------------------------------
 
 void QDataAnalyserDialog::showDerived(bool bAdded)
 {
@@ -126,8 +125,7 @@ void QDataAnalyserDialog::createDataDecimationAttribute(QRelationshipItemModel* 
     showDerived(true);
 }
 
-// ---- markers
-// -----------------------------------------------------------------------------------------------------------
+// ---- markers -------------------------------------------------------------------------------------------------------
 
 void QDataAnalyserDialog::setMarkerVisibility(bool bAll, bool bScat, bool bDecimated, bool bTops, bool bFaults,
                                               bool bVisible)
@@ -135,7 +133,11 @@ void QDataAnalyserDialog::setMarkerVisibility(bool bAll, bool bScat, bool bDecim
     MatrixData* poVisible = m_poDataRoot ? m_poDataRoot->getNodeFromName(QStringLiteral("$V")) : nullptr;
     if (!poVisible)
         return;
-    poVisible->setDefaultValue1(bAll ? QVariant(bVisible) : QVariant(false));
+    const QVariant qDefault(bAll && bVisible);
+    if (poVisible->defaultValue1() != qDefault) {
+        poVisible->setDefaultValue1(qDefault);
+        emit dataModified(true);
+    }
     if (!bAll) {
         if (bScat)
             setAllScatMarkersVisibility(bVisible);
@@ -153,21 +155,29 @@ void QDataAnalyserDialog::setMarkerVisibility(bool bAll, bool bScat, bool bDecim
 
 void QDataAnalyserDialog::setAllScatMarkersVisibility(bool bVisible)
 {
+    if (m_pqDepthPlot)
+        m_pqDepthPlot->setAllScatMarkersVisibility(bVisible);
     changeMarkers(MarkerKind::Scat, QString(), bVisible);
 }
 
 void QDataAnalyserDialog::setAllDecimatedDipAzimuthMarkersVisibility(bool bVisible)
 {
+    if (m_pqDepthPlot)
+        m_pqDepthPlot->setAllDecimatedDipAzimuthMarkersVisibility(bVisible);
     changeMarkers(MarkerKind::Decimated, QString(), bVisible);
 }
 
 void QDataAnalyserDialog::setAllTypeMarkersVisibility(const QString& sType, bool bVisible)
 {
+    if (m_pqDepthPlot)
+        m_pqDepthPlot->setAllTypeMarkersVisibility(sType, bVisible);
     changeMarkers(MarkerKind::Type, sType, bVisible);
 }
 
 void QDataAnalyserDialog::setAllTopMarkersVisibility(bool bVisible)
 {
+    if (m_pqDepthPlot)
+        m_pqDepthPlot->setAllTopMarkersVisibility(bVisible);
     changeMarkers(MarkerKind::Top, QString(), bVisible);
 }
 

@@ -53,7 +53,7 @@ QIcon actionIcon(const char* pName)
 void QDataAnalyserDialog::initialize(const QString& sName, QMenu* pqMenu, Qt::Orientation eOrientation, bool bFlag,
                                      bool bOrientationCharts, bool bDepthPlot, int iTableOption)
 {
-    // The panels of point charts and orientations that these three ask for are not part of the library yet.
+    // The pages that these ask for are not part of the library yet.
     Q_UNUSED(bFlag)
     Q_UNUSED(bOrientationCharts)
     if (m_pqSplitter)

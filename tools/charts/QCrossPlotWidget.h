@@ -61,7 +61,8 @@ public:
     void setSymbolAttribute(MatrixData* poAttribute);
     void setThirdAttribute(MatrixData* poAttribute);
     void setTadpoleAttribute(MatrixData* poAzimuth);
-    /// By MatrixData::globalID(); one that does not exist switches the attribute off.
+    /// By MatrixData::globalID(); one that does not exist, or has other records than the points, switches the attribute
+    /// off.
     void setCurrentColorItem(int iGlobalID);
     void setCurrentSymbolItem(int iGlobalID);
     /// Fills the choosers again; what is shown stays when it is still there.
@@ -136,6 +137,8 @@ private:
     void slotRootAboutToBeDestroyed();
     void slotDisplayUnitChanged(const QString& sCategory);
     MatrixData* node(int iGlobalID) const;
+    /// The attribute when it can colour the points or give their symbols; null otherwise.
+    MatrixData* classNode(int iGlobalID) const;
     MatrixData* attribute(CrossPlotRole eRole) const;
     /// Colour, symbol, tadpole or third. Classes are made, but nothing is shown yet.
     void setAttribute(CrossPlotRole eRole, MatrixData* poNode);

@@ -250,12 +250,23 @@ void QCrossPlotWidget::setTadpoleAttribute(MatrixData* poAzimuth)
 
 void QCrossPlotWidget::setCurrentColorItem(int iGlobalID)
 {
-    setColorAttribute(node(iGlobalID));
+    setColorAttribute(classNode(iGlobalID));
 }
 
 void QCrossPlotWidget::setCurrentSymbolItem(int iGlobalID)
 {
-    setSymbolAttribute(node(iGlobalID));
+    setSymbolAttribute(classNode(iGlobalID));
+}
+
+MatrixData* QCrossPlotWidget::classNode(int iGlobalID) const
+{
+    MatrixData* poNode = node(iGlobalID);
+    if (!poNode || !poNode->isAttribute())
+        return nullptr;
+    // Before points are chosen any attribute may be meant.
+    const bool bFits = numberOfRecords() < 0 || records(poNode) == numberOfRecords() ||
+                       poNode->recordCount() == m_pModel->numberOfPoints();
+    return bFits ? poNode : nullptr;
 }
 
 // ---- what goes ------------------------------------------------------------------------------------------------------

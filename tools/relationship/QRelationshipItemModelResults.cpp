@@ -35,6 +35,19 @@ std::vector<int> nearestRecords(std::span<const int> viBins, const IntervalBins&
     return viRecords;
 }
 
+/// Whether an attribute holds azimuths or strikes, which go round the circle.
+bool isDirection(const MatrixData* poAttribute)
+{
+    const MatrixData* poDataSet = poAttribute ? poAttribute->owner() : nullptr;
+    if (!poDataSet)
+        return false;
+    QList<QString> lNames;
+    QList<int> liDirections;
+    QList<QColor> lColors;
+    poDataSet->getDataSetSelectionBoxItems(lNames, liDirections, lColors, MatrixData::Direction, false);
+    return liDirections.contains(poAttribute->globalID());
+}
+
 } // namespace
 
 void QRelationshipItemModel::calculateRegressionLine(double& dSlope, double& dIntercept, double& dCorrelation) const
@@ -192,7 +205,13 @@ void QRelationshipItemModel::countBins(int iBins)
 
 void QRelationshipItemModel::averageValues(std::span<const int> viBins, int iBins)
 {
-    const std::vector<double> vdMeans = binMeans(viBins, iBins, m_vdX);
+    std::vector<double> vdMeans;
+    if (isDirection(nodeX())) {
+        for (const CircularMean& oMean : binMeanDirections(viBins, iBins, m_vdX))
+            vdMeans.push_back(oMean.m_dDirection);
+    } else {
+        vdMeans = binMeans(viBins, iBins, m_vdX);
+    }
     for (int i = 0; i < iBins; ++i)
         m_poDecimation->setCell(i, 1, vdMeans[static_cast<std::size_t>(i)]);
 }
