@@ -170,6 +170,11 @@ void TestChartDrawingArea::wheelZoomsAndTells()
     QCOMPARE(spy.size(), 1);
     QVERIFY(std::abs(spy.first().first().toDouble() - 1.2) < 1e-12);
     QCOMPARE(chart.chartSize(), QSize(120, 120));
+    // A zoom of the height stays one.
+    chart.zoomY(2.0);
+    turnWheel(chart, {0, 1200});
+    QCOMPARE(chart.chartSize(), QSize(100, 300));
+    spy.remove(1);
     chart.enableMouseZoom(false);
     turnWheel(chart, {0, 240});
     QCOMPARE(spy.size(), 1);

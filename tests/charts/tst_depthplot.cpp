@@ -264,11 +264,13 @@ void TestDepthPlot::dragPansByPixels()
     panel.trackArea()->setZoom(20.0);
     QDepthTrackPlot& plot = panel.plot(1);
     const int iTop = plot.pixmapRect().top();
+    const Qt::CursorShape eShape = plot.cursor().shape();
     QTest::mousePress(&plot, Qt::MiddleButton, {}, {20, 200});
     QMouseEvent move(QEvent::MouseMove, QPointF(20, 193), plot.mapToGlobal(QPointF(20, 193)), Qt::NoButton,
                      Qt::MiddleButton, {});
     QCoreApplication::sendEvent(&plot, &move);
     QTest::mouseRelease(&plot, Qt::MiddleButton, {}, {20, 193});
+    QCOMPARE(plot.cursor().shape(), eShape);
     QCOMPARE(plot.pixmapRect().top(), iTop + 7);
     QCOMPARE(panel.plot(0).pixmapRect().top(), iTop + 7);
     QTest::keyClick(&plot, Qt::Key_PageDown);

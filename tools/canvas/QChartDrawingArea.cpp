@@ -223,7 +223,8 @@ void QChartDrawingArea::wheelEvent(QWheelEvent* pEvent)
     const double dZoom = ChartViewport::wheelZoom(zoomFactor(), iDelta);
     if (dZoom == zoomFactor())
         return;
-    zoom(dZoom);
+    // Who magnified the height alone wants it so.
+    m_oViewport.zoomsHeightOnly() ? zoomY(dZoom) : zoom(dZoom);
     emit zoomChanged(zoomFactor());
 }
 

@@ -371,6 +371,7 @@ void QDepthTrackPlot::mousePressEvent(QMouseEvent* pEvent)
     if (pEvent->button() == Qt::MiddleButton) {
         m_bPanning = true;
         m_dPanRow = pEvent->position().y();
+        m_oCursorBesidePan = cursor();
         setCursor(Qt::ClosedHandCursor);
         return;
     }
@@ -400,7 +401,7 @@ void QDepthTrackPlot::mouseReleaseEvent(QMouseEvent* pEvent)
 {
     if (m_bPanning && pEvent->button() == Qt::MiddleButton) {
         m_bPanning = false;
-        unsetCursor();
+        setCursor(m_oCursorBesidePan);
         return;
     }
     if (m_bBoundaryEditing && pEvent->button() == Qt::LeftButton)

@@ -6,6 +6,7 @@
 #include "QCrossPlot.h"
 #include "gkBaseToolsExport.h"
 
+#include <QCursor>
 #include <QPointF>
 #include <QSize>
 #include <QString>
@@ -108,6 +109,7 @@ private:
     std::vector<DepthBinBar> m_vBars;
     bool m_bPanning = false;
     double m_dPanRow = 0.0; ///< of the mouse when it was last followed
+    QCursor m_oCursorBesidePan;
 };
 
 } // namespace gkBase
