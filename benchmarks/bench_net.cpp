@@ -1,0 +1,67 @@
+#include "DensityGrid.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <random>
+#include <vector>
+
+using namespace gkBase;
+
+namespace {
+
+std::vector<double> evenValues(int iCount, double dMin, double dMax, unsigned iSeed)
+{
+    std::mt19937_64 oRandom(iSeed);
+    std::uniform_real_distribution<double> oEven(dMin, dMax);
+    std::vector<double> vdValues(static_cast<std::size_t>(iCount));
+    std::generate(vdValues.begin(), vdValues.end(), [&] { return oEven(oRandom); });
+    return vdValues;
+}
+
+void projection(benchmark::State& state)
+{
+    const auto iCount = static_cast<int>(state.range(0));
+    const NetProjection oProjection(static_cast<NetLayout>(state.range(1)));
+    const std::vector<double> vdDip = evenValues(iCount, 0.0, 90.0, 1);
+    const std::vector<double> vdAzimuth = evenValues(iCount, 0.0, 360.0, 2);
+    std::vector<NetPoint> vPoints(vdDip.size());
+    for (auto _ : state) {
+        projectPoles(oProjection, vdDip, vdAzimuth, vPoints);
+        benchmark::DoNotOptimize(vPoints.data());
+    }
+}
+BENCHMARK(projection)
+    ->ArgNames({"records", "layout"})
+    ->Args({1000000, 0})
+    ->Args({1000000, 1})
+    ->Args({1000000, 2})
+    ->Unit(benchmark::kMillisecond);
+
+void densityCounting(benchmark::State& state)
+{
+    const auto iCount = static_cast<int>(state.range(0));
+    const auto iNodes = static_cast<int>(state.range(2));
+    const NetProjection oProjection(static_cast<NetLayout>(state.range(1)));
+    const std::vector<double> vdDip = evenValues(iCount, 0.0, 90.0, 1);
+    const std::vector<double> vdAzimuth = evenValues(iCount, 0.0, 360.0, 2);
+    DensityGrid oGrid;
+    for (auto _ : state) {
+        oGrid = densityGrid(oProjection, NetRecords::Planes, vdDip, vdAzimuth, iNodes, iNodes);
+    }
+    if (oGrid.m_iRecords != vdDip.size() || oGrid.m_iOutside != 0) {
+        state.SkipWithError("records lost");
+    }
+}
+BENCHMARK(densityCounting)
+    ->ArgNames({"records", "layout", "nodes"})
+    ->Args({1000, 0, 20})
+    ->Args({100000, 0, 100})
+    ->Args({1000000, 0, 20})
+    ->Args({1000000, 0, 100})
+    ->Args({1000000, 1, 100})
+    ->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+BENCHMARK_MAIN();
