@@ -137,6 +137,9 @@ private slots:
 
         select({7}); // while it is shown
         QTRY_COMPARE(histogramModel()->numberOfPoints(), 1);
+        select({7, 8});
+        m_pqDialog->copyToClipboard();
+        QCOMPARE(histogramModel()->numberOfPoints(), 2); // a picture of what is selected now
         select({});
         QTRY_COMPARE(histogramModel()->numberOfPoints(), 10); // no selection means all
     }
@@ -531,8 +534,24 @@ private slots:
         pTree->deleteSelectedRows({pTree->indexFromNode(m_poRoot->getNodeFromName(QStringLiteral("Dip")))});
         QCOMPARE(m_pqDialog->vertexItemModel()->columnCount(), 1);
         QVERIFY(!m_pqDialog->histogramChart()->currentSelectedDataSet());
+        QCoreApplication::processEvents();
+        QVERIFY2(!m_pqDialog->histogramChart()->currentSelectedDataSet(), "nothing takes its place unasked");
         QVERIFY(m_poRoot->undo());
         QCOMPARE(m_pqDialog->vertexItemModel()->columnCount(), 2);
+
+        showPage(m_pqDialog->crossPlot());
+        showPage(m_pqDialog->depthPlot());
+        auto* poOther = new MatrixData(QStringLiteral("Other"));
+        m_poRoot->appendChild(poOther, false);
+        poOther->appendChild(newAttribute(QStringLiteral("MD"), 10, 1.0), true);
+        poOther->appendChild(newAttribute(QStringLiteral("GR"), 10, 1.0), true);
+        m_poRoot->removeChild(m_poRoot->child(0));
+        QCoreApplication::processEvents();
+        QVERIFY(!m_pqDialog->depthPlot()->currentSelectedDataSet());
+        showPage(m_pqDialog->crossPlot());
+        QVERIFY(!m_pqDialog->crossPlot()->nodeX() && !m_pqDialog->crossPlot()->nodeY());
+        for (const QComboBox* pqChooser : m_pqDialog->crossPlot()->findChildren<QComboBox*>())
+            QVERIFY(pqChooser->findText(QStringLiteral("Dip"), Qt::MatchContains) < 0);
 
         m_poRoot.reset();
         QCoreApplication::processEvents();

@@ -72,6 +72,7 @@ bool AnalyserChartPages::isSeen(const QWidget* pqPage) const
 
 void AnalyserChartPages::setDataRoot(MatrixData* poRoot)
 {
+    forgetShown();
     for (const Page& page : m_vPages)
         if (page.m_fnSetRoot)
             page.m_fnSetRoot(poRoot);

@@ -77,6 +77,13 @@ public:
     /// The same when the event loop turns.
     void scheduleRefill();
 
+    /// Whether a chart that shows nothing is to be given something, which it is until it has shown data of this root.
+    /// What disappears later leaves an empty chart.
+    bool isUnused(Chart eChart) const { return !m_vbShown[eChart]; }
+    void noteShown(Chart eChart, bool bShows) { m_vbShown[eChart] = m_vbShown[eChart] || bShows; }
+    /// All charts are unused again.
+    void forgetShown() { m_vbShown.fill(false); }
+
     void setDataRoot(MatrixData* poRoot);
     void updateChoosers();
     void readSettings();
@@ -91,6 +98,7 @@ private:
     TabWidgetWithFloatingTabs* m_pqTabWidget; ///< not owned
     std::vector<Page> m_vPages;
     std::array<Need, NumberOfCharts> m_eNeeds{};
+    std::array<bool, NumberOfCharts> m_vbShown{};
     bool m_bRefillPending = false;
 };
 

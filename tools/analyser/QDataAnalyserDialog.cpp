@@ -121,7 +121,11 @@ void QDataAnalyserDialog::connectRoot()
                        << connect(pNotifier, &MatrixDataNotifier::valuesChanged, this,
                                   &QDataAnalyserDialog::resetChartsUpdateNeeded)
                        << connect(pNotifier, &MatrixDataNotifier::structureChanged, this,
-                                  &QDataAnalyserDialog::updateChartDataSetSelectionBoxes)
+                                  [this] {
+                                      if (m_pCharts && m_poDataRoot && m_poDataRoot->childCount() == 0)
+                                          m_pCharts->forgetShown();
+                                      updateChartDataSetSelectionBoxes();
+                                  })
                        << connect(pNotifier, &MatrixDataNotifier::attributesChanged, this,
                                   &QDataAnalyserDialog::resetChartsUpdateNeeded)
                        << connect(pNotifier, &MatrixDataNotifier::undoApplied, this, [this] {
@@ -244,10 +248,11 @@ void QDataAnalyserDialog::updateHistogramData()
         return;
     m_pCharts->unmark(AnalyserChartPages::Histogram);
     const bool bRebuilt = m_pqHistogramChart->setSelectedRows(vertexTable()->selectedRecords());
-    if (!m_pqHistogramChart->currentSelectedDataSet())
+    if (!m_pqHistogramChart->currentSelectedDataSet() && m_pCharts->isUnused(AnalyserChartPages::Histogram))
         m_pqHistogramChart->setDataSet(firstCountableAttribute());
     else if (!bRebuilt)
         m_pqHistogramChart->updateHistogram();
+    m_pCharts->noteShown(AnalyserChartPages::Histogram, m_pqHistogramChart->currentSelectedDataSet());
 }
 
 void QDataAnalyserDialog::hideShowOrientationWindows()
@@ -431,6 +436,7 @@ void QDataAnalyserDialog::copyToClipboard()
         enablePasteAction();
     } else if (const AnalyserChartPages::Page* pPage = m_pCharts->find(activePage())) {
         QApplication::clipboard()->clear();
+        m_pCharts->refillVisible(); // the picture is of the present data
         pPage->m_fnCopy();
         if (m_pqPasteAction)
             m_pqPasteAction->setEnabled(false);

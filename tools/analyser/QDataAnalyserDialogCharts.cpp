@@ -46,12 +46,13 @@ void QDataAnalyserDialog::updateBarChart()
         return;
     m_pCharts->unmark(AnalyserChartPages::BarChart);
     const bool bRebuilt = m_pqBarChart->setSelectedRows(vertexTable()->selectedRecords());
-    if (!m_pqBarChart->currentSelectedDataSet()) {
+    if (!m_pqBarChart->currentSelectedDataSet() && m_pCharts->isUnused(AnalyserChartPages::BarChart)) {
         const MatrixData* poAttribute = m_poDataRoot ? m_poDataRoot->getFirstChildWithData() : nullptr;
         m_pqBarChart->setDataSet(poAttribute ? poAttribute->owner() : nullptr);
     } else if (!bRebuilt) {
         m_pqBarChart->updateBarChart();
     }
+    m_pCharts->noteShown(AnalyserChartPages::BarChart, m_pqBarChart->currentSelectedDataSet());
 }
 
 void QDataAnalyserDialog::updateRelationshipData()
@@ -59,8 +60,10 @@ void QDataAnalyserDialog::updateRelationshipData()
     if (!m_pqCrossPlot)
         return;
     m_pCharts->unmark(AnalyserChartPages::CrossPlot);
-    if (!m_pqCrossPlot->nodeX() && !m_pqCrossPlot->nodeY())
+    const auto showsAttribute = [this] { return m_pqCrossPlot->nodeX() || m_pqCrossPlot->nodeY(); };
+    if (!showsAttribute() && m_pCharts->isUnused(AnalyserChartPages::CrossPlot))
         m_pqCrossPlot->setDataSet(firstDataSet(false));
+    m_pCharts->noteShown(AnalyserChartPages::CrossPlot, showsAttribute());
     m_pqCrossPlot->updateCrossPlot();
     m_pqCrossPlot->setSelectedRows(vertexTable()->selectedRecords());
 }
@@ -70,8 +73,9 @@ void QDataAnalyserDialog::updateDepthPlotData()
     if (!m_pqDepthPlot)
         return;
     m_pCharts->unmark(AnalyserChartPages::DepthPlot);
-    if (!m_pqDepthPlot->currentSelectedDataSet())
+    if (!m_pqDepthPlot->currentSelectedDataSet() && m_pCharts->isUnused(AnalyserChartPages::DepthPlot))
         m_pqDepthPlot->setDataSet(firstDataSet(true));
+    m_pCharts->noteShown(AnalyserChartPages::DepthPlot, m_pqDepthPlot->currentSelectedDataSet());
     m_pqDepthPlot->updateDepthPlot();
     m_pqDepthPlot->setSelectedRows(vertexTable()->selectedRecords());
 }
