@@ -8,8 +8,8 @@
 #include "QVertexModelTableView.h"
 #include "TabWidgetWithFloatingTabs.h"
 #include "UnitRegistry.h"
+#include "WidgetBenchmark.h"
 
-#include <QApplication>
 #include <QMainWindow>
 
 #include <benchmark/benchmark.h>
@@ -111,12 +111,5 @@ BENCHMARK(selectionSeenEverywhere)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond
 
 int main(int iArguments, char** ppcArguments)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication oApplication(iArguments, ppcArguments);
-    benchmark::Initialize(&iArguments, ppcArguments);
-    if (benchmark::ReportUnrecognizedArguments(iArguments, ppcArguments))
-        return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return runWidgetBenchmarks(iArguments, ppcArguments);
 }

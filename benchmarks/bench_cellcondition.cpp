@@ -5,8 +5,7 @@
 #include "QVertexItemModel.h"
 #include "QVertexModelTableView.h"
 #include "UnitManager.h"
-
-#include <QApplication>
+#include "WidgetBenchmark.h"
 
 #include <benchmark/benchmark.h>
 
@@ -138,12 +137,5 @@ BENCHMARK(modifyCells)->Unit(benchmark::kMillisecond);
 
 int main(int iArguments, char** ppcArguments)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication oApplication(iArguments, ppcArguments);
-    benchmark::Initialize(&iArguments, ppcArguments);
-    if (benchmark::ReportUnrecognizedArguments(iArguments, ppcArguments))
-        return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return runWidgetBenchmarks(iArguments, ppcArguments);
 }

@@ -1,5 +1,7 @@
 // Histogram, bar chart and probability plot at a million records, and redrawing and panning of a zoomed canvas.
 
+#include "WidgetBenchmark.h"
+
 #include <gkBase/BarDiagramClasses.h>
 #include <gkBase/EMFDevice.h>
 #include <gkBase/MatrixColumn.h>
@@ -12,7 +14,6 @@
 #include <gkBase/QProbabilityPlot.h>
 #include <gkBase/SymbolSpriteCache.h>
 
-#include <QApplication>
 #include <QImage>
 #include <QPainter>
 
@@ -292,11 +293,7 @@ BENCHMARK(writeMetafile)
 
 } // namespace
 
-int main(int argc, char** argv)
+int main(int iArguments, char** ppcArguments)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runWidgetBenchmarks(iArguments, ppcArguments);
 }

@@ -1,12 +1,13 @@
 // The cross plot at a million records: full redraws in every look, a new selection, the gesture that makes it, panning.
 
+#include "WidgetBenchmark.h"
+
 #include <gkBase/MatrixColumn.h>
 #include <gkBase/MatrixData.h>
 #include <gkBase/QCrossPlot.h>
 #include <gkBase/QCrossPlotWidget.h>
 #include <gkBase/QRelationshipItemModel.h>
 
-#include <QApplication>
 #include <QImage>
 #include <QMouseEvent>
 
@@ -192,11 +193,7 @@ BENCHMARK(refillPanel)->Arg(OtherAxes)->Arg(EditedValue)->Arg(NothingIsNew)->Uni
 
 } // namespace
 
-int main(int argc, char** argv)
+int main(int iArguments, char** ppcArguments)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runWidgetBenchmarks(iArguments, ppcArguments);
 }

@@ -1,5 +1,7 @@
 // A depth plot of a million samples: one track, a panel of tracks, a selection.
 
+#include "WidgetBenchmark.h"
+
 #include <gkBase/DepthMarkers.h>
 #include <gkBase/MatrixData.h>
 #include <gkBase/QDepthPlotWidget.h>
@@ -8,7 +10,6 @@
 #include <gkBase/QRelationshipItemModel.h>
 #include <gkBase/UnitManager.h>
 
-#include <QApplication>
 #include <QImage>
 #include <QPainter>
 
@@ -130,11 +131,7 @@ BENCHMARK(decimateDepthTracks)->Arg(1000000)->ArgName("samples")->Unit(benchmark
 
 } // namespace
 
-int main(int argc, char** argv)
+int main(int iArguments, char** ppcArguments)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runWidgetBenchmarks(iArguments, ppcArguments);
 }

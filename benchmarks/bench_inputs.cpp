@@ -3,8 +3,8 @@
 
 #include "AxisTicks.h"
 #include "QCartesianAxisWidget.h"
+#include "WidgetBenchmark.h"
 
-#include <QApplication>
 #include <QImage>
 #include <QPainter>
 
@@ -44,10 +44,7 @@ BENCHMARK(axisPainting)->Arg(1000)->Arg(20000)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 
-int main(int argc, char** argv)
+int main(int iArguments, char** ppcArguments)
 {
-    const QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runWidgetBenchmarks(iArguments, ppcArguments);
 }

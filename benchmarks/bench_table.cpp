@@ -3,8 +3,8 @@
 #include "MatrixData.h"
 #include "QVertexItemModel.h"
 #include "QVertexModelTableView.h"
+#include "WidgetBenchmark.h"
 
-#include <QApplication>
 #include <QScrollBar>
 
 #include <benchmark/benchmark.h>
@@ -141,12 +141,5 @@ BENCHMARK(paintSelection)->Unit(benchmark::kMillisecond);
 
 int main(int iArguments, char** ppcArguments)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication oApplication(iArguments, ppcArguments);
-    benchmark::Initialize(&iArguments, ppcArguments);
-    if (benchmark::ReportUnrecognizedArguments(iArguments, ppcArguments))
-        return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return runWidgetBenchmarks(iArguments, ppcArguments);
 }

@@ -3,6 +3,7 @@
 #include "AttributeChooser.h"
 #include "ChartDisplayPage.h"
 #include "ChartFrame.h"
+#include "ChartPanelControls.h"
 #include "CrossPlotAttributeGroup.h"
 #include "CrossPlotClusterPage.h"
 #include "CrossPlotLegends.h"
@@ -14,17 +15,12 @@
 #include "QRelationshipItemModel.h"
 
 #include <QCheckBox>
-#include <QHBoxLayout>
-#include <QScrollArea>
-#include <QScrollBar>
-#include <QSplitter>
 #include <QVBoxLayout>
 
 namespace gkBase {
 
 namespace {
 
-constexpr int g_iSideBarWidth = 270;
 constexpr int g_iPageMinimumHeight = 110;
 constexpr int g_iLegendWidth = 150;
 constexpr int g_iLegendMinimumWidth = 90;
@@ -55,16 +51,6 @@ void QCrossPlotWidget::createChart()
     m_pqFrame = new ChartFrame(m_pqPlot);
     m_pqLegends = new CrossPlotLegends(m_pqPlot);
     m_pqLegends->setMinimumWidth(g_iLegendMinimumWidth);
-
-    m_pqSplitter = new QSplitter(Qt::Horizontal, this);
-    m_pqSplitter->setObjectName(QStringLiteral("m_pqSplitter"));
-    m_pqSplitter->setChildrenCollapsible(false);
-    m_pqSplitter->addWidget(m_pqFrame);
-    m_pqSplitter->addWidget(m_pqLegends);
-    m_pqSplitter->setStretchFactor(0, 1);
-    auto* pqLayout = new QHBoxLayout(this);
-    pqLayout->setContentsMargins(4, 4, 4, 4);
-    pqLayout->addWidget(m_pqSplitter);
 }
 
 void QCrossPlotWidget::createControls()
@@ -82,22 +68,9 @@ void QCrossPlotWidget::createControls()
     pqToolBox->addItem(m_pqAxesPage, tr("Axis Limits"));
     pqToolBox->addItem(m_pqDisplayPage, tr("Annotation/Display Settings"));
     // All headers stay in reach on small screens: a page that is taller scrolls by itself.
-    pqToolBox->setMinimumHeight(pqToolBox->minimumSizeHint().height() + g_iPageMinimumHeight);
-
-    auto* pqControls = new QWidget;
-    auto* pqLayout = new QVBoxLayout(pqControls);
-    pqLayout->setContentsMargins(4, 0, 4, 0);
-    pqLayout->addWidget(m_pqAttributeGroup);
-    pqLayout->addWidget(pqToolBox, 1);
-    // A small screen scrolls the controls, never the chart; long numbers and units make them wider than now.
-    auto* pqScrollArea = new QScrollArea;
-    pqScrollArea->setWidget(pqControls);
-    pqScrollArea->setWidgetResizable(true);
-    pqScrollArea->setFrameShape(QFrame::NoFrame);
-    pqScrollArea->setMinimumWidth(pqControls->minimumSizeHint().width() +
-                                  pqScrollArea->verticalScrollBar()->sizeHint().width());
-    m_pqSplitter->addWidget(pqScrollArea);
-    m_pqSplitter->setSizes({3 * g_iSideBarWidth, g_iLegendWidth, g_iSideBarWidth});
+    QWidget* pqSideBar = newSideBar({m_pqAttributeGroup}, pqToolBox, g_iPageMinimumHeight);
+    m_pqSplitter = layOutPanel(this, {m_pqFrame, m_pqLegends}, pqSideBar,
+                               {3 * g_iChartSideBarWidth, g_iLegendWidth, g_iChartSideBarWidth});
 }
 
 QWidget* QCrossPlotWidget::createStatisticsPage()

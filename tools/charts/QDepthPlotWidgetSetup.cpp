@@ -2,6 +2,7 @@
 
 #include "AttributeChooser.h"
 #include "ChartDisplayPage.h"
+#include "ChartPanelControls.h"
 #include "DepthDecimationPage.h"
 #include "DepthIntervalPage.h"
 #include "DepthTrackEditor.h"
@@ -15,11 +16,7 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLabel>
-#include <QScrollArea>
-#include <QScrollBar>
-#include <QSplitter>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -29,20 +26,8 @@ namespace gkBase {
 
 namespace {
 
-constexpr int g_iSideBarWidth = 270;
 constexpr int g_iAreaMinimumWidth = 200;
 constexpr int g_iAreaMinimumHeight = 160;
-
-QComboBox* newChooser(const QString& sName, const QString& sObjectName)
-{
-    auto* pqBox = new QComboBox;
-    pqBox->setObjectName(sObjectName);
-    pqBox->setPlaceholderText(sName);
-    pqBox->setAccessibleName(sName);
-    pqBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    pqBox->setMinimumContentsLength(12);
-    return pqBox;
-}
 
 QUnitLineEdit* newDepthEdit(const QString& sName, const QString& sObjectName)
 {
@@ -80,10 +65,6 @@ QDepthPlotWidget::~QDepthPlotWidget() = default;
 
 void QDepthPlotWidget::createControls()
 {
-    auto* pqControls = new QWidget;
-    auto* pqLayout = new QVBoxLayout(pqControls);
-    pqLayout->setContentsMargins(4, 0, 4, 0);
-    pqLayout->addWidget(createDataGroup());
     m_pqTrackEditor = new DepthTrackEditor;
     m_pqIntervalPage = new DepthIntervalPage;
     m_pqDecimationPage = new DepthDecimationPage;
@@ -95,36 +76,16 @@ void QDepthPlotWidget::createControls()
     pqToolBox->addItem(createMarkerPage(), tr("Markers"));
     pqToolBox->addItem(m_pqDisplayPage, tr("Annotation/Display Settings"));
     // The side bar scrolls as a whole; bars of a page inside it would leave a slit of it on small screens.
-    int iPage = 0;
-    for (int i = 0; i < pqToolBox->count(); ++i)
-        iPage = std::max(iPage, pqToolBox->widget(i)->minimumSizeHint().height());
-    pqToolBox->setMinimumHeight(pqToolBox->minimumSizeHint().height() + iPage);
-    pqLayout->addWidget(pqToolBox, 1);
-
-    auto* pqScrollArea = new QScrollArea;
-    pqScrollArea->setWidget(pqControls);
-    pqScrollArea->setWidgetResizable(true);
-    pqScrollArea->setFrameShape(QFrame::NoFrame);
-    pqScrollArea->setMinimumWidth(pqControls->minimumSizeHint().width() +
-                                  pqScrollArea->verticalScrollBar()->sizeHint().width());
-    auto* pqSplitter = new QSplitter(Qt::Horizontal, this);
-    pqSplitter->setObjectName(QStringLiteral("m_pqSplitter"));
-    pqSplitter->setChildrenCollapsible(false);
-    pqSplitter->addWidget(m_pqArea);
-    pqSplitter->addWidget(pqScrollArea);
-    pqSplitter->setStretchFactor(0, 1);
-    pqSplitter->setStretchFactor(1, 0);
-    pqSplitter->setSizes({3 * g_iSideBarWidth, g_iSideBarWidth});
-    auto* pqOuter = new QHBoxLayout(this);
-    pqOuter->setContentsMargins(4, 4, 4, 4);
-    pqOuter->addWidget(pqSplitter);
+    QWidget* pqSideBar = newSideBar({createDataGroup()}, pqToolBox, tallestPage(*pqToolBox));
+    layOutPanel(this, {m_pqArea}, pqSideBar, {3 * g_iChartSideBarWidth, g_iChartSideBarWidth});
 }
 
 QWidget* QDepthPlotWidget::createDataGroup()
 {
     auto* pqGroup = new QGroupBox(tr("Select a Data Set"));
-    m_pqDepthPlotDataSetComboBox = newChooser(tr("Select a Data Set"), QStringLiteral("m_pqDepthPlotDataSetComboBox"));
-    m_pqDepthPlotDataSetComboBox->setToolTip(tr("The well whose attributes are shown"));
+    m_pqDepthPlotDataSetComboBox = newChooser(tr("Select a Data Set"), tr("The well whose attributes are shown"),
+                                              QStringLiteral("m_pqDepthPlotDataSetComboBox"));
+    m_pqDepthPlotDataSetComboBox->setPlaceholderText(tr("Select a Data Set"));
     m_pqDepthAttributeChooser = new AttributeChooser(tr("Select the Depth"), false);
     m_pqDepthAttributeChooser->setObjectName(QStringLiteral("m_pqDepthAttributeChooser"));
     m_pqDepthAttributeChooser->setToolTip(tr("The attribute that is plotted downwards"));

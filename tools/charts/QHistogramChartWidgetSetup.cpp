@@ -3,6 +3,7 @@
 #include "ChartDisplayPage.h"
 #include "ChartFrame.h"
 #include "ChartFrameStack.h"
+#include "ChartPanelControls.h"
 #include "DisplayUnitManager.h"
 #include "ProbabilityPlotFrame.h"
 #include "QDecoratedToolBox.h"
@@ -16,31 +17,12 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLabel>
-#include <QScrollArea>
-#include <QScrollBar>
-#include <QSplitter>
 #include <QVBoxLayout>
 
 #include <initializer_list>
 
 namespace gkBase {
-
-namespace {
-
-constexpr int g_iSideBarWidth = 270;
-
-QLabel* newValueLabel(const QString& sName)
-{
-    auto* pqLabel = new QLabel(QStringLiteral("---"));
-    pqLabel->setTextFormat(Qt::PlainText);
-    pqLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    pqLabel->setAccessibleName(sName);
-    return pqLabel;
-}
-
-} // namespace
 
 QHistogramChartWidget::QHistogramChartWidget(QWidget* pqParent)
     : QWidget(pqParent)
@@ -67,60 +49,31 @@ void QHistogramChartWidget::createChart()
     m_pqFrames = new ChartFrameStack;
     m_pqFrames->addFrame(m_pqFrame);
     m_pqFrames->addFrame(m_pqProbabilityFrame);
-    auto* pqSplitter = new QSplitter(Qt::Horizontal, this);
-    pqSplitter->setObjectName(QStringLiteral("m_pqSplitter"));
-    pqSplitter->setChildrenCollapsible(false);
-    pqSplitter->addWidget(m_pqFrames);
-    pqSplitter->setStretchFactor(0, 1);
-    auto* pqLayout = new QHBoxLayout(this);
-    pqLayout->setContentsMargins(4, 4, 4, 4);
-    pqLayout->addWidget(pqSplitter);
 }
 
 void QHistogramChartWidget::createControls()
 {
-    auto* pqControls = new QWidget;
-    auto* pqLayout = new QVBoxLayout(pqControls);
-    pqLayout->setContentsMargins(4, 0, 4, 0);
-    pqLayout->addWidget(createSelectionGroup());
-    pqLayout->addWidget(createStatisticsGroup());
     auto* pqToolBox = new QDecoratedToolBox;
     m_pqDisplayPage = new ChartDisplayPage(m_pqFrames);
     pqToolBox->addItem(m_pqDisplayPage, tr("Annotation/Display Settings"));
     // The side bar scrolls as a whole; bars of the page inside it would leave a slit of it on small screens.
-    pqToolBox->setMinimumHeight(pqToolBox->minimumSizeHint().height() + m_pqDisplayPage->minimumSizeHint().height());
-    pqLayout->addWidget(pqToolBox, 1);
-
-    // A small screen scrolls the controls, never the chart; long numbers and units make them wider than now.
-    auto* pqScrollArea = new QScrollArea;
-    pqScrollArea->setWidget(pqControls);
-    pqScrollArea->setWidgetResizable(true);
-    pqScrollArea->setFrameShape(QFrame::NoFrame);
-    pqScrollArea->setMinimumWidth(pqControls->minimumSizeHint().width() +
-                                  pqScrollArea->verticalScrollBar()->sizeHint().width());
-    auto* pqSplitter = findChild<QSplitter*>(QStringLiteral("m_pqSplitter"));
-    pqSplitter->addWidget(pqScrollArea);
-    pqSplitter->setStretchFactor(1, 0);
-    pqSplitter->setSizes({3 * g_iSideBarWidth, g_iSideBarWidth});
+    QWidget* pqSideBar =
+        newSideBar({createSelectionGroup(), createStatisticsGroup()}, pqToolBox, tallestPage(*pqToolBox));
+    layOutPanel(this, {m_pqFrames}, pqSideBar, {3 * g_iChartSideBarWidth, g_iChartSideBarWidth});
 }
 
 QWidget* QHistogramChartWidget::createSelectionGroup()
 {
     auto* pqGroup = new QGroupBox(tr("Select a Data Set"));
-    m_pqHistogramDataSetComboBox = new QComboBox;
+    m_pqHistogramDataSetComboBox = newChooser(tr("Select a Data Set"), tr("The attribute whose values are counted"),
+                                              QStringLiteral("m_pqHistogramDataSetComboBox"));
     m_pqHistogramDataSetComboBox->setPlaceholderText(tr("Select a Data Set"));
-    m_pqHistogramDataSetComboBox->setAccessibleName(tr("Select a Data Set"));
-    m_pqHistogramDataSetComboBox->setToolTip(tr("The attribute whose values are counted"));
-    m_pqHistogramDataSetComboBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    m_pqHistogramDataSetComboBox->setMinimumContentsLength(12);
-    m_pqHistogramTypeComboBox = new QComboBox;
+    m_pqHistogramTypeComboBox =
+        newChooser(tr("Chart Type"),
+                   tr("Counts, per cent of all values, running per cent, or sorted values against normal probability"),
+                   QStringLiteral("m_pqHistogramTypeComboBox"));
     m_pqHistogramTypeComboBox->addItems(
         {tr("Frequency"), tr("Relative Frequency"), tr("Cumulative Relative Frequency"), tr("Normal Probability")});
-    m_pqHistogramTypeComboBox->setAccessibleName(tr("Chart Type"));
-    m_pqHistogramTypeComboBox->setToolTip(
-        tr("Counts, per cent of all values, running per cent, or sorted values against normal probability"));
-    m_pqHistogramTypeComboBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    m_pqHistogramTypeComboBox->setMinimumContentsLength(12);
     m_pqIntervalSizeSpinBox = new QDoubleSpinBoxWithSlider(0.0, 1.0, 200);
     m_pqIntervalSizeSpinBox->setControlName(tr("Interval Size"));
     m_pqIntervalSizeSpinBox->setToolTip(tr("Width of the intervals in the attribute's display unit"));

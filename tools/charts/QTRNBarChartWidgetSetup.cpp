@@ -3,6 +3,7 @@
 #include "AttributeChooser.h"
 #include "BarChartFrame.h"
 #include "ChartDisplayPage.h"
+#include "ChartPanelControls.h"
 #include "DisplayUnitManager.h"
 #include "MissingValue.h"
 #include "QBarDiagramWidget.h"
@@ -14,40 +15,10 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLabel>
-#include <QScrollArea>
-#include <QScrollBar>
-#include <QSplitter>
 #include <QVBoxLayout>
 
 namespace gkBase {
-
-namespace {
-
-constexpr int g_iSideBarWidth = 270;
-
-QLabel* newValueLabel(const QString& sName)
-{
-    auto* pqLabel = new QLabel(QStringLiteral("---"));
-    pqLabel->setTextFormat(Qt::PlainText);
-    pqLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    pqLabel->setAccessibleName(sName);
-    return pqLabel;
-}
-
-QComboBox* newChooser(const QString& sName, const QString& sToolTip, const QString& sObjectName)
-{
-    auto* pqBox = new QComboBox;
-    pqBox->setAccessibleName(sName);
-    pqBox->setToolTip(sToolTip);
-    pqBox->setObjectName(sObjectName);
-    pqBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    pqBox->setMinimumContentsLength(12);
-    return pqBox;
-}
-
-} // namespace
 
 QTRNBarChartWidget::QTRNBarChartWidget(QWidget* pqParent)
     : QWidget(pqParent)
@@ -66,41 +37,16 @@ void QTRNBarChartWidget::createChart()
     m_pqPlot = new QBarDiagramWidget(this, tr("Bar Chart"));
     m_pqFrame = new BarChartFrame(m_pqPlot);
     m_pqFrame->setClasses(m_pClasses);
-    auto* pqSplitter = new QSplitter(Qt::Horizontal, this);
-    pqSplitter->setObjectName(QStringLiteral("m_pqSplitter"));
-    pqSplitter->setChildrenCollapsible(false);
-    pqSplitter->addWidget(m_pqFrame);
-    pqSplitter->setStretchFactor(0, 1);
-    auto* pqLayout = new QHBoxLayout(this);
-    pqLayout->setContentsMargins(4, 4, 4, 4);
-    pqLayout->addWidget(pqSplitter);
 }
 
 void QTRNBarChartWidget::createControls()
 {
-    auto* pqControls = new QWidget;
-    auto* pqLayout = new QVBoxLayout(pqControls);
-    pqLayout->setContentsMargins(4, 0, 4, 0);
-    pqLayout->addWidget(createSelectionGroup());
-    pqLayout->addWidget(createStatisticsGroup());
     auto* pqToolBox = new QDecoratedToolBox;
-    QWidget* pqDisplayPage = createDisplayPage();
-    pqToolBox->addItem(pqDisplayPage, tr("Annotation/Display Settings"));
+    pqToolBox->addItem(createDisplayPage(), tr("Annotation/Display Settings"));
     // The side bar scrolls as a whole; bars of the page inside it would leave a slit of it on small screens.
-    pqToolBox->setMinimumHeight(pqToolBox->minimumSizeHint().height() + pqDisplayPage->minimumSizeHint().height());
-    pqLayout->addWidget(pqToolBox, 1);
-
-    // A small screen scrolls the controls, never the chart; long numbers and units make them wider than now.
-    auto* pqScrollArea = new QScrollArea;
-    pqScrollArea->setWidget(pqControls);
-    pqScrollArea->setWidgetResizable(true);
-    pqScrollArea->setFrameShape(QFrame::NoFrame);
-    pqScrollArea->setMinimumWidth(pqControls->minimumSizeHint().width() +
-                                  pqScrollArea->verticalScrollBar()->sizeHint().width());
-    auto* pqSplitter = findChild<QSplitter*>(QStringLiteral("m_pqSplitter"));
-    pqSplitter->addWidget(pqScrollArea);
-    pqSplitter->setStretchFactor(1, 0);
-    pqSplitter->setSizes({3 * g_iSideBarWidth, g_iSideBarWidth});
+    QWidget* pqSideBar =
+        newSideBar({createSelectionGroup(), createStatisticsGroup()}, pqToolBox, tallestPage(*pqToolBox));
+    layOutPanel(this, {m_pqFrame}, pqSideBar, {3 * g_iChartSideBarWidth, g_iChartSideBarWidth});
 }
 
 QWidget* QTRNBarChartWidget::createSelectionGroup()

@@ -1,0 +1,83 @@
+#include "ChartPanelControls.h"
+
+#include "QDecoratedToolBox.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace gkBase {
+
+QLabel* newValueLabel(const QString& sName)
+{
+    auto* pqLabel = new QLabel(QStringLiteral("---"));
+    pqLabel->setTextFormat(Qt::PlainText);
+    pqLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    pqLabel->setAccessibleName(sName);
+    return pqLabel;
+}
+
+QComboBox* newChooser(const QString& sName, const QString& sToolTip, const QString& sObjectName)
+{
+    auto* pqBox = new QComboBox;
+    pqBox->setObjectName(sObjectName);
+    pqBox->setAccessibleName(sName);
+    pqBox->setToolTip(sToolTip);
+    pqBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    pqBox->setMinimumContentsLength(12);
+    return pqBox;
+}
+
+int tallestPage(const QDecoratedToolBox& toolBox)
+{
+    int iHeight = 0;
+    for (int i = 0; i < toolBox.count(); ++i)
+        iHeight = std::max(iHeight, toolBox.widget(i)->minimumSizeHint().height());
+    return iHeight;
+}
+
+QWidget* newSideBar(const QList<QWidget*>& lpqGroups, QDecoratedToolBox* pqToolBox, int iPageHeight)
+{
+    pqToolBox->setMinimumHeight(pqToolBox->minimumSizeHint().height() + iPageHeight);
+    auto* pqControls = new QWidget;
+    auto* pqLayout = new QVBoxLayout(pqControls);
+    pqLayout->setContentsMargins(4, 0, 4, 0);
+    for (QWidget* pqGroup : lpqGroups)
+        pqLayout->addWidget(pqGroup);
+    pqLayout->addWidget(pqToolBox, 1);
+
+    auto* pqScrollArea = new QScrollArea;
+    pqScrollArea->setWidget(pqControls);
+    pqScrollArea->setWidgetResizable(true);
+    pqScrollArea->setFrameShape(QFrame::NoFrame);
+    // Long numbers and units make the controls wider than they are now.
+    pqScrollArea->setMinimumWidth(pqControls->minimumSizeHint().width() +
+                                  pqScrollArea->verticalScrollBar()->sizeHint().width());
+    return pqScrollArea;
+}
+
+QSplitter* layOutPanel(QWidget* pqPanel, const QList<QWidget*>& lpqCharts, QWidget* pqSideBar,
+                       const QList<int>& liWidths)
+{
+    auto* pqSplitter = new QSplitter(Qt::Horizontal, pqPanel);
+    pqSplitter->setObjectName(QStringLiteral("m_pqSplitter"));
+    pqSplitter->setChildrenCollapsible(false);
+    for (QWidget* pqChart : lpqCharts)
+        pqSplitter->addWidget(pqChart);
+    pqSplitter->addWidget(pqSideBar);
+    for (int i = 0; i < pqSplitter->count(); ++i)
+        pqSplitter->setStretchFactor(i, i == 0 ? 1 : 0);
+    pqSplitter->setSizes(liWidths);
+    auto* pqLayout = new QHBoxLayout(pqPanel);
+    pqLayout->setContentsMargins(4, 4, 4, 4);
+    pqLayout->addWidget(pqSplitter);
+    return pqSplitter;
+}
+
+} // namespace gkBase

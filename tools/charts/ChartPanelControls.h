@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+class QComboBox;
+class QDecoratedToolBox;
+class QLabel;
+class QSplitter;
+class QWidget;
+
+namespace gkBase {
+
+/// Width of the controls beside a chart when a panel is first laid out, in pixels.
+constexpr int g_iChartSideBarWidth = 270;
+
+/// A result that can be selected and copied, "---" at first.
+QLabel* newValueLabel(const QString& sName);
+/// A combo box that does not widen its column; the name is for assistive tools.
+QComboBox* newChooser(const QString& sName, const QString& sToolTip, const QString& sObjectName);
+
+/// Height of the tallest page of a tool box.
+int tallestPage(const QDecoratedToolBox& toolBox);
+/// The controls of a panel: groups above a tool box with room for a page of that height. A small screen scrolls them,
+/// never the chart.
+QWidget* newSideBar(const QList<QWidget*>& lpqGroups, QDecoratedToolBox* pqToolBox, int iPageHeight);
+/// Fills the panel with the charts and the side bar, side by side and of those widths; only the first one grows.
+QSplitter* layOutPanel(QWidget* pqPanel, const QList<QWidget*>& lpqCharts, QWidget* pqSideBar,
+                       const QList<int>& liWidths);
+
+} // namespace gkBase
