@@ -200,10 +200,14 @@ void drawCrossPlotRangeLabels(QPainter& painter, const CrossPlotRange& oRange, c
 {
     const auto label = [&](const QString& sText, const QPointF& oEnd, bool bVertical) {
         const QSizeF oSize = boxSize(painter, sText);
-        const QPointF oCorner = bVertical ? QPointF(oEnd.x() + 2.0, oEnd.y() + 2.0)
-                                          : QPointF(oEnd.x() - oSize.width() - 2.0, oEnd.y() - oSize.height() - 2.0);
-        const QRectF oBox(oCorner - oVisible.topLeft(), oSize);
-        if (!placement.place({&oBox, 1}).isNull()) {
+        const QPointF oInside = oEnd - oVisible.topLeft();
+        const double dLeft = oInside.x() - oSize.width() - 2.0;
+        // On one side of the line, or on the other where that is taken.
+        const std::array<QRectF, 2> voBoxes{
+            QRectF(bVertical ? oInside + QPointF(2.0, 2.0) : QPointF(dLeft, oInside.y() - oSize.height() - 2.0), oSize),
+            QRectF(QPointF(dLeft, oInside.y() + 2.0), oSize)};
+        const QRectF oBox = placement.place(voBoxes);
+        if (!oBox.isNull()) {
             drawBox(painter, oBox, sText, QColor(), style);
         }
     };

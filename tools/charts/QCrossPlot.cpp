@@ -344,10 +344,10 @@ void QCrossPlot::drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea)
     if (!m_sRegression.isEmpty()) {
         drawCrossPlotText(painter, m_sRegression, m_oRegression, oVisibleArea, placement, style());
     }
+    drawCrossPlotLabels(painter, m_vLines, oVisibleArea, placement, style());
     if (m_iRangeKey != 0) {
         drawCrossPlotRangeLabels(painter, m_oRange, map(), oVisibleArea, placement, style());
     }
-    drawCrossPlotLabels(painter, m_vLines, oVisibleArea, placement, style());
     if (!isMissing(m_dCursorY)) {
         drawCrossPlotCursorLine(painter, map().m_oY.toPixel(m_dCursorY), oVisibleArea, style());
     }
