@@ -60,7 +60,9 @@ CommandResult runRenderCommand(const QStringList& lArguments)
 {
     CommandInput input;
     QCommandLineParser& parser = input.parser();
-    parser.setApplicationDescription(text("Draws a chart into a file. Charts: %1.").arg(chartNames().join(", ")));
+    parser.setApplicationDescription(
+        text("Draws a chart into a file. Charts: %1. With --chart NAME this help tells the options of that chart too.")
+            .arg(chartNames().join(", ")));
     parser.addOptions({{QStringLiteral("chart"), text("The chart."), QStringLiteral("NAME")},
                        {QStringLiteral("out"), text("The picture: .png, .svg, .pdf or .emf."), QStringLiteral("PATH")},
                        {QStringLiteral("size"), text("Width and height in pixels."), QStringLiteral("WxH"),
