@@ -1,4 +1,5 @@
 #include "DensityGrid.h"
+#include "RoseBins.h"
 
 #include <benchmark/benchmark.h>
 
@@ -60,6 +61,32 @@ BENCHMARK(densityCounting)
     ->Args({1000000, 0, 20})
     ->Args({1000000, 0, 100})
     ->Args({1000000, 1, 100})
+    ->Unit(benchmark::kMillisecond);
+
+/// classes: number of classes, 0 without; the means are worked out as well.
+void rose(benchmark::State& state)
+{
+    const auto iCount = static_cast<int>(state.range(0));
+    const auto iClasses = static_cast<int>(state.range(1));
+    const std::vector<double> vdAzimuth = evenValues(iCount, 0.0, 360.0, 2);
+    std::vector<int> viClasses(iClasses > 0 ? vdAzimuth.size() : 0);
+    std::generate(viClasses.begin(), viClasses.end(), [i = 0, iClasses]() mutable { return i++ % iClasses; });
+    RoseBins oBins;
+    for (auto _ : state) {
+        oBins = roseBins(vdAzimuth, {10, 0.0, state.range(2) != 0}, {}, {}, viClasses, iClasses);
+        const CircularMeans oMeans = roseMeans(vdAzimuth);
+        benchmark::DoNotOptimize(oMeans.m_oAxis.m_dDirection);
+    }
+    if (oBins.m_iRecords != vdAzimuth.size()) {
+        state.SkipWithError("records lost");
+    }
+}
+BENCHMARK(rose)
+    ->ArgNames({"records", "classes", "bidirectional"})
+    ->Args({1000, 0, 0})
+    ->Args({1000000, 0, 0})
+    ->Args({1000000, 0, 1})
+    ->Args({1000000, 20, 1})
     ->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "Angles.h"
 #include "NetProjection.h"
 #include "ReferenceData.h"
+#include "SineCosine.h"
 
 #include <QTest>
 
@@ -45,6 +46,7 @@ class tst_Net : public QObject
 {
     Q_OBJECT
 private slots:
+    void sinesAndCosines();
     void pixels_data();
     void pixels();
     void roundTrip_data();
@@ -53,6 +55,18 @@ private slots:
     void vectorsPlotAsTheirAngles();
     void referencePositions();
 };
+
+void tst_Net::sinesAndCosines()
+{
+    for (double dAngle = -1000.0; dAngle < 1000.0; dAngle += 0.37) {
+        const SineCosine o = sineCosine(dAngle);
+        const long double dExact = static_cast<long double>(dAngle) * 3.14159265358979323846264338327950288L / 180.0L;
+        QVERIFY(std::abs(static_cast<long double>(o.m_dSine) - std::sin(dExact)) < 3e-16L);
+        QVERIFY(std::abs(static_cast<long double>(o.m_dCosine) - std::cos(dExact)) < 3e-16L);
+    }
+    QVERIFY(sineCosine(180.0).m_dSine == 0.0 && sineCosine(-270.0).m_dCosine == 0.0);
+    QVERIFY(std::abs(sineCosine(1e300).m_dSine) <= 1.0);
+}
 
 void tst_Net::pixels_data()
 {

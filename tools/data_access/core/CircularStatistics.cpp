@@ -1,7 +1,7 @@
 #include "CircularStatistics.h"
 
 #include "Angles.h"
-#include "VectorRegisters.h"
+#include "SineCosine.h"
 
 #include <cmath>
 
@@ -9,21 +9,11 @@ namespace gkBase {
 
 namespace {
 
-/// Mean of the angles times iMultiple, in degrees of the multiplied angle.
-CircularMean meanOfMultiples(const RecordValues& oDegrees, int iMultiple)
+/// The mean from the sums of the components of iCount unit vectors.
+CircularMean meanOf(double dNorth, double dEast, std::size_t iCount)
 {
     // Below this the vectors cancel out but for the rounding of their sines and cosines.
     constexpr double dSmallestLength = 1e-13;
-    double dNorth = 0.0;
-    double dEast = 0.0;
-    std::size_t iCount = 0;
-    clearVectorRegisters();
-    oDegrees.forEach([&](double dValue) {
-        const double dAngle = radians(dValue * iMultiple);
-        dNorth += std::cos(dAngle);
-        dEast += std::sin(dAngle);
-        ++iCount;
-    });
     CircularMean oMean;
     oMean.m_iCount = iCount;
     if (iCount == 0) {
@@ -41,16 +31,34 @@ CircularMean meanOfMultiples(const RecordValues& oDegrees, int iMultiple)
 
 CircularMean circularMean(const RecordValues& oDegrees)
 {
-    return meanOfMultiples(oDegrees, 1);
+    return circularMeans(oDegrees).m_oDirection;
 }
 
 CircularMean axialMean(const RecordValues& oDegrees)
 {
-    CircularMean oMean = meanOfMultiples(oDegrees, 2);
-    if (!isMissing(oMean.m_dDirection)) {
-        oMean.m_dDirection *= 0.5;
+    return circularMeans(oDegrees).m_oAxis;
+}
+
+CircularMeans circularMeans(const RecordValues& oDegrees)
+{
+    double dNorth = 0.0;
+    double dEast = 0.0;
+    double dDoubledNorth = 0.0;
+    double dDoubledEast = 0.0;
+    std::size_t iCount = 0;
+    oDegrees.forEach([&](double dValue) {
+        const auto [dSine, dCosine] = sineCosine(dValue);
+        dNorth += dCosine;
+        dEast += dSine;
+        dDoubledNorth += (dCosine - dSine) * (dCosine + dSine);
+        dDoubledEast += 2.0 * dSine * dCosine;
+        ++iCount;
+    });
+    CircularMeans oMeans{meanOf(dNorth, dEast, iCount), meanOf(dDoubledNorth, dDoubledEast, iCount)};
+    if (!isMissing(oMeans.m_oAxis.m_dDirection)) {
+        oMeans.m_oAxis.m_dDirection *= 0.5;
     }
-    return oMean;
+    return oMeans;
 }
 
 } // namespace gkBase

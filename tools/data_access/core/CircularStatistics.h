@@ -24,4 +24,14 @@ GKBASECORE_EXPORT CircularMean circularMean(const RecordValues& oDegrees);
 /// section 1.1); the length is that of the doubled angles.
 GKBASECORE_EXPORT CircularMean axialMean(const RecordValues& oDegrees);
 
+/// Both means of the same angles.
+struct CircularMeans
+{
+    CircularMean m_oDirection; ///< as circularMean()
+    CircularMean m_oAxis;      ///< as axialMean()
+};
+
+/// circularMean() and axialMean() in one pass.
+GKBASECORE_EXPORT CircularMeans circularMeans(const RecordValues& oDegrees);
+
 } // namespace gkBase

@@ -1,6 +1,7 @@
 #include "NetProjection.h"
 
 #include "Angles.h"
+#include "SineCosine.h"
 #include "VectorRegisters.h"
 
 #include <algorithm>
@@ -14,24 +15,11 @@ constexpr double g_dSqrt2 = 1.4142135623730951;
 /// Dips from here down count as level.
 constexpr double g_dSmallestDip = 5e-9;
 
-/// The position at a distance in the direction of an azimuth. Exact at whole quarter turns, and azimuths 180 apart
-/// are exactly opposite: the angle is first brought to ±45 degrees.
+/// The position at a distance in the direction of an azimuth; azimuths 180 apart give exactly opposite ones.
 inline NetPoint polarPoint(double dRadius, double dAzimuth)
 {
-    const double dQuarter = std::nearbyint(dAzimuth * (1.0 / 90.0));
-    const double dRest = radians(dAzimuth - 90.0 * dQuarter);
-    const double dSine = dRadius * std::sin(dRest);
-    const double dCosine = dRadius * std::cos(dRest);
-    switch (static_cast<long long>(dQuarter) & 3) {
-    case 0:
-        return {dSine, dCosine};
-    case 1:
-        return {dCosine, -dSine};
-    case 2:
-        return {-dSine, -dCosine};
-    default:
-        return {-dCosine, dSine};
-    }
+    const SineCosine oAzimuth = sineCosine(dAzimuth);
+    return {dRadius * oAzimuth.m_dSine, dRadius * oAzimuth.m_dCosine};
 }
 
 /// Distance from the centre of a line by its angle from the vertical; for the tangent net by its plunge.
@@ -39,9 +27,10 @@ template <NetLayout eLayout>
 inline double radiusOf(double dAngle, double dRimTangent)
 {
     if constexpr (eLayout == NetLayout::EqualArea) {
-        return g_dSqrt2 * std::sin(0.5 * radians(dAngle));
+        return g_dSqrt2 * sineCosine(0.5 * dAngle).m_dSine;
     } else if constexpr (eLayout == NetLayout::EqualAngle) {
-        return std::tan(0.5 * radians(dAngle));
+        const SineCosine oHalf = sineCosine(0.5 * dAngle);
+        return oHalf.m_dSine / oHalf.m_dCosine;
     } else {
         return std::tan(radians(dAngle)) / dRimTangent;
     }

@@ -1,0 +1,148 @@
+#include "MissingValue.h"
+#include "ReferenceData.h"
+#include "RoseBins.h"
+
+#include <QTest>
+
+#include <numeric>
+#include <random>
+
+using namespace gkBase;
+
+using Doubles = std::vector<double>;
+
+namespace {
+
+Doubles randomAzimuths(int iCount)
+{
+    std::mt19937 oRandom(3);
+    Doubles vdAzimuth;
+    for (int i = 0; i < iCount; ++i) {
+        vdAzimuth.push_back(i % 50 == 0 ? g_dEmptyCell : double(oRandom() % 1440) - 360.0);
+    }
+    return vdAzimuth;
+}
+
+double sum(const Doubles& vdValues)
+{
+    return std::accumulate(vdValues.begin(), vdValues.end(), 0.0);
+}
+
+} // namespace
+
+class tst_Rose : public QObject
+{
+    Q_OBJECT
+private slots:
+    void countsAddUp_data();
+    void countsAddUp();
+    void boundaries();
+    void classesAndWeights();
+    void scale();
+    void referenceSectors();
+};
+
+void tst_Rose::countsAddUp_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::addColumn<double>("start");
+    QTest::addColumn<int>("sectors");
+    QTest::newRow("20") << 20 << 0.0 << 18;
+    QTest::newRow("a rest of 3 degrees") << 7 << 0.0 << 51;
+    QTest::newRow("one large sector") << 200 << -10.0 << 1;
+    QTest::newRow("whole circle") << 360 << 77.7 << 1;
+    QTest::newRow("too small") << 0 << 0.0 << 360;
+    QTest::newRow("too large") << 1000 << 0.0 << 1;
+}
+
+void tst_Rose::countsAddUp()
+{
+    QFETCH(int, size);
+    QFETCH(double, start);
+    QFETCH(int, sectors);
+    const Doubles vdAzimuth = randomAzimuths(2000);
+    for (const bool bBidirectional : {false, true}) {
+        const RoseBins oBins = roseBins(vdAzimuth, {size, start, bBidirectional});
+        QCOMPARE(oBins.sectors(), sectors);
+        QCOMPARE(oBins.m_iRecords, std::size_t(1960));
+        QCOMPARE(oBins.m_iMissing, std::size_t(40));
+        QCOMPARE(sum(oBins.m_vdCounts) + double(oBins.m_iUncovered), bBidirectional ? 3920.0 : 1960.0);
+        QCOMPARE(oBins.m_iUncovered > 0, 360 % oBins.m_iSectorSize != 0);
+        if (bBidirectional && 180 % oBins.m_iSectorSize == 0) { // opposite sectors are equal
+            for (int i = 0; i < sectors / 2; ++i) {
+                QCOMPARE(oBins.m_vdCounts[std::size_t(i)], oBins.m_vdCounts[std::size_t(i + sectors / 2)]);
+            }
+        }
+    }
+}
+
+void tst_Rose::boundaries()
+{
+    const Doubles vdAzimuth{0.0, 20.0, 19.999, 360.0, -0.001, 379.999, 356.9, 357.0};
+    QCOMPARE(roseBins(vdAzimuth, {20, 0.0, false}).m_vdCounts.front(), 4.0); // 0, 19.999, 360, 379.999
+    const RoseBins oRest = roseBins(vdAzimuth, {7, 0.0, false});
+    QCOMPARE(oRest.m_iUncovered, std::size_t(2)); // -0.001 and 357
+    QCOMPARE(oRest.m_vdCounts.back(), 1.0);
+    QCOMPARE(roseBins(vdAzimuth, {20, 350.0, false}).m_vdCounts.front(), 5.0);
+    QCOMPARE(roseBins({}, {}).maximum(), 0.0);
+}
+
+void tst_Rose::classesAndWeights()
+{
+    const Doubles vdAzimuth{10, 12, 14, 95, g_dEmptyCell, 100};
+    const Doubles vdWeights{1, 2, 4, 8, 16, 32};
+    const std::vector<int> viClasses{0, 1, -1, 1, 1, 7};
+    const std::vector<unsigned char> vbMask{1, 1, 1, 1, 1, 0};
+    const RoseBins oBins = roseBins(vdAzimuth, {90, 0.0, false}, vbMask, vdWeights, viClasses, 2);
+    QCOMPARE(oBins.m_vdCounts, (Doubles{7, 8, 0, 0}));
+    QCOMPARE(oBins.m_vdClassCount, (Doubles{1, 2, 0, 8, 0, 0, 0, 0}));
+    QCOMPARE(oBins.m_dWeight, 15.0);
+    QCOMPARE(oBins.maximum(), 8.0);
+    const CircularMeans oMeans = roseMeans(vdAzimuth, vbMask);
+    QCOMPARE(oMeans.m_oDirection.m_iCount, std::size_t(4));
+    QCOMPARE(oMeans.m_oAxis.m_iCount, std::size_t(4));
+}
+
+void tst_Rose::scale()
+{
+    const RoseScale oArea{10.0, true, 0.0};
+    QCOMPARE(oArea.radius(2.5), 0.5);
+    QCOMPARE(RoseScale({10.0, false, 50.0}).radius(5.0), 0.75);
+    QCOMPARE(RoseScale({10.0, false, 50.0}).vectorRadius(5.0), 0.5);
+    QCOMPARE(RoseScale({0.0, true, 30.0}).radius(0.0), 0.3);
+    QCOMPARE(oArea.gridRadii(5.0).size(), std::size_t(1)); // the circle at 10 would lie on the rim
+    QCOMPARE(RoseScale({3.0, false, 0.0}).gridRadii(1.0).size(), std::size_t(2));
+    QVERIFY(oArea.gridRadii(0.0).empty() && RoseScale().gridRadii(5.0).empty());
+}
+
+void tst_Rose::referenceSectors()
+{
+    GK_REQUIRE_REFERENCE();
+    const QJsonObject sets = gkTest::referenceValues("rose_a")["sets"].toObject();
+    int iRoses = 0;
+    for (const QString& sSet : sets.keys()) {
+        const Doubles vdAzimuth = gkTest::referenceColumns("rose_a", "set", sSet)["azimuth"];
+        const QJsonObject expected = sets[sSet].toObject();
+        for (const auto& value : expected["sectors"].toArray()) {
+            const QJsonObject sectors = value.toObject();
+            for (const bool bBidirectional : {false, true}) {
+                const RoseBins oBins = roseBins(vdAzimuth, {sectors["size"].toInt(), 0.0, bBidirectional});
+                QCOMPARE(oBins.m_vdCounts,
+                         gkTest::toDoubles(sectors[bBidirectional ? "bidirectional" : "unidirectional"].toArray()));
+                if (!bBidirectional) {
+                    QCOMPARE(int(oBins.m_iUncovered), sectors["points_outside_all_sectors"].toInt());
+                }
+                ++iRoses;
+            }
+        }
+        const CircularMeans oMeans = roseMeans(vdAzimuth);
+        GK_COMPARE_CLOSE(oMeans.m_oDirection.m_dDirection, expected["mean_direction"].toDouble(), 1e-9);
+        GK_COMPARE_CLOSE(oMeans.m_oDirection.m_dResultantLength, expected["normalized_length"].toDouble(), 1e-9);
+        GK_COMPARE_CLOSE(oMeans.m_oAxis.m_dDirection, expected["axial_mean_doubled_angles"].toDouble(), 1e-9);
+        GK_COMPARE_CLOSE(oMeans.m_oAxis.m_dResultantLength, expected["axial_length_doubled_angles"].toDouble(), 1e-9);
+    }
+    QVERIFY(iRoses > 50);
+}
+
+QTEST_APPLESS_MAIN(tst_Rose)
+#include "tst_rose.moc"

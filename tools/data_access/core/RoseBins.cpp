@@ -1,0 +1,150 @@
+#include "RoseBins.h"
+
+#include "Angles.h"
+#include "RecordMask.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace gkBase {
+
+namespace {
+
+/// The sector of an azimuth counted from the start, the number of sectors or more for one in the uncovered rest.
+std::size_t sectorOf(double dFromStart, const RoseBins& oBins)
+{
+    // The quotient may round up to the next sector; the product decides, which is exact.
+    auto iSector = static_cast<std::size_t>(dFromStart / oBins.m_iSectorSize);
+    if (static_cast<double>(iSector) * oBins.m_iSectorSize > dFromStart) {
+        --iSector;
+    }
+    return iSector;
+}
+
+/// Brings an azimuth to [0, 360); the usual ones are there already.
+double fromStart(double dAzimuth, double dStart)
+{
+    const double dDifference = dAzimuth - dStart;
+    return dDifference >= 0.0 && dDifference < 360.0 ? dDifference : wrapAngle(dDifference, 360.0);
+}
+
+class RoseCounter
+{
+public:
+    RoseCounter(RoseBins& oBins, std::span<const int> viClasses)
+        : m_oBins(oBins)
+        , m_viClasses(viClasses)
+    {
+    }
+
+    void add(std::size_t iRecord, double dFromStart, double dWeight)
+    {
+        const std::size_t iSector = sectorOf(dFromStart, m_oBins);
+        if (iSector >= m_oBins.m_vdCounts.size()) {
+            ++m_oBins.m_iUncovered;
+            m_oBins.m_dUncoveredWeight += dWeight;
+            return;
+        }
+        m_oBins.m_vdCounts[iSector] += dWeight;
+        const int iClass = iRecord < m_viClasses.size() ? m_viClasses[iRecord] : -1;
+        if (iClass >= 0 && iClass < m_oBins.m_iClasses) {
+            const std::size_t iFirst = iSector * static_cast<std::size_t>(m_oBins.m_iClasses);
+            m_oBins.m_vdClassCount[iFirst + static_cast<std::size_t>(iClass)] += dWeight;
+        }
+    }
+
+private:
+    RoseBins& m_oBins;
+    std::span<const int> m_viClasses;
+};
+
+RoseBins emptyBins(const RoseSettings& oSettings, int iClasses)
+{
+    RoseBins oBins;
+    oBins.m_iSectorSize = std::clamp(oSettings.m_iSectorSize, 1, 360);
+    oBins.m_dStart = isMissing(oSettings.m_dStart) ? 0.0 : wrapAzimuth(oSettings.m_dStart);
+    oBins.m_iClasses = std::max(0, iClasses);
+    const auto iSectors = static_cast<std::size_t>(360 / oBins.m_iSectorSize);
+    oBins.m_vdCounts.assign(iSectors, 0.0);
+    oBins.m_vdClassCount.assign(iSectors * static_cast<std::size_t>(oBins.m_iClasses), 0.0);
+    return oBins;
+}
+
+} // namespace
+
+double RoseBins::maximum() const
+{
+    return m_vdCounts.empty() ? 0.0 : *std::max_element(m_vdCounts.begin(), m_vdCounts.end());
+}
+
+RoseBins roseBins(std::span<const double> vdAzimuth, const RoseSettings& oSettings,
+                  std::span<const unsigned char> vbMask, std::span<const double> vdWeights,
+                  std::span<const int> viClasses, int iClasses)
+{
+    RoseBins oBins = emptyBins(oSettings, iClasses);
+    RoseCounter oCounter(oBins, viClasses);
+    for (std::size_t i = 0; i < vdAzimuth.size(); ++i) {
+        if (!isTaken(vbMask, i)) {
+            continue;
+        }
+        const double dWeight = vdWeights.empty() ? 1.0 : (i < vdWeights.size() ? vdWeights[i] : g_dEmptyCell);
+        if (isMissing(vdAzimuth[i]) || isMissing(dWeight) || dWeight < 0.0) {
+            ++oBins.m_iMissing;
+            continue;
+        }
+        ++oBins.m_iRecords;
+        oBins.m_dWeight += dWeight;
+        const double dFromStart = fromStart(vdAzimuth[i], oBins.m_dStart);
+        oCounter.add(i, dFromStart, dWeight);
+        if (oSettings.m_bBidirectional) {
+            oCounter.add(i, dFromStart < 180.0 ? dFromStart + 180.0 : dFromStart - 180.0, dWeight);
+        }
+    }
+    return oBins;
+}
+
+CircularMeans roseMeans(std::span<const double> vdAzimuth, std::span<const unsigned char> vbMask)
+{
+    if (vbMask.empty()) {
+        return circularMeans(vdAzimuth);
+    }
+    std::vector<double> vdTaken;
+    vdTaken.reserve(vdAzimuth.size());
+    for (std::size_t i = 0; i < vdAzimuth.size(); ++i) {
+        if (isTaken(vbMask, i)) {
+            vdTaken.push_back(vdAzimuth[i]);
+        }
+    }
+    return circularMeans(vdTaken);
+}
+
+double RoseScale::radius(double dCount) const
+{
+    const double dZero = std::clamp(m_dZeroCircle / 100.0, 0.0, 1.0);
+    return dZero + (1.0 - dZero) * vectorRadius(dCount);
+}
+
+double RoseScale::vectorRadius(double dCount) const
+{
+    if (!(m_dMaximum > 0.0)) {
+        return 0.0;
+    }
+    const double dShare = std::clamp(dCount / m_dMaximum, 0.0, 1.0);
+    return m_bEqualArea ? std::sqrt(dShare) : dShare;
+}
+
+std::vector<double> RoseScale::gridRadii(double dDistance) const
+{
+    std::vector<double> vdRadii;
+    if (!(dDistance >= 1.0) || !(m_dMaximum > 0.0)) {
+        return vdRadii;
+    }
+    // More circles than this are a filled disc on any screen.
+    constexpr int iMostCircles = 10000;
+    for (int k = 1; k <= iMostCircles && k * dDistance < m_dMaximum; ++k) {
+        vdRadii.push_back(radius(k * dDistance));
+    }
+    return vdRadii;
+}
+
+} // namespace gkBase
