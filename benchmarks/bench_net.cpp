@@ -48,7 +48,7 @@ void densityCounting(benchmark::State& state)
     const std::vector<double> vdAzimuth = evenValues(iCount, 0.0, 360.0, 2);
     DensityGrid oGrid;
     for (auto _ : state) {
-        oGrid = densityGrid(oProjection, NetRecords::Planes, vdDip, vdAzimuth, iNodes, iNodes);
+        oGrid = densityGrid(oProjection, OrientationType::Planes, vdDip, vdAzimuth, iNodes, iNodes);
     }
     if (oGrid.m_iRecords != vdDip.size() || oGrid.m_iOutside != 0) {
         state.SkipWithError("records lost");

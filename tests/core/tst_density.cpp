@@ -69,7 +69,7 @@ void tst_Density::everyRecordCountsFourTimes()
     QFETCH(int, rows);
     const NetProjection oProjection(static_cast<NetLayout>(layout));
     const Planes oPlanes = randomPlanes(500);
-    for (const NetRecords eRecords : {NetRecords::Planes, NetRecords::Lines}) {
+    for (const OrientationType eRecords : {OrientationType::Planes, OrientationType::Lines}) {
         DensityGrid oGrid = countOnNet(oProjection, eRecords, oPlanes.m_vdDip, oPlanes.m_vdAzimuth, columns, rows);
         QCOMPARE(oGrid.m_iRecords, std::size_t(500));
         QCOMPARE(oGrid.m_iOutside, std::size_t(0));
@@ -89,12 +89,12 @@ void tst_Density::everyRecordCountsFourTimes()
     Doubles vdAzimuth(36);
     std::generate(vdAzimuth.begin(), vdAzimuth.end(), [i = 0]() mutable { return 10.0 * i++; });
     const Doubles vdUpright(36, 90.0);
-    QCOMPARE(sum(countOnNet(oProjection, NetRecords::Planes, vdUpright, vdAzimuth, columns, rows)), 144.0);
+    QCOMPARE(sum(countOnNet(oProjection, OrientationType::Planes, vdUpright, vdAzimuth, columns, rows)), 144.0);
 }
 
 void tst_Density::edgeRule()
 {
-    DensityGrid oGrid = countOnNet(NetProjection(), NetRecords::Lines, {}, {}, 11, 11);
+    DensityGrid oGrid = countOnNet(NetProjection(), OrientationType::Lines, {}, {}, 11, 11);
     QVERIFY(oGrid.isOnRim(0, 5) && oGrid.isOnRim(10, 5) && !oGrid.isOnRim(5, 5) && !oGrid.isOnRim(0, 0));
     oGrid.m_vdCounts[oGrid.index(0, 5)] = 3.0;
     oGrid.m_vdCounts[oGrid.index(10, 5)] = 1.0;
@@ -104,7 +104,7 @@ void tst_Density::edgeRule()
     QCOMPARE(oGrid.count(10, 5), 4.0);
     QCOMPARE(sum(oGrid), 15.0);
     QVERIFY(oGrid.percentages().empty()); // per cent of no records
-    QVERIFY(countOnNet(NetProjection(), NetRecords::Lines, {}, {}, 1, 11).isEmpty());
+    QVERIFY(countOnNet(NetProjection(), OrientationType::Lines, {}, {}, 1, 11).isEmpty());
 }
 
 void tst_Density::masksAndWeights()
@@ -115,7 +115,7 @@ void tst_Density::masksAndWeights()
     const std::vector<unsigned char> vbMask{1, 0, 1, 1, 1, 1};
     const NetProjection oProjection;
     const auto count = [&](std::span<const unsigned char> vbTaken, std::span<const double> vdGiven) {
-        return countOnNet(oProjection, NetRecords::Planes, vdDip, vdAzimuth, 15, 15, vbTaken, vdGiven);
+        return countOnNet(oProjection, OrientationType::Planes, vdDip, vdAzimuth, 15, 15, vbTaken, vdGiven);
     };
     const DensityGrid oAll = count({}, {});
     QCOMPARE(oAll.m_iRecords, std::size_t(4));
@@ -130,7 +130,7 @@ void tst_Density::masksAndWeights()
     QCOMPARE(std::accumulate(vdPercent.begin(), vdPercent.end(), 0.0), 400.0);
     // A gentle dip is a steep pole, which lies outside a tangent net but is one of N.
     const DensityGrid oTangent =
-        countOnNet(NetProjection(NetLayout::Tangent), NetRecords::Planes, vdDip, vdAzimuth, 15, 15);
+        countOnNet(NetProjection(NetLayout::Tangent), OrientationType::Planes, vdDip, vdAzimuth, 15, 15);
     QCOMPARE(oTangent.m_iOutside, std::size_t(2));
     QCOMPARE(oTangent.m_iRecords, std::size_t(4));
 }
@@ -157,8 +157,8 @@ void tst_Density::referenceCounts()
                 const NetProjection oProjection(density["net"] == "equal_area" ? NetLayout::EqualArea
                                                                                : NetLayout::EqualAngle);
                 DensityGrid oGrid =
-                    countOnNet(oProjection, bPlanes ? NetRecords::Planes : NetRecords::Lines, columns["angle"],
-                               columns["azimuth"], density["nx"].toInt(), density["ny"].toInt());
+                    countOnNet(oProjection, bPlanes ? OrientationType::Planes : OrientationType::Lines,
+                               columns["angle"], columns["azimuth"], density["nx"].toInt(), density["ny"].toInt());
                 for (const char* szCounts : {"counts_before_edge_rule", "counts_after_edge_rule"}) {
                     Doubles vdExpected;
                     for (const auto& row : density[szCounts].toArray()) {

@@ -127,7 +127,7 @@ void tst_Net::roundTrip()
             const NetPoint oPole = oProjection.pole(dAngle, dAzimuth);
             // Through pixels, as a pick does it: off by their rounding, also on the rim.
             const NetPoint oPixel = oFrame.toPixel(oPole);
-            const NetPlane oPlane = oProjection.poleAt(oFrame.toNet(oPixel.m_dX, oPixel.m_dY));
+            const PlaneOrientation oPlane = oProjection.poleAt(oFrame.toNet(oPixel.m_dX, oPixel.m_dY));
             QVERIFY(std::abs(oPlane.m_dDip - dAngle) < 1e-9);
             const NetPoint oAgain = oProjection.pole(oPlane.m_dDip, oPlane.m_dDipAzimuth);
             const double dSize = std::max(1.0, std::hypot(oPole.m_dX, oPole.m_dY));

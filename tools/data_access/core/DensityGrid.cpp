@@ -2,6 +2,7 @@
 
 #include "MissingValue.h"
 #include "RecordMask.h"
+#include "RecordWeight.h"
 
 #include <algorithm>
 #include <array>
@@ -15,7 +16,7 @@ namespace {
 class CellCounter
 {
 public:
-    CellCounter(const NetProjection& oProjection, NetRecords eRecords, int iColumns, int iRows)
+    CellCounter(const NetProjection& oProjection, OrientationType eRecords, int iColumns, int iRows)
         : m_oProjection(oProjection)
         , m_eRecords(eRecords)
         , m_iCellColumns(iColumns - 1)
@@ -36,7 +37,7 @@ public:
 
     void flush()
     {
-        const auto fnProject = m_eRecords == NetRecords::Planes ? projectPoles : projectLines;
+        const auto fnProject = m_eRecords == OrientationType::Planes ? projectPoles : projectLines;
         fnProject(m_oProjection, {m_adAngle.data(), m_iBuffered}, m_adAzimuth, m_aPoints);
         for (std::size_t i = 0; i < m_iBuffered; ++i) {
             const int iColumn = cellOf(m_aPoints[i].m_dX, m_iCellColumns);
@@ -80,7 +81,7 @@ private:
 
     static constexpr std::size_t s_iBlock = 512;
     const NetProjection& m_oProjection;
-    NetRecords m_eRecords;
+    OrientationType m_eRecords;
     int m_iCellColumns;
     int m_iCellRows;
     std::vector<double> m_vdCells;
@@ -116,7 +117,7 @@ bool DensityGrid::isOnRim(int iColumn, int iRow) const
     return std::abs(std::hypot(x(iColumn), y(iRow)) - 1.0) <= 0.4 * dDiagonal;
 }
 
-DensityGrid countOnNet(const NetProjection& oProjection, NetRecords eRecords, std::span<const double> vdAngle,
+DensityGrid countOnNet(const NetProjection& oProjection, OrientationType eRecords, std::span<const double> vdAngle,
                        std::span<const double> vdAzimuth, int iColumns, int iRows,
                        std::span<const unsigned char> vbMask, std::span<const double> vdWeights)
 {
@@ -133,8 +134,8 @@ DensityGrid countOnNet(const NetProjection& oProjection, NetRecords eRecords, st
         if (!isTaken(vbMask, i)) {
             continue;
         }
-        const double dWeight = vdWeights.empty() ? 1.0 : (i < vdWeights.size() ? vdWeights[i] : g_dEmptyCell);
-        if (isMissing(vdAngle[i]) || isMissing(vdAzimuth[i]) || isMissing(dWeight) || dWeight < 0.0) {
+        const double dWeight = recordWeight(vdWeights, i);
+        if (isMissing(vdAngle[i]) || isMissing(vdAzimuth[i]) || dWeight == 0.0) {
             ++oGrid.m_iMissing;
             continue;
         }
@@ -168,7 +169,7 @@ void applyEdgeRule(DensityGrid& oGrid)
     }
 }
 
-DensityGrid densityGrid(const NetProjection& oProjection, NetRecords eRecords, std::span<const double> vdAngle,
+DensityGrid densityGrid(const NetProjection& oProjection, OrientationType eRecords, std::span<const double> vdAngle,
                         std::span<const double> vdAzimuth, int iColumns, int iRows,
                         std::span<const unsigned char> vbMask, std::span<const double> vdWeights)
 {

@@ -9,13 +9,6 @@
 
 namespace gkBase {
 
-/// What a record's pair of angles is.
-enum class NetRecords
-{
-    Planes, ///< dip and dip azimuth, counted by their poles
-    Lines   ///< plunge and azimuth
-};
-
 /// Records counted at the nodes of a grid over the square around the net, whose corners are (±1, ±1).
 struct GKBASECORE_EXPORT DensityGrid
 {
@@ -25,7 +18,7 @@ struct GKBASECORE_EXPORT DensityGrid
     int m_iRows = 0;                ///< nodes from north to south
     std::vector<double> m_vdCounts; ///< row by row from the north, each from the west
     std::size_t m_iRecords = 0;     ///< records taken: N
-    std::size_t m_iMissing = 0;     ///< records without both angles or a weight of at least 0; not in N
+    std::size_t m_iMissing = 0;     ///< records taken that lack an angle or a weight above 0; not in N
     std::size_t m_iOutside = 0;     ///< records in N that plot outside the square; only a tangent net has them
     double m_dWeight = 0.0;         ///< sum of the weights of the N records; N without weights
 
@@ -50,9 +43,9 @@ struct GKBASECORE_EXPORT DensityGrid
 /// its western and northern sides, the last ones all of their sides, so that every record on the net counts. The sum
 /// over the nodes is 4 · m_dWeight when none plots outside. The edge rule is not applied.
 ///
-/// Records go up to the end of the shorter column. The mask says which of them are taken, all when it is empty;
-/// records beyond the end of the weights lack one. Grid sizes outside 2 … s_iMaximumNodes give an empty grid.
-GKBASECORE_EXPORT DensityGrid countOnNet(const NetProjection& oProjection, NetRecords eRecords,
+/// Planes count by their poles. Records go up to the end of the shorter column; the mask says which of them are taken,
+/// all when it is empty. Weights as recordWeight(). Grid sizes outside 2 … s_iMaximumNodes give an empty grid.
+GKBASECORE_EXPORT DensityGrid countOnNet(const NetProjection& oProjection, OrientationType eRecords,
                                          std::span<const double> vdAngle, std::span<const double> vdAzimuth,
                                          int iColumns, int iRows, std::span<const unsigned char> vbMask = {},
                                          std::span<const double> vdWeights = {});
@@ -62,7 +55,7 @@ GKBASECORE_EXPORT DensityGrid countOnNet(const NetProjection& oProjection, NetRe
 GKBASECORE_EXPORT void applyEdgeRule(DensityGrid& oGrid);
 
 /// Weighted counts after the edge rule: countOnNet() and applyEdgeRule().
-GKBASECORE_EXPORT DensityGrid densityGrid(const NetProjection& oProjection, NetRecords eRecords,
+GKBASECORE_EXPORT DensityGrid densityGrid(const NetProjection& oProjection, OrientationType eRecords,
                                           std::span<const double> vdAngle, std::span<const double> vdAzimuth,
                                           int iColumns, int iRows, std::span<const unsigned char> vbMask = {},
                                           std::span<const double> vdWeights = {});

@@ -139,14 +139,14 @@ NetPoint NetProjection::vector(double dNorth, double dEast, double dDown) const
 
 LineOrientation NetProjection::lineAt(NetPoint oPoint) const
 {
-    const NetPlane oPlane = poleAt(oPoint);
+    const PlaneOrientation oPlane = poleAt(oPoint);
     if (isMissing(oPlane.m_dDip)) {
         return {g_dMissingValue, g_dMissingValue};
     }
     return {90.0 - oPlane.m_dDip, netAzimuth(oPoint)};
 }
 
-NetPlane NetProjection::poleAt(NetPoint oPoint) const
+PlaneOrientation NetProjection::poleAt(NetPoint oPoint) const
 {
     const double dRadius = std::hypot(oPoint.m_dX, oPoint.m_dY);
     if (!std::isfinite(dRadius) || (m_eLayout != NetLayout::Tangent && !isOnNet(oPoint))) {

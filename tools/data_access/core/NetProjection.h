@@ -1,6 +1,6 @@
 #pragma once
 
-#include "LineInPlane.h"
+#include "DirectionCosines.h"
 #include "gkBaseCoreExport.h"
 
 #include <span>
@@ -20,13 +20,6 @@ struct NetPoint
 {
     double m_dX;
     double m_dY;
-};
-
-/// A plane by dip (0 … 90 degrees) and dip azimuth ([0, 360)); its pole is the line (90 − dip, dip azimuth + 180).
-struct NetPlane
-{
-    double m_dDip;
-    double m_dDipAzimuth;
 };
 
 /// Lower-hemisphere projection of lines, and of planes by their poles, onto the net of radius 1, and back. Angles in
@@ -62,7 +55,7 @@ public:
     LineOrientation lineAt(NetPoint oPoint) const;
     /// The plane whose pole plots at a position. A dip up to 5e-9 becomes 0 with the azimuth of the position (not on
     /// the tangent net). Beyond the rim as lineAt().
-    NetPlane poleAt(NetPoint oPoint) const;
+    PlaneOrientation poleAt(NetPoint oPoint) const;
 
 private:
     NetLayout m_eLayout;

@@ -2,6 +2,7 @@
 
 #include "Angles.h"
 #include "RecordMask.h"
+#include "RecordWeight.h"
 
 #include <algorithm>
 #include <cmath>
@@ -87,8 +88,8 @@ RoseBins roseBins(std::span<const double> vdAzimuth, const RoseSettings& oSettin
         if (!isTaken(vbMask, i)) {
             continue;
         }
-        const double dWeight = vdWeights.empty() ? 1.0 : (i < vdWeights.size() ? vdWeights[i] : g_dEmptyCell);
-        if (isMissing(vdAzimuth[i]) || isMissing(dWeight) || dWeight < 0.0) {
+        const double dWeight = recordWeight(vdWeights, i);
+        if (isMissing(vdAzimuth[i]) || dWeight == 0.0) {
             ++oBins.m_iMissing;
             continue;
         }

@@ -27,7 +27,7 @@ struct GKBASECORE_EXPORT RoseBins
     std::vector<double> m_vdCounts;     ///< one per sector: records, or the sum of their weights
     std::vector<double> m_vdClassCount; ///< m_iClasses numbers per sector; records of no class are in none
     std::size_t m_iRecords = 0;         ///< records used
-    std::size_t m_iMissing = 0;         ///< records taken that lack an azimuth or a weight of at least 0
+    std::size_t m_iMissing = 0;         ///< records taken that lack an azimuth or a weight above 0
     std::size_t m_iUncovered = 0;       ///< directions in no sector; a bidirectional record has two directions
     double m_dWeight = 0.0;             ///< sum of the weights of the records used
     double m_dUncoveredWeight = 0.0;    ///< sum of the weights of the directions in no sector
@@ -45,7 +45,7 @@ struct GKBASECORE_EXPORT RoseBins
 
 /// Counts azimuths (degrees, any turn) into sectors, each with the azimuth where it begins and without the one where
 /// it ends. The counts add up to m_dWeight, twice that for bidirectional records, less m_dUncoveredWeight.
-/// The mask says which records are taken, all when it is empty; weights are 1 when there are none. viClasses gives
+/// The mask says which records are taken, all when it is empty; weights as recordWeight(). viClasses gives
 /// the class of every record, 0 … iClasses − 1; any other number, or none, is no class.
 GKBASECORE_EXPORT RoseBins roseBins(std::span<const double> vdAzimuth, const RoseSettings& oSettings,
                                     std::span<const unsigned char> vbMask = {}, std::span<const double> vdWeights = {},
