@@ -129,6 +129,7 @@ private slots:
     void menuOffersLinesOnlyWhenPicked();
     void tipNamesThePoint();
     void cursorIsToldInChartUnits();
+    void picturesShowNoGesture();
 };
 
 void TestQCrossPlot::cornersMapToCorners_data()
@@ -476,6 +477,26 @@ void TestQCrossPlot::cursorIsToldInChartUnits()
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(&plot.m_plot, &leave);
     QCOMPARE(spy.last()[0].toPointF(), QPointF(99999.0, 99999.0));
+}
+
+void TestQCrossPlot::picturesShowNoGesture()
+{
+    Plot plot(20);
+    const auto picture = [&plot] {
+        QImage oPicture(200, 100, QImage::Format_RGB32);
+        QPainter painter(&oPicture);
+        plot.m_plot.renderWithGrid(painter, oPicture.rect(), {50}, {50});
+        return oPicture;
+    };
+    const QImage oAtRest = picture();
+    plot.m_plot.setCursorLine(30.0);
+    send(plot.m_plot, QEvent::MouseButtonPress, {10, 10});
+    send(plot.m_plot, QEvent::MouseMove, {80, 10});
+    send(plot.m_plot, QEvent::MouseMove, {80, 80});
+    QCOMPARE(picture(), oAtRest);
+    const QImage oShown = plot.m_plot.grab().toImage();
+    plot.m_plot.setCursorLine(99999.0);
+    QVERIFY(plot.m_plot.grab().toImage() != oShown);
 }
 
 QTEST_MAIN(TestQCrossPlot)

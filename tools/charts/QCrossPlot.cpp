@@ -365,9 +365,13 @@ void QCrossPlot::renderWithGrid(QPainter& painter, const QRect& oTarget, const Q
 {
     const QList<int> viOwnVertical = std::exchange(m_viVerticalGridLines, viVertical);
     const QList<int> viOwnHorizontal = std::exchange(m_viHorizontalGridLines, viHorizontal);
+    const double dOwnCursorY = std::exchange(m_dCursorY, g_dMissingValue);
+    const QVector<QPointF> voOwnPath = std::exchange(m_vSelectionPath, {});
     renderTo(painter, oTarget);
     m_viVerticalGridLines = viOwnVertical;
     m_viHorizontalGridLines = viOwnHorizontal;
+    m_dCursorY = dOwnCursorY;
+    m_vSelectionPath = voOwnPath;
 }
 
 } // namespace gkBase

@@ -92,7 +92,7 @@ public:
     void copyWEMFToClipboard() override;
     bool colorAttributeIsOn() override;
     bool symbolAttributeIsOn() override;
-    /// Draws the whole chart at another size with the grid lines that belong to it.
+    /// Draws the whole chart at another size with the grid lines that belong to it, without cursor line and outline.
     void renderWithGrid(QPainter& painter, const QRect& oTarget, const QList<int>& viVertical,
                         const QList<int>& viHorizontal);
 
