@@ -55,8 +55,8 @@ double effectiveCount(std::span<const double> vdWeights, std::span<const unsigne
     double dSum = 0.0;
     double dSumOfSquares = 0.0;
     for (std::size_t i = 0; i < vdWeights.size(); ++i) {
-        if (isTaken(vbMask, i)) {
-            const double dWeight = recordWeight(vdWeights, i);
+        const double dWeight = recordWeight(vdWeights, i);
+        if (isTaken(vbMask, i) && !isMissing(dWeight)) {
             dSum += dWeight;
             dSumOfSquares += dWeight * dWeight;
         }

@@ -5,12 +5,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace gkBase {
 
 namespace {
 
-/// Records per block: the rounding of sums grows with the length of a block and the number of blocks only.
+/// Records per block: the rounding of sums grows with the length of a block, not with the number of records.
 constexpr std::size_t g_iBlock = 512;
 
 enum Sum
@@ -54,6 +55,17 @@ inline void addVector(Sums& adSums, double dHorizontal, double dDown, double dAz
     adSums[SumZZ] += dWeightedDown * dDown;
 }
 
+/// Adds a block to the totals and keeps what their rounding loses (Kahan 1965).
+void addCompensated(Sums& adTotal, Sums& adLost, const Sums& adBlock)
+{
+    for (std::size_t i = 0; i < adTotal.size(); ++i) {
+        const double dTerm = adBlock[i] - adLost[i];
+        const double dSum = adTotal[i] + dTerm;
+        adLost[i] = (dSum - adTotal[i]) - dTerm;
+        adTotal[i] = dSum;
+    }
+}
+
 struct Columns
 {
     std::span<const double> m_vdAngles;
@@ -73,7 +85,7 @@ void addBlock(const Columns& oColumns, std::size_t iFirst, std::size_t iEnd, Sum
             continue;
         }
         const double dWeight = recordWeight(oColumns.m_vdWeights, i);
-        if (isMissing(oColumns.m_vdAngles[i]) || isMissing(oColumns.m_vdAzimuths[i]) || dWeight == 0.0) {
+        if (isMissing(oColumns.m_vdAngles[i]) || isMissing(oColumns.m_vdAzimuths[i]) || isMissing(dWeight)) {
             ++oResult.m_iMissing;
             continue;
         }
@@ -97,6 +109,7 @@ OrientationSums orientationSums(OrientationType eType, std::span<const double> v
     const Columns oColumns{vdAngles, vdAzimuths, vbMask, vdWeights};
     OrientationSums oResult;
     Sums adTotal{};
+    Sums adLost{};
     clearVectorRegisters();
     for (std::size_t iFirst = 0; iFirst < oColumns.size(); iFirst += g_iBlock) {
         const std::size_t iEnd = std::min(iFirst + g_iBlock, oColumns.size());
@@ -106,11 +119,10 @@ OrientationSums orientationSums(OrientationType eType, std::span<const double> v
         } else {
             addBlock<false>(oColumns, iFirst, iEnd, adBlock, oResult);
         }
-        for (std::size_t i = 0; i < adTotal.size(); ++i) {
-            adTotal[i] += adBlock[i];
-        }
+        addCompensated(adTotal, adLost, adBlock);
     }
-    if (oResult.m_iCount == 0) {
+    if (!(adTotal[SumWeight] > 0.0)) {
+        oResult.m_iMissing += std::exchange(oResult.m_iCount, 0);
         return oResult;
     }
     const double dScale = static_cast<double>(oResult.m_iCount) / adTotal[SumWeight];

@@ -33,10 +33,11 @@ struct OrientationSums
 /// above 90) and upward lines (negative plunges) count as the same plane or line.
 ///
 /// Weights count in proportion only: the sums are scaled so that the weights of the records taken add up to their
-/// number, and equal weights change nothing. An empty span weighs all alike; a weight that is missing or not above 0
-/// leaves its record out, as does the lack of one. Records lie where both columns have values (NaN and 99999.0 are
-/// none). Added up in blocks, so that a million coplanar records still have an eigenvalue of 0 to within 1e-14 of the
-/// trace. Linear in the number of records, nothing is allocated.
+/// number, and equal weights change nothing. An empty span weighs all alike; a weight that is missing or negative
+/// leaves its record out, as does the lack of one. Where all weights are 0 no record is taken. Records lie where both
+/// columns have values (NaN and 99999.0 are none). Added up in blocks, so that millions of coplanar records still have
+/// an eigenvalue of 0 but for the rounding of their own components. Linear in the number of records, nothing is
+/// allocated.
 GKBASECORE_EXPORT OrientationSums orientationSums(OrientationType eType, std::span<const double> vdAngles,
                                                   std::span<const double> vdAzimuths,
                                                   std::span<const unsigned char> vbMask = {},

@@ -3,6 +3,7 @@
 #include "mgcEigenD.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace gkBase {
 
@@ -63,6 +64,13 @@ double eigenvalueShare(const PrincipalAxes& oAxes, int iAxis)
     }
     const auto& adValues = oAxes.m_adValues;
     return adValues[static_cast<std::size_t>(iAxis)] / (adValues[0] + adValues[1] + adValues[2]);
+}
+
+bool doesVectorMeanMislead(const PrincipalAxes& oAxes, double dMeanResultantLength)
+{
+    constexpr double dTooLow = 0.8;
+    return oAxes.isDefined() && !isMissing(dMeanResultantLength) &&
+           dMeanResultantLength < dTooLow * std::sqrt(eigenvalueShare(oAxes, 2));
 }
 
 } // namespace gkBase

@@ -51,4 +51,10 @@ GKBASECORE_EXPORT PrincipalAxes rotatedAxes(const PrincipalAxes& oAxes, const Ro
 /// The share q = e / (e1 + e2 + e3) of an eigenvalue, 0 … 1; 99999.0 when the axes are undefined.
 GKBASECORE_EXPORT double eigenvalueShare(const PrincipalAxes& oAxes, int iAxis);
 
+/// True when the vector mean of records with this R̄ misleads, because axes that lie close together cancel as vectors:
+/// steep planes that dip both ways, lines on both sides of the rim. Without cancelling R̄ is near √(e3 / N), which it
+/// never exceeds: 1 for a cluster, 0.90 of it for a half-circle, 0.87 for a uniform hemisphere; below 0.8 it is too
+/// low. Show the principal mean beside the other then. False when something is undefined.
+GKBASECORE_EXPORT bool doesVectorMeanMislead(const PrincipalAxes& oAxes, double dMeanResultantLength);
+
 } // namespace gkBase

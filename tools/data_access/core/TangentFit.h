@@ -10,20 +10,6 @@
 
 namespace gkBase {
 
-/// A point of the tangent diagram: at the tangent of its angle from the centre, in the direction of its azimuth.
-struct TangentPoint
-{
-    double m_dEast;
-    double m_dNorth;
-};
-
-/// The point of an angle and azimuth in degrees, so that the angle of 45 degrees lies at distance 1. (99999.0, 99999.0)
-/// for missing numbers and for angles of 90 degrees and more, whose points lie nowhere.
-GKBASECORE_EXPORT TangentPoint tangentPoint(double dAngle, double dAzimuth);
-
-/// The angle and azimuth of a point: of the plane's dip, given as plunge. The centre has azimuth 0.
-GKBASECORE_EXPORT LineOrientation orientationOfTangentPoint(const TangentPoint& oPoint);
-
 /// The axis of a cylindrical fold found in the tangent diagram.
 struct TangentFit
 {
