@@ -143,6 +143,9 @@ void TestBarChart::classesOfEachType_data()
                              << "#0000ff=1 #ff0000=2";
     QTest::newRow("doubles") << QMetaType::Double << QStringList{"2.5", "0.5", "2.5", "99999"} << 0.0
                              << "0.5=1 2.5=2 (missing)=1";
+    QTest::newRow("values on the limits of decimal intervals")
+        << QMetaType::Double << QStringList{"0.1", "0.3", "0.6", "0.7"} << 0.1
+        << QStringLiteral("0.1 – 0.2=1 0.3 – 0.4=1 0.6 – 0.7=2");
     QTest::newRow("intervals from whole multiples") << QMetaType::Double << QStringList{"0.9", "1", "2.999", "-0.1"}
                                                     << 1.0 << QStringLiteral("-1 – 0=1 0 – 1=1 1 – 2=1 2 – 3=1");
     QTest::newRow("the last interval holds its end")

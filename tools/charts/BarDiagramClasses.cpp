@@ -2,6 +2,7 @@
 
 #include "AxisTicks.h"
 #include "ColumnNumbers.h"
+#include "DecimalSteps.h"
 #include "FrequencyClasses.h"
 #include "MatrixData.h"
 #include "UnitManager.h"
@@ -178,11 +179,12 @@ void BarDiagramClasses::classifyIntervals(const MatrixData& attribute, double dI
     if (isMissing(dMin) || isMissing(dMax))
         return classifyValues(attribute);
     dInterval = allowedInterval(dInterval, dMax - dMin);
-    const double dFirst = std::floor(dMin / dInterval) * dInterval;
+    const double dFirst = decimalStep(0.0, dInterval, std::floor(dMin / dInterval));
     const double dCount = std::max(1.0, std::ceil((dMax - dFirst) / dInterval * (1.0 - 1e-12)));
     QMap<int, QVariant> names;
     QMap<int, QColor> colors;
-    attribute.createColorMapSymbolIDs(m_viIds, names, colors, dFirst, dFirst + dCount * dInterval, dInterval, false);
+    attribute.createColorMapSymbolIDs(m_viIds, names, colors, dFirst, decimalStep(dFirst, dInterval, dCount), dInterval,
+                                      false);
 
     const boost::shared_ptr<UnitManager> poUnit = attribute.unitManager();
     const auto edge = [&](int i) { return poUnit->convertModelToDisplay(dFirst + i * dInterval); };

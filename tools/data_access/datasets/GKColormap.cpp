@@ -1,5 +1,7 @@
 #include "GKColormap.h"
 
+#include "DecimalSteps.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -45,7 +47,7 @@ void GKColormap::fill_spectrum_color_list(double min, double max, double interva
     for (int i = 0; i <= iSteps; ++i) {
         const double dFraction = static_cast<double>(i) / iSteps;
         const QColor oUpper = spectrumColor(bRedToBlue ? 1.0 - dFraction : dFraction);
-        insert(i < iSteps ? min + i * interval : max, i > 0 ? oLower : oUpper, oUpper);
+        insert(i < iSteps ? gkBase::decimalStep(min, interval, i) : max, i > 0 ? oLower : oUpper, oUpper);
         oLower = oUpper;
     }
 }
