@@ -1,4 +1,5 @@
-#include "DensityGrid.h"
+#include "DensityContours.h"
+#include "NetLines.h"
 #include "RoseBins.h"
 
 #include <benchmark/benchmark.h>
@@ -62,6 +63,44 @@ BENCHMARK(densityCounting)
     ->Args({1000000, 0, 100})
     ->Args({1000000, 1, 100})
     ->Unit(benchmark::kMillisecond);
+
+void contours(benchmark::State& state)
+{
+    const auto iCount = static_cast<int>(state.range(0));
+    const auto iNodes = static_cast<int>(state.range(1));
+    const std::vector<double> vdDip = evenValues(iCount, 0.0, 90.0, 1);
+    const std::vector<double> vdAzimuth = evenValues(iCount, 0.0, 360.0, 2);
+    const DensityGrid oGrid = densityGrid(NetProjection(), OrientationType::Planes, vdDip, vdAzimuth, iNodes, iNodes);
+    std::size_t iPoints = 0;
+    std::size_t iLabels = 0;
+    for (auto _ : state) {
+        const std::vector<DensityContour> vContours = densityContours(oGrid, contourLevels(oGrid));
+        iLabels = contourLabels(vContours, 50.0 / 160.0).size();
+        iPoints = 0;
+        for (const DensityContour& oContour : vContours) {
+            for (const NetPolyline& vOutline : oContour.m_vOutlines) {
+                iPoints += vOutline.size();
+            }
+        }
+    }
+    state.counters["points"] = static_cast<double>(iPoints);
+    state.counters["labels"] = static_cast<double>(iLabels);
+}
+BENCHMARK(contours)
+    ->ArgNames({"records", "nodes"})
+    ->Args({500, 20})
+    ->Args({100000, 100})
+    ->Args({1000000, 100})
+    ->Unit(benchmark::kMillisecond);
+
+void nets(benchmark::State& state)
+{
+    const NetProjection oProjection(static_cast<NetLayout>(state.range(0)));
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(netLines(oProjection, g_iFineNetStep).m_vSmallCircles.size());
+    }
+}
+BENCHMARK(nets)->ArgName("layout")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 /// classes: number of classes, 0 without; the means are worked out as well.
 void rose(benchmark::State& state)

@@ -98,6 +98,9 @@ void tst_Rose::classesAndWeights()
     QCOMPARE(oBins.m_vdClassCount, (Doubles{1, 2, 0, 8, 0, 0, 0, 0}));
     QCOMPARE(oBins.m_dWeight, 15.0);
     QCOMPARE(oBins.maximum(), 8.0);
+    const RoseBins oShort = roseBins(vdAzimuth, {90, 0.0, false}, {}, std::span(vdWeights).first(2));
+    QCOMPARE(oShort.m_iMissing, std::size_t(4)); // no weight, or no azimuth
+    QCOMPARE(sum(oShort.m_vdCounts), 3.0);
     const CircularMeans oMeans = roseMeans(vdAzimuth, vbMask);
     QCOMPARE(oMeans.m_oDirection.m_iCount, std::size_t(4));
     QCOMPARE(oMeans.m_oAxis.m_iCount, std::size_t(4));

@@ -135,7 +135,7 @@ DensityGrid countOnNet(const NetProjection& oProjection, OrientationType eRecord
             continue;
         }
         const double dWeight = recordWeight(vdWeights, i);
-        if (isMissing(vdAngle[i]) || isMissing(vdAzimuth[i]) || dWeight == 0.0) {
+        if (isMissing(vdAngle[i]) || isMissing(vdAzimuth[i]) || std::isnan(dWeight)) {
             ++oGrid.m_iMissing;
             continue;
         }

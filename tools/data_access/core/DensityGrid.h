@@ -18,7 +18,7 @@ struct GKBASECORE_EXPORT DensityGrid
     int m_iRows = 0;                ///< nodes from north to south
     std::vector<double> m_vdCounts; ///< row by row from the north, each from the west
     std::size_t m_iRecords = 0;     ///< records taken: N
-    std::size_t m_iMissing = 0;     ///< records taken that lack an angle or a weight above 0; not in N
+    std::size_t m_iMissing = 0;     ///< records taken that lack an angle or a weight of at least 0; not in N
     std::size_t m_iOutside = 0;     ///< records in N that plot outside the square; only a tangent net has them
     double m_dWeight = 0.0;         ///< sum of the weights of the N records; N without weights
 

@@ -89,7 +89,7 @@ RoseBins roseBins(std::span<const double> vdAzimuth, const RoseSettings& oSettin
             continue;
         }
         const double dWeight = recordWeight(vdWeights, i);
-        if (isMissing(vdAzimuth[i]) || dWeight == 0.0) {
+        if (isMissing(vdAzimuth[i]) || std::isnan(dWeight)) {
             ++oBins.m_iMissing;
             continue;
         }

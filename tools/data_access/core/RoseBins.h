@@ -27,7 +27,7 @@ struct GKBASECORE_EXPORT RoseBins
     std::vector<double> m_vdCounts;     ///< one per sector: records, or the sum of their weights
     std::vector<double> m_vdClassCount; ///< m_iClasses numbers per sector; records of no class are in none
     std::size_t m_iRecords = 0;         ///< records used
-    std::size_t m_iMissing = 0;         ///< records taken that lack an azimuth or a weight above 0
+    std::size_t m_iMissing = 0;         ///< records taken that lack an azimuth or a weight of at least 0
     std::size_t m_iUncovered = 0;       ///< directions in no sector; a bidirectional record has two directions
     double m_dWeight = 0.0;             ///< sum of the weights of the records used
     double m_dUncoveredWeight = 0.0;    ///< sum of the weights of the directions in no sector
