@@ -1,6 +1,7 @@
 #include "ApparentDip.h"
 
 #include "Angles.h"
+#include "SineCosine.h"
 #include "VectorRegisters.h"
 
 #include <algorithm>
@@ -13,9 +14,9 @@ double apparentDip(double dDip, double dDipAzimuth, double dDirection)
     if (isMissing(dDip) || isMissing(dDipAzimuth) || isMissing(dDirection)) {
         return g_dEmptyCell;
     }
-    // The cosine of 90 degrees is not quite 0 in doubles; along the strike of a vertical plane that would give 45.
+    // Along the strike a vertical plane has no apparent dip, others 0.
     constexpr double dNoise = 1e-15;
-    const double dTowards = std::cos(radians(dDirection - dDipAzimuth));
+    const double dTowards = sineCosine(dDirection - dDipAzimuth).m_dCosine;
     if (std::abs(dTowards) < dNoise) {
         return 0.0;
     }

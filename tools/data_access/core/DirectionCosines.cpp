@@ -7,41 +7,54 @@ namespace gkBase {
 
 namespace {
 
-/// The lower end of an axis scaled to length 1; false when it has no direction.
-bool toLowerUnit(gdfVertex& oAxis)
+/// Lower end of an axis, of the length that the axis has.
+struct LowerEnd
 {
-    if (!oAxis.normalize()) {
-        return false;
+    explicit LowerEnd(const gdfVertex& oAxis)
+        : m_dSize(std::abs(oAxis.x()) + std::abs(oAxis.y()) + std::abs(oAxis.z()))
+    {
+        const double dSense = oAxis.z() < -g_dNoiseOfCosines * m_dSize ? -1.0 : 1.0;
+        m_dNorth = dSense * oAxis.x();
+        m_dEast = dSense * oAxis.y();
+        m_dDown = std::max(dSense * oAxis.z(), 0.0);
+        m_dHorizontal = std::hypot(m_dNorth, m_dEast);
     }
-    oAxis = lowerHemisphere(oAxis);
-    return true;
-}
+
+    bool hasDirection() const { return m_dSize > 0.0 && std::isfinite(m_dSize); }
+    bool isVertical() const { return m_dHorizontal < g_dNoiseOfCosines * m_dSize; }
+
+    double m_dSize;
+    double m_dNorth;
+    double m_dEast;
+    double m_dDown;
+    double m_dHorizontal;
+};
 
 double azimuthOf(double dNorth, double dEast)
 {
-    return std::hypot(dNorth, dEast) < g_dNoiseOfCosines ? 0.0 : wrapAngle(degrees(std::atan2(dEast, dNorth)), 360.0);
+    return wrapAngle(degrees(std::atan2(dEast, dNorth)), 360.0);
 }
 
 } // namespace
 
 LineOrientation lineOf(const gdfVertex& oAxis)
 {
-    gdfVertex oDown = oAxis;
-    if (!toLowerUnit(oDown)) {
+    const LowerEnd oEnd(oAxis);
+    if (!oEnd.hasDirection()) {
         return g_oMissingLine;
     }
-    const double dPlunge = degrees(std::atan2(std::max(oDown.z(), 0.0), std::hypot(oDown.x(), oDown.y())));
-    return {dPlunge, azimuthOf(oDown.x(), oDown.y())};
+    return {degrees(std::atan2(oEnd.m_dDown, oEnd.m_dHorizontal)),
+            oEnd.isVertical() ? 0.0 : azimuthOf(oEnd.m_dNorth, oEnd.m_dEast)};
 }
 
 PlaneOrientation planeOfPole(const gdfVertex& oPole)
 {
-    gdfVertex oDown = oPole;
-    if (!toLowerUnit(oDown)) {
+    const LowerEnd oEnd(oPole);
+    if (!oEnd.hasDirection()) {
         return g_oMissingPlane;
     }
-    const double dDip = degrees(std::atan2(std::hypot(oDown.x(), oDown.y()), std::max(oDown.z(), 0.0)));
-    return {dDip, azimuthOf(-oDown.x(), -oDown.y())};
+    return {degrees(std::atan2(oEnd.m_dHorizontal, oEnd.m_dDown)),
+            oEnd.isVertical() ? 0.0 : azimuthOf(-oEnd.m_dNorth, -oEnd.m_dEast)};
 }
 
 LineOrientation poleOfPlane(const PlaneOrientation& oPlane)

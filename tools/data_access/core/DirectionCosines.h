@@ -3,6 +3,7 @@
 #include "Angles.h"
 #include "LineInPlane.h"
 #include "MissingValue.h"
+#include "SineCosine.h"
 #include "gdfVertex.h"
 #include "gkBaseCoreExport.h"
 
@@ -28,21 +29,21 @@ inline constexpr PlaneOrientation g_oMissingPlane{g_dMissingValue, g_dMissingVal
 /// Components of unit vectors below this are rounding noise: such a plunge is 0, such a horizontal part has no azimuth.
 inline constexpr double g_dNoiseOfCosines = 1e-12;
 
-/// Direction cosines, x north, y east, z down, of a line. The angles are not checked: a missing one gives components
-/// without meaning, an angle out of range the vector that the formulas say, perhaps an upward one.
+/// Direction cosines, x north, y east, z down, of a line. The angles must be finite and are not checked: 99999.0 gives
+/// a vector without meaning, an angle out of range the one that the formulas say, perhaps an upward one.
 inline gdfVertex lineVector(double dPlunge, double dAzimuth)
 {
-    const double dHorizontal = std::cos(radians(dPlunge));
-    return {dHorizontal * std::cos(radians(dAzimuth)), dHorizontal * std::sin(radians(dAzimuth)),
-            std::sin(radians(dPlunge))};
+    const SineCosine oPlunge = sineCosine(dPlunge);
+    const SineCosine oAzimuth = sineCosine(dAzimuth);
+    return {oPlunge.m_dCosine * oAzimuth.m_dCosine, oPlunge.m_dCosine * oAzimuth.m_dSine, oPlunge.m_dSine};
 }
 
 /// Direction cosines of the pole of a plane: the normal that points down for dips below 90. Angles as for lines.
 inline gdfVertex poleVector(double dDip, double dDipAzimuth)
 {
-    const double dHorizontal = -std::sin(radians(dDip));
-    return {dHorizontal * std::cos(radians(dDipAzimuth)), dHorizontal * std::sin(radians(dDipAzimuth)),
-            std::cos(radians(dDip))};
+    const SineCosine oDip = sineCosine(dDip);
+    const SineCosine oAzimuth = sineCosine(dDipAzimuth);
+    return {-oDip.m_dSine * oAzimuth.m_dCosine, -oDip.m_dSine * oAzimuth.m_dSine, oDip.m_dCosine};
 }
 
 /// The pole of a plane or the line itself.

@@ -1,10 +1,10 @@
 #include "OrientationMatrix.h"
 
 #include "RecordWeight.h"
+#include "SineCosine.h"
 #include "VectorRegisters.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace gkBase {
@@ -39,8 +39,9 @@ inline void addVector(Sums& adSums, double dHorizontal, double dDown, double dAz
         dHorizontal = -dHorizontal;
         dDown = -dDown;
     }
-    const double dNorth = dHorizontal * std::cos(dAzimuth);
-    const double dEast = dHorizontal * std::sin(dAzimuth);
+    const SineCosine oAzimuth = sineCosine(dAzimuth);
+    const double dNorth = dHorizontal * oAzimuth.m_dCosine;
+    const double dEast = dHorizontal * oAzimuth.m_dSine;
     const double dWeightedNorth = dWeight * dNorth;
     const double dWeightedEast = dWeight * dEast;
     const double dWeightedDown = dWeight * dDown;
@@ -89,11 +90,8 @@ void addBlock(const Columns& oColumns, std::size_t iFirst, std::size_t iEnd, Sum
             ++oResult.m_iMissing;
             continue;
         }
-        const double dAngle = radians(oColumns.m_vdAngles[i]);
-        const double dSine = std::sin(dAngle);
-        const double dCosine = std::cos(dAngle);
-        addVector(adSums, bPlanes ? -dSine : dCosine, bPlanes ? dCosine : dSine, radians(oColumns.m_vdAzimuths[i]),
-                  dWeight);
+        const auto [dSine, dCosine] = sineCosine(oColumns.m_vdAngles[i]);
+        addVector(adSums, bPlanes ? -dSine : dCosine, bPlanes ? dCosine : dSine, oColumns.m_vdAzimuths[i], dWeight);
         adSums[SumWeight] += dWeight;
         adSums[SumWeightSquare] += dWeight * dWeight;
         ++oResult.m_iCount;

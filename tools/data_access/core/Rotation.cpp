@@ -3,7 +3,6 @@
 #include "VectorRegisters.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace gkBase {
 
@@ -20,9 +19,9 @@ Rotation::Rotation(const LineOrientation& oAxis, double dAngle)
     const double dX = oUnit.x();
     const double dY = oUnit.y();
     const double dZ = oUnit.z();
-    const double dSine = std::sin(radians(dAngle));
-    const double dCosine = std::cos(radians(dAngle));
-    const double dVersine = 2.0 * std::sin(radians(0.5 * dAngle)) * std::sin(radians(0.5 * dAngle));
+    const auto [dSine, dCosine] = sineCosine(dAngle);
+    const double dHalfSine = sineCosine(0.5 * dAngle).m_dSine;
+    const double dVersine = 2.0 * dHalfSine * dHalfSine;
     m_aoRows[0].set(dCosine + dVersine * dX * dX, dVersine * dX * dY - dSine * dZ, dVersine * dX * dZ + dSine * dY);
     m_aoRows[1].set(dVersine * dY * dX + dSine * dZ, dCosine + dVersine * dY * dY, dVersine * dY * dZ - dSine * dX);
     m_aoRows[2].set(dVersine * dZ * dX - dSine * dY, dVersine * dZ * dY + dSine * dX, dCosine + dVersine * dZ * dZ);

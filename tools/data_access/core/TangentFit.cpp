@@ -2,6 +2,7 @@
 
 #include "Angles.h"
 #include "RecordWeight.h"
+#include "SineCosine.h"
 #include "VectorRegisters.h"
 
 #include <algorithm>
@@ -20,8 +21,10 @@ struct TangentPoint
 
 TangentPoint tangentPoint(double dDip, double dDipAzimuth)
 {
-    const double dRadius = std::tan(radians(dDip));
-    return {dRadius * std::sin(radians(dDipAzimuth)), dRadius * std::cos(radians(dDipAzimuth))};
+    const SineCosine oDip = sineCosine(dDip);
+    const SineCosine oAzimuth = sineCosine(dDipAzimuth);
+    const double dRadius = oDip.m_dSine / oDip.m_dCosine;
+    return {dRadius * oAzimuth.m_dSine, dRadius * oAzimuth.m_dCosine};
 }
 
 struct Moments
