@@ -89,6 +89,7 @@ void contours(benchmark::State& state)
 BENCHMARK(contours)
     ->ArgNames({"records", "nodes"})
     ->Args({500, 20})
+    ->Args({10000, 100})
     ->Args({100000, 100})
     ->Args({1000000, 100})
     ->Unit(benchmark::kMillisecond);

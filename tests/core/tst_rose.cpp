@@ -1,9 +1,11 @@
 #include "MissingValue.h"
 #include "ReferenceData.h"
-#include "RoseBins.h"
+#include "RosePetals.h"
 
 #include <QTest>
 
+#include <algorithm>
+#include <cmath>
 #include <numeric>
 #include <random>
 
@@ -39,6 +41,8 @@ private slots:
     void boundaries();
     void classesAndWeights();
     void scale();
+    void petals_data();
+    void petals();
     void referenceSectors();
 };
 
@@ -116,6 +120,52 @@ void tst_Rose::scale()
     QCOMPARE(oArea.gridRadii(5.0).size(), std::size_t(1)); // the circle at 10 would lie on the rim
     QCOMPARE(RoseScale({3.0, false, 0.0}).gridRadii(1.0).size(), std::size_t(2));
     QVERIFY(oArea.gridRadii(0.0).empty() && RoseScale().gridRadii(5.0).empty());
+}
+
+void tst_Rose::petals_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::addColumn<int>("classes");
+    QTest::addColumn<double>("zeroCircle");
+    QTest::newRow("plain") << 20 << 0 << 0.0;
+    QTest::newRow("classes") << 20 << 3 << 0.0;
+    QTest::newRow("classes about a zero circle") << 50 << 3 << 30.0;
+    QTest::newRow("whole circle") << 360 << 3 << 0.0;
+}
+
+void tst_Rose::petals()
+{
+    QFETCH(int, size);
+    QFETCH(int, classes);
+    QFETCH(double, zeroCircle);
+    const Doubles vdAzimuth = randomAzimuths(300);
+    std::vector<int> viClasses(300);
+    std::generate(viClasses.begin(), viClasses.end(), [i = 0]() mutable { return i++ * 7 % 5; }); // 3, 4: no class
+    const RoseBins oBins = roseBins(vdAzimuth, {size, 15.0, false}, {}, {}, viClasses, classes);
+    const std::vector<RosePetal> vPetals = rosePetals(oBins, {oBins.maximum(), true, zeroCircle});
+    double dCount = 0.0;
+    for (std::size_t i = 0; i < vPetals.size(); ++i) {
+        const RosePetal& oPetal = vPetals[i];
+        dCount += oPetal.m_dCount;
+        // With area scaling and no zero circle a band covers the share of its records.
+        const std::vector<NetPoint> vOutline = petalOutline(oPetal, 0.1);
+        double dTwice = 0.0;
+        for (std::size_t k = 0; k < vOutline.size(); ++k) {
+            const NetPoint& oNext = vOutline[(k + 1) % vOutline.size()];
+            dTwice -= vOutline[k].m_dX * oNext.m_dY - oNext.m_dX * vOutline[k].m_dY;
+        }
+        if (zeroCircle == 0.0) {
+            const double dSector = 3.141592653589793 * size / 360.0;
+            QVERIFY(std::abs(0.5 * dTwice - dSector * oPetal.m_dCount / oBins.maximum()) < 1e-5);
+        }
+        const double dMiddle = (oPetal.m_dStart + 0.5 * oPetal.m_dSize) * 3.141592653589793 / 180.0;
+        const double dRadius = 0.5 * (oPetal.m_dInner + oPetal.m_dOuter);
+        QCOMPARE(petalAt(vPetals, {dRadius * std::sin(dMiddle), dRadius * std::cos(dMiddle)}), int(i));
+    }
+    QCOMPARE(dCount, sum(oBins.m_vdCounts));
+    QCOMPARE(petalAt(vPetals, {2.0, 0.0}), -1);
+    QVERIFY(rosePetals(roseBins({}, {}), RoseScale()).empty());
+    QCOMPARE(rosePetals(roseBins({}, {}), {0.0, true, 50.0}).front().m_dOuter, 0.5);
 }
 
 void tst_Rose::referenceSectors()
