@@ -57,6 +57,7 @@ private slots:
     void rotationLeavesMissingRecordsEmpty();
     void apparentDips_data();
     void apparentDips();
+    void apparentDipsOfReference_data();
     void apparentDipsOfReference();
     void strikeWords();
 };
@@ -215,11 +216,23 @@ void tst_Orientations::apparentDips()
     QVERIFY(std::isnan(apparentDip(dip, azimuth, std::nan(""))));
 }
 
+void tst_Orientations::apparentDipsOfReference_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("key");
+    QTest::newRow("fold") << "fold_well_a"
+                          << "apparent_dip_by_direction";
+    QTest::newRow("faults") << "angelier_faults"
+                            << "apparent_dip";
+}
+
 void tst_Orientations::apparentDipsOfReference()
 {
     GK_REQUIRE_REFERENCE();
-    const auto columns = gkTest::referenceColumns("fold_well_a");
-    const QJsonObject expected = gkTest::referenceValues("fold_well_a")["apparent_dip_by_direction"].toObject();
+    QFETCH(QString, file);
+    QFETCH(QString, key);
+    const auto columns = gkTest::referenceColumns(file);
+    const QJsonObject expected = gkTest::referenceValues(file)[key].toObject();
     QVERIFY(!expected.isEmpty());
     std::vector<double> vdApparent(columns["dip"].size());
     for (auto it = expected.begin(); it != expected.end(); ++it) {

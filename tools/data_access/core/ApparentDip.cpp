@@ -14,7 +14,7 @@ double apparentDip(double dDip, double dDipAzimuth, double dDirection)
     if (isMissing(dDip) || isMissing(dDipAzimuth) || isMissing(dDirection)) {
         return g_dEmptyCell;
     }
-    // Along the strike a vertical plane has no apparent dip, others 0.
+    // Along strike the apparent dip is 0, where tan 90° · cos 90° in doubles would give 45 degrees.
     constexpr double dNoise = 1e-15;
     const double dTowards = sineCosine(dDirection - dDipAzimuth).m_dCosine;
     if (std::abs(dTowards) < dNoise) {
