@@ -94,6 +94,24 @@ BENCHMARK(contours)
     ->Args({1000000, 100})
     ->Unit(benchmark::kMillisecond);
 
+void greatCircles(benchmark::State& state)
+{
+    const NetProjection oProjection(static_cast<NetLayout>(state.range(1)));
+    const auto iCount = static_cast<int>(state.range(0));
+    const std::vector<double> vdDip = evenValues(iCount, 0.0, 90.0, 1);
+    const std::vector<double> vdAzimuth = evenValues(iCount, 0.0, 360.0, 2);
+    for (auto _ : state) {
+        for (std::size_t i = 0; i < vdDip.size(); ++i) {
+            benchmark::DoNotOptimize(greatCircle(oProjection, vdDip[i], vdAzimuth[i]).size());
+        }
+    }
+}
+BENCHMARK(greatCircles)
+    ->ArgNames({"planes", "layout"})
+    ->Args({100000, 0})
+    ->Args({100000, 1})
+    ->Unit(benchmark::kMillisecond);
+
 void nets(benchmark::State& state)
 {
     const NetProjection oProjection(static_cast<NetLayout>(state.range(0)));

@@ -375,7 +375,8 @@ std::vector<ContourLabel> contourLabels(std::span<const DensityContour> vContour
         return vLabels;
     }
     SpacedPoints oKept(dDistance);
-    for (const DensityContour& oContour : vContours) {
+    for (std::size_t iContour = vContours.size(); iContour-- > 0;) {
+        const DensityContour& oContour = vContours[iContour];
         for (const NetPolyline& vLine : oContour.m_vLines) {
             for (std::size_t i = 1; i < vLine.size(); ++i) {
                 const NetPoint oMiddle{0.5 * (vLine[i - 1].m_dX + vLine[i].m_dX),

@@ -53,7 +53,7 @@ struct ContourLabel
     double m_dLevel; ///< per cent
 };
 
-/// Label positions: the middle of every segment of an isoline is a candidate, from the lowest level up,
+/// Label positions: the middle of every segment of an isoline is a candidate, from the highest level down,
 /// and is kept when no kept one lies within dDistance (in units of the radius of the net: 50 pixels are 50 / radius).
 /// Found through buckets of that size: linear in the number of segments. Empty for a distance not above 0.
 GKBASECORE_EXPORT std::vector<ContourLabel> contourLabels(std::span<const DensityContour> vContours, double dDistance);

@@ -174,7 +174,9 @@ DensityGrid densityGrid(const NetProjection& oProjection, OrientationType eRecor
                         std::span<const unsigned char> vbMask, std::span<const double> vdWeights)
 {
     DensityGrid oGrid = countOnNet(oProjection, eRecords, vdAngle, vdAzimuth, iColumns, iRows, vbMask, vdWeights);
-    applyEdgeRule(oGrid);
+    if (oProjection.layout() != NetLayout::Tangent) {
+        applyEdgeRule(oGrid);
+    }
     return oGrid;
 }
 

@@ -54,7 +54,8 @@ GKBASECORE_EXPORT DensityGrid countOnNet(const NetProjection& oProjection, Orien
 /// get the sum of their counts (3 and 1 become 4 and 4). Every pair is taken once.
 GKBASECORE_EXPORT void applyEdgeRule(DensityGrid& oGrid);
 
-/// Weighted counts after the edge rule: countOnNet() and applyEdgeRule().
+/// Counts after the edge rule: countOnNet() and applyEdgeRule(). A tangent net goes without that rule: the two ends of
+/// its diameters are different lines.
 GKBASECORE_EXPORT DensityGrid densityGrid(const NetProjection& oProjection, OrientationType eRecords,
                                           std::span<const double> vdAngle, std::span<const double> vdAzimuth,
                                           int iColumns, int iRows, std::span<const unsigned char> vbMask = {},

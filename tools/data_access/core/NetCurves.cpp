@@ -28,6 +28,9 @@ void sample(double dFrom, double dTo, double dStep, Function&& fn)
     }
 }
 
+/// Curves bend and stretch towards the rim of the tangent net, where they take this share of the step.
+constexpr double g_dTangentShare = 0.2;
+
 NetPoint pointAt(double dRadius, double dAzimuth)
 {
     const SineCosine oAzimuth = sineCosine(dAzimuth);
@@ -40,6 +43,7 @@ std::vector<NetPolyline> tangentGreatCircle(const NetProjection& oProjection, do
                                             double dStep)
 {
     const double dDiameter = oProjection.lineRadius(dDip);
+    dStep *= g_dTangentShare;
     std::vector<NetPolyline> vPieces;
     const auto addPiece = [&](double dFrom, double dTo) {
         NetPolyline vPoints;
@@ -151,10 +155,17 @@ std::vector<NetPolyline> greatCircle(const NetProjection& oProjection, double dD
     if (bTangent) {
         return tangentGreatCircle(oProjection, dDip, dDipAzimuth, dStep);
     }
+    const SineCosine oDip = sineCosine(dDip);
+    const SineCosine oAzimuth = sineCosine(dDipAzimuth);
     NetPolyline vPoints;
+    vPoints.reserve(static_cast<std::size_t>(stepsOver(180.0, dStep)) + 1);
     sample(0.0, 180.0, dStep, [&](double dPitch) {
-        const LineOrientation oLine = lineInPlane(dDip, dDipAzimuth, dPitch);
-        vPoints.push_back(oProjection.line(oLine.m_dPlunge, oLine.m_dAzimuth));
+        // Along the strike by the cosine of the pitch and down the dip by its sine: no angle needs to be worked out.
+        const SineCosine oPitch = sineCosine(dPitch);
+        const double dAlongDip = oPitch.m_dSine * oDip.m_dCosine;
+        vPoints.push_back(oProjection.vector(oPitch.m_dCosine * oAzimuth.m_dSine + dAlongDip * oAzimuth.m_dCosine,
+                                             dAlongDip * oAzimuth.m_dSine - oPitch.m_dCosine * oAzimuth.m_dCosine,
+                                             oPitch.m_dSine * oDip.m_dSine));
     });
     return {std::move(vPoints)};
 }
@@ -177,13 +188,15 @@ std::vector<NetPolyline> smallCircle(const NetProjection& oProjection, double dP
     const Cone oCone(dPlunge, dAzimuth, dAngle);
     const double dDownward = oCone.downwardTurn();
     const bool bSplit = dDownward > 0.0 && dDownward < 180.0;
+    const bool bTangent = oProjection.layout() == NetLayout::Tangent;
+    const double dTurnStep = bTangent ? g_dTangentShare * dStep : dStep;
     std::vector<NetPolyline> vPieces;
     const auto addPiece = [&](double dFrom, double dTo, bool bUpwards) {
         NetPolyline vPoints;
-        sample(dFrom, dTo, dStep, [&](double dTurn) {
+        sample(dFrom, dTo, dTurnStep, [&](double dTurn) {
             vPoints.push_back(oCone.pointAt(oProjection, dTurn, bUpwards, bSplit && (dTurn == dFrom || dTurn == dTo)));
         });
-        if (oProjection.layout() == NetLayout::Tangent) {
+        if (bTangent) {
             std::vector<NetPolyline> vClipped = clippedToNet(vPoints);
             std::move(vClipped.begin(), vClipped.end(), std::back_inserter(vPieces));
         } else {

@@ -11,7 +11,7 @@ namespace gkBase {
 /// A line on the net, in its own sense of direction; at least two points.
 using NetPolyline = std::vector<NetPoint>;
 
-/// The largest step along a curve, in degrees.
+/// The largest step along a curve, in degrees; curves on the tangent net take a fifth of a step.
 inline constexpr double g_dCurveStep = 5.0;
 
 /// Planes within this of level or upright, in degrees, are drawn as the rim or a diameter.

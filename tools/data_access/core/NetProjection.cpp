@@ -113,8 +113,8 @@ NetPoint NetProjection::pole(double dDip, double dDipAzimuth) const
 
 NetPoint NetProjection::vector(double dNorth, double dEast, double dDown) const
 {
-    const double dHorizontal = std::hypot(dNorth, dEast);
-    const double dLength = std::hypot(dHorizontal, dDown);
+    const double dHorizontal = std::sqrt(dNorth * dNorth + dEast * dEast);
+    const double dLength = std::sqrt(dNorth * dNorth + dEast * dEast + dDown * dDown);
     if (!(dLength > 0.0) || !std::isfinite(dLength)) {
         return {g_dEmptyCell, g_dEmptyCell};
     }

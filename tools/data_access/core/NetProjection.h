@@ -47,7 +47,7 @@ public:
 
     NetPoint line(double dPlunge, double dAzimuth) const;
     NetPoint pole(double dDip, double dDipAzimuth) const;
-    /// The line along a vector (north, east, down) of any length above 0, turned to its lower end.
+    /// The line along a vector (north, east, down) of any ordinary length, turned to its lower end.
     NetPoint vector(double dNorth, double dEast, double dDown) const;
 
     /// The line that plots at a position; its azimuth is 0 at the centre. Beyond the rim (more than s_dRimTolerance)
