@@ -19,8 +19,8 @@ struct GKBASECORE_EXPORT DensityGrid
     std::vector<double> m_vdCounts; ///< row by row from the north, each from the west
     std::size_t m_iRecords = 0;     ///< records taken: N
     std::size_t m_iMissing = 0;     ///< records taken that lack an angle or a weight of at least 0; not in N
-    std::size_t m_iOutside = 0;     ///< records in N that plot outside the square; only a tangent net has them
-    double m_dWeight = 0.0;         ///< sum of the weights of the N records; N without weights
+    std::size_t m_iOutside = 0; ///< records in N that plot outside the square: on a tangent net, or angles out of range
+    double m_dWeight = 0.0;     ///< sum of the weights of the N records; N without weights
 
     bool isEmpty() const { return m_vdCounts.empty(); }
     double x(int iColumn) const { return static_cast<double>(2 * iColumn - (m_iColumns - 1)) / (m_iColumns - 1); }
