@@ -276,8 +276,8 @@ private slots:
         const QStringList lProbability{"probability", "--attribute", "Value"};
         const QStringList lCrossPlot{"crossplot",  "--x", "Value",       "--y",  "Flag",
                                      "--color-by", "set", "--symbol-by", "Flag", "--regression"};
-        const QStringList lDepthPlot{"depthplot", "--depth", "Value", "--tracks", "Flag,Value", "--tadpoles",
-                                     "Value,Value"};
+        const QStringList lDepthPlot{"depthplot",  "--depth",    "Value",      "--tracks",
+                                     "Flag,Value", "--tadpoles", "Value,Value"};
         QTest::newRow("depth plot png") << lDepthPlot << path("d.png") << QByteArray("\x89PNG");
         QTest::newRow("depth plot svg") << lDepthPlot << path("d.svg") << QByteArray("<?xml");
         QTest::newRow("cross plot png") << lCrossPlot << path("x.png") << QByteArray("\x89PNG");

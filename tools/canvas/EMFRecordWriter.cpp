@@ -77,7 +77,7 @@ QByteArray EMFRecordWriter::finish(const QRectF& oPicturePixels)
     write(EMFRecord::EndOfFile, {0, iSizeOfLast - 4, iSizeOfLast});
     const double dEdges[4] = {oPicturePixels.left(), oPicturePixels.top(), oPicturePixels.right(),
                               oPicturePixels.bottom()};
-    for (int i = 0; i < 4; ++i) {
+    for (qsizetype i = 0; i < 4; ++i) {
         patch32(g_iBoundsOffset + 4 * i, static_cast<std::uint32_t>(rounded(dEdges[i] * s_iUnitsPerPixel)));
         patch32(g_iFrameOffset + 4 * i,
                 static_cast<std::uint32_t>(rounded(dEdges[i] * g_dHundredthsOfMillimetrePerInch / s_iPixelsPerInch)));

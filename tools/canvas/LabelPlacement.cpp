@@ -58,7 +58,7 @@ void LabelPlacement::block(const QRectF& oBox)
     const QRect oBuckets = bucketsOf(m_voTaken.back());
     for (int iRow = oBuckets.top(); iRow <= oBuckets.bottom(); ++iRow) {
         for (int iColumn = oBuckets.left(); iColumn <= oBuckets.right(); ++iColumn) {
-            m_vBuckets[static_cast<std::size_t>(iRow * m_iColumns + iColumn)].push_back(iBox);
+            m_vBuckets[bucketIndex(iRow, iColumn)].push_back(iBox);
         }
     }
 }
@@ -68,7 +68,7 @@ bool LabelPlacement::isFree(const QRectF& oBox) const
     const QRect oBuckets = bucketsOf(oBox);
     for (int iRow = oBuckets.top(); iRow <= oBuckets.bottom(); ++iRow) {
         for (int iColumn = oBuckets.left(); iColumn <= oBuckets.right(); ++iColumn) {
-            for (const int iBox : m_vBuckets[static_cast<std::size_t>(iRow * m_iColumns + iColumn)]) {
+            for (const int iBox : m_vBuckets[bucketIndex(iRow, iColumn)]) {
                 if (overlaps(m_voTaken[static_cast<std::size_t>(iBox)], oBox)) {
                     return false;
                 }

@@ -5,6 +5,7 @@
 #include <QRectF>
 #include <QSizeF>
 
+#include <cstddef>
 #include <span>
 #include <vector>
 
@@ -30,6 +31,11 @@ public:
 private:
     /// Buckets that a box touches, as columns left to right and rows top to bottom.
     QRect bucketsOf(const QRectF& oBox) const;
+    std::size_t bucketIndex(int iRow, int iColumn) const
+    {
+        return static_cast<std::size_t>(iRow) * static_cast<std::size_t>(m_iColumns) +
+               static_cast<std::size_t>(iColumn);
+    }
 
     QRectF m_oArea;
     double m_dGap;

@@ -93,7 +93,8 @@ const PointLayer::Symbol& PointLayer::symbol(int iStyle, int iColorClass, bool b
         return m_oOneSymbol;
     }
     const int iClass = iColorClass >= 0 && iColorClass < m_iClasses ? iColorClass : 0;
-    Symbol& symbol = m_symbols[static_cast<std::size_t>((iClass * g_iStyles + iStyle) * 2 + (bOpen ? 1 : 0))];
+    Symbol& symbol = m_symbols[(static_cast<std::size_t>(iClass) * g_iStyles + static_cast<std::size_t>(iStyle)) * 2 +
+                               (bOpen ? 1 : 0)];
     if (!symbol.m_pStencil) {
         makeSymbol(symbol, iStyle, iClass, bOpen);
     }

@@ -242,7 +242,8 @@ void QLegendListView::paintLegend(QPainter& painter, const QPointF& oTopLeft, co
         const QRect oName = oLine.adjusted(iIconSide + g_iPictureGap, 0, 0, 0);
         painter.drawText(oName, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                          fontMetrics().elidedText(sText, Qt::ElideRight, oName.width()));
-        return QRectF(oLine.left(), oLine.top() + (oCell.height() - iIconSide) / 2, iIconSide, iIconSide);
+        const int iAbove = (oCell.height() - iIconSide) / 2;
+        return QRectF(oLine.left(), oLine.top() + iAbove, iIconSide, iIconSide);
     };
     for (int iRow = 0; iRow < oLayout.m_iRows; ++iRow) {
         const QRectF oPlace = paintLine(iRow, QLegendItemDelegate::name(*pModel, iRow));

@@ -34,14 +34,14 @@ BarChartFrame::BarChartFrame(QBarDiagramWidget* pqCanvas, QWidget* pqParent)
 {
     setBottomWidget(m_pqClassAxis);
     disconnect(bottomAxis(), nullptr, m_pqBars, nullptr);
-    m_pqBars->verticalGridLinesChanged({}); // names need no lines
+    m_pqBars->verticalGridLinesChanged({});                        // names need no lines
     verticalScrollBar()->setValue(verticalScrollBar()->maximum()); // bars stand on the bottom, zoomed or not
     horizontalScrollBar()->setAccessibleName(tr("First bar that is seen"));
     connect(m_pqBars, &QBarDiagramWidget::windowChanged, this, [this](const BarWindow& window) {
         m_pqClassAxis->setWindow(window);
         syncAxes();
     });
-    setBlackBackground(false);
+    BarChartFrame::setBlackBackground(false);
 }
 
 void BarChartFrame::setClasses(const std::shared_ptr<const BarDiagramClasses>& pClasses)

@@ -57,7 +57,7 @@ ChartFrame::ChartFrame(QChartDrawingArea* pqCanvas, QWidget* pqParent)
     connect(m_pqCanvas, &QChartDrawingArea::zoomChanged, this, &ChartFrame::slotCanvasZoomed);
     connect(m_pqVerticalScrollBar, &QScrollBar::valueChanged, this, &ChartFrame::slotVerticalSliderChanged);
     connect(m_pqHorizontalScrollBar, &QScrollBar::valueChanged, this, &ChartFrame::scrollHorizontally);
-    setBlackBackground(false);
+    ChartFrame::setBlackBackground(false);
 }
 
 void ChartFrame::createChart()

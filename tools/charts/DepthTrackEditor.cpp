@@ -361,6 +361,7 @@ void DepthTrackEditor::slotMove(int iStep)
 void DepthTrackEditor::slotRowsMoved()
 {
     std::vector<DepthTrack> vTracks;
+    vTracks.reserve(m_vTracks.size());
     for (int i = 0; i < m_pqList->count(); ++i)
         vTracks.push_back(m_vTracks[static_cast<std::size_t>(m_pqList->item(i)->data(Qt::UserRole).toInt())]);
     m_vTracks = std::move(vTracks);

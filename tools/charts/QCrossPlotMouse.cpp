@@ -16,6 +16,7 @@
 #include <QMenu>
 #include <QMetaMethod>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QToolTip>
 
 #include <algorithm>
@@ -267,21 +268,23 @@ void QCrossPlot::slotRenameSelected()
 {
     const auto text = [](const char* pText) { return QCoreApplication::translate("QCrossPlotWidget", pText); };
     bool bAccepted = false;
+    const QPointer<QCrossPlot> pqThis(this);
     const QString sName =
         QInputDialog::getText(this, text("Rename"), text("New Name"), QLineEdit::Normal, text("Horizon"), &bAccepted);
-    if (bAccepted) {
+    if (pqThis && bAccepted) {
         emit sendScatUpdate(sName);
     }
 }
 
 void QCrossPlot::slotModifySelectedColor()
 {
-    const DepthLineField* pTops = structuralTops();
-    const std::vector<int> viLines = pTops ? pTops->selectedLines() : std::vector<int>();
-    const QColor oPresent =
-        viLines.empty() ? QColor(Qt::red) : pTops->lineColors()[static_cast<std::size_t>(viLines.front())];
+    QColor oPresent(Qt::red);
+    if (const DepthLineField* pTops = structuralTops(); pTops && pTops->isSomethingSelected()) {
+        oPresent = pTops->lineColors()[static_cast<std::size_t>(pTops->selectedLines().front())];
+    }
+    const QPointer<QCrossPlot> pqThis(this);
     const QColor oColor = QColorDialog::getColor(oPresent, this);
-    if (oColor.isValid()) {
+    if (pqThis && oColor.isValid()) {
         emit sendScatUpdate(oColor);
     }
 }

@@ -249,13 +249,13 @@ void QDepthTrackPlot::drawSelectedSamples(QPainter& painter)
 
 void QDepthTrackPlot::drawDecimatedTadpoles(QPainter& painter)
 {
-    const auto [dTop, dBottom] = clippedRows(painter, m_oPlotRect);
+    const std::pair<double, double> oRows = clippedRows(painter, m_oPlotRect);
     const DepthTrackMap oMap = map();
     const int iSize = m_oTrack.m_oStyle.m_iPointSize + g_iLargerTadpole;
     const double dReach = 3.0 * iSize + 10.0;
     const auto draw = [&](double dDip, double dDepth, double dAzimuth) {
         const QPointF oCentre = oMap.toPixel(dDip, dDepth);
-        if (oCentre.y() < dTop - dReach || oCentre.y() > dBottom + dReach)
+        if (oCentre.y() < oRows.first - dReach || oCentre.y() > oRows.second + dReach)
             return;
         if (const std::optional<QLineF> oTail = tadpoleTail(oCentre, dAzimuth, iSize))
             painter.drawLine(*oTail);

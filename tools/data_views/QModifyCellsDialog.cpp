@@ -309,7 +309,7 @@ QString QModifyCellsDialog::rowPreview(const Row& oRow, const ChangedCells& oCha
     const int iSelected = countOfRuns(m_oCells.column(oRow.m_iColumn));
     if (oRow.m_iChangedCells == 0)
         return iSelected == 1 ? tr("The cell stays as it is.") : tr("All %1 cells stay as they are.").arg(iSelected);
-    const QString sExample = exampleText(oRow.m_iColumn, oChanged);
+    QString sExample = exampleText(oRow.m_iColumn, oChanged);
     if (iSelected == 1)
         return sExample;
     return tr("%1 of %2 cells change, %3")

@@ -45,7 +45,8 @@ public:
             if (iColumn < 0 || iRow < 0) {
                 ++m_iOutside;
             } else {
-                m_vdCells[static_cast<std::size_t>(iRow * m_iCellColumns + iColumn)] += m_adWeight[i];
+                m_vdCells[static_cast<std::size_t>(iRow) * static_cast<std::size_t>(m_iCellColumns) +
+                          static_cast<std::size_t>(iColumn)] += m_adWeight[i];
             }
         }
         m_iBuffered = 0;

@@ -205,10 +205,12 @@ void projectPoles(const NetProjection& oProjection, std::span<const double> vdDi
 
 NetFrame NetFrame::fitted(int iWidth, int iHeight)
 {
-    const int iShorter = std::max(0, std::min(iWidth, iHeight));
+    const long long iShorter = std::max(0, std::min(iWidth, iHeight));
+    const int iCentreX = (iWidth - 1) / 2;
+    const int iCentreY = (iHeight - 1) / 2;
     // 2 n / 5 in whole numbers is 0.4 n cut to a whole number.
-    return {static_cast<double>((iWidth - 1) / 2), static_cast<double>((iHeight - 1) / 2),
-            static_cast<double>(2LL * iShorter / 5)};
+    const long long iRadius = 2 * iShorter / 5;
+    return {static_cast<double>(iCentreX), static_cast<double>(iCentreY), static_cast<double>(iRadius)};
 }
 
 } // namespace gkBase
