@@ -1,4 +1,5 @@
 #include "DensityContours.h"
+#include "EvenValues.h"
 #include "NetLines.h"
 #include "RoseBins.h"
 
@@ -11,15 +12,6 @@
 using namespace gkBase;
 
 namespace {
-
-std::vector<double> evenValues(int iCount, double dMin, double dMax, unsigned iSeed)
-{
-    std::mt19937_64 oRandom(iSeed);
-    std::uniform_real_distribution<double> oEven(dMin, dMax);
-    std::vector<double> vdValues(static_cast<std::size_t>(iCount));
-    std::generate(vdValues.begin(), vdValues.end(), [&] { return oEven(oRandom); });
-    return vdValues;
-}
 
 void projection(benchmark::State& state)
 {

@@ -1,4 +1,5 @@
 #include "Decimation.h"
+#include "EvenValues.h"
 #include "KMeansClusters.h"
 #include "NormalProbability.h"
 #include "PointInPolygon.h"
@@ -17,15 +18,6 @@
 using namespace gkBase;
 
 namespace {
-
-std::vector<double> evenValues(int iCount, double dMin, double dMax, unsigned iSeed)
-{
-    std::mt19937_64 oRandom(iSeed);
-    std::uniform_real_distribution<double> oEven(dMin, dMax);
-    std::vector<double> vdValues(static_cast<std::size_t>(iCount));
-    std::generate(vdValues.begin(), vdValues.end(), [&] { return oEven(oRandom); });
-    return vdValues;
-}
 
 /// Depths of a log: a sample every 5 cm (below 99999, which would be a missing depth).
 std::vector<double> logDepths(int iCount)

@@ -36,6 +36,17 @@ int background(const CommandInput& input, std::optional<CommandResult>& oError)
     return choice(input, QStringLiteral("background"), {QStringLiteral("white"), QStringLiteral("black")}, oError);
 }
 
+/// Loads the file and finds --attribute, of numbers if need be; null with a message, that of an earlier error first.
+gkBase::MatrixData* loadedAttribute(CommandInput& input, bool bNumeric, std::optional<CommandResult>& oError)
+{
+    if (!oError)
+        oError = input.load();
+    if (oError)
+        return nullptr;
+    const QString sName = input.value(QStringLiteral("attribute"));
+    return bNumeric ? input.numericAttribute(sName, oError) : input.attribute(sName, oError);
+}
+
 template <typename Panel>
 std::optional<CommandResult> exported(Panel& panel, const QString& sPath, const QSize& oSize)
 {
@@ -61,11 +72,7 @@ std::optional<CommandResult> renderHistogram(CommandInput& input, const QString&
         choice(input, QStringLiteral("type"),
                {QStringLiteral("frequency"), QStringLiteral("relative"), QStringLiteral("cumulative")}, oError);
     const int iBackground = background(input, oError);
-    if (!oError)
-        oError = input.load();
-    if (oError)
-        return oError;
-    gkBase::MatrixData* poAttribute = input.numericAttribute(input.value(QStringLiteral("attribute")), oError);
+    gkBase::MatrixData* poAttribute = loadedAttribute(input, true, oError);
     if (!poAttribute)
         return oError;
 
@@ -99,13 +106,7 @@ std::optional<CommandResult> renderBarChart(CommandInput& input, const QString& 
     const int iOrder = choice(input, QStringLiteral("sort"),
                               {QStringLiteral("name"), QStringLiteral("value"), QStringLiteral("count")}, oError);
     const int iBackground = background(input, oError);
-    if (!oError)
-        oError = input.load();
-    if (oError)
-        return oError;
-    const QString sAttribute = input.value(QStringLiteral("attribute"));
-    gkBase::MatrixData* poAttribute =
-        oInterval ? input.numericAttribute(sAttribute, oError) : input.attribute(sAttribute, oError);
+    gkBase::MatrixData* poAttribute = loadedAttribute(input, oInterval.has_value(), oError);
     if (!poAttribute)
         return oError;
 
@@ -131,11 +132,7 @@ std::optional<CommandResult> renderProbability(CommandInput& input, const QStrin
 {
     std::optional<CommandResult> oError = input.require(QStringLiteral("attribute"));
     const int iBackground = background(input, oError);
-    if (!oError)
-        oError = input.load();
-    if (oError)
-        return oError;
-    gkBase::MatrixData* poAttribute = input.numericAttribute(input.value(QStringLiteral("attribute")), oError);
+    gkBase::MatrixData* poAttribute = loadedAttribute(input, true, oError);
     if (!poAttribute)
         return oError;
 

@@ -1,5 +1,7 @@
 // Classes, geometry and panel of the bar chart.
 
+#include "TestDataSets.h"
+
 #include <gkBase/BarDiagramClasses.h>
 #include <gkBase/BarDiagramGeometry.h>
 #include <gkBase/MatrixData.h>
@@ -23,30 +25,12 @@
 #include <numeric>
 
 using namespace gkBase;
+using gkTest::attribute;
+using gkTest::rootOf;
 
 namespace {
 
 /// An empty text is a missing cell.
-MatrixData* attribute(const QString& sName, QMetaType::Type eType, const QStringList& lCells)
-{
-    auto* poNode = new MatrixData(sName, 0, 1, eType);
-    MatrixColumn column(eType);
-    for (const QString& sCell : lCells)
-        column.appendValue(sCell.isEmpty() ? QVariant() : QVariant(sCell));
-    poNode->setColumn(0, std::move(column));
-    return poNode;
-}
-
-std::unique_ptr<MatrixData> rootOf(const std::vector<MatrixData*>& vpAttributes)
-{
-    auto poRoot = std::make_unique<MatrixData>(QStringLiteral("root"));
-    auto* poSet = new MatrixData(QStringLiteral("Well"));
-    poRoot->appendChild(poSet, false);
-    for (MatrixData* poAttribute : vpAttributes)
-        poSet->appendChild(poAttribute, true);
-    return poRoot;
-}
-
 /// 7 records: 3 × b, 2 × A, 1 × c, 1 missing.
 MatrixData* rocks()
 {

@@ -1,6 +1,7 @@
 // The cross plot panel on small data sets.
 
 #include "TemporarySettings.h"
+#include "TestDataSets.h"
 
 #include <gkBase/CrossPlotLegends.h>
 #include <gkBase/MatrixData.h>
@@ -39,6 +40,7 @@
 #include <vector>
 
 using namespace gkBase;
+using gkTest::addDataSet;
 
 namespace {
 
@@ -53,15 +55,6 @@ MatrixData* newAttribute(const QString& sName, QMetaType::Type eType, const std:
     auto* poNode = new MatrixData(sName, 0, 1, eType);
     poNode->setColumn(0, std::move(column));
     return poNode;
-}
-
-MatrixData* addDataSet(MatrixData& root, const QString& sName, const std::vector<MatrixData*>& vpAttributes)
-{
-    auto* poSet = new MatrixData(sName);
-    root.appendChild(poSet, false);
-    for (MatrixData* poAttribute : vpAttributes)
-        poSet->appendChild(poAttribute, true);
-    return poSet;
 }
 
 QString rockOf(int iRecord)

@@ -1,6 +1,7 @@
 // The depth plot panel: tracks, selection, intervals, markers, settings.
 
 #include "TemporarySettings.h"
+#include "TestDataSets.h"
 
 #include <gkBase/DepthMarkers.h>
 #include <gkBase/MatrixData.h>
@@ -31,6 +32,7 @@
 #include <memory>
 
 using namespace gkBase;
+using gkTest::addDataSet;
 
 namespace {
 
@@ -40,8 +42,7 @@ const QString g_sGroup = QStringLiteral("attribute_analyser/well_log_plot/");
 MatrixData* attribute(const QString& sName, const std::vector<double>& vdValues, const char* pCategory = nullptr,
                       const char* pUnit = nullptr)
 {
-    auto* poNode = new MatrixData(sName, 0, 1, QMetaType::Double);
-    poNode->setColumn(0, MatrixColumn::fromDoubles(vdValues));
+    MatrixData* poNode = gkTest::attribute(sName, vdValues);
     if (pCategory)
         poNode->setUnitManager(
             boost::shared_ptr<UnitManager>(new UnitManager(QLatin1String(pCategory), QLatin1String(pUnit))));
@@ -50,21 +51,7 @@ MatrixData* attribute(const QString& sName, const std::vector<double>& vdValues,
 
 MatrixData* texts(const QString& sName, const QStringList& lTexts)
 {
-    MatrixColumn column(QMetaType::QString);
-    for (const QString& sText : lTexts)
-        column.appendValue(sText.isEmpty() ? QVariant() : QVariant(sText));
-    auto* poNode = new MatrixData(sName, 0, 1, QMetaType::QString);
-    poNode->setColumn(0, column);
-    return poNode;
-}
-
-MatrixData* addDataSet(MatrixData& root, const QString& sName, const std::vector<MatrixData*>& vpAttributes)
-{
-    auto* poSet = new MatrixData(sName);
-    root.appendChild(poSet, false);
-    for (MatrixData* poAttribute : vpAttributes)
-        poSet->appendChild(poAttribute, true);
-    return poSet;
+    return gkTest::attribute(sName, QMetaType::QString, lTexts);
 }
 
 /// 200 records from 1000 m down, every half metre.

@@ -1,6 +1,7 @@
 // The histogram's model and panel on small data sets.
 
 #include "ReferenceData.h"
+#include "TestDataSets.h"
 
 #include <gkBase/HistogramGeometry.h>
 #include <gkBase/MatrixData.h>
@@ -32,26 +33,10 @@
 #include <numeric>
 
 using namespace gkBase;
+using gkTest::attribute;
+using gkTest::rootOf;
 
 namespace {
-
-MatrixData* attribute(const QString& sName, const std::vector<double>& vdValues)
-{
-    auto* poNode = new MatrixData(sName, 0, 1, QMetaType::Double);
-    poNode->setColumn(0, MatrixColumn::fromDoubles(vdValues));
-    return poNode;
-}
-
-/// A root with one data set "Well" that holds the attributes.
-std::unique_ptr<MatrixData> rootOf(const std::vector<MatrixData*>& vpAttributes)
-{
-    auto poRoot = std::make_unique<MatrixData>(QStringLiteral("root"));
-    auto* poSet = new MatrixData(QStringLiteral("Well"));
-    poRoot->appendChild(poSet, false);
-    for (MatrixData* poAttribute : vpAttributes)
-        poSet->appendChild(poAttribute, true);
-    return poRoot;
-}
 
 std::vector<double> ramp(int iCount, double dStep = 1.0)
 {
