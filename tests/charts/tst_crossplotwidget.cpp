@@ -3,7 +3,7 @@
 #include "TemporarySettings.h"
 #include "TestDataSets.h"
 
-#include <gkBase/CrossPlotLegends.h>
+#include <gkBase/ClassLegends.h>
 #include <gkBase/MatrixData.h>
 #include <gkBase/MatrixDataArray.h>
 #include <gkBase/MetafileClipboard.h>

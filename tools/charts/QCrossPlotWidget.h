@@ -25,7 +25,7 @@ class ChartDisplayPage;
 class ChartFrame;
 class CrossPlotAttributeGroup;
 class CrossPlotClusterPage;
-class CrossPlotLegends;
+class ClassLegends;
 class CrossPlotPointPage;
 class MatrixData;
 class QCrossPlot;
@@ -92,7 +92,7 @@ public:
 
     QCrossPlot* drawingArea() const { return m_pqPlot; }
     QRelationshipItemModel* relationshipItemModel() const { return m_pModel; }
-    CrossPlotLegends* legends() const { return m_pqLegends; }
+    ClassLegends* legends() const { return m_pqLegends; }
 
     // ---- pictures
     /// Draws title, axes, the whole chart and the legends that are on into the rectangle of any device; the panel need
@@ -181,7 +181,7 @@ private:
 
     QSplitter* m_pqSplitter = nullptr;
     ChartFrame* m_pqFrame = nullptr;
-    CrossPlotLegends* m_pqLegends = nullptr;
+    ClassLegends* m_pqLegends = nullptr;
     CrossPlotAttributeGroup* m_pqAttributeGroup = nullptr;
     CrossPlotPointPage* m_pqPointPage = nullptr;
     CrossPlotClusterPage* m_pqClusterPage = nullptr;

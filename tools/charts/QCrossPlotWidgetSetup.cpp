@@ -4,9 +4,9 @@
 #include "ChartDisplayPage.h"
 #include "ChartFrame.h"
 #include "ChartPanelControls.h"
+#include "ClassLegends.h"
 #include "CrossPlotAttributeGroup.h"
 #include "CrossPlotClusterPage.h"
-#include "CrossPlotLegends.h"
 #include "CrossPlotPointPage.h"
 #include "DisplayUnitManager.h"
 #include "QCrossPlot.h"
@@ -49,7 +49,7 @@ void QCrossPlotWidget::createChart()
     m_pqPlot->setModel(m_pModel);
     m_pqPlot->setDataCreationType(QCrossPlot::NoCreation);
     m_pqFrame = new ChartFrame(m_pqPlot);
-    m_pqLegends = new CrossPlotLegends(m_pqPlot);
+    m_pqLegends = new ClassLegends(m_pqPlot);
     m_pqLegends->setMinimumWidth(g_iLegendMinimumWidth);
 }
 
@@ -100,7 +100,7 @@ void QCrossPlotWidget::connectChart()
     connect(m_pqPlot, &QChartDrawingArea::dataPointsSelection, this, &Panel::slotPointsSelected);
     connect(m_pqPlot, &QChartDrawingArea::signalCopyToClipboard, this, &Panel::copyToClipboard);
     connect(m_pqPlot, &QCrossPlot::signalCopyWEMFToClipboard, this, &Panel::copyEWMFToClipboard);
-    connect(m_pqLegends, &CrossPlotLegends::selectedClassesChanged, this, &Panel::slotLegendSelection);
+    connect(m_pqLegends, &ClassLegends::selectedClassesChanged, this, &Panel::slotLegendSelection);
     connect(&DisplayUnitManager::instance(), &DisplayUnitManager::displayChanged, this, &Panel::slotDisplayUnitChanged);
 }
 

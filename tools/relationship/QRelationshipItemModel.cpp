@@ -40,9 +40,6 @@ QRelationshipItemModel::QRelationshipItemModel(QObject* pqParent)
     , m_dXMax(g_dMissingValue)
     , m_dYMin(g_dMissingValue)
     , m_dYMax(g_dMissingValue)
-    , m_dScanlineAzimuth(g_dMissingValue)
-    , m_dScanlinePlunge(g_dMissingValue)
-    , m_dScanlineMinimumAngle(g_dMissingValue)
     , m_pLines(std::make_shared<Lines>())
 {
     m_pLines->m_oIntervalFilter.setName(QStringLiteral("Interval Filter"));
@@ -513,11 +510,11 @@ void QRelationshipItemModel::setMinMaxRanges(double dXMin, double dXMax, double 
     m_dYMax = dYMax;
 }
 
-void QRelationshipItemModel::setScanline(double dAzimuth, double dPlunge, double dMinimumAngle)
+void QRelationshipItemModel::setScanline(double dPlunge, double dAzimuth, double dLimitAngle)
 {
-    m_dScanlineAzimuth = dAzimuth;
-    m_dScanlinePlunge = dPlunge;
-    m_dScanlineMinimumAngle = dMinimumAngle;
+    m_oScanLine = {dPlunge, dAzimuth, dLimitAngle};
+    m_iBiasRevision = 0;
+    changed();
 }
 
 } // namespace gkBase

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "BiasWeights.h"
 #include "DepthLineField.h"
 #include "MatrixDataArray.h"
 #include "MatrixDataPointer.h"
+#include "OrientationStatistics.h"
 #include "PointStyle.h"
 #include "RelationshipClasses.h"
 #include "RelationshipSource.h"
+#include "Rotation.h"
 #include "gkBaseToolsExport.h"
 
 #include <QAbstractItemModel>
@@ -204,9 +207,101 @@ public:
     double xMax() const { return m_dXMax; }
     double yMin() const { return m_dYMin; }
     double yMax() const { return m_dYMax; }
-    /// The scan line (or well) along which orientations were sampled: azimuth, plunge and the smallest angle between
-    /// line and plane that is weighed, in degrees. Its weights come with the orientation statistics.
-    void setScanline(double dAzimuth, double dPlunge, double dMinimumAngle);
+    /// The scan line (or well) along which orientations were sampled: plunge, azimuth and the largest angle between the
+    /// line and the pole of a plane that is corrected, in degrees. 99999.0: no scan line.
+    void setScanline(double dPlunge, double dAzimuth, double dLimitAngle);
+    ScanLine scanLine() const { return m_oScanLine; }
+
+    // ---- orientations --------------------------------------------------------------------------------------------
+    /// What follows holds for models of orientations: x() = dip or plunge, y() = azimuth, in degrees. bPoles true
+    /// takes the poles of planes; false takes the records as lines (of planes: their dip lines). Planes have both kinds
+    /// of results, lines only the second. Undefined results are (99999.0, 99999.0).
+
+    /// The records that count as selected: the selected ones; without any, all of them, or none when
+    /// setEmptySelectionTakesAll(false) says so. An empty span means all.
+    std::span<const unsigned char> takenMask() const;
+    void setEmptySelectionTakesAll(bool bAll);
+    bool emptySelectionTakesAll() const { return m_bEmptySelectionTakesAll; }
+    /// Valid points among the records that count as selected.
+    int numberOfTakenPoints() const;
+
+    /// The orientation matrix (sums of products of direction cosines), the resultant and the number of the records; all
+    /// 0 without any. poData: other orientations, one point (dip or plunge, azimuth) per row; null takes the model's
+    /// own. bSelectionOnly restricts to takenMask(). Weighed when bias correction is on.
+    void initialiseCharacteristicMatrix(double (&aadMatrix)[3][3], double& dSx, double& dSy, double& dSz, int& iCount,
+                                        bool bPoles, bool bSelectionOnly, const MatrixData* poData = nullptr) const;
+    /// All statistics of the records.
+    OrientationStatistics orientationStatistics(bool bPoles, bool bSelectionOnly) const;
+    /// Fisher statistics, increasing eigenvalues, Woodcock parameters and classification; α95 in radians, 99999.0 for
+    /// what is undefined.
+    void calculateFisherStatistics(double& dMeanResultantLength, double& dSphericalVariance, double& dKappa,
+                                   double& dE1, double& dE2, double& dE3, double& dMeanResultantLength2, double& dK,
+                                   double& dC, double& dLnS1S2, double& dLnS2S3, double& dAlpha95, bool& bUnimodal,
+                                   QString& sClassification, bool bPoles, bool bSelectionOnly) const;
+    /// The Woodcock parameters of one of the present clusters; 99999.0 for a cluster without records.
+    void calculateWoodcockParameterForOneSubSet(int iCluster, double& dK, double& dC, double& dLnS1S2, double& dLnS2S3,
+                                                bool bPoles) const;
+    /// Computes the means, T and L of both kinds, which the functions below give, from the records that partSelection()
+    /// leaves. Not the suggested section.
+    void updateOrientationResults();
+    /// Stores the suggested section: the plane whose pole is the middle eigenvector of poData (records that were turned
+    /// to their mean; null: the model's own), of lines that eigenvector. Nothing without records.
+    void calculateSuggestedSectionOrientation(bool bPoles, bool bSelectionOnly, MatrixData* poData);
+
+    /// Planes (dip, dip azimuth) whose poles are the results of the poles.
+    QPointF meanResultantPole() const;
+    QPointF meanPrincipalPlane() const;
+    QPointF TdirectionPlane() const;
+    QPointF LdirectionPlane() const;
+    QPointF suggestedSectionPlane() const;
+    /// Lines (plunge, azimuth): the results of the records as lines.
+    QPointF meanResultantDipDirection() const;
+    QPointF meanPrincipalDipDirection() const;
+    QPointF TdirectionDipDirection() const;
+    QPointF LdirectionDipDirection() const;
+    QPointF suggestedSectionDipDirection() const;
+
+    /// Turns the records about a horizontal axis so that the mean (planes: dip and dip azimuth, which becomes level;
+    /// lines: plunge and azimuth, which becomes vertical) comes to the centre of the net. bPrimary: the results are
+    /// computed again for the turned records; false only turns. poData: a copy that is turned instead of the model's
+    /// points; attributes of the tree never change.
+    void rotateDataToMeanPole(const QPointF& oMeanPole, bool bPrimary, MatrixData* poData);
+    /// Turns by an angle in degrees, clockwise as seen along the axis (plunge, azimuth) downwards; of planes the poles.
+    void rotateDataAboutRotationAxis(MatrixData* poData, const QPointF& oAxis, const double& dAngle, bool bPrimary);
+    /// The model's points are turned. Rotations last until takeNewDataSet() with other attributes.
+    bool isRotated() const { return !m_vRotations.empty(); }
+    int numberOfRotations() const { return static_cast<int>(m_vRotations.size()); }
+    /// Takes the last rotation back; the points are exactly what they were. Results are computed again.
+    void undoRotation();
+    void undoAllRotations();
+    /// (dip or plunge, azimuth) of a record after the rotations; (99999.0, 99999.0) for an invalid one.
+    QPointF rotatedData(int iRecord) const;
+
+    /// Weighs records against the sampling along the scan line, in statistics, contours and biasCorrection().
+    void setBiasCorrectionOn(bool bOn);
+    bool biasCorrectionIsOn() const { return m_bBiasCorrection; }
+    bool canBeBiasCorrected(int iRecord) const; ///< a valid record and a scan line
+    /// The weight of a record: weights add up to the number of valid records. 1 without a scan line, 99999.0 for an
+    /// invalid record.
+    double biasCorrection(int iRecord) const;
+    /// The same from the total of totalBiasWeight(): weight of the record times iCount / dTotal.
+    double biasCorrection(const int& iRecord, const int& iCount, const double& dTotal) const;
+    /// Sum of the weights before they are scaled.
+    void totalBiasWeight(double& dTotal) const;
+    /// One weight per record, NaN for invalid ones; empty without a scan line.
+    std::span<const double> biasWeights() const;
+    /// biasWeights() while the correction is on, else empty: for statistics and density.
+    std::span<const double> appliedWeights() const;
+
+    /// The density of poles and of lines as the canvas counted it last: nodes of the square around the net. Owned by
+    /// the model.
+    MatrixDataArray* contourGridPoles() const { return m_poContourGridPoles.get(); }
+    MatrixDataArray* contourGridDipDir() const { return m_poContourGridDipDir.get(); }
+
+    /// k-means of the records as axes: the products of their direction cosines are clustered, in which the distance of
+    /// two axes is the sine of the angle between them, so that a set on both sides of the rim stays one set. Centroids
+    /// have two columns, dip or plunge and azimuth. Otherwise as buildClusters_KML().
+    bool buildClusters_KML_ForStereoProjection(const QString& sAttributeName, int k);
 
     // ---- regression ----------------------------------------------------------------------------------------------
     /// y = slope · x + intercept with the correlation; slope 99999.0 when all x are equal, all 0 below 4 points.
@@ -305,6 +400,16 @@ private:
         int m_iActive = -1;
     };
 
+    /// Results of the poles, or of the lines.
+    struct OrientationResults
+    {
+        QPointF m_oMeanResultant{99999.0, 99999.0};
+        QPointF m_oMeanPrincipal{99999.0, 99999.0};
+        QPointF m_oT{99999.0, 99999.0};
+        QPointF m_oL{99999.0, 99999.0};
+        QPointF m_oSuggestedSection{99999.0, 99999.0};
+    };
+
     /// What k-means found under a name.
     struct Clusters
     {
@@ -374,9 +479,17 @@ private:
     double m_dXMax;
     double m_dYMin;
     double m_dYMax;
-    double m_dScanlineAzimuth;
-    double m_dScanlinePlunge;
-    double m_dScanlineMinimumAngle;
+
+    bool m_bEmptySelectionTakesAll = true;
+    ScanLine m_oScanLine;
+    bool m_bBiasCorrection = false;
+    mutable std::vector<double> m_vdBiasWeights;
+    mutable quint64 m_iBiasRevision = 0; ///< of the points when the weights were computed; 0: not yet
+    OrientationResults m_oPoleResults;
+    OrientationResults m_oLineResults;
+    std::vector<Rotation> m_vRotations; ///< those of the points, the first one first
+    std::unique_ptr<MatrixDataArray> m_poContourGridPoles;
+    std::unique_ptr<MatrixDataArray> m_poContourGridDipDir;
 
     std::shared_ptr<Lines> m_pLines;
     std::unique_ptr<MatrixDataArray> m_poDecimation;

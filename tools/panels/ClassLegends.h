@@ -21,12 +21,12 @@ class QRelationshipItemModel;
 
 /// The legends of the colour and the symbol attribute, one above the other; each is seen while its attribute is on and
 /// the user wants it. They scroll together.
-class GKBASETOOLS_EXPORT CrossPlotLegends : public QWidget
+class GKBASETOOLS_EXPORT ClassLegends : public QWidget
 {
     Q_OBJECT
 public:
     /// The canvas whose points are recoloured; not owned.
-    explicit CrossPlotLegends(QChartDrawingArea* pqCanvas, QWidget* pqParent = nullptr);
+    explicit ClassLegends(QChartDrawingArea* pqCanvas, QWidget* pqParent = nullptr);
 
     /// Lists the classes of the model's attributes. Views lose their selection when the classes differ.
     void setClasses(const QRelationshipItemModel& model);

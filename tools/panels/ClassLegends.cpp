@@ -1,4 +1,4 @@
-#include "CrossPlotLegends.h"
+#include "ClassLegends.h"
 
 #include "ElidedLabel.h"
 #include "MatrixData.h"
@@ -48,7 +48,7 @@ QFont titleFont(const QWidget& oWidget)
 
 } // namespace
 
-CrossPlotLegends::CrossPlotLegends(QChartDrawingArea* pqCanvas, QWidget* pqParent)
+ClassLegends::ClassLegends(QChartDrawingArea* pqCanvas, QWidget* pqParent)
     : QWidget(pqParent)
     , m_oColor(newLegend(pqCanvas, QLegendListModel::ColorLegend))
     , m_oSymbol(newLegend(pqCanvas, QLegendListModel::SymbolLegend))
@@ -66,7 +66,7 @@ CrossPlotLegends::CrossPlotLegends(QChartDrawingArea* pqCanvas, QWidget* pqParen
     showLegends();
 }
 
-CrossPlotLegends::Legend CrossPlotLegends::newLegend(QChartDrawingArea* pqCanvas, int iType)
+ClassLegends::Legend ClassLegends::newLegend(QChartDrawingArea* pqCanvas, int iType)
 {
     Legend legend;
     legend.m_pqGroup = new QWidget;
@@ -84,14 +84,14 @@ CrossPlotLegends::Legend CrossPlotLegends::newLegend(QChartDrawingArea* pqCanvas
     return legend;
 }
 
-void CrossPlotLegends::connectLegend(const Legend& legend, const Legend& other)
+void ClassLegends::connectLegend(const Legend& legend, const Legend& other)
 {
     connect(legend.m_pqView, &QLegendListView::selectedClassesChanged, this, [this, &other] { slotSelected(other); });
     connect(legend.m_pqView->verticalScrollBar(), &QScrollBar::valueChanged, this,
             [this, &legend, &other](int iValue) { slotScrolled(legend, other, iValue); });
 }
 
-void CrossPlotLegends::slotSelected(const Legend& other)
+void ClassLegends::slotSelected(const Legend& other)
 {
     // Without Ctrl a click in one legend takes the place of whatever is selected in the other.
     if (!(QApplication::keyboardModifiers() & Qt::ControlModifier))
@@ -99,7 +99,7 @@ void CrossPlotLegends::slotSelected(const Legend& other)
     emit selectedClassesChanged();
 }
 
-void CrossPlotLegends::slotScrolled(const Legend& legend, const Legend& other, int iValue)
+void ClassLegends::slotScrolled(const Legend& legend, const Legend& other, int iValue)
 {
     if (m_bFollowing)
         return;
@@ -109,7 +109,7 @@ void CrossPlotLegends::slotScrolled(const Legend& legend, const Legend& other, i
 
 // ---- contents -------------------------------------------------------------------------------------------------------
 
-void CrossPlotLegends::setClasses(const QRelationshipItemModel& model)
+void ClassLegends::setClasses(const QRelationshipItemModel& model)
 {
     m_oColor.m_bOn = model.colorAttributeIsOn();
     m_oSymbol.m_bOn = model.symbolAttributeIsOn();
@@ -127,36 +127,36 @@ void CrossPlotLegends::setClasses(const QRelationshipItemModel& model)
     showLegends();
 }
 
-void CrossPlotLegends::setWanted(bool bColorLegend, bool bSymbolLegend)
+void ClassLegends::setWanted(bool bColorLegend, bool bSymbolLegend)
 {
     m_oColor.m_bWanted = bColorLegend;
     m_oSymbol.m_bWanted = bSymbolLegend;
     showLegends();
 }
 
-void CrossPlotLegends::showLegends()
+void ClassLegends::showLegends()
 {
     m_oColor.m_pqGroup->setVisible(m_oColor.isSeen());
     m_oSymbol.m_pqGroup->setVisible(m_oSymbol.isSeen());
     setVisible(!isEmpty());
 }
 
-bool CrossPlotLegends::isEmpty() const
+bool ClassLegends::isEmpty() const
 {
     return !m_oColor.isSeen() && !m_oSymbol.isSeen();
 }
 
-std::vector<int> CrossPlotLegends::selectedColorClasses() const
+std::vector<int> ClassLegends::selectedColorClasses() const
 {
     return m_oColor.m_pqView->getSelectedIDs();
 }
 
-std::vector<int> CrossPlotLegends::selectedSymbolClasses() const
+std::vector<int> ClassLegends::selectedSymbolClasses() const
 {
     return m_oSymbol.m_pqView->getSelectedIDs();
 }
 
-void CrossPlotLegends::clearSelection()
+void ClassLegends::clearSelection()
 {
     m_oColor.m_pqView->setSelectedIDs({});
     m_oSymbol.m_pqView->setSelectedIDs({});
@@ -164,7 +164,7 @@ void CrossPlotLegends::clearSelection()
 
 // ---- pictures -------------------------------------------------------------------------------------------------------
 
-std::vector<const CrossPlotLegends::Legend*> CrossPlotLegends::seenLegends() const
+std::vector<const ClassLegends::Legend*> ClassLegends::seenLegends() const
 {
     std::vector<const Legend*> vpSeen;
     for (const Legend* pLegend : {&m_oColor, &m_oSymbol}) {
@@ -174,7 +174,7 @@ std::vector<const CrossPlotLegends::Legend*> CrossPlotLegends::seenLegends() con
     return vpSeen;
 }
 
-QSizeF CrossPlotLegends::pictureSize() const
+QSizeF ClassLegends::pictureSize() const
 {
     const QFontMetricsF metrics(titleFont(*this));
     QSizeF oSize(0.0, 0.0);
@@ -187,7 +187,7 @@ QSizeF CrossPlotLegends::pictureSize() const
     return oSize;
 }
 
-void CrossPlotLegends::paint(QPainter& painter, const QRectF& oTarget, const QColor& oTextColor) const
+void ClassLegends::paint(QPainter& painter, const QRectF& oTarget, const QColor& oTextColor) const
 {
     const QSizeF oSize = pictureSize();
     if (oSize.isEmpty())
