@@ -1,11 +1,11 @@
 #include "ClusterCommand.h"
 
 #include "CommandInput.h"
+#include "CommandText.h"
 #include "CsvOutput.h"
 
 #include <gkBase/KMeansClusters.h>
 
-#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -15,11 +15,6 @@
 namespace gkHost {
 
 namespace {
-
-QString text(const char* pText)
-{
-    return QCoreApplication::translate("CommandLine", pText);
-}
 
 gkBase::KMeansClusters clustersOf(const std::vector<gkBase::MatrixData*>& vpColumns, int k)
 {

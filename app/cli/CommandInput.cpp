@@ -1,11 +1,10 @@
 #include "CommandInput.h"
 
 #include "AttributeName.h"
+#include "CommandText.h"
 #include "RecordFilter.h"
 
 #include <gkBase/MissingValue.h>
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <cmath>
@@ -13,11 +12,6 @@
 namespace gkHost {
 
 namespace {
-
-QString text(const char* pText)
-{
-    return QCoreApplication::translate("CommandLine", pText);
-}
 
 bool isNumeric(const gkBase::MatrixData& attribute)
 {

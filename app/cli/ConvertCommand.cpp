@@ -1,16 +1,14 @@
 #include "ConvertCommand.h"
 
 #include "CommandInput.h"
+#include "CommandText.h"
 #include "CsvOutput.h"
-
-#include <QCoreApplication>
 
 namespace gkHost {
 
 CommandResult runConvertCommand(const QStringList& lArguments)
 {
     CommandInput input;
-    const auto text = [](const char* pText) { return QCoreApplication::translate("CommandLine", pText); };
     input.parser().setApplicationDescription(text("Writes all data sets of a file as CSV with full precision."));
     input.parser().addOptions(
         {{QStringLiteral("out"), text("The CSV file to write."), QStringLiteral("PATH")},

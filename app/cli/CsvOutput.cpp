@@ -1,8 +1,8 @@
 #include "CsvOutput.h"
 
-#include <gkBase/MatrixData.h>
+#include "CommandText.h"
 
-#include <QCoreApplication>
+#include <gkBase/MatrixData.h>
 
 namespace gkHost {
 
@@ -13,7 +13,7 @@ std::optional<CommandResult> writeCsv(const gkBase::MatrixData& root, const QStr
     if (bOk) {
         return std::nullopt;
     }
-    return CommandResult::badInput(QCoreApplication::translate("CommandLine", "%1: cannot be written").arg(sPath));
+    return CommandResult::badInput(text("%1: cannot be written").arg(sPath));
 }
 
 } // namespace gkHost

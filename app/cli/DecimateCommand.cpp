@@ -1,22 +1,17 @@
 #include "DecimateCommand.h"
 
 #include "CommandInput.h"
+#include "CommandText.h"
 #include "CsvOutput.h"
 #include "DepthDecimation.h"
 
 #include <gkBase/MissingValue.h>
 
-#include <QCoreApplication>
 #include <QFileInfo>
 
 namespace gkHost {
 
 namespace {
-
-QString text(const char* pText)
-{
-    return QCoreApplication::translate("CommandLine", pText);
-}
 
 void addOptions(QCommandLineParser& parser)
 {

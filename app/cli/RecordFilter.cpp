@@ -1,6 +1,7 @@
 #include "RecordFilter.h"
 
 #include "AttributeName.h"
+#include "CommandText.h"
 
 #include <gkBase/MatrixColumn.h>
 #include <gkBase/MatrixData.h>
@@ -8,7 +9,6 @@
 #include <gkBase/MissingValue.h>
 
 #include <QColor>
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <array>
@@ -16,11 +16,6 @@
 namespace gkHost {
 
 namespace {
-
-QString text(const char* pText)
-{
-    return QCoreApplication::translate("RecordFilter", pText);
-}
 
 /// A row number counted from 1; 0 for anything else.
 int rowNumber(const QString& sText)

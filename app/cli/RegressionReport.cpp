@@ -1,8 +1,9 @@
 #include "RegressionReport.h"
 
+#include "CommandText.h"
+
 #include <gkBase/MatrixData.h>
 
-#include <QCoreApplication>
 #include <QJsonObject>
 
 namespace gkHost {
@@ -19,7 +20,7 @@ QJsonObject lineToJson(const QJsonValue& slope, const QJsonValue& intercept, dou
 QString lineText(const gkBase::RegressionLine& oLine)
 {
     if (!oLine.m_bIsFunction) {
-        return QCoreApplication::translate("CommandLine", "The regression is not a function");
+        return text("The regression is not a function");
     }
     return QStringLiteral("y = %1 x %2 %3, R = %4")
         .arg(oLine.m_dSlope, 0, 'g', 10)
@@ -52,7 +53,6 @@ QJsonObject RegressionReport::toJson() const
 
 QString RegressionReport::toText() const
 {
-    const auto text = [](const char* pText) { return QCoreApplication::translate("CommandLine", pText); };
     QString sText = text("%1 on %2").arg(m_sY, m_sX) + QLatin1Char('\n');
     const auto addLine = [&sText](const QString& sName, const QString& sValue) {
         sText += QStringLiteral("  %1 %2\n").arg(sName, -20).arg(sValue);

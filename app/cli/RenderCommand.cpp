@@ -1,10 +1,10 @@
 #include "RenderCommand.h"
 
 #include "ChartRenderer.h"
+#include "CommandText.h"
 
 #include <gkBase/ChartExporter.h>
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QRegularExpression>
 
@@ -13,11 +13,6 @@
 namespace gkHost {
 
 namespace {
-
-QString text(const char* pText)
-{
-    return QCoreApplication::translate("CommandLine", pText);
-}
 
 QStringList chartNames()
 {

@@ -2,22 +2,17 @@
 
 #include "AttributeStatistics.h"
 #include "CommandInput.h"
+#include "CommandText.h"
 #include "RegressionReport.h"
 
 #include <gkBase/MissingValue.h>
 
-#include <QCoreApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
 
 namespace gkHost {
 
 namespace {
-
-QString text(const char* pText)
-{
-    return QCoreApplication::translate("CommandLine", pText);
-}
 
 /// The report as JSON or as text.
 template <typename Report>

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "ChartRenderer.h"
+
+namespace gkHost {
+
+/// Tracks of a well.
+ChartRenderer depthPlotRenderer();
+
+} // namespace gkHost
