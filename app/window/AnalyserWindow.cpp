@@ -25,6 +25,9 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPageLayout>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
 #include <QStatusBar>
 #include <QUrl>
 
@@ -106,6 +109,7 @@ void AnalyserWindow::createFileMenu()
     pqMenu->addAction(tr("&Save As CSV…"), QKeySequence(tr("Ctrl+Shift+S")), this, &AnalyserWindow::saveAsCsv);
     m_pqExportAction =
         pqMenu->addAction(tr("&Export Chart…"), QKeySequence(tr("Ctrl+Shift+E")), this, &AnalyserWindow::exportChart);
+    m_pqPrintAction = pqMenu->addAction(tr("&Print Chart…"), QKeySequence::Print, this, &AnalyserWindow::printChart);
     pqMenu->addSeparator();
     pqMenu->addAction(tr("&Close Window"), QKeySequence::Close, this, &QWidget::close);
     pqMenu->addAction(tr("&Quit"), QKeySequence::Quit, qApp, &QApplication::closeAllWindows);
@@ -113,9 +117,13 @@ void AnalyserWindow::createFileMenu()
         m_pqReportAction->setEnabled(!m_pApplication->document()->reports().empty());
         m_pqRecentMenu->setEnabled(!m_pApplication->recentFiles().isEmpty());
         m_pqExportAction->setEnabled(m_pqAnalyser->hasActiveChart());
+        m_pqPrintAction->setEnabled(m_pqAnalyser->hasActiveChart());
     });
-    // The shortcut works whatever page was current when the menu was last open; exportChart() tells what is wrong.
-    connect(pqMenu, &QMenu::aboutToHide, this, [this] { m_pqExportAction->setEnabled(true); });
+    // The shortcuts work whatever page was current when the menu was last open; the slots tell what is wrong.
+    connect(pqMenu, &QMenu::aboutToHide, this, [this] {
+        m_pqExportAction->setEnabled(true);
+        m_pqPrintAction->setEnabled(true);
+    });
 }
 
 void AnalyserWindow::createEditMenu()
@@ -301,12 +309,33 @@ bool AnalyserWindow::saveAsCsv()
     return true;
 }
 
+bool AnalyserWindow::chartIsShown()
+{
+    if (!m_pqAnalyser->hasActiveChart())
+        m_pqStatusLabel->setText(tr("The page that is shown is not a chart."));
+    return m_pqAnalyser->hasActiveChart();
+}
+
+void AnalyserWindow::printChart()
+{
+    if (!chartIsShown())
+        return;
+    QPrinter printer(QPrinter::ScreenResolution);
+    printer.setPageOrientation(QPageLayout::Landscape);
+    printer.setDocName(windowTitle().remove(QStringLiteral("[*]")));
+    QPrintPreviewDialog dialog(&printer, this);
+    dialog.setWindowTitle(tr("Print Chart"));
+    connect(&dialog, &QPrintPreviewDialog::paintRequested, this,
+            [this](QPrinter* pPrinter) { m_pqAnalyser->printActiveChart(*pPrinter); });
+    dialog.exec();
+    if (printer.printerState() == QPrinter::Error)
+        QMessageBox::warning(this, tr("Print Chart"), tr("The printer does not take the chart."));
+}
+
 void AnalyserWindow::exportChart()
 {
-    if (!m_pqAnalyser->hasActiveChart()) {
-        m_pqStatusLabel->setText(tr("The page that is shown is not a chart."));
+    if (!chartIsShown())
         return;
-    }
     ExportChartDialog dialog(this);
     if (dialog.exec() != QDialog::Accepted)
         return;

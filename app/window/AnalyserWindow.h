@@ -45,6 +45,9 @@ private:
     /// True when the data were written.
     bool saveAsCsv();
     void exportChart();
+    void printChart();
+    /// Says so when the active page is no chart.
+    bool chartIsShown();
     void showReport();
     void showOpened(const QString& sPath);
     void updateTitle();
@@ -62,6 +65,7 @@ private:
     QAction* m_pqUndoAction = nullptr;
     QAction* m_pqRedoAction = nullptr;
     QAction* m_pqExportAction = nullptr;
+    QAction* m_pqPrintAction = nullptr;
     QAction* m_pqReportAction = nullptr;
 };
 

@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QImage>
 #include <QPainter>
+#include <QPrinter>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -325,7 +326,7 @@ void TestChartDrawingArea::exportWritesEachFormat()
     for (const QString& sFormat : ChartExporter::formats()) {
         QString sError;
         const QString sPath = folder.filePath(QStringLiteral("chart.") + sFormat.toUpper());
-        QVERIFY2(ChartExporter::write(sPath, {320, 240}, Qt::black, QStringLiteral("A < B & C"), render, &sError),
+        QVERIFY2(ChartExporter::write(sPath, {320, 240}, {Qt::black, QStringLiteral("A < B & C"), render}, &sError),
                  qPrintable(sError));
         QVERIFY(sError.isEmpty());
     }
@@ -351,6 +352,19 @@ void TestChartDrawingArea::exportWritesEachFormat()
     QVERIFY(oPdf.startsWith("%PDF"));
     QVERIFY(oPdf.contains("/MediaBox [0 0 240")); // 320 pixels of 1/96 inch in points
     QVERIFY(!oPdf.contains("/Subtype /Image"));
+
+    // Printed, the chart is laid out for the page and remains a drawing.
+    QPrinter printer;
+    printer.setOutputFileName(folder.filePath(QStringLiteral("print.pdf")));
+    printer.setPageSize(QPageSize(QPageSize::A4));
+    printer.setPageOrientation(QPageLayout::Landscape);
+    QVERIFY(ChartExporter::print(printer, {Qt::white, QString(), [&](QPainter& painter, const QRectF& oRect) {
+                                               QVERIFY(oRect.width() > 1000 && oRect.width() < 1123 &&
+                                                       oRect.height() > 690 && oRect.height() < 794);
+                                               render(painter, oRect);
+                                           }}));
+    const QByteArray oPrint = contents(printer.outputFileName());
+    QVERIFY(oPrint.contains("/MediaBox [0 0 842") && !oPrint.contains("/Subtype /Image"));
 }
 
 void TestChartDrawingArea::exportFailsCleanly()
@@ -373,9 +387,9 @@ void TestChartDrawingArea::exportFailsCleanly()
                              {sOld, {10, 1000000}}};
     for (const Case& oCase : lCases) {
         QString sError;
-        QVERIFY(!ChartExporter::write(oCase.m_sPath, oCase.m_oSize, Qt::white, QString(), render, &sError));
+        QVERIFY(!ChartExporter::write(oCase.m_sPath, oCase.m_oSize, {Qt::white, QString(), render}, &sError));
         QVERIFY(!sError.isEmpty());
-        QVERIFY(!ChartExporter::write(oCase.m_sPath, oCase.m_oSize, Qt::white, QString(), render, nullptr));
+        QVERIFY(!ChartExporter::write(oCase.m_sPath, oCase.m_oSize, {Qt::white, QString(), render}, nullptr));
     }
     QCOMPARE(contents(sOld), QByteArray("old"));
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);

@@ -355,9 +355,10 @@ void TestPointPainting::vectorFilesHoldEveryPoint()
     points.m_poX->setValue(points.m_poX->rowOffSet() + 1, 99998.0);
     points.m_model.refresh();
     const auto metafile = [&points] {
-        return ChartExporter::metafile(
-            points.m_chart.size(), Qt::white, QString(),
-            [&](QPainter& p, const QRectF& oTarget) { points.m_chart.renderTo(p, oTarget.toRect()); });
+        return ChartExporter::metafile(points.m_chart.size(),
+                                       {Qt::white, QString(), [&](QPainter& p, const QRectF& oTarget) {
+                                            points.m_chart.renderTo(p, oTarget.toRect());
+                                        }});
     };
     const QByteArray oBeside = metafile();
     points.m_poX->setValue(points.m_poX->rowOffSet() + 1, -1e12);

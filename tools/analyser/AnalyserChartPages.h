@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ChartExporter.h"
 #include "gkBaseToolsExport.h"
 
 #include <QObject>
@@ -55,7 +56,7 @@ public:
         std::function<void()> m_fnCopy;
         std::function<void(MatrixData* poRoot)> m_fnSetRoot;
         std::function<void()> m_fnUpdateChooser;
-        std::function<bool(const QString& sPath, const QSize& oSize, QString* psError)> m_fnExport;
+        std::function<ChartPicture()> m_fnPicture; ///< never empty
         std::function<void()> m_fnReadSettings;
         std::function<void()> m_fnSaveSettings;
     };

@@ -2,6 +2,7 @@
 
 #include "AnalyserChartPages.h"
 #include "AnalyserTablePage.h"
+#include "ChartExporter.h"
 #include "MatrixDataNotifier.h"
 #include "QAttributeTreeView.h"
 #include "QHistogramChartWidget.h"
@@ -335,7 +336,15 @@ bool QDataAnalyserDialog::exportActiveChart(const QString& sPath, const QSize& o
         return false;
     }
     m_pCharts->refillVisible();
-    return m_pCharts->find(activePage())->m_fnExport(sPath, oSize, psError);
+    return ChartExporter::write(sPath, oSize, m_pCharts->find(activePage())->m_fnPicture(), psError);
+}
+
+bool QDataAnalyserDialog::printActiveChart(QPrinter& printer)
+{
+    if (!hasActiveChart())
+        return false;
+    m_pCharts->refillVisible();
+    return ChartExporter::print(printer, m_pCharts->find(activePage())->m_fnPicture());
 }
 
 bool QDataAnalyserDialog::isTablePageActive() const

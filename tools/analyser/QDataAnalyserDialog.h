@@ -14,6 +14,7 @@
 #include <functional>
 #include <vector>
 
+class QPrinter;
 class QSplitter;
 
 namespace gkBase {
@@ -93,6 +94,8 @@ public:
     /// Writes that chart to a .png, .svg, .pdf or .emf file of that logical size, with the present data. On failure, or
     /// without a chart, false with the reason in psError (may be null).
     bool exportActiveChart(const QString& sPath, const QSize& oSize, QString* psError);
+    /// Prints that chart on one page. False without a chart, or when the printer does not take it.
+    bool printActiveChart(QPrinter& printer);
     TabWidgetWithFloatingTabs* tabWidget() const { return m_pqTabWidget; }
     /// The context menu of the tables with the actions below, or the host's.
     QMenu* menu() const { return m_pqMenu; }

@@ -199,9 +199,7 @@ void QDataAnalyserDialog::addChartPage(int iChart, Panel* pqPanel, const QString
     page.m_fnCopy = [pqPanel] { pqPanel->copyToClipboard(); };
     page.m_fnSetRoot = [pqPanel](MatrixData* poRoot) { pqPanel->setDataRoot(poRoot); };
     page.m_fnUpdateChooser = [pqPanel] { pqPanel->updateDataSetSelectionBox(); };
-    page.m_fnExport = [pqPanel](const QString& sPath, const QSize& oSize, QString* psError) {
-        return pqPanel->exportChart(sPath, oSize, psError);
-    };
+    page.m_fnPicture = [pqPanel] { return pqPanel->picture(); };
     if constexpr (requires { pqPanel->readSettings(sSettingsGroup); }) {
         page.m_fnReadSettings = [pqPanel, sSettingsGroup] { pqPanel->readSettings(sSettingsGroup); };
         page.m_fnSaveSettings = [pqPanel, sSettingsGroup] { pqPanel->writeSettings(sSettingsGroup); };

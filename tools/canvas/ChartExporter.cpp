@@ -8,6 +8,7 @@
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QPrinter>
 #include <QRectF>
 #include <QSaveFile>
 #include <QSvgGenerator>
@@ -22,75 +23,68 @@ constexpr int g_iDotsPerInch = 96;
 constexpr double g_dPointsPerInch = 72.0;
 constexpr double g_dMetresPerInch = 0.0254;
 
-struct Page
-{
-    QSize m_oSize;
-    QColor m_oBackground;
-    QString m_sTitle;
-};
-
-bool paint(QPaintDevice& device, const Page& page, const ChartExporter::Render& render)
+bool paint(QPaintDevice& device, const QSize& oSize, const ChartPicture& picture)
 {
     QPainter painter;
     if (!painter.begin(&device))
         return false;
     painter.setRenderHint(QPainter::TextAntialiasing);
-    const QRectF oRect(QPointF(0, 0), QSizeF(page.m_oSize));
-    painter.fillRect(oRect, page.m_oBackground);
-    render(painter, oRect);
+    const QRectF oRect(QPointF(0, 0), QSizeF(oSize));
+    painter.fillRect(oRect, picture.m_oBackground);
+    picture.m_fnRender(painter, oRect);
     return painter.end();
 }
 
-bool writePng(QIODevice& file, const Page& page, const ChartExporter::Render& render)
+bool writePng(QIODevice& file, const QSize& oSize, const ChartPicture& picture)
 {
-    QImage oImage(page.m_oSize, QImage::Format_ARGB32_Premultiplied);
+    QImage oImage(oSize, QImage::Format_ARGB32_Premultiplied);
     if (oImage.isNull())
         return false;
     oImage.setDotsPerMeterX(qRound(g_iDotsPerInch / g_dMetresPerInch));
     oImage.setDotsPerMeterY(qRound(g_iDotsPerInch / g_dMetresPerInch));
-    oImage.fill(page.m_oBackground);
-    if (!page.m_sTitle.isEmpty())
-        oImage.setText(QStringLiteral("Title"), page.m_sTitle);
-    return paint(oImage, page, render) && oImage.save(&file, "PNG");
+    oImage.fill(picture.m_oBackground);
+    if (!picture.m_sTitle.isEmpty())
+        oImage.setText(QStringLiteral("Title"), picture.m_sTitle);
+    return paint(oImage, oSize, picture) && oImage.save(&file, "PNG");
 }
 
-bool writeSvg(QIODevice& file, const Page& page, const ChartExporter::Render& render)
+bool writeSvg(QIODevice& file, const QSize& oSize, const ChartPicture& picture)
 {
     QSvgGenerator generator;
     generator.setOutputDevice(&file);
-    generator.setSize(page.m_oSize);
-    generator.setViewBox(QRect(QPoint(0, 0), page.m_oSize));
+    generator.setSize(oSize);
+    generator.setViewBox(QRect(QPoint(0, 0), oSize));
     generator.setResolution(g_iDotsPerInch);
-    generator.setTitle(page.m_sTitle.toHtmlEscaped()); // the generator writes the text into the XML as it is
-    return paint(generator, page, render);
+    generator.setTitle(picture.m_sTitle.toHtmlEscaped()); // the generator writes the text into the XML as it is
+    return paint(generator, oSize, picture);
 }
 
-bool writePdf(QIODevice& file, const Page& page, const ChartExporter::Render& render)
+bool writePdf(QIODevice& file, const QSize& oSize, const ChartPicture& picture)
 {
     QPdfWriter writer(&file);
     writer.setResolution(g_iDotsPerInch);
-    writer.setPageSize(QPageSize(QSizeF(page.m_oSize) * g_dPointsPerInch / g_iDotsPerInch, QPageSize::Point, QString(),
+    writer.setPageSize(QPageSize(QSizeF(oSize) * g_dPointsPerInch / g_iDotsPerInch, QPageSize::Point, QString(),
                                  QPageSize::ExactMatch));
     writer.setPageMargins(QMarginsF());
-    writer.setTitle(page.m_sTitle);
-    return paint(writer, page, render);
+    writer.setTitle(picture.m_sTitle);
+    return paint(writer, oSize, picture);
 }
 
-QByteArray paintMetafile(const Page& page, const ChartExporter::Render& render)
+QByteArray paintMetafile(const QSize& oSize, const ChartPicture& picture)
 {
-    EMFDevice device(page.m_sTitle);
-    device.setBoundingRect(QRect(QPoint(0, 0), page.m_oSize));
-    device.setBackgroundColor(page.m_oBackground);
-    return paint(device, page, render) ? device.metafile() : QByteArray();
+    EMFDevice device(picture.m_sTitle);
+    device.setBoundingRect(QRect(QPoint(0, 0), oSize));
+    device.setBackgroundColor(picture.m_oBackground);
+    return paint(device, oSize, picture) ? device.metafile() : QByteArray();
 }
 
-bool writeEmf(QIODevice& file, const Page& page, const ChartExporter::Render& render)
+bool writeEmf(QIODevice& file, const QSize& oSize, const ChartPicture& picture)
 {
-    const QByteArray oMetafile = paintMetafile(page, render);
+    const QByteArray oMetafile = paintMetafile(oSize, picture);
     return !oMetafile.isEmpty() && file.write(oMetafile) == oMetafile.size();
 }
 
-using Writer = bool (*)(QIODevice&, const Page&, const ChartExporter::Render&);
+using Writer = bool (*)(QIODevice&, const QSize&, const ChartPicture&);
 
 Writer writerFor(const QString& sPath)
 {
@@ -107,14 +101,13 @@ Writer writerFor(const QString& sPath)
 }
 
 /// Empty when the file is written, otherwise the reason.
-QString writeFile(const QString& sPath, const Page& page, const ChartExporter::Render& render)
+QString writeFile(const QString& sPath, const QSize& oSize, const ChartPicture& picture)
 {
     const Writer writer = writerFor(sPath);
     if (!writer)
         return ChartExporter::tr(
                    "The chart cannot be written to \"%1\": the file name must end in .png, .svg, .pdf or .emf.")
             .arg(sPath);
-    const QSize& oSize = page.m_oSize;
     if (oSize.width() < 1 || oSize.height() < 1 || oSize.width() > g_iMaxSide || oSize.height() > g_iMaxSide)
         return ChartExporter::tr("The chart cannot be written: a size of %1 × %2 pixels is outside 1 to %3.")
             .arg(oSize.width())
@@ -123,7 +116,7 @@ QString writeFile(const QString& sPath, const Page& page, const ChartExporter::R
     QSaveFile file(sPath);
     if (!file.open(QIODevice::WriteOnly))
         return ChartExporter::tr("The chart cannot be written to \"%1\": %2.").arg(sPath, file.errorString());
-    if (!writer(file, page, render)) {
+    if (!writer(file, oSize, picture)) {
         file.cancelWriting();
         return ChartExporter::tr("The chart could not be drawn into \"%1\".").arg(sPath);
     }
@@ -134,19 +127,24 @@ QString writeFile(const QString& sPath, const Page& page, const ChartExporter::R
 
 } // namespace
 
-bool ChartExporter::write(const QString& sPath, const QSize& oSize, const QColor& oBackground, const QString& sTitle,
-                          const Render& render, QString* psError)
+bool ChartExporter::write(const QString& sPath, const QSize& oSize, const ChartPicture& picture, QString* psError)
 {
-    const QString sError = writeFile(sPath, {oSize, oBackground, sTitle}, render);
+    const QString sError = writeFile(sPath, oSize, picture);
     if (psError)
         *psError = sError;
     return sError.isEmpty();
 }
 
-QByteArray ChartExporter::metafile(const QSize& oSize, const QColor& oBackground, const QString& sTitle,
-                                   const Render& render)
+QByteArray ChartExporter::metafile(const QSize& oSize, const ChartPicture& picture)
 {
-    return oSize.isEmpty() ? QByteArray() : paintMetafile({oSize, oBackground, sTitle}, render);
+    return oSize.isEmpty() ? QByteArray() : paintMetafile(oSize, picture);
+}
+
+bool ChartExporter::print(QPrinter& printer, const ChartPicture& picture)
+{
+    printer.setResolution(g_iDotsPerInch);
+    const QSize oSize = printer.pageRect(QPrinter::DevicePixel).size().toSize();
+    return !oSize.isEmpty() && paint(printer, oSize, picture);
 }
 
 QStringList ChartExporter::nameFilters()

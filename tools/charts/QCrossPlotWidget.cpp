@@ -344,9 +344,7 @@ double QCrossPlotWidget::legendWidth() const
 void QCrossPlotWidget::copyEWMFToClipboard()
 {
     const QSize oSize = m_pqFrame->pictureSize() + QSize(static_cast<int>(std::ceil(legendWidth())), 0);
-    const auto render = [this](QPainter& painter, const QRectF& oTarget) { renderTo(painter, oTarget); };
-    copyMetafileToClipboard(
-        ChartExporter::metafile(oSize, m_pqPlot->backgroundColor(), m_pqPlot->headerTitle(), render), this);
+    copyMetafileToClipboard(ChartExporter::metafile(oSize, picture()), this);
 }
 
 void QCrossPlotWidget::copyColorLegend()
@@ -374,11 +372,15 @@ void QCrossPlotWidget::renderTo(QPainter& painter, const QRectF& oTarget)
     m_pqFrame->renderTo(painter, oChart);
 }
 
+ChartPicture QCrossPlotWidget::picture()
+{
+    return {m_pqPlot->backgroundColor(), m_pqPlot->headerTitle(),
+            [this](QPainter& painter, const QRectF& oRect) { renderTo(painter, oRect); }};
+}
+
 bool QCrossPlotWidget::exportChart(const QString& sPath, const QSize& oSize, QString* psError)
 {
-    return ChartExporter::write(
-        sPath, oSize, m_pqPlot->backgroundColor(), m_pqPlot->headerTitle(),
-        [this](QPainter& painter, const QRectF& oRect) { renderTo(painter, oRect); }, psError);
+    return ChartExporter::write(sPath, oSize, picture(), psError);
 }
 
 } // namespace gkBase

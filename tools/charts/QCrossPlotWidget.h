@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ChartExporter.h"
 #include "CrossPlotAxesPage.h"
 #include "CrossPlotSettings.h"
 #include "MatrixDataPointer.h"
@@ -98,6 +99,8 @@ public:
     /// Draws title, axes, the whole chart and the legends that are on into the rectangle of any device; the panel need
     /// not be shown.
     void renderTo(QPainter& painter, const QRectF& oTarget);
+    /// What exportChart() and printing draw.
+    ChartPicture picture();
     /// Writes the chart to a .png, .svg or .pdf file of that logical size. On failure the file is left alone and the
     /// reason is in psError (may be null).
     bool exportChart(const QString& sPath, const QSize& oSize, QString* psError);

@@ -490,9 +490,7 @@ void QDepthPlotWidget::copyToClipboard()
 
 void QDepthPlotWidget::copyEWMFToClipboard()
 {
-    const auto render = [this](QPainter& painter, const QRectF& oTarget) { renderTo(painter, oTarget); };
-    copyMetafileToClipboard(
-        ChartExporter::metafile(m_pqArea->size(), m_pqArea->backgroundColor(), m_pqArea->title(), render), this);
+    copyMetafileToClipboard(ChartExporter::metafile(m_pqArea->size(), picture()), this);
 }
 
 void QDepthPlotWidget::renderTo(QPainter& painter, const QRectF& oTarget)
@@ -500,11 +498,15 @@ void QDepthPlotWidget::renderTo(QPainter& painter, const QRectF& oTarget)
     m_pqArea->renderTo(painter, oTarget);
 }
 
+ChartPicture QDepthPlotWidget::picture()
+{
+    return {m_pqArea->backgroundColor(), m_pqArea->title(),
+            [this](QPainter& painter, const QRectF& oRect) { renderTo(painter, oRect); }};
+}
+
 bool QDepthPlotWidget::exportChart(const QString& sPath, const QSize& oSize, QString* psError)
 {
-    return ChartExporter::write(
-        sPath, oSize, m_pqArea->backgroundColor(), m_pqArea->title(),
-        [this](QPainter& painter, const QRectF& oRect) { renderTo(painter, oRect); }, psError);
+    return ChartExporter::write(sPath, oSize, picture(), psError);
 }
 
 } // namespace gkBase

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ChartExporter.h"
 #include "DepthMarkers.h"
 #include "DepthPlotSettings.h"
 #include "DepthTrack.h"
@@ -96,6 +97,8 @@ public:
 
     /// Draws title, headers, depth axis and all tracks into the rectangle of any device; the panel need not be shown.
     void renderTo(QPainter& painter, const QRectF& oTarget);
+    /// What exportChart() and printing draw.
+    ChartPicture picture();
     /// Writes the plot to a .png, .svg, .pdf or .emf file of that logical size. On failure the file is left alone and
     /// the reason is in psError (may be null).
     bool exportChart(const QString& sPath, const QSize& oSize, QString* psError);

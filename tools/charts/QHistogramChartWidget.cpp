@@ -373,11 +373,15 @@ void QHistogramChartWidget::renderTo(QPainter& painter, const QRectF& oTarget)
     m_pqFrames->currentFrame()->renderTo(painter, oTarget);
 }
 
+ChartPicture QHistogramChartWidget::picture()
+{
+    return {m_pqPlot->backgroundColor(), m_pqFrames->currentFrame()->canvas()->headerTitle(),
+            [this](QPainter& painter, const QRectF& oRect) { renderTo(painter, oRect); }};
+}
+
 bool QHistogramChartWidget::exportChart(const QString& sPath, const QSize& oSize, QString* psError)
 {
-    return ChartExporter::write(
-        sPath, oSize, m_pqPlot->backgroundColor(), m_pqFrames->currentFrame()->canvas()->headerTitle(),
-        [this](QPainter& painter, const QRectF& oRect) { renderTo(painter, oRect); }, psError);
+    return ChartExporter::write(sPath, oSize, picture(), psError);
 }
 
 } // namespace gkBase

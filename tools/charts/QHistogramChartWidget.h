@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ChartExporter.h"
 #include "gkBaseToolsExport.h"
 
 #include <QPointF>
@@ -78,6 +79,8 @@ public:
 
     /// Draws title, axes and the whole chart into the rectangle of any device; the panel need not be shown.
     void renderTo(QPainter& painter, const QRectF& oTarget);
+    /// What exportChart() and printing draw.
+    ChartPicture picture();
     /// Writes the chart to a .png, .svg, .pdf or .emf file of that logical size. On failure the file is left alone and
     /// the reason is in psError (may be null).
     bool exportChart(const QString& sPath, const QSize& oSize, QString* psError);

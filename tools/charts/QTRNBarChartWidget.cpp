@@ -338,11 +338,15 @@ void QTRNBarChartWidget::renderTo(QPainter& painter, const QRectF& oTarget)
     m_pqFrame->renderTo(painter, oTarget);
 }
 
+ChartPicture QTRNBarChartWidget::picture()
+{
+    return {m_pqPlot->backgroundColor(), m_pqPlot->headerTitle(),
+            [this](QPainter& painter, const QRectF& oRect) { renderTo(painter, oRect); }};
+}
+
 bool QTRNBarChartWidget::exportChart(const QString& sPath, const QSize& oSize, QString* psError)
 {
-    return ChartExporter::write(
-        sPath, oSize, m_pqPlot->backgroundColor(), m_pqPlot->headerTitle(),
-        [this](QPainter& painter, const QRectF& oRect) { renderTo(painter, oRect); }, psError);
+    return ChartExporter::write(sPath, oSize, picture(), psError);
 }
 
 } // namespace gkBase

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "BarDiagramClasses.h"
+#include "ChartExporter.h"
 #include "gkBaseToolsExport.h"
 
 #include <QPointF>
@@ -73,6 +74,8 @@ public:
 
     /// Draws title, axes and all bars into the rectangle of any device; the panel need not be shown.
     void renderTo(QPainter& painter, const QRectF& oTarget);
+    /// What exportChart() and printing draw.
+    ChartPicture picture();
     /// Writes the chart to a .png, .svg or .pdf file of that logical size. On failure the file is left alone and the
     /// reason is in psError (may be null).
     bool exportChart(const QString& sPath, const QSize& oSize, QString* psError);

@@ -260,9 +260,9 @@ QSize ChartFrame::pictureSize() const
 
 void ChartFrame::copyMetafileToClipboard() const
 {
-    const auto render = [this](QPainter& painter, const QRectF& oTarget) { renderTo(painter, oTarget); };
-    gkBase::copyMetafileToClipboard(
-        ChartExporter::metafile(pictureSize(), m_pqCanvas->backgroundColor(), m_pqCanvas->headerTitle(), render), this);
+    const ChartPicture picture{m_pqCanvas->backgroundColor(), m_pqCanvas->headerTitle(),
+                               [this](QPainter& painter, const QRectF& oTarget) { renderTo(painter, oTarget); }};
+    gkBase::copyMetafileToClipboard(ChartExporter::metafile(pictureSize(), picture), this);
 }
 
 } // namespace gkBase
