@@ -23,6 +23,13 @@ QRect deviceRect(const QPaintDevice& device)
     return QRectF(0, 0, device.width() * dRatio, device.height() * dRatio).toAlignedRect();
 }
 
+/// False for the strips that come in when a chart is panned, which shall not push out the kept picture.
+bool isMostOfDevice(const QRect& oRect, const QPaintDevice& device)
+{
+    const auto area = [](const QRect& o) { return static_cast<double>(o.width()) * o.height(); };
+    return 4.0 * area(oRect) >= area(deviceRect(device));
+}
+
 /// The part of the device that the painter's clip leaves.
 PointTarget targetOf(const QPainter& painter)
 {
@@ -136,7 +143,7 @@ void PointPainter::drawPixels(QPainter* pPainter, const PointBatch& batch)
     if (target.m_oRect.isEmpty()) {
         return;
     }
-    if (target.m_oRect == deviceRect(*pPainter->device())) {
+    if (isMostOfDevice(target.m_oRect, *pPainter->device())) {
         updateKept(batch, target);
         drawPicture(pPainter, m_oKept, m_oKeptTopLeft);
     } else {

@@ -17,9 +17,9 @@ namespace gkBase {
 /// each in the order of records.
 ///
 /// On screens and images the points are written as pixels, points of one style on one pixel once, in the look of the
-/// last of them: that is what drawing all of them leaves to be seen. A picture without selection that fills its device
-/// is kept, so that a new selection writes only the selected points. On vector devices (SVG, PDF) and through painters
-/// that turn or scale, every point that the clip leaves in sight is drawn as an outline.
+/// last of them: that is what drawing all of them leaves to be seen. A picture without selection that fills a
+/// quarter of its device is kept, so that a new selection writes only the selected points. On vector devices (SVG, PDF)
+/// and through painters that turn or scale, every point that the clip leaves in sight is drawn as an outline.
 class GKBASETOOLS_EXPORT PointPainter
 {
 public:

@@ -237,6 +237,16 @@ protected:
     // ------------
     /// Chooses one of the variants below by the attributes that are on. Nothing without a model.
     void drawPoints(QPainter* pPainter);
+    /// Points of another model than model(), as a second data set over the first.
+    struct OtherPoints
+    {
+        QRelationshipItemModel* m_pModel = nullptr;
+        std::span<const QPointF> m_voPixels; ///< by record
+        QColor m_oColor;                     ///< of points without classes
+        PointPainter* m_pPainter = nullptr;  ///< one for each set, since it keeps a picture
+    };
+    /// drawPoints() for these: in the looks of their model, with its selection.
+    void drawPointsOf(QPainter* pPainter, const OtherPoints& other);
     void drawPlainPoints(QPainter* pPainter);
     void drawPointsWith_tadpoles(QPainter* pPainter);
     /// In the colours of the colour classes; as tadpoles where these are on.
@@ -273,6 +283,9 @@ private:
     PointBatch pointBatch();
     void colorPoints(PointBatch& batch, const RelationshipClasses& classes) const;
     void drawTadPoles(QPainter* pPainter, PointBatch& batch);
+    void drawBatch(QPainter* pPainter, const PointBatch& batch);
+    /// The model that drawPoints() or drawPointsOf() is drawing.
+    QRelationshipItemModel* drawnModel() const { return m_pOther ? m_pOther->m_pModel : model(); }
 
     QString m_sChartName;
     QString m_sHeaderTitle;
@@ -288,6 +301,7 @@ private:
     ChartBackingStore m_oStore;
     QPointer<QRelationshipItemModel> m_pModel; ///< not owned
     PointPainter m_oPointPainter;
+    const OtherPoints* m_pOther = nullptr; ///< not owned, set while drawPointsOf() draws
     std::vector<QPointF> m_voPointPixels;
     quint64 m_iPointRevision = 0; ///< of the points of the model, for m_voPointPixels
     QSize m_oPointChart;          ///< size of the chart, for m_voPointPixels

@@ -93,12 +93,13 @@ void QChartDrawingArea::drawPoint(QPainter* pPainter, const QPointF& oCentre)
 PointBatch QChartDrawingArea::pointBatch()
 {
     PointBatch batch;
-    batch.m_voPixels = pointPixels();
-    batch.m_vbSelected = m_pModel->selectionMask();
-    batch.m_oLook.m_iStyle = m_pModel->pointStyle();
-    batch.m_oLook.m_oColor = readableColor(m_oPointFillColor, m_oBackgroundColor, m_oLabelColor);
-    batch.m_oLook.m_iSize = m_pModel->pointPixelSize();
-    batch.m_bHollow = m_pModel->outLinePointStyle();
+    batch.m_voPixels = m_pOther ? m_pOther->m_voPixels : std::span<const QPointF>(pointPixels());
+    batch.m_vbSelected = drawnModel()->selectionMask();
+    batch.m_oLook.m_iStyle = drawnModel()->pointStyle();
+    batch.m_oLook.m_oColor =
+        readableColor(m_pOther ? m_pOther->m_oColor : m_oPointFillColor, m_oBackgroundColor, m_oLabelColor);
+    batch.m_oLook.m_iSize = drawnModel()->pointPixelSize();
+    batch.m_bHollow = drawnModel()->outLinePointStyle();
     batch.m_oBackground = m_oBackgroundColor;
     batch.m_oHalo = m_oLabelColor;
     return batch;
@@ -116,27 +117,28 @@ void QChartDrawingArea::drawTadPoles(QPainter* pPainter, PointBatch& batch)
     std::vector<double> vdAzimuths(iCount);
     std::vector<unsigned char> vbOpen(iCount);
     for (std::size_t i = 0; i < iCount; ++i) {
-        vdAzimuths[i] = m_pModel->azimuthTadPole(static_cast<int>(i));
-        vbOpen[i] = m_pModel->tadPoleIsOpen(static_cast<int>(i)) ? 1 : 0;
+        vdAzimuths[i] = drawnModel()->azimuthTadPole(static_cast<int>(i));
+        vbOpen[i] = drawnModel()->tadPoleIsOpen(static_cast<int>(i)) ? 1 : 0;
     }
     batch.m_bTadPoles = true;
     batch.m_vdAzimuths = vdAzimuths;
     batch.m_vbOpenHeads = vbOpen;
-    m_oPointPainter.draw(pPainter, batch);
+    drawBatch(pPainter, batch);
 }
 
 // ---- the eight variants ---------------------------------------------------------------------------------------------
 
 void QChartDrawingArea::drawPoints(QPainter* pPainter)
 {
-    if (!pPainter || !m_pModel || m_pModel->numberOfPoints() == 0 || !m_pModel->drawSymbols()) {
+    const QRelationshipItemModel* pModel = drawnModel();
+    if (!pPainter || !pModel || pModel->numberOfPoints() == 0 || !pModel->drawSymbols()) {
         return;
     }
-    const bool bColors = m_pModel->colorAttributeIsOn();
-    const bool bSymbols = m_pModel->symbolAttributeIsOn();
+    const bool bColors = pModel->colorAttributeIsOn();
+    const bool bSymbols = pModel->symbolAttributeIsOn();
     if (!bColors && !bSymbols) {
-        m_pModel->tadpoleAttributeIsOn() ? drawPointsWith_tadpoles(pPainter) : drawPlainPoints(pPainter);
-    } else if (m_pModel->cellType() == QMetaType::QColor) {
+        drawnModel()->tadpoleAttributeIsOn() ? drawPointsWith_tadpoles(pPainter) : drawPlainPoints(pPainter);
+    } else if (drawnModel()->cellType() == QMetaType::QColor) {
         bSymbols ? drawPointsWithTypeColorAttributeAndSymbol(pPainter) : drawPointsWithTypeColorAttribute(pPainter);
     } else if (bColors) {
         bSymbols ? drawPointsWith_symbol_and_color_attribute(pPainter) : drawPointsWith_color_attribute(pPainter);
@@ -145,11 +147,26 @@ void QChartDrawingArea::drawPoints(QPainter* pPainter)
     }
 }
 
+void QChartDrawingArea::drawPointsOf(QPainter* pPainter, const OtherPoints& other)
+{
+    if (!other.m_pModel || !other.m_pPainter) {
+        return;
+    }
+    m_pOther = &other;
+    drawPoints(pPainter);
+    m_pOther = nullptr;
+}
+
+void QChartDrawingArea::drawBatch(QPainter* pPainter, const PointBatch& batch)
+{
+    (m_pOther ? *m_pOther->m_pPainter : m_oPointPainter).draw(pPainter, batch);
+}
+
 void QChartDrawingArea::drawPlainPoints(QPainter* pPainter)
 {
     PointBatch batch = pointBatch();
     batch.m_oLook.m_iPenWidth = g_iPointPen;
-    m_oPointPainter.draw(pPainter, batch);
+    drawBatch(pPainter, batch);
 }
 
 void QChartDrawingArea::drawPointsWith_tadpoles(QPainter* pPainter)
@@ -161,11 +178,11 @@ void QChartDrawingArea::drawPointsWith_tadpoles(QPainter* pPainter)
 void QChartDrawingArea::drawPointsWith_color_attribute(QPainter* pPainter)
 {
     PointBatch batch = pointBatch();
-    colorPoints(batch, m_pModel->colorClasses());
-    if (m_pModel->tadpoleAttributeIsOn()) {
+    colorPoints(batch, drawnModel()->colorClasses());
+    if (drawnModel()->tadpoleAttributeIsOn()) {
         drawTadPoles(pPainter, batch);
     } else {
-        m_oPointPainter.draw(pPainter, batch);
+        drawBatch(pPainter, batch);
     }
 }
 
@@ -173,8 +190,8 @@ void QChartDrawingArea::drawPointsWithTypeColorAttribute(QPainter* pPainter)
 {
     // The classes of stored colours are these colours, one class each.
     PointBatch batch = pointBatch();
-    colorPoints(batch, m_pModel->colorClasses());
-    m_oPointPainter.draw(pPainter, batch);
+    colorPoints(batch, drawnModel()->colorClasses());
+    drawBatch(pPainter, batch);
 }
 
 void QChartDrawingArea::drawPointsWithTypeColorAttributeAndSymbol(QPainter* pPainter)
@@ -185,26 +202,26 @@ void QChartDrawingArea::drawPointsWithTypeColorAttributeAndSymbol(QPainter* pPai
 void QChartDrawingArea::drawPointsWith_symbol_attribute1(QPainter* pPainter)
 {
     PointBatch batch = pointBatch();
-    colorPoints(batch, m_pModel->symbolClasses());
+    colorPoints(batch, drawnModel()->symbolClasses());
     batch.m_bStyleDecidesFill = true;
-    m_oPointPainter.draw(pPainter, batch);
+    drawBatch(pPainter, batch);
 }
 
 void QChartDrawingArea::drawPointsWith_symbol_attribute2(QPainter* pPainter)
 {
     PointBatch batch = pointBatch();
-    colorPoints(batch, m_pModel->symbolClasses());
-    batch.m_viStyles = m_pModel->symbolClasses().ids();
-    m_oPointPainter.draw(pPainter, batch);
+    colorPoints(batch, drawnModel()->symbolClasses());
+    batch.m_viStyles = drawnModel()->symbolClasses().ids();
+    drawBatch(pPainter, batch);
 }
 
 void QChartDrawingArea::drawPointsWith_symbol_and_color_attribute(QPainter* pPainter)
 {
     PointBatch batch = pointBatch();
-    colorPoints(batch, m_pModel->colorClasses());
-    batch.m_viStyles = m_pModel->symbolClasses().ids();
+    colorPoints(batch, drawnModel()->colorClasses());
+    batch.m_viStyles = drawnModel()->symbolClasses().ids();
     batch.m_bStyleDecidesFill = true;
-    m_oPointPainter.draw(pPainter, batch);
+    drawBatch(pPainter, batch);
 }
 
 } // namespace gkBase

@@ -171,45 +171,4 @@ std::vector<CrossPlotDomain> crossPlotDomains(const DepthLineField& oField, cons
 
 // ---- mouse ----------------------------------------------------------------------------------------------------------
 
-int nearestPoint(std::span<const QPointF> voPixels, const QPointF& oPosition, double dDistance)
-{
-    double dNearest = dDistance * dDistance;
-    int iNearest = -1;
-    for (std::size_t i = 0; i < voPixels.size(); ++i) {
-        const double dX = voPixels[i].x() - oPosition.x();
-        const double dY = voPixels[i].y() - oPosition.y();
-        const double dSquare = dX * dX + dY * dY;
-        // False for NaN.
-        if (dSquare <= dNearest) {
-            dNearest = dSquare;
-            iNearest = static_cast<int>(i);
-        }
-    }
-    return iNearest;
-}
-
-CrossPlotOutline crossPlotOutline(std::span<const QPointF> voCorners, const QPointF& oOffset)
-{
-    CrossPlotOutline outline;
-    outline.m_vdX.reserve(voCorners.size());
-    outline.m_vdY.reserve(voCorners.size());
-    for (const QPointF& oCorner : voCorners) {
-        outline.m_vdX.push_back(oCorner.x() + oOffset.x());
-        outline.m_vdY.push_back(oCorner.y() + oOffset.y());
-    }
-    return outline;
-}
-
-int distinctCorners(std::span<const QPointF> voCorners)
-{
-    std::set<std::pair<int, int>> pixels;
-    for (const QPointF& oCorner : voCorners) {
-        pixels.insert({qRound(oCorner.x()), qRound(oCorner.y())});
-        if (pixels.size() == 3) {
-            break;
-        }
-    }
-    return static_cast<int>(pixels.size());
-}
-
 } // namespace gkBase

@@ -92,18 +92,4 @@ GKBASETOOLS_EXPORT std::vector<CrossPlotDepthLine> crossPlotDepthLines(const Dep
 GKBASETOOLS_EXPORT std::vector<CrossPlotDomain> crossPlotDomains(const DepthLineField& oField, const CrossPlotMap& oMap,
                                                                  const QSize& oChart);
 
-/// The record whose pixel is nearest to a position and within dDistance; −1 for none. Of equally near ones the last,
-/// which is drawn on top.
-GKBASETOOLS_EXPORT int nearestPoint(std::span<const QPointF> voPixels, const QPointF& oPosition, double dDistance);
-
-/// An outline as two spans of numbers, moved by an offset.
-struct CrossPlotOutline
-{
-    std::vector<double> m_vdX;
-    std::vector<double> m_vdY;
-};
-GKBASETOOLS_EXPORT CrossPlotOutline crossPlotOutline(std::span<const QPointF> voCorners, const QPointF& oOffset);
-/// How many different pixels an outline touches, counted up to three.
-GKBASETOOLS_EXPORT int distinctCorners(std::span<const QPointF> voCorners);
-
 } // namespace gkBase

@@ -1,6 +1,7 @@
 #include "CrossPlotPainting.h"
 
 #include "LabelPlacement.h"
+#include "PointSelection.h"
 #include "ReadableColor.h"
 
 #include <QFontMetricsF>
@@ -236,20 +237,10 @@ void drawCrossPlotCursorLine(QPainter& painter, double dY, const QRect& oVisible
     }
 }
 
-void drawCrossPlotLasso(QPainter& painter, const QPolygonF& oOutline, const QString& sText, const QRect& oVisible,
-                        const CrossPlotStyle& style)
+void drawCrossPlotLasso(QPainter& painter, const QVector<QPointF>& voOutline, const QString& sText,
+                        const QRect& oVisible, const CrossPlotStyle& style)
 {
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    QColor oInside = style.m_oLabel;
-    oInside.setAlpha(28);
-    painter.setPen(QPen(style.m_oBackground, 3.0));
-    painter.setBrush(oInside);
-    painter.drawPolygon(oOutline, Qt::OddEvenFill);
-    painter.setPen(QPen(style.m_oLabel, 1.0, Qt::DashLine));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawPolygon(oOutline, Qt::OddEvenFill);
-    painter.restore();
+    drawSelectionOutline(painter, voOutline, style.m_oBackground, style.m_oLabel);
     const QSizeF oSize = boxSize(painter, sText);
     drawBox(painter, QRectF(QPointF(std::floor((oVisible.width() - oSize.width()) / 2.0), g_dMargin), oSize), sText,
             style.m_oGrid, style);

@@ -3,9 +3,10 @@
 #include "CrossPlotGeometry.h"
 
 #include <QColor>
-#include <QPolygonF>
+#include <QPointF>
 #include <QRectF>
 #include <QString>
+#include <QVector>
 
 #include <span>
 #include <vector>
@@ -56,7 +57,7 @@ void drawCrossPlotMessage(QPainter& painter, const QString& sMessage, const QRec
                           const CrossPlotStyle& style);
 void drawCrossPlotCursorLine(QPainter& painter, double dY, const QRect& oVisible, const CrossPlotStyle& style);
 /// The outline of a selection while it is drawn, in widget pixels, with its text.
-void drawCrossPlotLasso(QPainter& painter, const QPolygonF& oOutline, const QString& sText, const QRect& oVisible,
-                        const CrossPlotStyle& style);
+void drawCrossPlotLasso(QPainter& painter, const QVector<QPointF>& voOutline, const QString& sText,
+                        const QRect& oVisible, const CrossPlotStyle& style);
 
 } // namespace gkBase

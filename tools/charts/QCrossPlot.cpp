@@ -355,8 +355,8 @@ void QCrossPlot::drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea)
         drawCrossPlotMessage(painter, m_sMessage, oVisibleArea, style());
     }
     if (!m_vSelectionPath.isEmpty()) {
-        drawCrossPlotLasso(painter, QPolygonF(m_vSelectionPath),
-                           QCoreApplication::translate("QCrossPlotWidget", "Select an Area"), oVisibleArea, style());
+        drawCrossPlotLasso(painter, m_vSelectionPath, QCoreApplication::translate("QCrossPlotWidget", "Select an Area"),
+                           oVisibleArea, style());
     }
 }
 

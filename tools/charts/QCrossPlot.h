@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CrossPlotGeometry.h"
+#include "PointSelection.h"
 #include "QChartDrawingArea.h"
 #include "gkBaseToolsExport.h"
 
@@ -151,7 +152,6 @@ private:
 
     // Gestures; positions in widget pixels.
     QPointF chartPixel(const QPointF& oPosition) const;
-    void beginSelection(const QMouseEvent& event);
     void pickLines(const QPointF& oPosition, bool bAdd);
     void removeBoundary(const QPointF& oPosition);
     void moveLines(const QPointF& oPosition);
@@ -192,11 +192,10 @@ private:
 
     // The gesture under way.
     Qt::MouseButton m_eButton = Qt::NoButton;
-    bool m_bAdding = false;
+    PointSelectionGesture m_oSelectionGesture;
     bool m_bMovingTops = false;
     bool m_bTopsMoved = false;
     QPointF m_oLastMove; ///< chart units
-    std::vector<int> m_viSelectedBefore;
 };
 
 } // namespace gkBase

@@ -2,7 +2,6 @@
 
 #include "MatrixData.h"
 #include "MissingValue.h"
-#include "PolygonMask.h"
 #include "QCrossPlot.h"
 #include "QRelationshipItemModel.h"
 #include "UnitText.h"
@@ -40,12 +39,14 @@ void QCrossPlot::mousePressEvent(QMouseEvent* pEvent)
     }
     m_vSelectionPath.clear();
     m_eButton = pEvent->button();
-    beginSelection(*pEvent);
+    if (m_oSelectionGesture.begin(model(), pEvent->modifiers())) {
+        scheduleRedraw();
+    }
     setMousePickingPos(pEvent->position());
     if (m_iDataCreationType == IntervalBoundaryRemoval) {
         removeBoundary(pEvent->position());
     } else if (m_iDataCreationType == StructuralTopCreation) {
-        pickLines(pEvent->position(), m_bAdding);
+        pickLines(pEvent->position(), m_oSelectionGesture.isAdding());
     } else {
         m_vSelectionPath = {pEvent->position()};
     }
@@ -91,10 +92,10 @@ void QCrossPlot::endGesture()
     }
     if (!m_vSelectionPath.isEmpty()) {
         selectOutline();
-    } else if (!m_viSelectedBefore.empty() && !m_bAdding) {
+    } else if (m_oSelectionGesture.hasCleared()) {
         tellSelection();
     }
-    m_viSelectedBefore.clear();
+    m_oSelectionGesture.end();
 }
 
 void QCrossPlot::leaveEvent(QEvent* pEvent)
@@ -107,21 +108,6 @@ void QCrossPlot::leaveEvent(QEvent* pEvent)
 
 // ---- selection ------------------------------------------------------------------------------------------------------
 
-void QCrossPlot::beginSelection(const QMouseEvent& event)
-{
-    // Ctrl alone adds to what is selected.
-    m_bAdding = event.modifiers() == Qt::ControlModifier;
-    m_viSelectedBefore.clear();
-    if (!model() || model()->numberOfSelectedPoints() == 0) {
-        return;
-    }
-    m_viSelectedBefore = model()->selectedRecords();
-    if (!m_bAdding) {
-        model()->clearSelection();
-        scheduleRedraw();
-    }
-}
-
 void QCrossPlot::selectOutline()
 {
     const QVector<QPointF> voOutline = std::exchange(m_vSelectionPath, {});
@@ -129,33 +115,15 @@ void QCrossPlot::selectOutline()
     if (!model()) {
         return;
     }
-    const std::vector<QPointF>& voPixels = pointPixels();
-    std::vector<unsigned char> vbMask(voPixels.size());
-    const QPointF oOffset = pixmapRect().topLeft();
-    if (distinctCorners(voOutline) < 3) {
-        const int iReach = std::max(m_iPickingPixels, model()->pointPixelSize());
-        const int iRecord = recordAt(voOutline.last() + oOffset, iReach);
-        if (iRecord >= 0) {
-            vbMask[static_cast<std::size_t>(iRecord)] = 1;
-        }
-    } else {
-        const CrossPlotOutline outline = crossPlotOutline(voOutline, oOffset);
-        const PolygonMask mask(outline.m_vdX, outline.m_vdY);
-        std::transform(voPixels.begin(), voPixels.end(), vbMask.begin(), [&mask](const QPointF& oPixel) {
-            return static_cast<unsigned char>(mask.contains(oPixel.x(), oPixel.y()));
-        });
-    }
-    model()->selectPoints(vbMask, m_bAdding);
+    const int iReach = std::max(m_iPickingPixels, model()->pointPixelSize());
+    m_oSelectionGesture.select(model(), pointsInOutline(pointPixels(), voOutline, pixmapRect().topLeft(), iReach));
     tellSelection();
 }
 
 void QCrossPlot::cancelOutline()
 {
     m_vSelectionPath.clear();
-    if (model() && !m_bAdding) {
-        model()->setSelectedRecords(m_viSelectedBefore);
-    }
-    m_viSelectedBefore.clear();
+    m_oSelectionGesture.giveUp(model());
     m_eButton = Qt::NoButton;
     scheduleRedraw();
 }
