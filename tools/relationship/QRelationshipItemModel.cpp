@@ -40,6 +40,8 @@ QRelationshipItemModel::QRelationshipItemModel(QObject* pqParent)
     , m_dXMax(g_dMissingValue)
     , m_dYMin(g_dMissingValue)
     , m_dYMax(g_dMissingValue)
+    , m_poContourGridPoles(std::make_unique<MatrixDataArray>(QStringLiteral("Density"), 0, 0, QMetaType::Double))
+    , m_poContourGridDipDir(std::make_unique<MatrixDataArray>(QStringLiteral("Density"), 0, 0, QMetaType::Double))
     , m_pLines(std::make_shared<Lines>())
 {
     m_pLines->m_oIntervalFilter.setName(QStringLiteral("Interval Filter"));
@@ -59,11 +61,21 @@ void QRelationshipItemModel::setNodes(int iRows, DisplayType eType, MatrixData* 
     m_viTableRows = viTableRows;
 }
 
+/// Results and rotations of poles have no meaning for lines.
+void QRelationshipItemModel::setLines(bool bLines)
+{
+    if (std::exchange(m_bLines, bLines) == bLines)
+        return;
+    m_bOtherRows = true;
+    forgetRotations();
+    clearResults();
+}
+
 void QRelationshipItemModel::takeNewDataSet(int iRows, DisplayType eType, MatrixData* poX, MatrixData* poY,
                                             const std::vector<int>& viTableRows)
 {
     setNodes(iRows, eType, poX, poY, viTableRows);
-    m_bLines = false;
+    setLines(false);
     load();
 }
 
@@ -74,8 +86,7 @@ void QRelationshipItemModel::takeNewDataSet(int iRows, DisplayType eType, Matrix
     setNodes(iRows, eType, poDip, poAzimuth, viTableRows);
     m_oColor.set(poColor);
     m_oSymbol.set(poSymbol);
-    if (std::exchange(m_bLines, bLines) != bLines)
-        changed();
+    setLines(bLines);
     load();
 }
 
@@ -112,6 +123,9 @@ void QRelationshipItemModel::load()
 
     beginResetModel();
     const int iFormerRecords = numberOfPoints();
+    const bool bOtherNodes = eX == RelationshipSource::OtherNode || eY == RelationshipSource::OtherNode;
+    if (bOtherNodes)
+        forgetRotations();
     if (bOtherPoints)
         loadPoints();
     const int iRecords = numberOfPoints();
@@ -128,7 +142,7 @@ void QRelationshipItemModel::load()
         m_vbSelected = QList<bool>(iRecords, false);
         m_iSelectedPoints = 0;
     }
-    if (bResized || eX == RelationshipSource::OtherNode || eY == RelationshipSource::OtherNode)
+    if (bResized || bOtherNodes)
         clearResults();
     changed();
     endResetModel();
@@ -167,6 +181,11 @@ void QRelationshipItemModel::loadPoints()
             m_vdX[i] = m_vdY[i] = g_dEmptyCell;
         else
             ++m_iValidPoints;
+    }
+    if (isRotated()) {
+        m_vdUnturnedX = m_vdX;
+        m_vdUnturnedY = m_vdY;
+        turnPoints();
     }
 }
 
@@ -512,7 +531,10 @@ void QRelationshipItemModel::setMinMaxRanges(double dXMin, double dXMax, double 
 
 void QRelationshipItemModel::setScanline(double dPlunge, double dAzimuth, double dLimitAngle)
 {
-    m_oScanLine = {dPlunge, dAzimuth, dLimitAngle};
+    const ScanLine oScanLine{dPlunge, dAzimuth, dLimitAngle};
+    if (oScanLine == m_oScanLine)
+        return;
+    m_oScanLine = oScanLine;
     m_iBiasRevision = 0;
     changed();
 }

@@ -2,6 +2,7 @@
 
 #include "BiasWeights.h"
 #include "DepthLineField.h"
+#include "KMeansClusters.h"
 #include "MatrixDataArray.h"
 #include "MatrixDataPointer.h"
 #include "OrientationStatistics.h"
@@ -210,30 +211,33 @@ public:
     /// The scan line (or well) along which orientations were sampled: plunge, azimuth and the largest angle between the
     /// line and the pole of a plane that is corrected, in degrees. 99999.0: no scan line.
     void setScanline(double dPlunge, double dAzimuth, double dLimitAngle);
-    ScanLine scanLine() const { return m_oScanLine; }
+    const ScanLine& scanLine() const { return m_oScanLine; }
+    bool hasScanLine() const; ///< with plunge and azimuth
 
     // ---- orientations --------------------------------------------------------------------------------------------
     /// What follows holds for models of orientations: x() = dip or plunge, y() = azimuth, in degrees. bPoles true
     /// takes the poles of planes; false takes the records as lines (of planes: their dip lines). Planes have both kinds
-    /// of results, lines only the second. Undefined results are (99999.0, 99999.0).
+    /// of results, lines only the second. Undefined results are (99999.0, 99999.0). Results are computed when a
+    /// function here says so, and forgotten when other attributes come.
 
     /// The records that count as selected: the selected ones; without any, all of them, or none when
     /// setEmptySelectionTakesAll(false) says so. An empty span means all.
     std::span<const unsigned char> takenMask() const;
     void setEmptySelectionTakesAll(bool bAll);
     bool emptySelectionTakesAll() const { return m_bEmptySelectionTakesAll; }
-    /// Valid points among the records that count as selected.
+    /// Valid points among the records that count as selected. Counted again only after changes.
     int numberOfTakenPoints() const;
 
     /// The orientation matrix (sums of products of direction cosines), the resultant and the number of the records; all
-    /// 0 without any. poData: other orientations, one point (dip or plunge, azimuth) per row; null takes the model's
-    /// own. bSelectionOnly restricts to takenMask(). Weighed when bias correction is on.
+    /// 0 without any. poData: other orientations, a MatrixDataArray of points (dip or plunge, azimuth) with one row per
+    /// record, such as a copy of data(); null takes the model's own. bSelectionOnly restricts to takenMask(). Weighed
+    /// when bias correction is on.
     void initialiseCharacteristicMatrix(double (&aadMatrix)[3][3], double& dSx, double& dSy, double& dSz, int& iCount,
                                         bool bPoles, bool bSelectionOnly, const MatrixData* poData = nullptr) const;
     /// All statistics of the records.
     OrientationStatistics orientationStatistics(bool bPoles, bool bSelectionOnly) const;
     /// Fisher statistics, increasing eigenvalues, Woodcock parameters and classification; α95 in radians, 99999.0 for
-    /// what is undefined.
+    /// what is undefined and for an unbounded κ. The mean resultant length comes twice.
     void calculateFisherStatistics(double& dMeanResultantLength, double& dSphericalVariance, double& dKappa,
                                    double& dE1, double& dE2, double& dE3, double& dMeanResultantLength2, double& dK,
                                    double& dC, double& dLnS1S2, double& dLnS2S3, double& dAlpha95, bool& bUnimodal,
@@ -263,21 +267,26 @@ public:
 
     /// Turns the records about a horizontal axis so that the mean (planes: dip and dip azimuth, which becomes level;
     /// lines: plunge and azimuth, which becomes vertical) comes to the centre of the net. bPrimary: the results are
-    /// computed again for the turned records; false only turns. poData: a copy that is turned instead of the model's
-    /// points; attributes of the tree never change.
+    /// computed again for the turned records; false only turns. poData: a copy of data() that is turned instead of the
+    /// model's points, results stay then; attributes of the tree never change. Nothing for a missing mean.
     void rotateDataToMeanPole(const QPointF& oMeanPole, bool bPrimary, MatrixData* poData);
     /// Turns by an angle in degrees, clockwise as seen along the axis (plunge, azimuth) downwards; of planes the poles.
+    /// A second model follows the first with the axis and angle of its rotations().back(). A missing axis or angle, or
+    /// whole turns, leave the points as they are.
     void rotateDataAboutRotationAxis(MatrixData* poData, const QPointF& oAxis, const double& dAngle, bool bPrimary);
-    /// The model's points are turned. Rotations last until takeNewDataSet() with other attributes.
+    /// The model's points are turned. Rotations last until takeNewDataSet() with other attributes; they stay when
+    /// values are read again. The points are always the attributes' values turned once, by all rotations together.
     bool isRotated() const { return !m_vRotations.empty(); }
     int numberOfRotations() const { return static_cast<int>(m_vRotations.size()); }
+    std::span<const Rotation> rotations() const { return m_vRotations; } ///< in the order in which they came
     /// Takes the last rotation back; the points are exactly what they were. Results are computed again.
     void undoRotation();
     void undoAllRotations();
     /// (dip or plunge, azimuth) of a record after the rotations; (99999.0, 99999.0) for an invalid one.
     QPointF rotatedData(int iRecord) const;
 
-    /// Weighs records against the sampling along the scan line, in statistics, contours and biasCorrection().
+    /// Weighs records against the sampling along the scan line, in statistics and contours. Weights come from the
+    /// orientations as they were measured, also while the points are turned.
     void setBiasCorrectionOn(bool bOn);
     bool biasCorrectionIsOn() const { return m_bBiasCorrection; }
     bool canBeBiasCorrected(int iRecord) const; ///< a valid record and a scan line
@@ -293,14 +302,15 @@ public:
     /// biasWeights() while the correction is on, else empty: for statistics and density.
     std::span<const double> appliedWeights() const;
 
-    /// The density of poles and of lines as the canvas counted it last: nodes of the square around the net. Owned by
-    /// the model.
+    /// The density of poles and of lines as the canvas counted it last: nodes of the square around the net, no rows
+    /// before. Owned by the model, never null.
     MatrixDataArray* contourGridPoles() const { return m_poContourGridPoles.get(); }
     MatrixDataArray* contourGridDipDir() const { return m_poContourGridDipDir.get(); }
 
-    /// k-means of the records as axes: the products of their direction cosines are clustered, in which the distance of
-    /// two axes is the sine of the angle between them, so that a set on both sides of the rim stays one set. Centroids
-    /// have two columns, dip or plunge and azimuth. Otherwise as buildClusters_KML().
+    /// k-means of the records as axes (poles of planes, or lines), in which the distance of two axes is the sine of the
+    /// angle between them, so that a set on both sides of the rim stays one set. Centroids are the principal axes of
+    /// the clusters in two columns, dip or plunge and azimuth; the largest cluster is number 0. With partSelection()
+    /// the records of takenMask(). Otherwise as buildClusters_KML().
     bool buildClusters_KML_ForStereoProjection(const QString& sAttributeName, int k);
 
     // ---- regression ----------------------------------------------------------------------------------------------
@@ -408,6 +418,8 @@ private:
         QPointF m_oT{99999.0, 99999.0};
         QPointF m_oL{99999.0, 99999.0};
         QPointF m_oSuggestedSection{99999.0, 99999.0};
+
+        bool operator==(const OrientationResults&) const = default;
     };
 
     /// What k-means found under a name.
@@ -422,6 +434,7 @@ private:
     void changed() { ++m_iRevision; }
     void columnChanged(int iColumn);
     bool contains(int iRecord) const { return iRecord >= 0 && iRecord < numberOfPoints(); }
+    void setLines(bool bLines);
     void setNodes(int iRows, DisplayType eType, MatrixData* poX, MatrixData* poY, const std::vector<int>& viTableRows);
     void load();
     void clearResults();
@@ -439,6 +452,16 @@ private:
     void averageValues(std::span<const int> viBins, int iBins);
     void averageOrientations(std::span<const int> viBins, int iBins);
     QVariant cellText(int iRecord, int iColumn) const;
+    void storeClusters(const QString& sAttributeName, KMeansClusters found);
+    /// takenMask() or, for false, an empty span.
+    std::span<const unsigned char> orientationMask(bool bSelectionOnly) const;
+    OrientationSums orientationSums(bool bPoles, bool bSelectionOnly, const MatrixData* poData) const;
+    OrientationResults resultsOf(bool bPoles) const;
+    void addRotation(const Rotation& oRotation, bool bPrimary, MatrixData* poData);
+    void turnPoints();
+    void rotationsChanged();
+    void forgetRotations();
+    double sampledWeight(std::size_t iRecord) const;
 
     MatrixDataPointer m_poDataRoot;
     RelationshipSource m_oX;
@@ -459,6 +482,8 @@ private:
     int m_iRequestedRows = -1;
     bool m_bOtherRows = false; ///< table rows or number of records changed since the points were read
     int m_iValidPoints = 0;
+    std::vector<double> m_vdUnturnedX; ///< as read from the attributes, while there are rotations
+    std::vector<double> m_vdUnturnedY;
     mutable std::unique_ptr<MatrixDataArray> m_poData;
     quint64 m_iRevision = 0;
     quint64 m_iPointsRevision = 0;
@@ -481,6 +506,8 @@ private:
     double m_dYMax;
 
     bool m_bEmptySelectionTakesAll = true;
+    mutable int m_iTakenPoints = 0;
+    mutable quint64 m_iTakenRevision = ~quint64{0}; ///< when they were counted
     ScanLine m_oScanLine;
     bool m_bBiasCorrection = false;
     mutable std::vector<double> m_vdBiasWeights;

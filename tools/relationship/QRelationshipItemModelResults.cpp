@@ -243,6 +243,12 @@ bool QRelationshipItemModel::buildClusters_KML(const QString& sAttributeName, in
     if (found.m_iK == 0)
         return false;
 
+    storeClusters(sAttributeName, std::move(found));
+    return true;
+}
+
+void QRelationshipItemModel::storeClusters(const QString& sAttributeName, KMeansClusters found)
+{
     MatrixDataArray* poCentroids = findClusterCentroids(sAttributeName);
     poCentroids->reserve(found.m_iK, found.m_iDimension);
     std::copy(found.m_vdCentroids.begin(), found.m_vdCentroids.end(), poCentroids->cells().begin());
@@ -252,7 +258,6 @@ bool QRelationshipItemModel::buildClusters_KML(const QString& sAttributeName, in
     clusters.m_viSizes = std::move(found.m_viSizes);
     clusters.m_dDistortion = found.m_dDistortion;
     setClusterAttributeName(sAttributeName);
-    return true;
 }
 
 MatrixDataArray* QRelationshipItemModel::findClusterCentroids(const QString& sAttributeName)
@@ -316,6 +321,8 @@ void QRelationshipItemModel::clearResults()
     m_voDecimationAngles.clear();
     m_viDecimationBins.clear();
     m_vdDecimationBoundaries.clear();
+    m_oPoleResults = {};
+    m_oLineResults = {};
 }
 
 } // namespace gkBase

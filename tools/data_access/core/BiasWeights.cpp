@@ -18,7 +18,32 @@ double smallestCosine(double dLimitAngle)
     return std::cos(radians(std::clamp(dLimit, 0.0, g_dLargestLimit)));
 }
 
+/// The formula with what it needs of the scan line.
+struct Weigher
+{
+    explicit Weigher(const ScanLine& oScanLine)
+    {
+        if (!isMissing(oScanLine.m_dPlunge) && !isMissing(oScanLine.m_dAzimuth)) {
+            m_oLine = lineVector(oScanLine.m_dPlunge, oScanLine.m_dAzimuth);
+            m_dSmallest = smallestCosine(oScanLine.m_dLimitAngle);
+        }
+    }
+
+    double weight(OrientationType eType, double dAngle, double dAzimuth) const
+    {
+        return 1.0 / std::max(std::abs(orientationVector(eType, dAngle, dAzimuth).dot(m_oLine)), m_dSmallest);
+    }
+
+    gdfVertex m_oLine;
+    double m_dSmallest = 1.0;
+};
+
 } // namespace
+
+double biasWeight(OrientationType eType, double dAngle, double dAzimuth, const ScanLine& oScanLine)
+{
+    return isMissing(dAngle) || isMissing(dAzimuth) ? g_dEmptyCell : Weigher(oScanLine).weight(eType, dAngle, dAzimuth);
+}
 
 std::vector<double> biasWeights(OrientationType eType, std::span<const double> vdAngles,
                                 std::span<const double> vdAzimuths, const ScanLine& oScanLine,
@@ -26,9 +51,7 @@ std::vector<double> biasWeights(OrientationType eType, std::span<const double> v
 {
     const std::size_t iRecords = std::min(vdAngles.size(), vdAzimuths.size());
     std::vector<double> vdWeights(iRecords, g_dEmptyCell);
-    const bool bKnownLine = !isMissing(oScanLine.m_dPlunge) && !isMissing(oScanLine.m_dAzimuth);
-    const gdfVertex oLine = bKnownLine ? lineVector(oScanLine.m_dPlunge, oScanLine.m_dAzimuth) : gdfVertex();
-    const double dSmallest = bKnownLine ? smallestCosine(oScanLine.m_dLimitAngle) : 1.0;
+    const Weigher oWeigher(oScanLine);
     double dSum = 0.0;
     std::size_t iCount = 0;
     clearVectorRegisters();
@@ -36,8 +59,7 @@ std::vector<double> biasWeights(OrientationType eType, std::span<const double> v
         if (!isTaken(vbMask, i) || isMissing(vdAngles[i]) || isMissing(vdAzimuths[i])) {
             continue;
         }
-        const double dCosine = std::abs(orientationVector(eType, vdAngles[i], vdAzimuths[i]).dot(oLine));
-        vdWeights[i] = 1.0 / std::max(dCosine, dSmallest);
+        vdWeights[i] = oWeigher.weight(eType, vdAngles[i], vdAzimuths[i]);
         dSum += vdWeights[i];
         ++iCount;
     }

@@ -18,12 +18,17 @@ struct ScanLine
     double m_dAzimuth = g_dMissingValue;
     /// Largest angle between pole and line, 0 … 89.9 degrees, that is corrected: it bounds the weights.
     double m_dLimitAngle = 80.0;
+
+    bool operator==(const ScanLine&) const = default;
 };
 
-/// Weights that make up for the planes a scan line misses because they run along it: 1 / max(|cos δ|, cos δmax) with δ
-/// between pole and line (Terzaghi 1965), scaled to add up to the number of records weighted. One per record; NaN for
-/// records outside the mask or with a missing angle. Lines are taken as poles. With a missing line all weigh 1, with a
-/// missing limit angle that of 80 degrees holds.
+/// The weight, not scaled yet, that makes up for the planes a scan line misses because they run along it:
+/// 1 / max(|cos δ|, cos δmax) with δ between pole and line (Terzaghi 1965). Lines are taken as poles. 1 for a missing
+/// line; with a missing limit angle that of 80 degrees holds. NaN for a missing angle.
+GKBASECORE_EXPORT double biasWeight(OrientationType eType, double dAngle, double dAzimuth, const ScanLine& oScanLine);
+
+/// biasWeight() of every record, scaled to add up to the number of records weighted. NaN for records outside the mask
+/// or with a missing angle.
 GKBASECORE_EXPORT std::vector<double> biasWeights(OrientationType eType, std::span<const double> vdAngles,
                                                   std::span<const double> vdAzimuths, const ScanLine& oScanLine,
                                                   std::span<const unsigned char> vbMask = {});

@@ -13,7 +13,7 @@ namespace gkBase {
 
 namespace {
 
-constexpr int g_iTreeDimension = 3;
+constexpr int g_iSmallestTreeDimension = 3;
 
 using Columns = std::vector<std::span<const double>>;
 
@@ -67,14 +67,14 @@ const KMterm& kMeansTerm()
 KMeansClusters kMeansClusters(const Columns& vColumns, int k, std::span<const unsigned char> vbMask)
 {
     const int iDimension = static_cast<int>(vColumns.size());
-    if (k < 1 || iDimension < 2 || iDimension > g_iTreeDimension) {
+    if (k < 1 || iDimension < 2) {
         return {};
     }
     const std::vector<int> viRecords = clusteredRecords(vColumns, vbMask);
     if (viRecords.empty()) {
         return {};
     }
-    KMdata oData(g_iTreeDimension, static_cast<int>(viRecords.size()));
+    KMdata oData(std::max(iDimension, g_iSmallestTreeDimension), static_cast<int>(viRecords.size()));
     for (int i = 0; i < oData.pointCount(); ++i) {
         const auto iRecord = static_cast<std::size_t>(viRecords[static_cast<std::size_t>(i)]);
         for (std::size_t d = 0; d < vColumns.size(); ++d) {

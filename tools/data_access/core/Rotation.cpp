@@ -3,8 +3,30 @@
 #include "VectorRegisters.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace gkBase {
+
+namespace {
+
+/// A rotation by its axis times the sine, and by the cosine, of half the angle (Hamilton 1844).
+struct Quaternion
+{
+    gdfVertex m_oAxis;
+    double m_dCosine;
+};
+
+Quaternion unitQuaternion(const Rotation& oRotation)
+{
+    const LineOrientation& oAxis = oRotation.axis();
+    if (isMissing(oAxis.m_dPlunge) || isMissing(oAxis.m_dAzimuth) || isMissing(oRotation.angle())) {
+        return {{}, 1.0};
+    }
+    const auto [dSine, dCosine] = sineCosine(0.5 * oRotation.angle());
+    return {lineVector(oAxis.m_dPlunge, oAxis.m_dAzimuth) * dSine, dCosine};
+}
+
+} // namespace
 
 Rotation::Rotation(const LineOrientation& oAxis, double dAngle)
     : m_oAxis(oAxis)
@@ -25,6 +47,20 @@ Rotation::Rotation(const LineOrientation& oAxis, double dAngle)
     m_aoRows[0].set(dCosine + dVersine * dX * dX, dVersine * dX * dY - dSine * dZ, dVersine * dX * dZ + dSine * dY);
     m_aoRows[1].set(dVersine * dY * dX + dSine * dZ, dCosine + dVersine * dY * dY, dVersine * dY * dZ - dSine * dX);
     m_aoRows[2].set(dVersine * dZ * dX - dSine * dY, dVersine * dZ * dY + dSine * dX, dCosine + dVersine * dZ * dZ);
+}
+
+Rotation Rotation::then(const Rotation& oNext) const
+{
+    const auto [oAxis, dCosine] = unitQuaternion(*this);
+    const auto [oNextAxis, dNextCosine] = unitQuaternion(oNext);
+    const gdfVertex oProduct = oAxis * dNextCosine + oNextAxis * dCosine + (oNextAxis ^ oAxis);
+    const double dSine = oProduct.length();
+    if (!(dSine > 0.0)) {
+        return {{90.0, 0.0}, 0.0};
+    }
+    const LineOrientation oLine = lineOf(oProduct);
+    const double dAngle = 2.0 * degrees(std::atan2(dSine, dNextCosine * dCosine - oNextAxis.dot(oAxis)));
+    return {oLine, oProduct.dot(lineVector(oLine.m_dPlunge, oLine.m_dAzimuth)) < 0.0 ? -dAngle : dAngle};
 }
 
 gdfVertex Rotation::apply(const gdfVertex& oVector) const

@@ -21,6 +21,9 @@ public:
     /// The rotation back.
     Rotation inverse() const { return {m_oAxis, -m_dAngle}; }
 
+    /// The one rotation that does the same as this one followed by another.
+    Rotation then(const Rotation& oNext) const;
+
     gdfVertex apply(const gdfVertex& oVector) const;
     /// The rotated line by its lower end.
     LineOrientation apply(const LineOrientation& oLine) const;
