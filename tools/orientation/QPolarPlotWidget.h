@@ -4,11 +4,16 @@
 #include "QChartDrawingArea.h"
 #include "gkBaseToolsExport.h"
 
+#include <QFont>
 #include <QPainterPath>
 #include <QPointF>
+#include <QRectF>
 #include <QRegion>
 #include <QString>
 
+#include <vector>
+
+class QFontMetricsF;
 class QPainter;
 
 namespace gkBase {
@@ -17,8 +22,12 @@ namespace gkBase {
 /// title and a box that counts the points. Directions are azimuths in degrees, clockwise from north, which is up.
 ///
 /// Subclasses override layoutChart() and call this one first, and drawChart(), in which they draw the data and then
-/// call drawFrame(). Title, box and north arrow stick to the visible part (drawVisibleFrame()), and are part of
-/// exported pictures. As every canvas it keeps nothing between two drawings: pans do not add up.
+/// call drawFrame() (drawChart() here does no more than that and the grid). Title, box and north arrow stick to the
+/// visible part (drawVisibleFrame()), and are part of exported pictures. As every canvas it keeps nothing between two
+/// drawings: pans do not add up.
+///
+/// Labels never overlap and never reach into the circle: where there is no room for one every 10 degrees there is one
+/// every 30 or 90, and where the margin is too narrow for the font they are written smaller.
 class GKBASETOOLS_EXPORT QPolarPlotWidget : public QChartDrawingArea
 {
     Q_OBJECT
@@ -49,12 +58,14 @@ public:
     /// The point at a distance from the centre in a direction.
     QPointF pointAt(double dDirection, double dDistance) const;
 
-    void redraw() override;
     void layoutChart() override;
+    void drawChart(QPainter& painter) override;
     void drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea) override;
 
 protected:
+    /// Fits the circle, and the plot rectangle around it, to the chart.
     void setCenterAndRadius();
+    using QChartDrawingArea::drawCircle;
     void drawCircle(QPainter* pPainter, const int& r);
     void drawCircle(QPainter* pPainter, const int& r, const QPoint& c);
     /// From the centre to the distance radius + iExtra.
@@ -66,32 +77,80 @@ protected:
     void drawSector(const QPointF& a, const QPointF& b, const QPointF& c, QPainter* pPainter, const bool& bAsChord);
     /// Turns the painter's co-ordinates by degrees, clockwise, about the centre; restores nothing.
     void rotation(QPainter* pPainter, const double& dAngle);
+    /// What sticks to the view, with (0, 0) at the top left of the visible part.
     void drawNorth(QPainter* pPainter);
     void drawTitle(QPainter* pPainter);
     void drawTopRightInfo(QPainter* pPainter);
+    /// 7 pixels outwards from the circle; nothing without annotation.
     void drawAnnotationTick(QPainter* pPainter, double dDirection);
+    /// The number of degrees or, with compass words, the word of a quarter; nothing elsewhere or without annotation.
     void drawAnnotationLabel(QPainter* pPainter, double dDirection);
+    /// The number of degrees, iGap + 2 pixels outside the circle; the sides follow from the direction.
     void drawAngleAnnotationLabel(QPainter* pPainter, double dDirection, int iGap);
-    void drawAngleAnnotationLabelBetween_0to90(QPainter* pPainter, double dDirection, int iGap);
-    void drawAngleAnnotationLabelBetween_90to180(QPainter* pPainter, double dDirection, int iGap);
-    void drawAngleAnnotationLabelBetween_180to270(QPainter* pPainter, double dDirection, int iGap);
-    void drawAngleAnnotationLabelBetween_270to360(QPainter* pPainter, double dDirection, int iGap);
+    /// As above, for the directions of one quadrant.
+    void drawAngleAnnotationLabelBetween_0to90(QPainter* pPainter, double dDirection, int iGap)
+    {
+        drawAngleAnnotationLabel(pPainter, dDirection, iGap);
+    }
+    void drawAngleAnnotationLabelBetween_90to180(QPainter* pPainter, double dDirection, int iGap)
+    {
+        drawAngleAnnotationLabel(pPainter, dDirection, iGap);
+    }
+    void drawAngleAnnotationLabelBetween_180to270(QPainter* pPainter, double dDirection, int iGap)
+    {
+        drawAngleAnnotationLabel(pPainter, dDirection, iGap);
+    }
+    void drawAngleAnnotationLabelBetween_270to360(QPainter* pPainter, double dDirection, int iGap)
+    {
+        drawAngleAnnotationLabel(pPainter, dDirection, iGap);
+    }
     /// Labels, ticks and the circle, in the label colour. The parts that stick to the view are not among them.
     void drawFrame(QPainter* pPainter, int iPenWidth);
     /// The disc of the circle, to clip data: as a region in whole pixels, and as a path that is smooth everywhere.
-    QRegion clipRegion() const { return m_oClipRegion; }
+    QRegion clipRegion() const;
     QPainterPath clipPath() const;
+
+    /// Where the title and the box stand in the visible part; empty for none. Their text may be cut to it.
+    QRectF titleBox(const QPainter& painter) const;
+    QRectF topRightInfoBox(const QPainter& painter) const;
 
     QString m_sTopRightInfo;
 
 private:
+    struct RimLabel
+    {
+        QString m_sText;
+        double m_dDirection;
+        int m_iGap; ///< pixels between circle and label, less 2
+    };
+
+    /// The whole chart is seen: what sticks to the view stands still beside the labels.
+    bool isWholeChart() const;
+    bool hasAnnotation() const { return m_bLabelAsAngle || m_bLabelAsDirection; }
+    /// The free pixels beside and above the circle.
+    QSizeF margin() const;
+    RimLabel angleLabel(double dDirection, int iGap) const;
+    /// The word of a quarter, or its initial where the margin is too narrow for words; empty elsewhere.
+    RimLabel compassLabel(const QPainter& painter, double dDirection) const;
+    /// The painter's font or, where the labels do not fit into the margin, a smaller one.
+    QFont rimFont(const QPainter& painter) const;
+    /// Of the label above the circle, with the painter's font yet to be fitted.
+    QRectF northLabelBox(const QPainter& painter) const;
+    /// The box of the letters alone, in chart pixels.
+    QRectF labelBox(const QFontMetricsF& metrics, const RimLabel& label) const;
+    void drawRimLabel(QPainter& painter, const RimLabel& label) const;
+    /// All that fit into the chart and are not covered by what sticks to the view.
+    void drawRimLabels(QPainter& painter);
+    std::vector<RimLabel> angleLabels(const QPainter& painter) const;
+    std::vector<RimLabel> compassLabels(const QPainter& painter) const;
+    QRectF northBox(const QPainter& painter) const;
+
     bool m_bLabelAsAngle = true;
     bool m_bLabelAsDirection = false;
     bool m_bEqualAreaScaling = true;
     int m_iRadius = 0;
     int m_iCentreX = 0;
     int m_iCentreY = 0;
-    QRegion m_oClipRegion;
     bool m_bShowPointsCount = false;
     bool m_bShowCircleFrame = true;
     bool m_bTransparentBackground = false;
