@@ -2,6 +2,7 @@
 
 #include "QDecoratedToolBox.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -31,6 +32,14 @@ QComboBox* newChooser(const QString& sName, const QString& sToolTip, const QStri
     pqBox->setToolTip(sToolTip);
     pqBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     pqBox->setMinimumContentsLength(12);
+    return pqBox;
+}
+
+QCheckBox* newCheckBox(const QString& sText, const QString& sToolTip, const char* pObjectName)
+{
+    auto* pqBox = new QCheckBox(sText);
+    pqBox->setToolTip(sToolTip);
+    pqBox->setObjectName(QLatin1String(pObjectName));
     return pqBox;
 }
 

@@ -3,6 +3,7 @@
 #include <QList>
 #include <QString>
 
+class QCheckBox;
 class QComboBox;
 class QDecoratedToolBox;
 class QLabel;
@@ -18,6 +19,9 @@ constexpr int g_iChartSideBarWidth = 270;
 QLabel* newValueLabel(const QString& sName);
 /// A combo box that does not widen its column; the name is for assistive tools.
 QComboBox* newChooser(const QString& sName, const QString& sToolTip, const QString& sObjectName);
+
+/// A check box; pObjectName is for style sheets and scripts.
+QCheckBox* newCheckBox(const QString& sText, const QString& sToolTip, const char* pObjectName);
 
 /// Height of the tallest page of a tool box.
 int tallestPage(const QDecoratedToolBox& toolBox);
