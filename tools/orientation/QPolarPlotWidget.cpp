@@ -25,6 +25,8 @@ constexpr double g_dLabelDistance = 3.0;
 /// Below this size labels cannot be read.
 constexpr double g_dSmallestPointSize = 5.25;
 constexpr int g_iSmallestPixelSize = 7;
+/// Words shrink to this much before their initials take their place.
+constexpr double g_dReadableShare = 0.7;
 
 constexpr double g_dCircleWidth = 2.0;
 constexpr double g_dArrowLength = 10.0;
@@ -227,7 +229,7 @@ QPolarPlotWidget::RimLabel QPolarPlotWidget::compassLabel(const QPainter& painte
         return {QString(), dDirection, g_iCompassGap};
     const QFontMetricsF metrics(painter.font(), painter.device());
     const double dWidest = std::max(metrics.horizontalAdvance(asWords[1]), metrics.horizontalAdvance(asWords[3]));
-    const bool bFits = dWidest + g_iCompassGap + 2.0 <= margin().width();
+    const bool bFits = g_dReadableShare * dWidest + g_iCompassGap + 2.0 <= margin().width();
     const QString& sWord = asWords[static_cast<std::size_t>(dDirection / 90.0) % 4];
     return {bFits ? sWord : sWord.left(1), dDirection, g_iCompassGap};
 }
@@ -352,7 +354,7 @@ void QPolarPlotWidget::drawVisibleFrame(QPainter& painter, const QRect&)
     painter.setPen(QPen(m_oLabelColor, 1.0));
     drawTitle(&painter);
     if (m_bShowPointsCount) {
-        m_sTopRightInfo = tr("points = %1").arg(model() ? model()->numberOfSelectedPoints() : 0);
+        m_sTopRightInfo = tr("points = %1").arg(model() ? model()->numberOfTakenPoints() : 0);
         drawTopRightInfo(&painter);
     }
     drawNorth(&painter);
@@ -419,7 +421,7 @@ void QPolarPlotWidget::drawTopRightInfo(QPainter* pPainter)
 QRectF QPolarPlotWidget::northBox(const QPainter& painter) const
 {
     const QPointF oBase(pixmapRect().width() - 21.0, pixmapRect().height() - 31.0);
-    const double dLetter = capHeight(QFontMetricsF(painter.font(), painter.device()));
+    const double dLetter = capHeight(QFontMetricsF(rimFont(painter), painter.device()));
     return {oBase - QPointF(8.0, 19.0 + dLetter), oBase + QPointF(8.0, 9.0)};
 }
 
@@ -434,9 +436,12 @@ void QPolarPlotWidget::drawNorth(QPainter* pPainter)
     pPainter->drawPolygon(QPolygonF({oTip, oBase + QPointF(-7.0, 8.0), oBase}));
     pPainter->setBrush(m_oBackgroundColor);
     pPainter->drawPolygon(QPolygonF({oTip, oBase + QPointF(7.0, 8.0), oBase}));
+    pPainter->save();
+    pPainter->setFont(rimFont(*pPainter));
     const QString sNorth = tr("N", "north");
     const double dWidth = QFontMetricsF(pPainter->font(), pPainter->device()).horizontalAdvance(sNorth);
     pPainter->drawText(oBase - QPointF(0.5 * dWidth, 18.0), sNorth);
+    pPainter->restore();
 }
 
 } // namespace gkBase
