@@ -209,6 +209,94 @@ void clusters(benchmark::State& state)
 }
 BENCHMARK(clusters)->Unit(benchmark::kMillisecond);
 
+/// Planes of five sets, one of them on both sides of the rim.
+class Planes
+{
+public:
+    Planes()
+        : m_poRoot(std::make_unique<MatrixData>(QStringLiteral("root")))
+    {
+        constexpr double aadSets[5][2] = {{15.0, 40.0}, {45.0, 120.0}, {70.0, 200.0}, {88.0, 300.0}, {60.0, 350.0}};
+        std::mt19937 generator(12);
+        std::normal_distribution<double> spread(0.0, 9.0);
+        std::vector<double> vdDips(g_iRecords);
+        std::vector<double> vdAzimuths(g_iRecords);
+        for (std::size_t i = 0; i < vdDips.size(); ++i) {
+            vdDips[i] = std::abs(aadSets[i % 5][0] + spread(generator));
+            vdAzimuths[i] = std::fmod(aadSets[i % 5][1] + spread(generator) + 360.0, 360.0);
+        }
+        m_poDip = add(QStringLiteral("Dip"), std::move(vdDips));
+        m_poAzimuth = add(QStringLiteral("Azimuth"), std::move(vdAzimuths));
+    }
+
+    void show(QRelationshipItemModel& model) const
+    {
+        model.takeNewDataSet(-1, QRelationshipItemModel::OrientationDisplay, m_poDip, m_poAzimuth, nullptr, nullptr,
+                             false, {});
+    }
+
+private:
+    MatrixData* add(const QString& sName, std::vector<double> vdValues)
+    {
+        auto* poAttribute = new MatrixData(sName, 0, 1, QMetaType::Double);
+        poAttribute->setColumn(0, MatrixColumn::fromDoubles(std::move(vdValues)));
+        m_poRoot->appendChild(poAttribute, true);
+        return poAttribute;
+    }
+
+    std::unique_ptr<MatrixData> m_poRoot;
+    MatrixData* m_poDip;
+    MatrixData* m_poAzimuth;
+};
+
+const Planes& planes()
+{
+    static const Planes thePlanes;
+    return thePlanes;
+}
+
+/// Fisher statistics, eigenvalues and eigenvectors of the selection, weighed or not.
+void orientationStatistics(benchmark::State& state)
+{
+    QRelationshipItemModel model;
+    planes().show(model);
+    model.setScanline(90.0, 0.0, 80.0);
+    model.setBiasCorrectionOn(state.range(0) != 0);
+    double dKappa = 0.0;
+    for (auto _ : state)
+        dKappa = model.orientationStatistics(true, true).m_oFisher.m_dKappa;
+    if (!(dKappa > 1.0 && dKappa < 10.0))
+        state.SkipWithError("wrong statistics");
+}
+BENCHMARK(orientationStatistics)->ArgName("weights")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+/// The tenth rotation and its undo.
+void rotateAndUndo(benchmark::State& state)
+{
+    QRelationshipItemModel model;
+    planes().show(model);
+    for (int i = 0; i < 9; ++i)
+        model.rotateDataAboutRotationAxis(nullptr, {10.0 * i, 30.0}, 20.0, false);
+    for (auto _ : state) {
+        model.rotateDataAboutRotationAxis(nullptr, {20.0, 110.0}, 35.0, false);
+        model.undoRotation();
+    }
+    if (model.numberOfRotations() != 9)
+        state.SkipWithError("rotations lost");
+}
+BENCHMARK(rotateAndUndo)->Unit(benchmark::kMillisecond);
+
+void clustersOfAxes(benchmark::State& state)
+{
+    QRelationshipItemModel model;
+    planes().show(model);
+    for (auto _ : state)
+        model.buildClusters_KML_ForStereoProjection(QStringLiteral("Sets"), static_cast<int>(state.range(0)));
+    if (model.clusterSizes().size() != static_cast<std::size_t>(state.range(0)))
+        state.SkipWithError("wrong number of clusters");
+}
+BENCHMARK(clustersOfAxes)->Arg(2)->Arg(5)->Arg(10)->Unit(benchmark::kMillisecond);
+
 void regressionLine(benchmark::State& state)
 {
     QRelationshipItemModel model;

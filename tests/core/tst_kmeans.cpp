@@ -1,10 +1,14 @@
+#include "AxialClusters.h"
 #include "KMdata.h"
 #include "KMeansClusters.h"
 #include "KMfilterCenters.h"
 #include "KMlocalLloyds.h"
 #include "KMterm.h"
 #include "MissingValue.h"
+#include "OrientationMatrix.h"
+#include "PrincipalAxes.h"
 #include "ReferenceData.h"
+#include "Rotation.h"
 
 #include <QTest>
 
@@ -102,6 +106,7 @@ private slots:
     void pointsThatAreNoNumbers();
     void clustersOfColumns_data();
     void clustersOfColumns();
+    void clustersOfAxes();
     void degenerateInput();
 };
 
@@ -347,6 +352,56 @@ void tst_KMeans::clustersOfColumns()
     QCOMPARE(gkBase::kMeansClusters(vColumns, 0).m_iK, 0);
     QVERIFY(gkBase::kMeansClusters(vColumns, 2, std::vector<unsigned char>(iRecords, 0)).m_viClusterOfPoint.empty());
     QCOMPARE(gkBase::kMeansClusters({vColumns[0]}, 2).m_iK, 0);
+}
+
+/// The known sets are found, whichever end of an axis is written down and however the frame lies: also when a set
+/// comes to lie on both sides of the rim.
+void tst_KMeans::clustersOfAxes()
+{
+    GK_REQUIRE_REFERENCE();
+    using namespace gkBase;
+    auto columns = gkTest::referenceColumns("clusters_a");
+    const std::vector<double> vdDips = columns["dip"];
+    const std::vector<double> vdAzimuths = columns["dip_azimuth"];
+    const std::vector<double> vdTrue = columns["true_cluster"];
+    const KMeansClusters oFound = axialClusters(OrientationType::Planes, vdDips, vdAzimuths, 3);
+    QVERIFY(std::is_sorted(oFound.m_viSizes.rbegin(), oFound.m_viSizes.rend()));
+    size_t iAgreeing = 0;
+    for (int iCluster = 0; iCluster < 3; ++iCluster) {
+        std::array<size_t, 3> aiMembers{};
+        for (size_t i = 0; i < vdTrue.size(); ++i) {
+            aiMembers[size_t(vdTrue[i]) - 1] += oFound.m_viClusterOfPoint[i] == iCluster;
+        }
+        iAgreeing += *std::max_element(aiMembers.begin(), aiMembers.end());
+    }
+    QVERIFY(iAgreeing >= vdTrue.size() - 1);
+
+    std::vector<double> vdTurnedDips(vdDips.size());
+    std::vector<double> vdTurnedAzimuths(vdDips.size());
+    for (const Rotation& oRotation : {Rotation({0.0, 130.0}, 65.0), Rotation({40.0, 222.0}, -100.0)}) {
+        rotateOrientations(OrientationType::Planes, oRotation, vdDips, vdAzimuths, vdTurnedDips, vdTurnedAzimuths);
+        for (size_t i = 0; i < vdDips.size(); i += 2) { // overturned: the other end of the pole
+            vdTurnedDips[i] = 180.0 - vdTurnedDips[i];
+            vdTurnedAzimuths[i] += 180.0;
+        }
+        const KMeansClusters oTurned = axialClusters(OrientationType::Planes, vdTurnedDips, vdTurnedAzimuths, 3);
+        QCOMPARE(oTurned.m_viClusterOfPoint, oFound.m_viClusterOfPoint);
+        GK_COMPARE_CLOSE(oTurned.m_dDistortion, oFound.m_dDistortion, 1e-9);
+        for (int iCluster = 0; iCluster < 3; ++iCluster) {
+            const PlaneOrientation oExpected =
+                oRotation.apply(PlaneOrientation{oFound.centroid(iCluster, 0), oFound.centroid(iCluster, 1)});
+            QVERIFY(angleBetweenAxes(poleVector(oExpected.m_dDip, oExpected.m_dDipAzimuth),
+                                     poleVector(oTurned.centroid(iCluster, 0), oTurned.centroid(iCluster, 1))) < 1e-6);
+        }
+    }
+
+    // One cluster: the squared sines to the mean matrix follow from the eigenvalues alone.
+    const auto adValues = principalAxes(orientationSums(OrientationType::Lines, vdDips, vdAzimuths)).m_adValues;
+    const double dRecords = double(vdDips.size());
+    GK_COMPARE_CLOSE(
+        axialClusters(OrientationType::Lines, vdDips, vdAzimuths, 1).m_dDistortion,
+        0.5 * (dRecords - std::inner_product(adValues.begin(), adValues.end(), adValues.begin(), 0.0) / dRecords),
+        1e-10);
 }
 
 void tst_KMeans::degenerateInput()
