@@ -2,6 +2,7 @@
 
 #include "PointStyle.h"
 #include "WoodcockParameters.h"
+#include "gkBaseToolsExport.h"
 
 #include <QColor>
 #include <QString>
@@ -20,5 +21,20 @@ struct ClusterShape
     QColor m_oColor;
     int m_iSymbol = PointStyle::Circle;
 };
+
+/// False without records and where a ratio is unbounded because an eigenvalue is 0, for which the parameters say 0.
+GKBASETOOLS_EXPORT bool shapeIsDefined(const ClusterShape& shape);
+
+/// The parameters as they are shown, "---" for what is undefined.
+struct ShapeTexts
+{
+    QString m_sLnS1S2;
+    QString m_sLnS2S3;
+    QString m_sK;
+    QString m_sC;
+    QString m_sReason; ///< why some of them are undefined; empty when all are defined
+};
+
+GKBASETOOLS_EXPORT ShapeTexts shapeTexts(const ClusterShape& shape, int iDecimals);
 
 } // namespace gkBase

@@ -151,7 +151,7 @@ void StereoStatisticsPage::addHeading(const QString& sText, bool bTitle)
     oFont.setBold(true);
     pqItem->setFont(oFont);
     if (bTitle)
-        pqItem->setBackground(palette().brush(QPalette::AlternateBase));
+        pqItem->setBackground(palette().brush(QPalette::Button));
     m_pqTable->setItem(iRow, LabelColumn, pqItem);
     m_pqTable->setSpan(iRow, LabelColumn, 1, Columns);
 }
@@ -167,7 +167,9 @@ void StereoStatisticsPage::addRow(const OrientationStatisticsRow& row)
         m_pqTable->setSpan(iRow, LabelColumn, 1, Columns);
         return;
     }
-    m_pqTable->setItem(iRow, LabelColumn, newItem(row.m_sLabel, row.m_sToolTip, StatisticRow));
+    QTableWidgetItem* pqLabel = newItem(row.m_sLabel, row.m_sToolTip, StatisticRow);
+    pqLabel->setTextAlignment(Qt::AlignLeft | Qt::AlignTop);
+    m_pqTable->setItem(iRow, LabelColumn, pqLabel);
     QTableWidgetItem* pqValue = newItem(row.m_sValue, row.m_sToolTip, StatisticRow);
     pqValue->setTextAlignment(Qt::AlignRight | Qt::AlignTop);
     m_pqTable->setItem(iRow, ValueColumn, pqValue);

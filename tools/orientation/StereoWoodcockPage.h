@@ -10,6 +10,7 @@
 #include <vector>
 
 class QLabel;
+class QPushButton;
 class QTableWidget;
 
 namespace gkBase {
@@ -50,6 +51,7 @@ private:
     QWoodcockHelpWidget* m_pqDiagram;
     QTableWidget* m_pqTable;
     QLabel* m_pqReasonLabel;
+    QPushButton* m_pqCopyBtn;
     std::vector<ClusterShape> m_vShapes;
 };
 
