@@ -127,6 +127,45 @@ private slots:
         QVERIFY2(std::min(dMean, 360.0 - dMean) < 1e-9, qPrintable(QString::number(dMean)));
     }
 
+    void rotatedOrientationsAndWeightsKeepTheirRecords()
+    {
+        showOrientations();
+        const std::unique_ptr<MatrixData> poBefore(m_poRoot->clone());
+        QVERIFY(!addRotatedAttributes(*m_poRoot, m_model));
+        QVERIFY(!addBiasWeightAttribute(*m_poRoot, QStringLiteral("Bias Weights"), m_model));
+        QVERIFY(m_poRoot->isIdenticalTo(*poBefore));
+
+        m_model.rotateDataAboutRotationAxis(nullptr, {0.0, 90.0}, 60.0, true);
+        const MatrixData* poDip = addRotatedAttributes(*m_poRoot, m_model);
+        const MatrixData* poSet = poDip->owner();
+        QCOMPARE(poSet->name(), QStringLiteral("Orientation Data"));
+        QCOMPARE(poDip->name(), QStringLiteral("Rotated:Dip"));
+        const MatrixData* poAzimuth = poSet->getNodeFromName(QStringLiteral("Rotated:Dip Azimuth"));
+        QVERIFY(poSet->childCount() == 2 && poDip->recordCount() == 8);
+        QCOMPARE(poAzimuth->unitCategory(), QStringLiteral("orientation"));
+        for (int i = 0; i < 8; ++i) {
+            const bool bHole = i == 2;
+            QVERIFY(poDip->column().isMissing(i) == bHole && poAzimuth->column().isMissing(i) == bHole);
+            QVERIFY(bHole || QPointF(poDip->recordNumber(i), poAzimuth->recordNumber(i)) == m_model.rotatedData(i));
+        }
+
+        m_model.setScanline(90.0, 0.0, 80.0);
+        const MatrixData* poWeights = addBiasWeightAttribute(*m_poRoot, QStringLiteral("Bias Weights"), m_model);
+        QCOMPARE(poWeights->owner(), poSet);
+        QCOMPARE(poWeights->unitCategory(), QStringLiteral("fraction"));
+        QVERIFY(poWeights->column().isMissing(2) && poWeights->recordNumber(4) > poWeights->recordNumber(0));
+
+        // Another rotation overwrites, in one step of its own.
+        const std::unique_ptr<MatrixData> poOnce(m_poRoot->clone());
+        m_model.rotateDataAboutRotationAxis(nullptr, {40.0, 10.0}, -20.0, true);
+        QCOMPARE(addRotatedAttributes(*m_poRoot, m_model), poDip);
+        QCOMPARE(poSet->childCount(), 3);
+        QVERIFY(m_poRoot->undo());
+        QVERIFY(m_poRoot->isIdenticalTo(*poOnce));
+        QVERIFY(m_poRoot->undo() && m_poRoot->undo() && !m_poRoot->canUndo());
+        QVERIFY(m_poRoot->isIdenticalTo(*poBefore));
+    }
+
     void replaceMakesRoomForOtherBins()
     {
         decimate(5.0);
@@ -183,6 +222,15 @@ private:
         m_poWell->appendChild(poNode.release(), true);
         poAttribute->setUnitManager(sCategory);
         return poAttribute;
+    }
+
+    /// Planes with a hole at record 2.
+    void showOrientations()
+    {
+        m_poAzimuth->mutableColumn().setMissing(2);
+        m_poAzimuth->valuesChanged();
+        m_model.takeNewDataSet(-1, QRelationshipItemModel::OrientationDisplay, m_poDip, m_poAzimuth, nullptr, nullptr,
+                               false, {});
     }
 
     void decimate(double dSize)

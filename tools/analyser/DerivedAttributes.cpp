@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <span>
 #include <utility>
 
 namespace gkBase {
@@ -21,12 +22,16 @@ namespace {
 // Names of data, the same in every language.
 constexpr char g_clusterGroup[] = "Cluster Distributions";
 constexpr char g_decimationGroup[] = "Data Decimation";
+constexpr char g_orientationGroup[] = "Orientation Data";
+constexpr char g_rotatedDip[] = "Rotated:Dip";
+constexpr char g_rotatedAzimuth[] = "Rotated:Dip Azimuth";
 constexpr char g_decimatedPrefix[] = "Decimated:";
 constexpr char g_countSuffix[] = "_Count";
 constexpr char g_dimensionless[] = "dimensionless";
 constexpr char g_orientation[] = "orientation";
+constexpr char g_fraction[] = "fraction";
 
-MatrixColumn column(const std::vector<double>& vdValues)
+MatrixColumn column(std::span<const double> vdValues)
 {
     std::vector<double> vdCells(vdValues.size());
     std::transform(vdValues.begin(), vdValues.end(), vdCells.begin(),
@@ -276,6 +281,29 @@ MatrixData* addDecimationAttributes(MatrixData& root, const QRelationshipItemMod
     derived.setAttribute(*poDataSet, poValues->name() + QLatin1String(g_countSuffix),
                          column(columns.m_vdCounts).converted(QMetaType::Int), QLatin1String(g_dimensionless));
     return poResult;
+}
+
+MatrixData* addRotatedAttributes(MatrixData& root, const QRelationshipItemModel& model)
+{
+    if (!model.isRotated())
+        return nullptr;
+    const MatrixDataNotifier::Batch batch(&root);
+    DerivedAttributes derived(root, QStringLiteral("Create Rotated Attributes"));
+    MatrixData* poDataSet = derived.dataSet(QLatin1String(g_orientationGroup), model.numberOfPoints());
+    MatrixData* poDip =
+        derived.setAttribute(*poDataSet, QLatin1String(g_rotatedDip), column(model.x()), QLatin1String(g_orientation));
+    derived.setAttribute(*poDataSet, QLatin1String(g_rotatedAzimuth), column(model.y()), QLatin1String(g_orientation));
+    return poDip;
+}
+
+MatrixData* addBiasWeightAttribute(MatrixData& root, const QString& sName, const QRelationshipItemModel& model)
+{
+    if (!model.hasScanLine() || model.numberOfValidPoints() == 0 || sName.isEmpty())
+        return nullptr;
+    const MatrixDataNotifier::Batch batch(&root);
+    DerivedAttributes derived(root, QStringLiteral("Create Bias Weights: ") + sName);
+    MatrixData* poDataSet = derived.dataSet(QLatin1String(g_orientationGroup), model.numberOfPoints());
+    return derived.setAttribute(*poDataSet, sName, column(model.biasWeights()), QLatin1String(g_fraction));
 }
 
 bool setMarkersVisible(MatrixData& root, MarkerKind eKind, const QString& sType, bool bVisible)

@@ -60,6 +60,16 @@ GKBASETOOLS_EXPORT MatrixData* addDecimationAttributes(MatrixData& root, const Q
                                                        bool bBinAverage, bool bReplace, const MatrixData* poOriginal,
                                                        bool bNewStep);
 
+/// Writes the turned orientations of a model as "Rotated:Dip" and "Rotated:Dip Azimuth" (of lines their plunge and
+/// azimuth), in degrees; records without a point stay empty. Earlier ones of a data set with as many records are
+/// overwritten. Returns the dips; null, and nothing is written, without a rotation.
+GKBASETOOLS_EXPORT MatrixData* addRotatedAttributes(MatrixData& root, const QRelationshipItemModel& model);
+
+/// Writes the bias weight of each record, which add up to the number of records, as an attribute of that name, as
+/// above. Null, and nothing is written, without a scan line.
+GKBASETOOLS_EXPORT MatrixData* addBiasWeightAttribute(MatrixData& root, const QString& sName,
+                                                      const QRelationshipItemModel& model);
+
 /// Which markers a switch of visibility is for.
 enum class MarkerKind
 {
