@@ -260,6 +260,11 @@ void tst_OrientationStatistics::fewRecords()
     GK_COMPARE_CLOSE(oTwo.m_oFisher.m_dKappa, 0.5 / (1.0 - std::cos(radians(5.0))), 1e-10);
     GK_COMPARE_CLOSE(oTwo.m_oFisher.m_oMeanPlane.m_dDip, 35.0, 1e-13);
     QCOMPARE(oTwo.m_oAxes.m_adValues[0], 0.0);
+
+    // One record has no girdle, two have one.
+    QVERIFY(!isAxisSettled(oNone.m_oAxes, 2));
+    QVERIFY(!isAxisSettled(oOne.m_oAxes, 0) && !isAxisSettled(oOne.m_oAxes, 1) && isAxisSettled(oOne.m_oAxes, 2));
+    QVERIFY(isAxisSettled(oTwo.m_oAxes, 0) && isAxisSettled(oTwo.m_oAxes, 1) && isAxisSettled(oTwo.m_oAxes, 2));
 }
 
 void tst_OrientationStatistics::identicalAndCoplanarRecords()

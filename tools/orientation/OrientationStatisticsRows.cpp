@@ -14,8 +14,6 @@ namespace {
 /// Decimals of angles: hundredths of a degree, well below what a compass reads and above what rounding hides.
 constexpr int g_iAngleDecimals = 2;
 constexpr int g_iRatioDecimals = 6;
-/// Eigenvalues that differ by less than this share of their sum leave their axes open.
-constexpr double g_dEqualShares = 1e-9;
 
 /// The value of a row, or why there is none.
 struct Value
@@ -93,7 +91,7 @@ private:
 void Rows::add(const QString& sLabel, const Value& value, const QString& sToolTip)
 {
     const QString sTip = value.m_sReason.isEmpty() ? sToolTip : sToolTip + QLatin1Char('\n') + value.m_sReason;
-    m_vRows.push_back({m_sGroup, sLabel, value.m_sText, sTip, false});
+    m_vRows.push_back({m_sGroup, sLabel, value.m_sText, sTip, false, value.m_sReason});
 }
 
 Value Rows::undefined(const QString& sReason) const
@@ -191,7 +189,7 @@ void Rows::addWarning()
     }
     const QString sToolTip = m_bPlanes ? tr("Typical of steep planes that dip both ways")
                                        : tr("Typical of flat lines that plunge both ways");
-    m_vRows.push_back({m_sGroup, tr("Warning"), sText, sToolTip, true});
+    m_vRows.push_back({m_sGroup, tr("Warning"), sText, sToolTip, true, {}});
 }
 
 void Rows::addMeans()
@@ -215,8 +213,7 @@ void Rows::addMeans()
 
 bool Rows::areEqual(int iFirst, int iSecond) const
 {
-    return std::abs(eigenvalue(iFirst) - eigenvalue(iSecond)) <=
-           g_dEqualShares * (eigenvalue(0) + eigenvalue(1) + eigenvalue(2));
+    return areEigenvaluesEqual(m_oStatistics.m_oAxes, iFirst, iSecond);
 }
 
 /// Empty for an axis that the records define.

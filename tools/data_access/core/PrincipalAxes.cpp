@@ -66,6 +66,20 @@ double eigenvalueShare(const PrincipalAxes& oAxes, int iAxis)
     return adValues[static_cast<std::size_t>(iAxis)] / (adValues[0] + adValues[1] + adValues[2]);
 }
 
+bool areEigenvaluesEqual(const PrincipalAxes& oAxes, int iFirst, int iSecond)
+{
+    constexpr double dEqualShares = 1e-9;
+    const double dFirst = eigenvalueShare(oAxes, iFirst);
+    const double dSecond = eigenvalueShare(oAxes, iSecond);
+    return !isMissing(dFirst) && !isMissing(dSecond) && std::abs(dFirst - dSecond) <= dEqualShares;
+}
+
+bool isAxisSettled(const PrincipalAxes& oAxes, int iAxis)
+{
+    return !isMissing(eigenvalueShare(oAxes, iAxis)) && !areEigenvaluesEqual(oAxes, iAxis, (iAxis + 1) % 3) &&
+           !areEigenvaluesEqual(oAxes, iAxis, (iAxis + 2) % 3);
+}
+
 bool doesVectorMeanMislead(const PrincipalAxes& oAxes, double dMeanResultantLength)
 {
     constexpr double dTooLow = 0.8;

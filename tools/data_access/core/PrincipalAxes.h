@@ -51,6 +51,14 @@ GKBASECORE_EXPORT PrincipalAxes rotatedAxes(const PrincipalAxes& oAxes, const Ro
 /// The share q = e / (e1 + e2 + e3) of an eigenvalue, 0 … 1; 99999.0 when the axes are undefined.
 GKBASECORE_EXPORT double eigenvalueShare(const PrincipalAxes& oAxes, int iAxis);
 
+/// True where two eigenvalues are equal, to within 1e-9 of their sum: the records leave it open which axes in their
+/// plane belong to them. False for axes out of range 0 … 2 or undefined.
+GKBASECORE_EXPORT bool areEigenvaluesEqual(const PrincipalAxes& oAxes, int iFirst, int iSecond);
+
+/// True where the records settle an axis: its eigenvalue equals no other one. Of identical records only the mean is
+/// settled, of coplanar ones in all directions only the pole of their plane.
+GKBASECORE_EXPORT bool isAxisSettled(const PrincipalAxes& oAxes, int iAxis);
+
 /// True when the vector mean of records with this R̄ misleads, because axes that lie close together cancel as vectors:
 /// steep planes that dip both ways, lines on both sides of the rim. Without cancelling R̄ is near √(e3 / N), which it
 /// never exceeds: 1 for a cluster, 0.90 of it for a half-circle, 0.87 for a uniform hemisphere; below 0.8 it is too
