@@ -1,10 +1,12 @@
 #include "AttributeStatistics.h"
 
+#include "CommandText.h"
+#include "ReportText.h"
+
 #include <gkBase/MatrixData.h>
 #include <gkBase/MissingValue.h>
 #include <gkBase/UnitManager.h>
 
-#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -13,16 +15,6 @@
 namespace gkHost {
 
 namespace {
-
-QJsonValue number(double dValue)
-{
-    return gkBase::isMissing(dValue) ? QJsonValue(QJsonValue::Null) : QJsonValue(dValue);
-}
-
-QString shown(double dValue)
-{
-    return gkBase::isMissing(dValue) ? QStringLiteral("---") : QString::number(dValue, 'g', 10);
-}
 
 std::unique_ptr<gkBase::MatrixData> frequencies(const gkBase::MatrixData& attribute, double& dInterval,
                                                 gkBase::MatrixData::HistogramType eType)
@@ -78,47 +70,44 @@ QJsonObject AttributeStatistics::toJson() const
             {QStringLiteral("unit"), m_sUnit},
             {QStringLiteral("n"), m_iValues},
             {QStringLiteral("missing"), m_iMissing},
-            {QStringLiteral("min"), number(m_dMinimum)},
-            {QStringLiteral("max"), number(m_dMaximum)},
-            {QStringLiteral("mean"), number(m_dMean)},
-            {QStringLiteral("standardDeviation"), number(m_dStandardDeviation)},
-            {QStringLiteral("p10"), number(m_dP10)},
-            {QStringLiteral("p50"), number(m_dP50)},
-            {QStringLiteral("p90"), number(m_dP90)},
-            {QStringLiteral("interval"), number(m_dInterval)},
+            {QStringLiteral("min"), numberToJson(m_dMinimum)},
+            {QStringLiteral("max"), numberToJson(m_dMaximum)},
+            {QStringLiteral("mean"), numberToJson(m_dMean)},
+            {QStringLiteral("standardDeviation"), numberToJson(m_dStandardDeviation)},
+            {QStringLiteral("p10"), numberToJson(m_dP10)},
+            {QStringLiteral("p50"), numberToJson(m_dP50)},
+            {QStringLiteral("p90"), numberToJson(m_dP90)},
+            {QStringLiteral("interval"), numberToJson(m_dInterval)},
             {QStringLiteral("classes"), classes}};
 }
 
 QString AttributeStatistics::toText() const
 {
     const QString sUnit = m_sUnit.isEmpty() ? QString() : QStringLiteral(" [%1]").arg(m_sUnit);
-    QString sText = m_sAttribute + sUnit + QLatin1Char('\n');
-    const auto addLine = [&sText](const QString& sName, const QString& sValue) {
-        sText += QStringLiteral("  %1 %2\n").arg(sName, -20).arg(sValue);
-    };
-    addLine(QStringLiteral("values"), QString::number(m_iValues));
-    addLine(QStringLiteral("missing"), QString::number(m_iMissing));
-    addLine(QStringLiteral("minimum"), shown(m_dMinimum));
-    addLine(QStringLiteral("maximum"), shown(m_dMaximum));
-    addLine(QStringLiteral("mean"), shown(m_dMean));
-    addLine(QStringLiteral("standard deviation"), shown(m_dStandardDeviation));
-    addLine(QStringLiteral("P10, P50, P90"),
-            QStringLiteral("%1, %2, %3").arg(shown(m_dP10), shown(m_dP50), shown(m_dP90)));
-    addLine(QStringLiteral("interval"), shown(m_dInterval));
-    sText += QStringLiteral("  %1 %2 %3 %4 %5\n")
-                 .arg(QStringLiteral("from"), 14)
-                 .arg(QStringLiteral("to"), 14)
-                 .arg(QStringLiteral("count"), 9)
-                 .arg(QStringLiteral("per cent"), 9)
-                 .arg(QStringLiteral("cumul."), 9);
+    ReportText report(m_sAttribute + sUnit);
+    report.addLine(text("values"), QString::number(m_iValues));
+    report.addLine(text("missing"), QString::number(m_iMissing));
+    report.addLine(text("minimum"), shownNumber(m_dMinimum));
+    report.addLine(text("maximum"), shownNumber(m_dMaximum));
+    report.addLine(text("mean"), shownNumber(m_dMean));
+    report.addLine(text("standard deviation"), shownNumber(m_dStandardDeviation));
+    report.addLine(text("P10, P50, P90"),
+                   QStringLiteral("%1, %2, %3").arg(shownNumber(m_dP10), shownNumber(m_dP50), shownNumber(m_dP90)));
+    report.addLine(text("interval"), shownNumber(m_dInterval));
+    report.addRow(QStringLiteral("%1 %2 %3 %4 %5")
+                      .arg(text("from"), 14)
+                      .arg(text("to"), 14)
+                      .arg(text("count"), 9)
+                      .arg(text("per cent"), 9)
+                      .arg(text("cumul."), 9));
     for (const AttributeClass& oClass : m_vClasses)
-        sText += QStringLiteral("  %1 %2 %3 %4 %5\n")
-                     .arg(shown(oClass.m_dFrom), 14)
-                     .arg(shown(oClass.m_dTo), 14)
-                     .arg(oClass.m_dCount, 9)
-                     .arg(oClass.m_dRelative, 9, 'f', 2)
-                     .arg(oClass.m_dCumulative, 9, 'f', 2);
-    return sText;
+        report.addRow(QStringLiteral("%1 %2 %3 %4 %5")
+                          .arg(shownNumber(oClass.m_dFrom), 14)
+                          .arg(shownNumber(oClass.m_dTo), 14)
+                          .arg(oClass.m_dCount, 9)
+                          .arg(oClass.m_dRelative, 9, 'f', 2)
+                          .arg(oClass.m_dCumulative, 9, 'f', 2));
+    return report.toString();
 }
 
 } // namespace gkHost

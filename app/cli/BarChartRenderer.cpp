@@ -25,9 +25,9 @@ std::optional<CommandResult> renderBarChart(CommandInput& input, const QString& 
     std::optional<CommandResult> oError = input.require(QStringLiteral("attribute"));
     const auto oInterval = input.positiveNumber(QStringLiteral("interval"), oError);
     const int iType =
-        choice(input, QStringLiteral("type"), {QStringLiteral("count"), QStringLiteral("percent")}, oError);
-    const int iOrder = choice(input, QStringLiteral("sort"),
-                              {QStringLiteral("name"), QStringLiteral("value"), QStringLiteral("count")}, oError);
+        input.choice(QStringLiteral("type"), {QStringLiteral("count"), QStringLiteral("percent")}, oError);
+    const int iOrder = input.choice(QStringLiteral("sort"),
+                                    {QStringLiteral("name"), QStringLiteral("value"), QStringLiteral("count")}, oError);
     const bool bBlack = blackBackground(input, oError);
     gkBase::MatrixData* poAttribute = loadedAttribute(input, oInterval.has_value(), oError);
     if (!poAttribute)

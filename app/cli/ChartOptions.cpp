@@ -6,21 +6,9 @@
 
 namespace gkHost {
 
-int choice(const CommandInput& input, const QString& sOption, const QStringList& lChoices,
-           std::optional<CommandResult>& oError)
-{
-    if (!input.isSet(sOption))
-        return 0;
-    const qsizetype i = lChoices.indexOf(input.value(sOption));
-    if (i < 0)
-        oError = CommandResult::badUsage(
-            text("--%1: \"%2\" is none of %3").arg(sOption, input.value(sOption), lChoices.join(QLatin1String(", "))));
-    return static_cast<int>(i);
-}
-
 bool blackBackground(const CommandInput& input, std::optional<CommandResult>& oError)
 {
-    return choice(input, QStringLiteral("background"), {QStringLiteral("white"), QStringLiteral("black")}, oError) == 1;
+    return input.choice(QStringLiteral("background"), {QStringLiteral("white"), QStringLiteral("black")}, oError) == 1;
 }
 
 gkBase::MatrixData* loadedAttribute(CommandInput& input, bool bNumeric, std::optional<CommandResult>& oError)

@@ -10,11 +10,6 @@
 
 namespace gkHost {
 
-/// The index of the word that an option holds among its choices, 0 when it is absent; −1 with a message for any other
-/// word.
-int choice(const CommandInput& input, const QString& sOption, const QStringList& lChoices,
-           std::optional<CommandResult>& oError);
-
 /// What --background says; a message for anything but white and black.
 bool blackBackground(const CommandInput& input, std::optional<CommandResult>& oError);
 

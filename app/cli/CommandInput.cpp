@@ -141,6 +141,20 @@ std::optional<double> CommandInput::positiveNumber(const QString& sOption, std::
     return std::nullopt;
 }
 
+int CommandInput::choice(const QString& sOption, const QStringList& lChoices,
+                         std::optional<CommandResult>& oError) const
+{
+    if (!isSet(sOption)) {
+        return 0;
+    }
+    const qsizetype i = lChoices.indexOf(value(sOption));
+    if (i < 0) {
+        oError = CommandResult::badUsage(
+            text("--%1: \"%2\" is none of %3").arg(sOption, value(sOption), lChoices.join(QLatin1String(", "))));
+    }
+    return static_cast<int>(i);
+}
+
 gkBase::MatrixData* CommandInput::attribute(const QString& sName, std::optional<CommandResult>& oError) const
 {
     gkBase::MatrixData* poFound = nullptr;

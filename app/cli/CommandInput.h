@@ -48,6 +48,9 @@ public:
     /// The same for a number above 0, and for a whole one above 0.
     std::optional<double> positiveNumber(const QString& sOption, std::optional<CommandResult>& oError) const;
     std::optional<int> wholeNumber(const QString& sOption, std::optional<CommandResult>& oError) const;
+    /// The index of the word that an option holds among its choices, 0 when it is absent; −1 with a message for any
+    /// other word.
+    int choice(const QString& sOption, const QStringList& lChoices, std::optional<CommandResult>& oError) const;
 
     /// The attribute NAME, exact case before any case, of the first data set that has it, or "DATA SET: NAME"; null
     /// with a message naming what there is.

@@ -3,7 +3,9 @@
 #include "ClusterCommand.h"
 #include "ConvertCommand.h"
 #include "DecimateCommand.h"
+#include "DensityCommand.h"
 #include "RenderCommand.h"
+#include "RotateCommand.h"
 #include "StatsCommand.h"
 
 #include <QCoreApplication>
@@ -22,12 +24,14 @@ struct NamedCommand
     CommandResult (*m_fnRun)(const QStringList&);
 };
 
-constexpr std::array<NamedCommand, 5> g_commands = {{
+constexpr std::array<NamedCommand, 7> g_commands = {{
     {"stats", false, runStatsCommand},
     {"render", true, runRenderCommand},
     {"convert", false, runConvertCommand},
     {"cluster", false, runClusterCommand},
     {"decimate", false, runDecimateCommand},
+    {"density", false, runDensityCommand},
+    {"rotate", false, runRotateCommand},
 }};
 
 const NamedCommand* commandNamed(const QString& sName)
@@ -109,10 +113,17 @@ QString CommandLine::helpText()
         "Usage:\n"
         "  gkanalyser [FILE...]                       open files in the analyser\n"
         "  gkanalyser stats FILE --attribute NAME     print the statistics of an attribute\n"
+        "  gkanalyser stats FILE --x NAME --y NAME    print the regression of one attribute on another\n"
         "  gkanalyser render FILE --chart NAME --out PATH.png|.svg|.pdf|.emf\n"
         "                                             draw a chart into a file\n"
         "  gkanalyser convert FILE --out PATH.csv     write all data sets as CSV\n"
-        "  gkanalyser stats FILE --x NAME --y NAME    print the regression of one attribute on another\n"
+        "  gkanalyser stats FILE --dip NAME --azimuth NAME [--lines]\n"
+        "                                             print the statistics of planes or lines\n"
+        "  gkanalyser stats FILE --direction NAME     print the statistics of azimuths\n"
+        "  gkanalyser density FILE --dip NAME --azimuth NAME [--lines] [--grid NXxNY]\n"
+        "                                             count poles or lines at the nodes of a grid over the net\n"
+        "  gkanalyser rotate FILE --dip NAME --azimuth NAME [--lines] --axis PLUNGE/AZIMUTH --angle A --out PATH.csv\n"
+        "                                             turn planes or lines about an axis\n"
         "  gkanalyser cluster FILE --columns A,B[,C] --k N --out PATH.csv\n"
         "                                             group the records by two or three attributes\n"
         "  gkanalyser decimate FILE --depth NAME --step X|--bins N --columns A,B --out PATH.csv\n"

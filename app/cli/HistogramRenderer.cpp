@@ -22,8 +22,8 @@ std::optional<CommandResult> renderHistogram(CommandInput& input, const QString&
     std::optional<CommandResult> oError = input.require(QStringLiteral("attribute"));
     const auto oInterval = input.positiveNumber(QStringLiteral("interval"), oError);
     const int iType =
-        choice(input, QStringLiteral("type"),
-               {QStringLiteral("frequency"), QStringLiteral("relative"), QStringLiteral("cumulative")}, oError);
+        input.choice(QStringLiteral("type"),
+                     {QStringLiteral("frequency"), QStringLiteral("relative"), QStringLiteral("cumulative")}, oError);
     const bool bBlack = blackBackground(input, oError);
     gkBase::MatrixData* poAttribute = loadedAttribute(input, true, oError);
     if (!poAttribute)

@@ -1,6 +1,7 @@
 #include "RegressionReport.h"
 
 #include "CommandText.h"
+#include "ReportText.h"
 
 #include <gkBase/MatrixData.h>
 
@@ -53,14 +54,11 @@ QJsonObject RegressionReport::toJson() const
 
 QString RegressionReport::toText() const
 {
-    QString sText = text("%1 on %2").arg(m_sY, m_sX) + QLatin1Char('\n');
-    const auto addLine = [&sText](const QString& sName, const QString& sValue) {
-        sText += QStringLiteral("  %1 %2\n").arg(sName, -20).arg(sValue);
-    };
-    addLine(text("points"), QString::number(m_oChart.m_iPoints));
-    addLine(text("regression"), lineText(m_oChart));
-    addLine(text("least squares"), lineText(m_oLeastSquares));
-    return sText;
+    ReportText report(text("%1 on %2").arg(m_sY, m_sX));
+    report.addLine(text("points"), QString::number(m_oChart.m_iPoints));
+    report.addLine(text("regression"), lineText(m_oChart));
+    report.addLine(text("least squares"), lineText(m_oLeastSquares));
+    return report.toString();
 }
 
 } // namespace gkHost
