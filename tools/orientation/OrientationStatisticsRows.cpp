@@ -150,9 +150,9 @@ void Rows::addFisher()
     const FisherStatistics& oFisher = m_oStatistics.m_oFisher;
     add(tr("Resultant length R"), number(oFisher.m_dResultantLength, {}),
         tr("Length of the sum of the unit vectors, 0 … N"));
-    add(tr("R̄ = R / N"), number(oFisher.m_dMeanResultantLength, {}),
-        tr("Mean resultant length: 1 where all directions are the same"));
-    add(tr("Spherical variance"), number(oFisher.m_dSphericalVariance, {}), tr("1 − R̄"));
+    add(tr("Mean resultant length"), number(oFisher.m_dMeanResultantLength, {}),
+        tr("R / N: 1 where all directions are the same, 0 where they cancel"));
+    add(tr("Spherical variance"), number(oFisher.m_dSphericalVariance, {}), tr("1 − R / N"));
     add(tr("κ"), kappa(), tr("Precision parameter (N − 1) / (N − R): the larger, the closer together"));
     add(tr("α95 [°]"), alpha95(),
         tr("Half the opening angle of the cone that holds the mean with a confidence of 95 %, in degrees"));
@@ -177,11 +177,11 @@ void Rows::addWarning()
     if (!m_oStatistics.m_bMeanMisleads)
         return;
     const Value mean = m_bPlanes ? axisPlane(2) : axisLine(2);
-    QString sText =
-        tr("The vector mean misleads: R̄ is only %1 although the largest eigenvalue has %2 of the total. Axes that lie "
-           "close together cancel as vectors where they point to opposite sides.")
-            .arg(m_oStatistics.m_oFisher.m_dMeanResultantLength, 0, 'f', 2)
-            .arg(eigenvalueShare(m_oStatistics.m_oAxes, 2), 0, 'f', 2);
+    QString sText = tr("The vector mean misleads: the mean resultant length is only %1 although the largest eigenvalue "
+                       "has %2 of the total. Axes that lie "
+                       "close together cancel as vectors where they point to opposite sides.")
+                        .arg(m_oStatistics.m_oFisher.m_dMeanResultantLength, 0, 'f', 2)
+                        .arg(eigenvalueShare(m_oStatistics.m_oAxes, 2), 0, 'f', 2);
     if (mean.m_sReason.isEmpty()) {
         const QString sUse = m_bPlanes ? tr("Use the mean principal plane, %1, instead.")
                                        : tr("Use the mean principal line, %1, instead.");
@@ -316,9 +316,9 @@ void Rows::addShape()
         tr("Strength ln(S1/S3) of the preferred orientation: 0 for a uniform distribution"));
     const QString sShape = QString::fromStdString(m_oStatistics.m_oShape.m_sText).trimmed();
     add(tr("Classification"), sShape.isEmpty() ? undefined(noRecords()) : Value{sShape, {}},
-        tr("After Mardia, by the shares of the eigenvalues and R̄"));
+        tr("After Mardia, by the shares of the eigenvalues and R / N"));
     add(tr("Unimodal"), m_bEmpty ? undefined({}) : Value{m_oStatistics.m_oShape.m_bUnimodal ? tr("yes") : tr("no"), {}},
-        tr("The classification found one preferred direction: R̄ of 0.9 or more"));
+        tr("The classification found one preferred direction: R / N of 0.9 or more"));
 }
 
 void Rows::addEigenvalues()

@@ -43,11 +43,14 @@ private:
     void createControls();
     void slotSaveAsHtml();
 
-    QString m_sText;  ///< of the report being built
+    QString m_sText; ///< of the report being built
+    QString m_sPlainText;
     QString m_sShown; ///< of the report shown
-    QString m_sName;  ///< of its data
+    QString m_sShownPlainText;
+    QString m_sName; ///< of its data
+    /// Beginnings of paragraphs: green (no text of the report has it), black and red.
+    const QString m_sGreenStyle;
     const QString m_sTitleStyle;
-    const QString m_sTextStyle;
     const QString m_sObservationStyle;
     QTextEdit* m_pqTextEdit;
     QTextDocument* m_pqDocument;
