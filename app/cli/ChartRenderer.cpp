@@ -4,13 +4,15 @@
 #include "CrossPlotRenderer.h"
 #include "DepthPlotRenderer.h"
 #include "HistogramRenderer.h"
+#include "WoodcockRenderer.h"
 
 namespace gkHost {
 
 const std::vector<ChartRenderer>& chartRenderers()
 {
-    static const std::vector<ChartRenderer> vRenderers = {
-        histogramRenderer(), barChartRenderer(), probabilityRenderer(), crossPlotRenderer(), depthPlotRenderer()};
+    static const std::vector<ChartRenderer> vRenderers = {histogramRenderer(),   barChartRenderer(),
+                                                          probabilityRenderer(), crossPlotRenderer(),
+                                                          depthPlotRenderer(),   woodcockRenderer()};
     return vRenderers;
 }
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -176,6 +177,20 @@ private slots:
         QVERIFY(isClose(after["meanResultant"]["plane"]["azimuth"].toDouble(),
                         before["meanResultant"]["plane"]["azimuth"].toDouble(), 1e-9));
         QVERIFY(isClose(after["kappa"].toDouble(), before["kappa"].toDouble(), 1e-6));
+    }
+
+    void woodcockTellsWhatItLeavesOut()
+    {
+        const QStringList lRender{"render", path("planes.csv"), "--chart", "woodcock", "--size", "400x300", "--out"};
+        const CommandResult result =
+            run(lRender + QStringList{path("w.png"), "--color-by", "bed", "--background", "black"} + g_lAngles);
+        QCOMPARE(result.m_sMessage, QString());
+        QVERIFY2(result.m_sOutput.startsWith("\"a\" is not in the diagram."),
+                 qPrintable(result.m_sOutput)); // two planes
+        QVERIFY2(!result.m_sOutput.contains("\"b\""), qPrintable(result.m_sOutput));
+        const QImage image(path("w.png"));
+        QCOMPARE(image.size(), QSize(400, 300));
+        QCOMPARE(image.pixelColor(2, 2), QColor(Qt::black));
     }
 
     void exitStatus_data()
