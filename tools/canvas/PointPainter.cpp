@@ -1,54 +1,15 @@
 #include "PointPainter.h"
 
+#include "DevicePixels.h"
 #include "MissingValue.h"
 #include "SymbolGeometry.h"
 
-#include <QPaintEngine>
 #include <QPainter>
 #include <QPen>
 
 namespace gkBase {
 
 namespace {
-
-bool canWritePixels(const QPainter& painter)
-{
-    return painter.paintEngine() && painter.paintEngine()->type() == QPaintEngine::Raster &&
-           painter.worldTransform().type() <= QTransform::TxTranslate;
-}
-
-QRect deviceRect(const QPaintDevice& device)
-{
-    const double dRatio = device.devType() == QInternal::Widget ? device.devicePixelRatioF() : 1.0;
-    return QRectF(0, 0, device.width() * dRatio, device.height() * dRatio).toAlignedRect();
-}
-
-/// False for the strips that come in when a chart is panned, which shall not push out the kept picture.
-bool isMostOfDevice(const QRect& oRect, const QPaintDevice& device)
-{
-    const auto area = [](const QRect& o) { return static_cast<double>(o.width()) * o.height(); };
-    return 4.0 * area(oRect) >= area(deviceRect(device));
-}
-
-/// The part of the device that the painter's clip leaves.
-PointTarget targetOf(const QPainter& painter)
-{
-    const QTransform oToDevice = painter.deviceTransform();
-    PointTarget target{oToDevice.m11(), QPointF(oToDevice.dx(), oToDevice.dy()), deviceRect(*painter.device())};
-    if (painter.hasClipping()) {
-        target.m_oRect &= oToDevice.mapRect(painter.clipBoundingRect()).toAlignedRect();
-    }
-    return target;
-}
-
-void drawPicture(QPainter* pPainter, const QImage& oPicture, const QPoint& oDevicePixel)
-{
-    pPainter->save();
-    const double dRatio = pPainter->device()->devicePixelRatioF();
-    pPainter->setWorldTransform(QTransform::fromScale(1.0 / dRatio, 1.0 / dRatio));
-    pPainter->drawImage(pPainter->deviceTransform().inverted().map(QPointF(oDevicePixel)), oPicture);
-    pPainter->restore();
-}
 
 void drawPoint(QPainter* pPainter, const PointBatch& batch, std::size_t i, const SymbolLook& look)
 {
@@ -139,23 +100,23 @@ void PointPainter::updateKept(const PointBatch& batch, const PointTarget& target
 
 void PointPainter::drawPixels(QPainter* pPainter, const PointBatch& batch)
 {
-    const PointTarget target = targetOf(*pPainter);
+    const PointTarget target = deviceTarget(*pPainter);
     if (target.m_oRect.isEmpty()) {
         return;
     }
-    if (isMostOfDevice(target.m_oRect, *pPainter->device())) {
+    if (isMostOfDevice(target.m_oRect, *pPainter)) {
         updateKept(batch, target);
-        drawPicture(pPainter, m_oKept, m_oKeptTopLeft);
+        drawDevicePicture(pPainter, m_oKept, m_oKeptTopLeft);
     } else {
         PointLayer layer(batch, target, m_stencils);
         layer.write(PointLayer::Part::AllPoints);
-        drawPicture(pPainter, layer.picture(), layer.topLeft());
+        drawDevicePicture(pPainter, layer.picture(), layer.topLeft());
     }
     if (batch.hasSelection()) {
         PointLayer layer(batch, target, m_stencils);
         layer.write(PointLayer::Part::Selected);
         layer.writeRim();
-        drawPicture(pPainter, layer.picture(), layer.topLeft());
+        drawDevicePicture(pPainter, layer.picture(), layer.topLeft());
     }
 }
 

@@ -14,7 +14,7 @@ void append(std::vector<NetPolyline>& vTo, std::vector<NetPolyline> vFrom)
 
 } // namespace
 
-NetLines netLines(const NetProjection& oProjection, int iStep)
+NetLines netLines(const NetProjection& oProjection, int iStep, double dStep)
 {
     iStep = std::clamp(iStep, 1, 90);
     NetLines oLines;
@@ -28,9 +28,9 @@ NetLines netLines(const NetProjection& oProjection, int iStep)
         return oLines;
     }
     for (int iAngle = iStep; iAngle < 90; iAngle += iStep) {
-        append(oLines.m_vGreatCircles, greatCircle(oProjection, iAngle, 90.0));
-        append(oLines.m_vGreatCircles, greatCircle(oProjection, iAngle, 270.0));
-        append(oLines.m_vSmallCircles, smallCircle(oProjection, 0.0, 0.0, iAngle));
+        append(oLines.m_vGreatCircles, greatCircle(oProjection, iAngle, 90.0, dStep));
+        append(oLines.m_vGreatCircles, greatCircle(oProjection, iAngle, 270.0, dStep));
+        append(oLines.m_vSmallCircles, smallCircle(oProjection, 0.0, 0.0, iAngle, dStep));
     }
     return oLines;
 }

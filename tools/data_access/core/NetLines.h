@@ -22,8 +22,8 @@ struct NetLines
 
 /// The net with a curve every iStep degrees, brought to 1 … 90. A step of 2 gives great circles of the dips 2 … 88 on
 /// either side. On a tangent net the circles stay below the maximum angle: 10, 20, 30, 40, 50 for a step of 10 and a
-/// maximum of 60.
-GKBASECORE_EXPORT NetLines netLines(const NetProjection& oProjection, int iStep);
+/// maximum of 60. dStep: as for greatCircle(), smaller for large pictures.
+GKBASECORE_EXPORT NetLines netLines(const NetProjection& oProjection, int iStep, double dStep = g_dCurveStep);
 
 /// Radius of the disc that is cleared at the crowded centre of a net: for the fine net the lines within 20 degrees
 /// of the vertical (equal-area) or 10 degrees (equal-angle), for the coarse net within 2 degrees. On a tangent net the

@@ -1,0 +1,100 @@
+#include "CurveRaster.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace gkBase {
+
+namespace {
+
+constexpr std::size_t g_iMostTakenSide = 8192; // 8 MB of bits
+
+} // namespace
+
+CurveRaster::CurveRaster(const PointTarget& target, const NetFrame& oFrame)
+    : m_oRect(target.m_oRect)
+    , m_dCentreX(oFrame.m_dCentreX * target.m_dScale + target.m_oOffset.x() - m_oRect.left())
+    , m_dCentreY(oFrame.m_dCentreY * target.m_dScale + target.m_oOffset.y() - m_oRect.top())
+    , m_dRadius(oFrame.m_dRadius * target.m_dScale)
+    , m_oPicture(m_oRect.size(), QImage::Format_ARGB32_Premultiplied)
+{
+    m_oPicture.fill(Qt::transparent);
+    if (!m_oPicture.isNull()) {
+        freeDisc();
+    }
+    m_iTakenSide = static_cast<std::size_t>(std::max(std::ceil(2.0 * m_dRadius), 0.0)) + 1;
+    if (m_iTakenSide <= g_iMostTakenSide) {
+        m_vbTaken.resize(m_iTakenSide * m_iTakenSide);
+    }
+}
+
+void CurveRaster::freeDisc()
+{
+    const int iWidth = m_oPicture.width();
+    m_vbFree.resize(static_cast<std::size_t>(iWidth) * static_cast<std::size_t>(m_oPicture.height()));
+    for (int iRow = 0; iRow < m_oPicture.height(); ++iRow) {
+        const double dY = iRow + 0.5 - m_dCentreY;
+        const double dHalf = std::sqrt(std::max(m_dRadius * m_dRadius - dY * dY, 0.0));
+        const int iFirst = static_cast<int>(std::clamp(std::ceil(m_dCentreX - dHalf - 0.5), 0.0, double(iWidth)));
+        const int iEnd = static_cast<int>(std::clamp(std::floor(m_dCentreX + dHalf + 0.5), 0.0, double(iWidth)));
+        if (dHalf > 0.0 && iFirst < iEnd) {
+            std::fill_n(m_vbFree.begin() + static_cast<std::ptrdiff_t>(iRow) * iWidth + iFirst, iEnd - iFirst, 1);
+            m_iFree += static_cast<std::size_t>(iEnd - iFirst);
+        }
+    }
+}
+
+bool CurveRaster::take(NetPoint oPoint)
+{
+    const double dX = (oPoint.m_dX + 1.0) * m_dRadius;
+    const double dY = (oPoint.m_dY + 1.0) * m_dRadius;
+    const auto dSide = static_cast<double>(m_iTakenSide);
+    if (m_vbTaken.empty() || !(dX >= 0.0 && dY >= 0.0 && dX < dSide && dY < dSide)) {
+        return true;
+    }
+    const std::size_t i = static_cast<std::size_t>(dY) * m_iTakenSide + static_cast<std::size_t>(dX);
+    const bool bFirst = !m_vbTaken[i];
+    m_vbTaken[i] = true;
+    return bFirst;
+}
+
+void CurveRaster::write(std::span<const NetPolyline> vLines, QRgb oColor)
+{
+    for (const NetPolyline& line : vLines) {
+        for (std::size_t i = 1; i < line.size(); ++i) {
+            writeSegment(m_dCentreX + m_dRadius * line[i - 1].m_dX, m_dCentreY - m_dRadius * line[i - 1].m_dY,
+                         m_dCentreX + m_dRadius * line[i].m_dX, m_dCentreY - m_dRadius * line[i].m_dY, oColor);
+        }
+    }
+}
+
+void CurveRaster::writeSegment(double dX1, double dY1, double dX2, double dY2, QRgb oColor)
+{
+    const int iWidth = m_oPicture.width();
+    const int iHeight = m_oPicture.height();
+    if (m_vbFree.empty() || std::max(dX1, dX2) < 0.0 || std::max(dY1, dY2) < 0.0 || std::min(dX1, dX2) >= iWidth ||
+        std::min(dY1, dY2) >= iHeight) {
+        return;
+    }
+    const int iSteps = std::max(1, static_cast<int>(std::ceil(std::max(std::abs(dX2 - dX1), std::abs(dY2 - dY1)))));
+    const double dX = (dX2 - dX1) / iSteps;
+    const double dY = (dY2 - dY1) / iSteps;
+    auto* const pPixels = reinterpret_cast<QRgb*>(m_oPicture.bits());
+    const auto iStride = m_oPicture.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb));
+    for (int i = 0; i <= iSteps; ++i) {
+        const auto iX = static_cast<int>(std::floor(dX1 + i * dX));
+        const auto iY = static_cast<int>(std::floor(dY1 + i * dY));
+        if (iX < 0 || iY < 0 || iX >= iWidth || iY >= iHeight) {
+            continue;
+        }
+        std::uint8_t& bFree = m_vbFree[static_cast<std::size_t>(iY) * static_cast<std::size_t>(iWidth) +
+                                       static_cast<std::size_t>(iX)];
+        if (bFree != 0) {
+            bFree = 0;
+            --m_iFree;
+            pPixels[iY * iStride + iX] = oColor;
+        }
+    }
+}
+
+} // namespace gkBase

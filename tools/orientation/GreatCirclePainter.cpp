@@ -1,0 +1,149 @@
+#include "GreatCirclePainter.h"
+
+#include "CurveRaster.h"
+#include "DevicePixels.h"
+#include "Fingerprint.h"
+#include "MissingValue.h"
+#include "NetPaths.h"
+#include "PointBatch.h"
+
+#include <QPainter>
+#include <QPen>
+#include <QPolygonF>
+
+namespace gkBase {
+
+namespace {
+
+enum class Part
+{
+    All, ///< as if none were selected
+    Selected
+};
+
+bool belongs(const GreatCircleBatch& batch, Part ePart, std::size_t i)
+{
+    return (ePart == Part::All || batch.isSelected(i)) && !isMissing(batch.m_vdDips[i]) &&
+           !isMissing(batch.m_vdDipAzimuths[i]);
+}
+
+QColor colorOf(const GreatCircleBatch& batch, Part ePart, std::size_t i)
+{
+    return ePart == Part::Selected ? QColor::fromRgb(PointBatch::s_oSelectionColor) : batch.color(i);
+}
+
+/// Of the planes of a part, counted up to one more than the most.
+std::size_t numberOf(const GreatCircleBatch& batch, Part ePart)
+{
+    std::size_t iCount = 0;
+    for (std::size_t i = 0; i < batch.size() && iCount <= GreatCirclePainter::s_iMostOutlines; ++i) {
+        iCount += belongs(batch, ePart, i) ? 1 : 0;
+    }
+    return iCount;
+}
+
+std::uint64_t fingerprint(const GreatCircleBatch& batch, const PointTarget& target)
+{
+    Fingerprint print;
+    print.add(batch.m_vdDips);
+    print.add(batch.m_vdDipAzimuths);
+    print.add(batch.m_viColors);
+    for (const QColor& oColor : batch.m_voColors) {
+        print.add(oColor.rgba());
+    }
+    print.add(batch.m_oColor.rgba());
+    const double adNumbers[] = {batch.m_oFrame.m_dCentreX,
+                                batch.m_oFrame.m_dCentreY,
+                                batch.m_oFrame.m_dRadius,
+                                static_cast<double>(batch.m_oProjection.layout()),
+                                batch.m_oProjection.maximumAngle(),
+                                target.m_dScale,
+                                target.m_oOffset.x(),
+                                target.m_oOffset.y(),
+                                static_cast<double>(target.m_oRect.left()),
+                                static_cast<double>(target.m_oRect.top()),
+                                static_cast<double>(target.m_oRect.width()),
+                                static_cast<double>(target.m_oRect.height())};
+    print.add(std::span<const double>(adNumbers));
+    return print.value();
+}
+
+CurveRaster raster(const GreatCircleBatch& batch, const PointTarget& target, Part ePart)
+{
+    CurveRaster curves(target, batch.m_oFrame);
+    const double dStep = curveStep(batch.m_oFrame);
+    for (std::size_t i = batch.size(); i-- > 0 && !curves.isFull();) {
+        if (belongs(batch, ePart, i) && curves.take(batch.m_oProjection.pole(batch.m_vdDips[i], batch.m_vdDipAzimuths[i]))) {
+            curves.write(greatCircle(batch.m_oProjection, batch.m_vdDips[i], batch.m_vdDipAzimuths[i], dStep),
+                         qPremultiply(colorOf(batch, ePart, i).rgba()));
+        }
+    }
+    return curves;
+}
+
+/// Curves as the painter strokes them; on vector devices one for each pixel of poles.
+void drawOutlines(QPainter* pPainter, const GreatCircleBatch& batch, Part ePart)
+{
+    std::vector<std::size_t> viPlanes;
+    CurveRaster poles(PointTarget(), batch.m_oFrame);
+    for (std::size_t i = batch.size(); i-- > 0;) {
+        if (belongs(batch, ePart, i) && poles.take(batch.m_oProjection.pole(batch.m_vdDips[i], batch.m_vdDipAzimuths[i]))) {
+            viPlanes.push_back(i);
+        }
+    }
+    pPainter->save();
+    pPainter->setRenderHint(QPainter::Antialiasing);
+    pPainter->setBrush(Qt::NoBrush);
+    for (auto it = viPlanes.rbegin(); it != viPlanes.rend(); ++it) {
+        pPainter->setPen(QPen(colorOf(batch, ePart, *it), ePart == Part::Selected ? 2.0 : 1.0));
+        pPainter->drawPath(greatCirclePath(batch.m_oProjection, batch.m_oFrame, batch.m_vdDips[*it],
+                                           batch.m_vdDipAzimuths[*it]));
+    }
+    pPainter->restore();
+}
+
+} // namespace
+
+QColor GreatCircleBatch::color(std::size_t i) const
+{
+    const std::size_t iClass = i < m_viColors.size() ? static_cast<std::size_t>(m_viColors[i]) : m_voColors.size();
+    return iClass < m_voColors.size() ? m_voColors[iClass] : m_oColor;
+}
+
+void GreatCirclePainter::draw(QPainter* pPainter, const GreatCircleBatch& batch)
+{
+    if (!pPainter || !pPainter->isActive() || batch.size() == 0 || batch.m_oFrame.m_dRadius <= 0.0) {
+        return;
+    }
+    const PointTarget target = deviceTarget(*pPainter);
+    const auto drawsOutlines = [&](Part ePart) {
+        return !canWritePixels(*pPainter) || numberOf(batch, ePart) <= s_iMostOutlines;
+    };
+    if (drawsOutlines(Part::All)) {
+        m_oKept = QImage();
+        drawOutlines(pPainter, batch, Part::All);
+    } else if (isMostOfDevice(target.m_oRect, *pPainter)) {
+        const std::uint64_t iFingerprint = fingerprint(batch, target);
+        if (m_oKept.isNull() || m_iKeptFingerprint != iFingerprint) {
+            const CurveRaster curves = raster(batch, target, Part::All);
+            m_oKept = curves.picture();
+            m_oKeptTopLeft = curves.topLeft();
+            m_iKeptFingerprint = iFingerprint;
+        }
+        drawDevicePicture(pPainter, m_oKept, m_oKeptTopLeft);
+    } else {
+        const CurveRaster curves = raster(batch, target, Part::All);
+        drawDevicePicture(pPainter, curves.picture(), curves.topLeft());
+    }
+    if (batch.m_vbSelected.empty()) {
+        return;
+    }
+    if (drawsOutlines(Part::Selected)) {
+        drawOutlines(pPainter, batch, Part::Selected);
+    } else {
+        const CurveRaster curves = raster(batch, target, Part::Selected);
+        drawDevicePicture(pPainter, curves.picture(), curves.topLeft());
+    }
+}
+
+} // namespace gkBase
