@@ -51,7 +51,8 @@ std::vector<QColor> contourGrays(std::span<const double> vdLevels, const QColor&
     std::vector<QColor> voColors;
     voColors.reserve(vdLevels.size());
     for (std::size_t i = 0; i < vdLevels.size(); ++i) {
-        const double dShare = vdLevels.size() > 1 ? static_cast<double>(i) / static_cast<double>(vdLevels.size() - 1) : 0.0;
+        const double dShare =
+            vdLevels.size() > 1 ? static_cast<double>(i) / static_cast<double>(vdLevels.size() - 1) : 0.0;
         const double dGray = std::lerp(dFirst, dLast, dShare);
         voColors.push_back(QColor::fromRgbF(bOnBlack ? dGray : 1.0 - dGray, bOnBlack ? dGray : 1.0 - dGray,
                                             bOnBlack ? dGray : 1.0 - dGray));

@@ -87,8 +87,8 @@ void CurveRaster::writeSegment(double dX1, double dY1, double dX2, double dY2, Q
         if (iX < 0 || iY < 0 || iX >= iWidth || iY >= iHeight) {
             continue;
         }
-        std::uint8_t& bFree = m_vbFree[static_cast<std::size_t>(iY) * static_cast<std::size_t>(iWidth) +
-                                       static_cast<std::size_t>(iX)];
+        std::uint8_t& bFree =
+            m_vbFree[static_cast<std::size_t>(iY) * static_cast<std::size_t>(iWidth) + static_cast<std::size_t>(iX)];
         if (bFree != 0) {
             bFree = 0;
             --m_iFree;

@@ -73,7 +73,8 @@ CurveRaster raster(const GreatCircleBatch& batch, const PointTarget& target, Par
     CurveRaster curves(target, batch.m_oFrame);
     const double dStep = curveStep(batch.m_oFrame);
     for (std::size_t i = batch.size(); i-- > 0 && !curves.isFull();) {
-        if (belongs(batch, ePart, i) && curves.take(batch.m_oProjection.pole(batch.m_vdDips[i], batch.m_vdDipAzimuths[i]))) {
+        if (belongs(batch, ePart, i) &&
+            curves.take(batch.m_oProjection.pole(batch.m_vdDips[i], batch.m_vdDipAzimuths[i]))) {
             curves.write(greatCircle(batch.m_oProjection, batch.m_vdDips[i], batch.m_vdDipAzimuths[i], dStep),
                          qPremultiply(colorOf(batch, ePart, i).rgba()));
         }
@@ -87,7 +88,8 @@ void drawOutlines(QPainter* pPainter, const GreatCircleBatch& batch, Part ePart)
     std::vector<std::size_t> viPlanes;
     CurveRaster poles(PointTarget(), batch.m_oFrame);
     for (std::size_t i = batch.size(); i-- > 0;) {
-        if (belongs(batch, ePart, i) && poles.take(batch.m_oProjection.pole(batch.m_vdDips[i], batch.m_vdDipAzimuths[i]))) {
+        if (belongs(batch, ePart, i) &&
+            poles.take(batch.m_oProjection.pole(batch.m_vdDips[i], batch.m_vdDipAzimuths[i]))) {
             viPlanes.push_back(i);
         }
     }
@@ -96,8 +98,8 @@ void drawOutlines(QPainter* pPainter, const GreatCircleBatch& batch, Part ePart)
     pPainter->setBrush(Qt::NoBrush);
     for (auto it = viPlanes.rbegin(); it != viPlanes.rend(); ++it) {
         pPainter->setPen(QPen(colorOf(batch, ePart, *it), ePart == Part::Selected ? 2.0 : 1.0));
-        pPainter->drawPath(greatCirclePath(batch.m_oProjection, batch.m_oFrame, batch.m_vdDips[*it],
-                                           batch.m_vdDipAzimuths[*it]));
+        pPainter->drawPath(
+            greatCirclePath(batch.m_oProjection, batch.m_oFrame, batch.m_vdDips[*it], batch.m_vdDipAzimuths[*it]));
     }
     pPainter->restore();
 }

@@ -1,11 +1,20 @@
 #pragma once
 
+#include "ContourPaths.h"
 #include "DensityGrid.h"
+#include "GreatCirclePainter.h"
+#include "NetPaths.h"
+#include "PointSelection.h"
+#include "ProjectedRecords.h"
 #include "QPolarPlotWidget.h"
 #include "StereoNetSettings.h"
+#include "StereoResults.h"
 #include "gkBaseToolsExport.h"
 
+#include <QPainterPath>
+#include <QPointF>
 #include <QPointer>
+#include <QPolygonF>
 #include <QString>
 
 #include <span>
@@ -15,15 +24,24 @@ class QMouseEvent;
 
 namespace gkBase {
 
+class LabelPlacement;
 class MatrixDataArray;
 class QRelationshipItemModel;
 
 /// The stereonet: orientations projected onto the lower hemisphere, equal-area (Schmidt) or equal-angle (Wulff), with
 /// reference net, density contours, great circles, results and clusters. The user selects records with a lasso (Ctrl
-/// adds) and, in the pick mode, looks at the plane whose pole lies under the cursor.
+/// adds) or a click and, in the pick mode, looks at the plane whose pole lies under the cursor.
+///
+/// Drawn from below: contours, net, great circles, points of the first, the second and the lineation data, contour
+/// labels, results, centroids, frame. All of the data is clipped to the disc.
+///
+/// Chart units are (dip, dip azimuth) of planes or (plunge, azimuth) of lines, by the projection target of the
+/// settings; cursorPos() tells them, or (99999.0, 99999.0) beyond the rim.
 ///
 /// The models are not owned. model() has the first data set; its results are drawn. What changes in a model or in the
-/// settings is shown after updateChart().
+/// settings is shown after updateChart(). What did not change is not worked out again: records are projected when
+/// points or projection change, and counted when besides these the selection that the counts are restricted to, the
+/// weights or the grid do.
 class GKBASETOOLS_EXPORT QStereoPlotWidget : public QPolarPlotWidget
 {
     Q_OBJECT
@@ -32,15 +50,15 @@ public:
     ~QStereoPlotWidget() override;
 
     /// Everything that the user chose; draws nothing by itself.
-    void setSettings(const StereoNetSettings& settings);
-    const StereoNetSettings& settings() const;
+    virtual void setSettings(const StereoNetSettings& settings);
+    const StereoNetSettings& settings() const { return m_settings; }
 
     void setSecondModel(QRelationshipItemModel* pModel);
     void setLineationModel(QRelationshipItemModel* pModel);
     QRelationshipItemModel* secondModel() const;
     QRelationshipItemModel* lineationModel() const;
 
-    /// An azimuth that is marked at the rim with a line through the centre; bShow false hides it, bAxial draws both
+    /// An azimuth that is marked at the rim with a line from the centre; bShow false hides it, bAxial draws both
     /// directions.
     void setAverageOrientation(const double& dAzimuth, const bool& bShow, const bool& bAxial);
 
@@ -51,20 +69,24 @@ public:
         Pick
     };
     void setMouseMode(MouseMode eMode);
-    MouseMode mouseMode() const;
+    MouseMode mouseMode() const { return m_eMouseMode; }
 
-    // ---- projection: angles in degrees, pixels of the whole chart
+    // ---- projection: angles in degrees, pixels of the whole chart as of the last layout
     double equalAreaRadius(double dPlunge) const;
     double equalAngleRadius(double dPlunge) const;
+    /// Of the pole of a plane, in the projection of the settings, whichever that is.
     double equalAngleCenterPoleDistance(double dDip) const;
     QPointF poleInPixel(const QPointF& oPlane) const;
     QPointF dipDirectionInPixel(const QPointF& oLine) const;
+    /// By the projection target: poleInPixel() (0), dipDirectionInPixel() (1), or (0, 0).
     QPointF transformInPixelPoint(const QPointF& oPoint) override;
     void transformPoints(std::span<const double> vdX, std::span<const double> vdY,
                          std::vector<QPointF>& voPixels) override;
-    /// 0 at the centre.
+    /// A pixel in chart units; (99999.0, 99999.0) beyond the rim.
+    virtual QPointF transformInDataPoint(const QPointF& oPixel) const;
+    /// Clockwise from north; 0 at the centre.
     double transformInAzimuth(const QPointF& oPixel) const;
-    /// The plane whose pole plots there; dip and azimuth stay 0 beyond the rim.
+    /// The plane whose pole plots there; dip and azimuth are 0 beyond the rim.
     void generateDipAndDipAzimuth(const QPointF& oPixel, double& dDip, double& dDipAzimuth) const;
     /// The projection of the settings; the tangent diagram has its own.
     virtual NetProjection projection() const;
@@ -75,7 +97,8 @@ public:
 
     // ---- density
     /// The grid that the contours show, counted when the picture needs it; empty when contours are off, or nothing is
-    /// selected. In the settings' projection and with the weights of the model.
+    /// taken. In the present projection and with the weights of the model. The counts also go to the contour grids of
+    /// the model.
     const DensityGrid& density();
     /// Levels in per cent with the colours that bands and legend use; empty without contours.
     struct ContourLevel
@@ -85,9 +108,143 @@ public:
     };
     const std::vector<ContourLevel>& contourLevels();
 
+    void layoutChart() override;
+    void drawChart(QPainter& painter) override;
+
 signals:
-    /// A press on the net cleared the selection.
+    /// A press on the net cleared the selection. Records that the net shows then count as none, unlike those of a table
+    /// in which no row is selected.
     void clearSelection();
+
+protected:
+    void paintEvent(QPaintEvent* pEvent) override;
+    void mousePressEvent(QMouseEvent* pEvent) override;
+    void mouseMoveEvent(QMouseEvent* pEvent) override;
+    void mouseReleaseEvent(QMouseEvent* pEvent) override;
+    /// Escape gives a lasso up and brings the selection back.
+    void keyPressEvent(QKeyEvent* pEvent) override;
+    void leaveEvent(QEvent* pEvent) override;
+    bool event(QEvent* pEvent) override;
+
+    /// The position of the mouse in chart pixels.
+    QPointF chartPixel(const QPointF& oPosition) const { return oPosition + pixmapRect().topLeft(); }
+    /// The record drawn nearest to a position in chart pixels, within reach of a click; −1 for none.
+    int recordAt(const QPointF& oPixel);
+    /// What the tool tip of a record says.
+    virtual QString pointToolTip(int iRecord) const;
+
+    // ---- drawing, in pixels of the whole chart ----
+    virtual NetPaths netPaths() const;
+    /// The net, and the cross at its centre.
+    virtual void drawNet(QPainter* pPainter);
+    /// Nothing here.
+    virtual void drawFoldAxis(QPainter* pPainter);
+    /// The great circle of a plane in the present pen. bDiameter: and the vertical diameter of the net, in the label
+    /// colour.
+    void drawCyclographicTrace(QPainter* pPainter, const double& dDip, const double& dDipAzimuth, bool bDiameter);
+    /// Great circles of all planes of the first and, where it is shown, of the second data set.
+    void drawCyclographicTraces(QPainter* pPainter);
+    void drawPole(QPainter* pPainter, const QPointF& oPlane);
+    /// A point for a line. Lines with |plunge| below 0.005 are not drawn: a zero plunge is treated as no value.
+    void drawDipDirection(QPainter* pPainter, const QPointF& oLine);
+    /// The same with a symbol, in the highlight colour if wished.
+    void drawDipDirection(QPainter* pPainter, const QPointF& oLine, PointStyle eStyle, bool bHighlight);
+    /// An open circle of 5 pixels.
+    void drawDipDirectionAsBigCircle(QPainter* pPainter, const QPointF& oLine);
+    /// The dip azimuth of a plane: a line from the centre over its dip point to the rim, with its name and degrees.
+    void drawDipDirectionConstruction(QPainter* pPainter, const QPointF& oPlane);
+    void drawContour(QPainter* pPainter);
+    void drawContourLabels(QPainter* pPainter, LabelPlacement& placement);
+    void drawMeanOrientation(QPainter* pPainter);
+    void drawPoleCentroids(QPainter* pPainter);
+    void drawAzimuthCentroids(QPainter* pPainter);
+
+    /// Counts of the first data set at nodes over the square around the net, after the edge rule. A column number of
+    /// −1 takes the size of the grid; null writes nothing. bPoles false takes the records as lines.
+    void countingOutProjections(int iColumns, int iRows, MatrixDataArray* poGrid, bool bPoles,
+                                bool bBiasCorrected) const;
+    /// The same for the grid that the contours show.
+    void countingOutProjections(int iColumns, int iRows, bool bPoles, bool bBiasCorrected);
+
+private:
+    /// A data set beside the first.
+    struct Layer
+    {
+        QPointer<QRelationshipItemModel> m_pModel; ///< not owned
+        ProjectedRecords m_oRecords;
+        std::vector<QPointF> m_voPixels;
+        PointPainter m_oPainter;
+        GreatCirclePainter m_oGreatCircles;
+    };
+    /// A result in pixels.
+    struct ResultShape
+    {
+        StereoResultItem m_oItem;
+        QPointF m_oPoint; ///< the point, or the dip point of a plane, where its label goes
+        QPainterPath m_oPath;
+    };
+
+    bool contoursAreOn() const;
+    bool polesAreShown() const { return m_settings.m_iProjectionTarget == 0; }
+    /// Of a second data set: planes follow the first data set.
+    bool polesAreShown(const QRelationshipItemModel& model) const;
+    DensityGrid count(int iColumns, int iRows, bool bPoles, bool bBiasCorrected) const;
+    void updateDensity();
+    void updateContours();
+    quint64 densityKey() const;
+    quint64 netKey() const;
+    void layOutNet();
+    void layOutLayer(Layer& layer, bool bPoles);
+    void layOutContours();
+    void layOutResults();
+
+    QColor readable(const QColor& oColor) const;
+    void drawLayers(QPainter* pPainter);
+    void drawLayer(QPainter* pPainter, Layer& layer, const QColor& oColor);
+    void drawGreatCirclesOf(QPainter* pPainter, const QRelationshipItemModel& model, const QColor& oColor,
+                            GreatCirclePainter& curves);
+    void drawAverageOrientation(QPainter* pPainter);
+    void drawResultLabels(QPainter* pPainter, LabelPlacement& placement);
+    QPolygonF centroids(bool bPoles) const;
+    void drawPick(QPainter& painter);
+
+    using QPolarPlotWidget::setMousePickingPos;
+    /// Keeps the position of the mouse, or the rim in its direction.
+    void setMousePickingPos(QMouseEvent* pEvent);
+    void selectOutline();
+    void giveUpGesture();
+    void tellSelection();
+
+    StereoNetSettings m_settings;
+    double m_dAverageOrientation = 0.0;
+    bool m_bShowAverageOrientation = false;
+    bool m_bAxialAverageOrientation = false;
+
+    // Shapes of the present layout.
+    NetPaths m_oNet;
+    quint64 m_iNetKey = 0; ///< of what the net was made for; 0: nothing
+    ProjectedRecords m_oRecords;
+    GreatCirclePainter m_oGreatCircles;
+    Layer m_oSecond;
+    Layer m_oLineation;
+    std::vector<ResultShape> m_vResults;
+
+    // Density: counts, contours on the net of radius 1, the same in pixels.
+    DensityGrid m_oDensity;
+    QPointer<QRelationshipItemModel> m_pCountedModel; ///< not owned
+    quint64 m_iDensityKey = 0;                        ///< of what was counted; 0: nothing
+    std::vector<DensityContour> m_vContours;
+    std::vector<ContourLevel> m_vLevels;
+    quint64 m_iContourKey = 0;
+    std::vector<ContourPath> m_vContourPaths;
+    std::vector<ContourLabel> m_vContourLabels;
+    quint64 m_iPathKey = 0;
+
+    // The gesture under way.
+    MouseMode m_eMouseMode = MouseMode::Select;
+    Qt::MouseButton m_eButton = Qt::NoButton;
+    PointSelectionGesture m_oSelectionGesture;
+    bool m_bPicking = false;
 };
 
 } // namespace gkBase

@@ -1,0 +1,384 @@
+// What the stereonet draws.
+
+#include "LabelPlacement.h"
+#include "MatrixDataArray.h"
+#include "MissingValue.h"
+#include "QRelationshipItemModel.h"
+#include "QStereoPlotWidget.h"
+#include "StereoLabels.h"
+
+#include <QPainter>
+#include <QPen>
+
+#include <array>
+#include <cmath>
+
+namespace gkBase {
+
+namespace {
+
+constexpr double g_dNetPen = 1.0;
+constexpr double g_dCentreCross = 4.0;
+constexpr double g_dCentreCrossPen = 3.0;
+constexpr double g_dHalo = 2.0; ///< added to the width of result planes
+constexpr int g_iHaloAlpha = 150;
+constexpr int g_iPointSize = 4;
+constexpr int g_iOpenCircleSize = 5;
+constexpr double g_dResultExtent = 7.0; ///< half the side of the framed square of a result
+constexpr double g_dSmallestPlunge = 0.005;
+
+/// Saves the painter and restores it.
+class PainterState
+{
+public:
+    explicit PainterState(QPainter* pPainter)
+        : m_pPainter(pPainter)
+    {
+        m_pPainter->save();
+    }
+    ~PainterState() { m_pPainter->restore(); }
+    PainterState(const PainterState&) = delete;
+    PainterState& operator=(const PainterState&) = delete;
+
+private:
+    QPainter* m_pPainter;
+};
+
+QRectF around(const QPointF& oPoint, double dHalf)
+{
+    return {oPoint.x() - dHalf, oPoint.y() - dHalf, 2.0 * dHalf, 2.0 * dHalf};
+}
+
+bool isPoint(const QPointF& oPoint)
+{
+    return std::isfinite(oPoint.x()) && std::isfinite(oPoint.y());
+}
+
+} // namespace
+
+void QStereoPlotWidget::drawChart(QPainter& painter)
+{
+    if (radius() <= 0) {
+        return;
+    }
+    const PainterState state(&painter);
+    painter.setRenderHint(QPainter::Antialiasing);
+    {
+        const PainterState clipped(&painter);
+        painter.setClipPath(clipPath(), Qt::IntersectClip);
+        drawContour(&painter);
+    }
+    drawNet(&painter);
+    {
+        const PainterState clipped(&painter);
+        painter.setClipPath(clipPath(), Qt::IntersectClip);
+        drawCyclographicTraces(&painter);
+        drawLayers(&painter);
+    }
+    drawAverageOrientation(&painter);
+
+    // Labels of results come before those of contours where there is no room for both.
+    LabelPlacement placement(m_oPlotRect);
+    for (const ResultShape& shape : m_vResults) {
+        if (shape.m_oItem.m_eKind != StereoResultItem::Kind::GreatCircle && isPoint(shape.m_oPoint)) {
+            placement.block(around(shape.m_oPoint, g_dResultExtent));
+        }
+    }
+    drawMeanOrientation(&painter);
+    drawResultLabels(&painter, placement);
+    drawContourLabels(&painter, placement);
+    if (clusterPoleCentroidsOn()) {
+        drawPoleCentroids(&painter);
+    }
+    if (clusterAzimuthCentroidsOn()) {
+        drawAzimuthCentroids(&painter);
+    }
+    drawFoldAxis(&painter);
+    QPolarPlotWidget::drawChart(painter);
+}
+
+// ---- contours -------------------------------------------------------------------------------------------------------
+
+void QStereoPlotWidget::drawContour(QPainter* pPainter)
+{
+    const PainterState state(pPainter);
+    if (m_settings.m_bContourFill) {
+        for (std::size_t i = 0; i < m_vContourPaths.size() && i < m_vLevels.size(); ++i) {
+            pPainter->fillPath(m_vContourPaths[i].m_oArea, m_vLevels[i].m_oColor);
+        }
+    }
+    if (m_settings.m_bContourLines) {
+        pPainter->setPen(QPen(m_oLabelColor, 1.0));
+        pPainter->setBrush(Qt::NoBrush);
+        for (const ContourPath& path : m_vContourPaths) {
+            pPainter->drawPath(path.m_oLines);
+        }
+    }
+}
+
+void QStereoPlotWidget::drawContourLabels(QPainter* pPainter, LabelPlacement& placement)
+{
+    if (!m_settings.m_bContourLabels) {
+        return;
+    }
+    const PainterState state(pPainter);
+    for (const ContourLabel& label : m_vContourLabels) {
+        const QString sText = QString::number(label.m_dLevel, 'f', 2) + QLatin1Char('%');
+        const NetPoint oPixel = netFrame().toPixel(label.m_oPoint);
+        const QSizeF oSize = labelBoxSize(*pPainter, sText);
+        const QRectF oBox(QPointF(oPixel.m_dX - oSize.width() / 2.0, oPixel.m_dY - oSize.height() / 2.0), oSize);
+        if (isInsideNet(netFrame(), oBox) && !placement.place(std::array{oBox}).isNull()) {
+            drawLabelBox(*pPainter, oBox, sText, m_oLabelColor, m_oBackgroundColor);
+        }
+    }
+}
+
+// ---- net ------------------------------------------------------------------------------------------------------------
+
+void QStereoPlotWidget::drawNet(QPainter* pPainter)
+{
+    const PainterState state(pPainter);
+    const QPen oFinePen(readable(m_settings.m_oFineNetColor), g_dNetPen);
+    const QPen oCoarsePen(m_oLabelColor, g_dNetPen);
+    pPainter->setBrush(Qt::NoBrush);
+    pPainter->setPen(oFinePen);
+    pPainter->drawPath(m_oNet.m_oFine);
+    pPainter->setPen(oCoarsePen);
+    pPainter->drawPath(m_oNet.m_oCoarse);
+    pPainter->setPen(m_settings.m_bCoarseNet ? oCoarsePen : oFinePen);
+    pPainter->drawPath(m_oNet.m_oAxes);
+    pPainter->setPen(QPen(readable(Qt::darkGreen), g_dCentreCrossPen));
+    const QPointF oCentre = centre();
+    pPainter->drawLine(oCentre - QPointF(g_dCentreCross, 0.0), oCentre + QPointF(g_dCentreCross, 0.0));
+    pPainter->drawLine(oCentre - QPointF(0.0, g_dCentreCross), oCentre + QPointF(0.0, g_dCentreCross));
+}
+
+// ---- data -----------------------------------------------------------------------------------------------------------
+
+void QStereoPlotWidget::drawCyclographicTrace(QPainter* pPainter, const double& dDip, const double& dDipAzimuth,
+                                              bool bDiameter)
+{
+    const PainterState state(pPainter);
+    pPainter->setBrush(Qt::NoBrush);
+    pPainter->drawPath(greatCirclePath(projection(), netFrame(), dDip, dDipAzimuth));
+    if (bDiameter) {
+        pPainter->setPen(QPen(m_oLabelColor, 1.0));
+        pPainter->drawLine(pointAt(0.0, radius()), pointAt(180.0, radius()));
+    }
+}
+
+void QStereoPlotWidget::drawGreatCirclesOf(QPainter* pPainter, const QRelationshipItemModel& model,
+                                           const QColor& oColor, GreatCirclePainter& curves)
+{
+    if (model.linesAreShown()) {
+        return;
+    }
+    GreatCircleBatch batch;
+    batch.m_vdDips = model.x();
+    batch.m_vdDipAzimuths = model.y();
+    if (model.numberOfSelectedPoints() > 0) {
+        batch.m_vbSelected = model.selectionMask();
+    }
+    batch.m_oColor = readable(oColor);
+    batch.m_oProjection = projection();
+    batch.m_oFrame = netFrame();
+    if (model.colorAttributeIsOn()) {
+        const RelationshipClasses& classes = model.colorClasses();
+        batch.m_viColors = classes.ids();
+        for (int iClass = 0; iClass <= classes.highestId(); ++iClass) {
+            batch.m_voColors.push_back(classes.color(iClass));
+        }
+    }
+    curves.draw(pPainter, batch);
+}
+
+void QStereoPlotWidget::drawCyclographicTraces(QPainter* pPainter)
+{
+    if (!m_settings.m_bGreatCircles) {
+        return;
+    }
+    if (m_oSecond.m_pModel && m_settings.m_bSecondPoints) {
+        drawGreatCirclesOf(pPainter, *m_oSecond.m_pModel, m_settings.m_oSecondPointColor, m_oSecond.m_oGreatCircles);
+    }
+    if (model()) {
+        drawGreatCirclesOf(pPainter, *model(), m_settings.m_oPointColor, m_oGreatCircles);
+    }
+}
+
+void QStereoPlotWidget::drawLayer(QPainter* pPainter, Layer& layer, const QColor& oColor)
+{
+    drawPointsOf(pPainter, {layer.m_pModel, layer.m_voPixels, oColor, &layer.m_oPainter});
+}
+
+void QStereoPlotWidget::drawLayers(QPainter* pPainter)
+{
+    if (m_settings.m_bPoints) {
+        drawPoints(pPainter);
+    }
+    if (m_settings.m_bSecondPoints) {
+        drawLayer(pPainter, m_oSecond, m_settings.m_oSecondPointColor);
+    }
+    if (m_settings.m_bLineationPoints) {
+        drawLayer(pPainter, m_oLineation, m_settings.m_oLineationColor);
+    }
+}
+
+void QStereoPlotWidget::drawPole(QPainter* pPainter, const QPointF& oPlane)
+{
+    drawCircle(pPainter, poleInPixel(oPlane), g_iPointSize);
+}
+
+void QStereoPlotWidget::drawDipDirection(QPainter* pPainter, const QPointF& oLine)
+{
+    // A zero plunge is treated as no value.
+    if (std::abs(oLine.x()) >= g_dSmallestPlunge && !isMissing(oLine.x())) {
+        drawCircle(pPainter, dipDirectionInPixel(oLine), g_iPointSize);
+    }
+}
+
+void QStereoPlotWidget::drawDipDirection(QPainter* pPainter, const QPointF& oLine, PointStyle eStyle, bool bHighlight)
+{
+    if (std::abs(oLine.x()) >= g_dSmallestPlunge && !isMissing(oLine.x())) {
+        drawOneSymbol(pPainter, dipDirectionInPixel(oLine), eStyle, bHighlight ? m_oHighlightColor : m_oLineColor,
+                      g_iPointSize);
+    }
+}
+
+void QStereoPlotWidget::drawDipDirectionAsBigCircle(QPainter* pPainter, const QPointF& oLine)
+{
+    const PainterState state(pPainter);
+    pPainter->setBrush(Qt::NoBrush);
+    drawCircle(pPainter, dipDirectionInPixel(oLine), g_iOpenCircleSize);
+}
+
+// ---- results --------------------------------------------------------------------------------------------------------
+
+void QStereoPlotWidget::drawFoldAxis(QPainter*) {}
+
+void QStereoPlotWidget::drawAverageOrientation(QPainter* pPainter)
+{
+    if (!m_bShowAverageOrientation) {
+        return;
+    }
+    const PainterState state(pPainter);
+    pPainter->setPen(QPen(readable(m_oLineColor), linePixelSize()));
+    const auto drawDirection = [&](double dAzimuth) {
+        pPainter->drawLine(QPointF(centre()), pointAt(dAzimuth, radius()));
+        drawArrow(pPainter, pointAt(dAzimuth, radius()));
+    };
+    drawDirection(m_dAverageOrientation);
+    if (m_bAxialAverageOrientation) {
+        drawDirection(m_dAverageOrientation + 180.0);
+    }
+}
+
+void QStereoPlotWidget::drawMeanOrientation(QPainter* pPainter)
+{
+    const PainterState state(pPainter);
+    pPainter->setBrush(Qt::NoBrush);
+    for (const ResultShape& shape : m_vResults) {
+        if (shape.m_oItem.m_eKind == StereoResultItem::Kind::GreatCircle) {
+            const int iWidth = std::max(shape.m_oItem.m_oStyle.m_iWidth, 1);
+            QColor oHalo = m_oBackgroundColor;
+            oHalo.setAlpha(g_iHaloAlpha);
+            pPainter->setPen(QPen(oHalo, iWidth + g_dHalo, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
+            pPainter->drawPath(shape.m_oPath);
+            pPainter->setPen(
+                QPen(readable(shape.m_oItem.m_oStyle.m_oColor), iWidth, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
+            pPainter->drawPath(shape.m_oPath);
+        }
+    }
+    for (const ResultShape& shape : m_vResults) {
+        if (shape.m_oItem.m_eKind != StereoResultItem::Kind::GreatCircle && isPoint(shape.m_oPoint)) {
+            drawResultPoint(pPainter, shape.m_oPoint, readable(shape.m_oItem.m_oStyle.m_oColor), QString());
+        }
+    }
+}
+
+void QStereoPlotWidget::drawResultLabels(QPainter* pPainter, LabelPlacement& placement)
+{
+    if (!m_settings.m_bResultLabels) {
+        return;
+    }
+    const PainterState state(pPainter);
+    for (const ResultShape& shape : m_vResults) {
+        if (!isPoint(shape.m_oPoint)) {
+            continue;
+        }
+        const bool bPlane = shape.m_oItem.m_eKind == StereoResultItem::Kind::GreatCircle;
+        const QRectF oAnchor = around(shape.m_oPoint, bPlane ? shape.m_oItem.m_oStyle.m_iWidth / 2.0 : g_dResultExtent);
+        const QRectF oBox = placeOnNet(placement, netFrame(), oAnchor, labelBoxSize(*pPainter, shape.m_oItem.m_sLabel));
+        if (!oBox.isNull()) {
+            const QColor oColor = readable(shape.m_oItem.m_oStyle.m_oColor);
+            drawLabelLeader(*pPainter, oBox, shape.m_oPoint, oColor);
+            drawLabelBox(*pPainter, oBox, shape.m_oItem.m_sLabel, oColor, m_oBackgroundColor);
+        }
+    }
+}
+
+QPolygonF QStereoPlotWidget::centroids(bool bPoles) const
+{
+    QPolygonF oPixels;
+    const MatrixDataArray* poCentroids = model() ? model()->clusterCentroids() : nullptr;
+    for (int iRow = 0; poCentroids && iRow < poCentroids->arrayRows(); ++iRow) {
+        const QPointF oCentroid(poCentroids->cell(iRow, 0), poCentroids->cell(iRow, 1));
+        const QPointF oPixel = bPoles ? poleInPixel(oCentroid) : dipDirectionInPixel(oCentroid);
+        if (isPoint(oPixel)) {
+            oPixels << oPixel;
+        }
+    }
+    return oPixels;
+}
+
+void QStereoPlotWidget::drawPoleCentroids(QPainter* pPainter)
+{
+    // Lines have no poles: what stands for the records are their own centroids.
+    const bool bPoles = model() && !model()->linesAreShown();
+    drawCentroids(pPainter, centroids(bPoles), readable(m_oLineColor));
+}
+
+void QStereoPlotWidget::drawAzimuthCentroids(QPainter* pPainter)
+{
+    drawCentroids(pPainter, centroids(false), readable(m_settings.m_oLineationColor));
+}
+
+// ---- the plane under the cursor -------------------------------------------------------------------------------------
+
+void QStereoPlotWidget::drawDipDirectionConstruction(QPainter* pPainter, const QPointF& oPlane)
+{
+    const PainterState state(pPainter);
+    const QColor oColor = pPainter->pen().color();
+    pPainter->setPen(QPen(oColor, 1.0, Qt::DashLine));
+    pPainter->drawLine(QPointF(centre()), pointAt(oPlane.y(), radius()));
+    pPainter->setPen(oColor);
+    drawArrow(pPainter, pointAt(oPlane.y(), radius()));
+    pPainter->setBrush(oColor);
+    drawDipDirection(pPainter, oPlane);
+    const QString sText = tr("Dip Azimuth") + QStringLiteral(" %1°").arg(oPlane.y(), 0, 'f', 1);
+    LabelPlacement placement(m_oPlotRect);
+    const QRectF oBox =
+        placeOnNet(placement, netFrame(), around(pointAt(oPlane.y(), radius()), 0.0), labelBoxSize(*pPainter, sText));
+    if (!oBox.isNull()) {
+        drawLabelBox(*pPainter, oBox, sText, oColor, m_oBackgroundColor);
+    }
+}
+
+void QStereoPlotWidget::drawPick(QPainter& painter)
+{
+    double dDip = 0.0;
+    double dDipAzimuth = 0.0;
+    generateDipAndDipAzimuth(chartPixel(mousePickingPos()), dDip, dDipAzimuth);
+    const QPointF oPlane(dDip, dDipAzimuth);
+    const PainterState state(&painter);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor oColor = readable(m_oLineColor);
+    painter.setPen(QPen(oColor, linePixelSize()));
+    drawCyclographicTrace(&painter, dDip, dDipAzimuth, false);
+    painter.setPen(QPen(oColor, 1.0));
+    painter.setBrush(oColor);
+    drawPole(&painter, oPlane);
+    drawDipDirectionAsBigCircle(&painter, oPlane);
+    drawDipDirectionConstruction(&painter, oPlane);
+}
+
+} // namespace gkBase
