@@ -1,5 +1,6 @@
 #pragma once
 
+#include "NetProjection.h"
 #include "QStereoPlotWidget.h"
 #include "gkBaseToolsExport.h"
 
@@ -28,7 +29,8 @@ struct ContourLegendInfo
     bool m_bFilled = true; ///< bands are filled; else lines only
 };
 
-/// The bands of a contour map with their levels, and what the numbers mean.
+/// The bands of a contour map beside the per cent of their limits, and below them what the numbers mean. The numbers
+/// of narrow bands are left out where they would overlap.
 class GKBASETOOLS_EXPORT ContourLegend : public QWidget
 {
     Q_OBJECT
@@ -54,6 +56,9 @@ protected:
     void paintEvent(QPaintEvent* pEvent) override;
 
 private:
+    /// Draws it into (0, 0) … oSize in the painter's font; the bands take the height that the text leaves.
+    void draw(QPainter& painter, const QSizeF& oSize, const QColor& oTextColor) const;
+
     std::vector<Level> m_vLevels;
     ContourLegendInfo m_info;
 };
