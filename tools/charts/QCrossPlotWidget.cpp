@@ -217,20 +217,7 @@ void QCrossPlotWidget::slotPointsSelected(bool* pbSelection, int iLength)
 
 void QCrossPlotWidget::slotLegendSelection()
 {
-    std::vector<unsigned char> vbMask(static_cast<std::size_t>(m_pModel->numberOfPoints()), 0);
-    const auto addClasses = [&vbMask](const RelationshipClasses& classes, const std::vector<int>& viClasses) {
-        std::vector<unsigned char> vbWanted(static_cast<std::size_t>(std::max(0, classes.highestId() + 1)), 0);
-        for (const int iClass : viClasses) {
-            if (iClass >= 0 && iClass <= classes.highestId())
-                vbWanted[static_cast<std::size_t>(iClass)] = 1;
-        }
-        const std::span<const int> viIds = classes.ids();
-        for (std::size_t i = 0; i < std::min(viIds.size(), vbMask.size()); ++i)
-            vbMask[i] |= vbWanted[static_cast<std::size_t>(viIds[i])];
-    };
-    addClasses(m_pModel->colorClasses(), m_pqLegends->selectedColorClasses());
-    addClasses(m_pModel->symbolClasses(), m_pqLegends->selectedSymbolClasses());
-    m_pModel->selectPoints(vbMask, false);
+    m_pModel->selectPoints(m_pqLegends->selectedRecords(*m_pModel), false);
     m_viSelectedRecords = m_pModel->selectedRecords();
     m_pqPlot->scheduleRedraw();
     emit dataPointsSelection(m_pModel->selection(), m_pModel->numberOfPoints());

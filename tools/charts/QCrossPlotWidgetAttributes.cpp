@@ -39,19 +39,6 @@ std::vector<MatrixData*> numbersDepthLast(const MatrixData* poDataSet)
     return vpNumbers;
 }
 
-/// Records of the data set of an attribute.
-int records(const MatrixData* poAttribute)
-{
-    if (!poAttribute)
-        return -1;
-    int iRecords = poAttribute->recordCount();
-    if (const MatrixData* poDataSet = poAttribute->owner()) {
-        for (const MatrixData* poLeaf : poDataSet->leafs())
-            iRecords = std::max(iRecords, poLeaf->recordCount());
-    }
-    return iRecords;
-}
-
 } // namespace
 
 // ---- root and choosers ----------------------------------------------------------------------------------------------
@@ -85,7 +72,7 @@ void QCrossPlotWidget::updateDataSetSelectionBox()
 
 int QCrossPlotWidget::numberOfRecords() const
 {
-    return records(nodeX() ? nodeX() : nodeY());
+    return dataSetRecords(nodeX() ? nodeX() : nodeY());
 }
 
 void QCrossPlotWidget::fillChoosers()
@@ -116,7 +103,7 @@ void QCrossPlotWidget::slotAttributeChosen(CrossPlotRole eRole, int iGlobalID)
 {
     MatrixData* poNode = node(iGlobalID);
     if (eRole == CrossPlotRole::X) {
-        if (nodeY() && records(nodeY()) == records(poNode))
+        if (nodeY() && dataSetRecords(nodeY()) == dataSetRecords(poNode))
             chooseAttributes(poNode, nodeY());
         else
             chooseDataSet(poNode);
@@ -172,7 +159,7 @@ void QCrossPlotWidget::chooseAttributes(MatrixData* poX, MatrixData* poY)
     if (numberOfRecords() != iFormerRecords) {
         // What belongs to other records says nothing about these points.
         for (const CrossPlotRole eRole : g_optionalRoles) {
-            if (records(attribute(eRole)) != numberOfRecords())
+            if (dataSetRecords(attribute(eRole)) != numberOfRecords())
                 setAttribute(eRole, nullptr);
         }
         m_poClusters.reset();
@@ -264,7 +251,7 @@ MatrixData* QCrossPlotWidget::classNode(int iGlobalID) const
     if (!poNode || !poNode->isAttribute())
         return nullptr;
     // Before points are chosen any attribute may be meant.
-    const bool bFits = numberOfRecords() < 0 || records(poNode) == numberOfRecords() ||
+    const bool bFits = numberOfRecords() < 0 || dataSetRecords(poNode) == numberOfRecords() ||
                        poNode->recordCount() == m_pModel->numberOfPoints();
     return bFits ? poNode : nullptr;
 }

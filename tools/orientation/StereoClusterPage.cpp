@@ -1,6 +1,7 @@
 #include "StereoClusterPage.h"
 
 #include "ChartPanelControls.h"
+#include "MatrixData.h"
 #include "MatrixDataArray.h"
 #include "QIntSpinBoxWithSlider.h"
 #include "QRelationshipItemModel.h"
@@ -33,23 +34,6 @@ QTableWidgetItem* newCell(const QString& sText)
     auto* pqItem = new QTableWidgetItem(sText);
     pqItem->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     return pqItem;
-}
-
-/// The colour in which the points of a cluster are drawn; invalid while they are not coloured by the clusters.
-QColor clusterColor(const QRelationshipItemModel& model, int iCluster)
-{
-    if (!model.colorAttributeIsOn() || !model.colorAttribute() ||
-        model.colorAttribute()->name() != model.clusterAttributeName())
-        return {};
-    const std::span<const int> viIDs = model.clusterIDs();
-    for (std::size_t i = 0; i < viIDs.size(); ++i) {
-        if (viIDs[i] == iCluster) {
-            QColor oColor;
-            model.getColor(static_cast<int>(i), oColor);
-            return oColor;
-        }
-    }
-    return {};
 }
 
 } // namespace
@@ -152,6 +136,22 @@ void StereoClusterPage::showClusters(const QRelationshipItemModel& model, Orient
                                  : tr("Attribute: %1").arg(model.clusterAttributeName()));
 }
 
+std::vector<QColor> StereoClusterPage::clusterColors(const QRelationshipItemModel& model)
+{
+    std::vector<QColor> voColors(model.clusterSizes().size());
+    if (!model.colorAttribute() || !model.colorAttribute()->name().startsWith(model.clusterAttributeName()))
+        return voColors;
+    std::size_t iFound = 0;
+    const std::span<const int> viIDs = model.clusterIDs();
+    for (std::size_t i = 0; i < viIDs.size() && iFound < voColors.size(); ++i) {
+        if (viIDs[i] < 0 || voColors[static_cast<std::size_t>(viIDs[i])].isValid())
+            continue;
+        model.getColor(static_cast<int>(i), voColors[static_cast<std::size_t>(viIDs[i])]);
+        ++iFound;
+    }
+    return voColors;
+}
+
 void StereoClusterPage::fillTable(const QRelationshipItemModel& model, OrientationConvention eConvention)
 {
     const MatrixDataArray& centroids = *model.clusterCentroids();
@@ -160,12 +160,12 @@ void StereoClusterPage::fillTable(const QRelationshipItemModel& model, Orientati
         {tr("Cluster"), tr("Records"), bLines ? lineHeader() : planeHeader(eConvention)});
     m_pqTable->setRowCount(centroids.arrayRows());
     const std::span<const std::size_t> viSizes = model.clusterSizes();
+    const std::vector<QColor> voColors = clusterColors(model);
     for (int iCluster = 0; iCluster < centroids.arrayRows(); ++iCluster) {
         const auto i = static_cast<std::size_t>(iCluster);
         QTableWidgetItem* pqNumber = newCell(QString::number(iCluster));
-        const QColor oColor = clusterColor(model, iCluster);
-        if (oColor.isValid())
-            pqNumber->setData(Qt::DecorationRole, oColor);
+        if (i < voColors.size() && voColors[i].isValid())
+            pqNumber->setData(Qt::DecorationRole, voColors[i]);
         const double dAngle = centroids.cell(iCluster, 0);
         const double dAzimuth = centroids.cell(iCluster, 1);
         m_pqTable->setItem(iCluster, NumberColumn, pqNumber);

@@ -4,7 +4,10 @@
 #include "StereoChartSettings.h"
 #include "gkBaseToolsExport.h"
 
+#include <QColor>
 #include <QWidget>
+
+#include <vector>
 
 class QCheckBox;
 class QIntSpinBoxWithSlider;
@@ -32,6 +35,8 @@ public:
 
     /// Lists the model's clusters, none when it has none.
     void showClusters(const QRelationshipItemModel& model, OrientationConvention eConvention);
+    /// In which the points of each cluster are drawn; invalid ones while the points are not coloured by the clusters.
+    static std::vector<QColor> clusterColors(const QRelationshipItemModel& model);
     /// A sentence below the table that says why there are no clusters.
     void showProblem(const QString& sProblem);
     /// There are points that could be clustered.

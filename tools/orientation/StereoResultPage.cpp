@@ -129,7 +129,7 @@ void StereoResultPage::setLines(bool bLines)
 {
     for (const StereoResult eResult :
          {StereoResult::MeanResultantPole, StereoResult::MeanPrincipalPole, StereoResult::TPole, StereoResult::LPole,
-          StereoResult::MeanPrincipalPlane, StereoResult::MeanResultantPlane, StereoResult::SuggestedSectionPlane})
+          StereoResult::MeanPrincipalPlane, StereoResult::MeanResultantPlane})
         m_aRows[static_cast<std::size_t>(eResult)].m_pqShow->setEnabled(!bLines);
 }
 

@@ -42,6 +42,18 @@ std::vector<AttributeEntry> attributeEntries(const MatrixData* poRoot, const Mat
     return vEntries;
 }
 
+int dataSetRecords(const MatrixData* poAttribute)
+{
+    if (!poAttribute)
+        return -1;
+    int iRecords = poAttribute->recordCount();
+    if (const MatrixData* poDataSet = poAttribute->owner()) {
+        for (const MatrixData* poLeaf : poDataSet->leafs())
+            iRecords = std::max(iRecords, poLeaf->recordCount());
+    }
+    return iRecords;
+}
+
 bool isNumericAttribute(const MatrixData* poNode)
 {
     if (!poNode)

@@ -26,6 +26,9 @@ struct AttributeEntry
 GKBASETOOLS_EXPORT std::vector<AttributeEntry> attributeEntries(const MatrixData* poRoot,
                                                                 const MatrixData* poLeaving = nullptr);
 
+/// Records of the data set of an attribute; −1 for null.
+GKBASETOOLS_EXPORT int dataSetRecords(const MatrixData* poAttribute);
+
 /// Double, int or bool cells: what a chart can place along an axis. False for null.
 GKBASETOOLS_EXPORT bool isNumericAttribute(const MatrixData* poNode);
 

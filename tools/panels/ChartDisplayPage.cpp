@@ -104,6 +104,11 @@ QCheckBox* ChartDisplayPage::addCheckBox(const QString& sText, const QString& sT
     return pqBox;
 }
 
+void ChartDisplayPage::hideGrid()
+{
+    m_pqShowGrid->hide();
+}
+
 ChartDisplaySettings ChartDisplayPage::settings() const
 {
     return {m_pqShowGrid->isChecked(), blackBackground(), m_pqFontSizeSpinBox->getValue()};

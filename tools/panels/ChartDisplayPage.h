@@ -38,6 +38,8 @@ public:
     void setBlackBackground(bool bBlack);
     /// A further check box, checked, below the grid's; owned by the page.
     QCheckBox* addCheckBox(const QString& sText, const QString& sToolTip, const QString& sObjectName);
+    /// For charts without a grid.
+    void hideGrid();
     /// Magnifies the frame's chart as the controls say.
     void applyZoom();
 

@@ -156,6 +156,24 @@ std::vector<int> ClassLegends::selectedSymbolClasses() const
     return m_oSymbol.m_pqView->getSelectedIDs();
 }
 
+std::vector<unsigned char> ClassLegends::selectedRecords(const QRelationshipItemModel& model) const
+{
+    std::vector<unsigned char> vbMask(static_cast<std::size_t>(model.numberOfPoints()), 0);
+    const auto addClasses = [&vbMask](const RelationshipClasses& classes, const std::vector<int>& viClasses) {
+        std::vector<unsigned char> vbWanted(static_cast<std::size_t>(std::max(0, classes.highestId() + 1)), 0);
+        for (const int iClass : viClasses) {
+            if (iClass >= 0 && iClass <= classes.highestId())
+                vbWanted[static_cast<std::size_t>(iClass)] = 1;
+        }
+        const std::span<const int> viIds = classes.ids();
+        for (std::size_t i = 0; i < std::min(viIds.size(), vbMask.size()); ++i)
+            vbMask[i] |= vbWanted[static_cast<std::size_t>(viIds[i])];
+    };
+    addClasses(model.colorClasses(), selectedColorClasses());
+    addClasses(model.symbolClasses(), selectedSymbolClasses());
+    return vbMask;
+}
+
 void ClassLegends::clearSelection()
 {
     m_oColor.m_pqView->setSelectedIDs({});

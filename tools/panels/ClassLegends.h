@@ -34,6 +34,8 @@ public:
 
     std::vector<int> selectedColorClasses() const;
     std::vector<int> selectedSymbolClasses() const;
+    /// One flag per record of the model: it belongs to a selected class.
+    std::vector<unsigned char> selectedRecords(const QRelationshipItemModel& model) const;
     /// Emits nothing.
     void clearSelection();
 
