@@ -181,13 +181,22 @@ gkBase::MatrixData* CommandInput::numericAttribute(const QString& sName, std::op
     gkBase::MatrixData* poAttribute = attribute(sName, oError);
     if (!poAttribute || isNumeric(*poAttribute))
         return poAttribute;
-    oError = noNumbers(sName);
+    oError = noNumbers(*poAttribute);
     return nullptr;
 }
 
-CommandResult CommandInput::noNumbers(const QString& sName) const
+CommandResult CommandInput::noNumbers(const gkBase::MatrixData& attribute) const
 {
-    return CommandResult::badInput(text("%1: the attribute \"%2\" holds no numbers").arg(m_sFile, sName));
+    const gkBase::MatrixColumn& column = attribute.column();
+    for (int i = 0; i < column.size(); ++i) {
+        bool bNumber = false;
+        column.text(i).toDouble(&bNumber);
+        if (!bNumber && !column.text(i).isEmpty()) {
+            return CommandResult::badInput(text("%1: the attribute \"%2\" holds no numbers: record %3 is \"%4\"")
+                                               .arg(m_sFile, attribute.name(), QString::number(i + 1), column.text(i)));
+        }
+    }
+    return CommandResult::badInput(text("%1: the attribute \"%2\" holds no numbers").arg(m_sFile, attribute.name()));
 }
 
 std::vector<gkBase::MatrixData*> CommandInput::numericAttributes(const QStringList& lNames,
@@ -207,7 +216,7 @@ std::vector<gkBase::MatrixData*> CommandInput::numericAttributes(const QStringLi
     }
     for (std::size_t i = 0; i < vpAttributes.size() && !oError; ++i) {
         if (!isNumeric(*vpAttributes[i])) {
-            oError = noNumbers(lNames[static_cast<qsizetype>(i)]);
+            oError = noNumbers(*vpAttributes[i]);
         } else if (vpAttributes[i]->recordCount() != vpAttributes.front()->recordCount()) {
             oError = CommandResult::badInput(text("%1: \"%2\" and \"%3\" belong to data sets of different length")
                                                  .arg(m_sFile, lNames.front(), lNames[static_cast<qsizetype>(i)]));

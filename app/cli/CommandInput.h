@@ -63,7 +63,8 @@ public:
                                                        std::optional<CommandResult>& oError) const;
 
 private:
-    CommandResult noNumbers(const QString& sName) const;
+    /// The message about an attribute of something else, with the first record that shows it.
+    CommandResult noNumbers(const gkBase::MatrixData& attribute) const;
     QString helpText(const QString& sCommand) const;
 
     QCommandLineParser m_parser;
