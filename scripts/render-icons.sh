@@ -1,7 +1,13 @@
 #!/usr/bin/env bash
 # Draws the PNG icons and the cursor bitmaps of the program from their SVG sources (needs rsvg-convert and, for the
 # cursors, ImageMagick). Run it after changing a source.
+# usage: render-icons.sh [BUILD]: with a build folder (build/release) the picture of the Woodcock diagram, too, which the
+# library itself draws.
 set -euo pipefail
+if [ $# -gt 0 ]; then
+    cmake --build "$1" --target woodcock_picture
+    picture=$(find "$(realpath "$1")" -name woodcock_picture -type f | head -n 1)
+fi
 cd "$(dirname "$0")/../app/resources"
 for source in svg/*.svg; do
     name=$(basename "$source" .svg)
@@ -20,3 +26,5 @@ for source in svg/cursors/*.svg; do
     rsvg-convert -w 32 -h 32 "$source" | convert - -alpha extract -threshold 50% -morphology Dilate Square:1 \
         "${bilevel[@]}" "bmp/${name}Mask.bmp"
 done
+
+[ $# -eq 0 ] || QT_QPA_PLATFORM=offscreen "$picture" png

@@ -256,6 +256,8 @@ void TestOrientationModel::identicalRecords()
     QCOMPARE(values.m_dK, 0.0);
     chart.m_oModel.updateOrientationResults();
     QVERIFY(anglesApart(true, chart.m_oModel.meanPrincipalPlane(), {33.3, 217.1}) < 1e-9);
+    QCOMPARE(chart.m_oModel.TdirectionPlane(), g_oUndefined);
+    QCOMPARE(chart.m_oModel.LdirectionDipDirection(), g_oUndefined);
     QVERIFY(chart.m_oModel.buildClusters_KML_ForStereoProjection(QStringLiteral("c"), 4));
     QCOMPARE(chart.m_oModel.clusterSizes().size(), std::size_t{1});
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "gkBaseToolsExport.h"
+
 #include <QRectF>
 
 #include <cstddef>
@@ -16,7 +18,7 @@ struct ContourLegendBand
 
 /// Bands of equal height from the bottom of the area up. The number of the lowest one is always shown; of the others
 /// every n-th, so that dLineHeight fits between them and, with bTop, below the number that stands at the top.
-std::vector<ContourLegendBand> contourLegendBands(std::size_t iBands, const QRectF& oArea, double dLineHeight,
-                                                  bool bTop);
+GKBASETOOLS_EXPORT std::vector<ContourLegendBand> contourLegendBands(std::size_t iBands, const QRectF& oArea,
+                                                                     double dLineHeight, bool bTop);
 
 } // namespace gkBase

@@ -15,18 +15,20 @@
 #include <QPen>
 #include <QToolTip>
 
-#include <cmath>
+#include <algorithm>
 
 namespace gkBase {
 
 namespace {
 
 constexpr QColor g_oHighlight(255, 255, 0);
+/// Lengths in pixels, of pictures up to this size; in larger ones they grow with it.
+constexpr double g_dPlainSize = 634.0;
 /// Half the widths of symbols: large enough to tell their shapes apart, the current one twice as large.
-constexpr int g_iSymbolSize = 4;
-constexpr int g_iCurrentSize = 8;
+constexpr double g_dSymbolSize = 4.0;
+constexpr double g_dCurrentSize = 8.0;
 constexpr double g_dPenWidth = 2.0;
-/// Pixels between the edge of the picture and the marks of points outside; they hold the arrow.
+/// Between the edge of the picture and the marks of points outside; they hold the arrow.
 constexpr double g_dEdge = 18.0;
 constexpr double g_dArrowGap = 2.0;
 constexpr double g_dArrow = 9.0; ///< from the symbol to the tip of its arrow
@@ -128,7 +130,8 @@ QWoodcockHelpWidget::Mark QWoodcockHelpWidget::markOf(const QPointF& oValues) co
         return {};
     const WoodcockAxes oAxes(m_oLaidOut);
     const QPointF oPixel = oAxes.pixel(oValues.x(), oValues.y());
-    const QRectF oArea = QRectF(QPointF(0.0, 0.0), m_oLaidOut).adjusted(g_dEdge, g_dEdge, -g_dEdge, -g_dEdge);
+    const double dEdge = g_dEdge * m_dScale;
+    const QRectF oArea = QRectF(QPointF(0.0, 0.0), m_oLaidOut).adjusted(dEdge, dEdge, -dEdge, -dEdge);
     const std::optional<QPointF> oEdge = woodcockEdgeMark(oArea, oAxes.m_oOrigin, oPixel);
     return {oEdge.value_or(oPixel), oEdge.has_value(), true};
 }
@@ -137,6 +140,7 @@ void QWoodcockHelpWidget::layoutChart()
 {
     QChartDrawingArea::layoutChart();
     m_oLaidOut = chartSize();
+    m_dScale = std::max(1.0, std::min(m_oLaidOut.width(), m_oLaidOut.height()) / g_dPlainSize);
     m_oPlotRect = WoodcockAxes(m_oLaidOut).area();
     m_vMarks.clear();
     for (const QPointF& oPoint : m_voPoints)
@@ -147,7 +151,7 @@ int QWoodcockHelpWidget::pointAt(const QPointF& oPosition) const
 {
     const QPointF oChart = oPosition + pixmapRect().topLeft();
     int iNearest = -1;
-    double dNearest = g_dReach;
+    double dNearest = g_dReach * m_dScale;
     for (int i = 0; i < static_cast<int>(m_vMarks.size()); ++i) {
         const Mark& mark = m_vMarks[static_cast<std::size_t>(i)];
         const double dDistance = QLineF(mark.m_oPosition, oChart).length();
@@ -192,28 +196,31 @@ void QWoodcockHelpWidget::drawMark(QPainter& painter, const Mark& mark, int iSym
 {
     if (!mark.m_bDefined)
         return;
-    const int iSize = bCurrent ? g_iCurrentSize : g_iSymbolSize;
+    const int iSize = qRound((bCurrent ? g_dCurrentSize : g_dSymbolSize) * m_dScale);
     const QColor oLine = bCurrent ? m_oLabelColor : readableColor(oColor, m_oBackgroundColor, m_oLabelColor);
     const QColor oFill = bCurrent ? g_oHighlight : oLine;
-    const bool bHollow = !bCurrent && symbolFill(iSymbol) != SymbolFill::Colour;
-    painter.setPen(QPen(oLine, g_dPenWidth));
-    painter.setBrush(bHollow ? m_oBackgroundColor : oFill);
-    const QPainterPath oPath = symbolPath(iSymbol, mark.m_oPosition, iSize);
-    if (oPath.isEmpty())
-        painter.drawEllipse(mark.m_oPosition, 1.0, 1.0); // the style "Pixel"
-    else
-        painter.drawPath(oPath);
-    if (!mark.m_bOutside)
-        return;
-    // An arrow that points to where the point lies.
-    QLineF oRay(WoodcockAxes(m_oLaidOut).m_oOrigin, mark.m_oPosition);
-    const QPointF oAlong(oRay.unitVector().dx(), oRay.unitVector().dy());
+    const SymbolFill eFill = symbolFill(iSymbol);
+    painter.setPen(QPen(oLine, g_dPenWidth * m_dScale));
+    painter.setBrush(bCurrent || eFill == SymbolFill::Colour ? oFill : m_oBackgroundColor);
+    if (eFill == SymbolFill::None && (bCurrent || iSymbol == Pixel)) // has no inside to be filled
+        painter.drawEllipse(mark.m_oPosition, bCurrent ? iSize : m_dScale, bCurrent ? iSize : m_dScale);
+    painter.drawPath(symbolPath(iSymbol, mark.m_oPosition, iSize));
+    if (mark.m_bOutside)
+        drawArrow(painter, mark.m_oPosition, iSize, oLine);
+}
+
+/// An arrow beside a mark that points to where its point lies.
+void QWoodcockHelpWidget::drawArrow(QPainter& painter, const QPointF& oMark, int iSymbolSize, const QColor& oColor)
+{
+    const QLineF oRay = QLineF(WoodcockAxes(m_oLaidOut).m_oOrigin, oMark).unitVector();
+    const QPointF oAlong(oRay.dx(), oRay.dy());
     const QPointF oAcross(-oAlong.y(), oAlong.x());
-    const QPointF oBase = mark.m_oPosition + oAlong * (iSize + g_dArrowGap);
-    painter.setBrush(oLine);
+    const QPointF oBase = oMark + oAlong * (iSymbolSize + g_dArrowGap * m_dScale);
+    const double dLength = (g_dArrow - g_dArrowGap) * m_dScale;
+    painter.setBrush(oColor);
     painter.setPen(Qt::NoPen);
     painter.drawPolygon(
-        QPolygonF{oBase + oAcross * 4.0, oBase + oAlong * (g_dArrow - g_dArrowGap), oBase - oAcross * 4.0});
+        QPolygonF{oBase + oAcross * (dLength / 2.0), oBase + oAlong * dLength, oBase - oAcross * (dLength / 2.0)});
 }
 
 void QWoodcockHelpWidget::drawNames(QPainter& painter)
@@ -222,8 +229,8 @@ void QWoodcockHelpWidget::drawNames(QPainter& painter)
     LabelPlacement placement(QRectF(QPointF(0.0, 0.0), m_oLaidOut));
     std::vector<QRectF> voBoxes;
     for (std::size_t i = 0; i < m_vMarks.size(); ++i) {
-        const double dSize = (isCurrent(static_cast<int>(i)) ? g_iCurrentSize : g_iSymbolSize) +
-                             (m_vMarks[i].m_bOutside ? g_dArrow : g_dPenWidth / 2.0);
+        const double dSymbol = isCurrent(static_cast<int>(i)) ? g_dCurrentSize : g_dSymbolSize;
+        const double dSize = (dSymbol + (m_vMarks[i].m_bOutside ? g_dArrow : g_dPenWidth / 2.0)) * m_dScale;
         voBoxes.push_back(QRectF(m_vMarks[i].m_oPosition, QSizeF()).adjusted(-dSize, -dSize, dSize, dSize));
         if (m_vMarks[i].m_bDefined)
             placement.block(voBoxes.back());

@@ -75,6 +75,7 @@ private:
     Mark markOf(const QPointF& oValues) const;
     bool isCurrent(int iPoint) const;
     void drawMark(QPainter& painter, const Mark& mark, int iSymbol, const QColor& oColor, bool bCurrent);
+    void drawArrow(QPainter& painter, const QPointF& oMark, int iSymbolSize, const QColor& oColor);
     void drawNames(QPainter& painter);
     QString toolTipAt(const QPointF& oPosition) const;
 
@@ -84,6 +85,7 @@ private:
     QList<QString> m_vsNames;
     QPointF m_oCurrent;
     QSizeF m_oLaidOut;          ///< size of the chart
+    double m_dScale = 1.0;      ///< of symbols
     std::vector<Mark> m_vMarks; ///< of the points, in their order
 };
 

@@ -217,8 +217,9 @@ public:
     // ---- orientations --------------------------------------------------------------------------------------------
     /// What follows holds for models of orientations: x() = dip or plunge, y() = azimuth, in degrees. bPoles true
     /// takes the poles of planes; false takes the records as lines (of planes: their dip lines). Planes have both kinds
-    /// of results, lines only the second. Undefined results are (99999.0, 99999.0). Results are computed when a
-    /// function here says so, and forgotten when other attributes come.
+    /// of results, lines only the second. Undefined results are (99999.0, 99999.0), among them axes that the records
+    /// leave open, such as T and L of identical records. Results are computed when a function here says so, and
+    /// forgotten when other attributes come.
 
     /// The records that count as selected: the selected ones; without any, all of them, or none when
     /// setEmptySelectionTakesAll(false) says so. An empty span means all.

@@ -26,6 +26,14 @@ QPointF pointOf(const LineOrientation& oLine)
     return {oLine.m_dPlunge, oLine.m_dAzimuth};
 }
 
+/// A principal axis as a plane or a line; undefined where the records leave open which axis it is.
+QPointF axisPoint(const PrincipalAxes& oAxes, std::size_t iAxis, bool bPoles)
+{
+    if (!isAxisSettled(oAxes, static_cast<int>(iAxis)))
+        return {g_dMissingValue, g_dMissingValue};
+    return bPoles ? pointOf(oAxes.m_aoPlanes[iAxis]) : pointOf(oAxes.m_aoLines[iAxis]);
+}
+
 /// The points of an array as columns of angles and azimuths.
 struct OrientationColumns
 {
@@ -175,9 +183,9 @@ QRelationshipItemModel::OrientationResults QRelationshipItemModel::resultsOf(boo
     const PrincipalAxes oAxes = principalAxes(oSums);
     OrientationResults oResults;
     oResults.m_oMeanResultant = bPoles ? pointOf(oFisher.m_oMeanPlane) : pointOf(oFisher.m_oMeanLine);
-    oResults.m_oMeanPrincipal = bPoles ? pointOf(oAxes.meanPlane()) : pointOf(oAxes.meanLine());
-    oResults.m_oT = bPoles ? pointOf(oAxes.m_aoPlanes[1]) : pointOf(oAxes.transverse());
-    oResults.m_oL = bPoles ? pointOf(oAxes.m_aoPlanes[0]) : pointOf(oAxes.longitudinal());
+    oResults.m_oMeanPrincipal = axisPoint(oAxes, 2, bPoles);
+    oResults.m_oT = axisPoint(oAxes, 1, bPoles);
+    oResults.m_oL = axisPoint(oAxes, 0, bPoles);
     return oResults;
 }
 
@@ -199,10 +207,7 @@ void QRelationshipItemModel::calculateSuggestedSectionOrientation(bool bPoles, b
     const PrincipalAxes oAxes = principalAxes(orientationSums(bPoles, bSelectionOnly, poData));
     if (!oAxes.isDefined())
         return;
-    if (bPoles)
-        m_oPoleResults.m_oSuggestedSection = pointOf(oAxes.sectionPlane());
-    else
-        m_oLineResults.m_oSuggestedSection = pointOf(oAxes.sectionPole());
+    (bPoles ? m_oPoleResults : m_oLineResults).m_oSuggestedSection = axisPoint(oAxes, 1, bPoles);
     changed();
 }
 
