@@ -4,15 +4,16 @@
 #include "CrossPlotRenderer.h"
 #include "DepthPlotRenderer.h"
 #include "HistogramRenderer.h"
+#include "StereonetRenderer.h"
 #include "WoodcockRenderer.h"
 
 namespace gkHost {
 
 const std::vector<ChartRenderer>& chartRenderers()
 {
-    static const std::vector<ChartRenderer> vRenderers = {histogramRenderer(),   barChartRenderer(),
-                                                          probabilityRenderer(), crossPlotRenderer(),
-                                                          depthPlotRenderer(),   woodcockRenderer()};
+    static const std::vector<ChartRenderer> vRenderers = {
+        histogramRenderer(), barChartRenderer(),  probabilityRenderer(), crossPlotRenderer(),
+        depthPlotRenderer(), stereonetRenderer(), woodcockRenderer()};
     return vRenderers;
 }
 

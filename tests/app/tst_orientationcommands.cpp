@@ -193,6 +193,45 @@ private slots:
         QCOMPARE(image.pixelColor(2, 2), QColor(Qt::black));
     }
 
+    void everyOptionChangesTheChart_data()
+    {
+        QTest::addColumn<QStringList>("chart");
+        QTest::addColumn<QList<QStringList>>("options");
+        const QStringList lNet{"--dip", "dip", "--azimuth", "azimuth"};
+        QList<QStringList> lvNet{
+            {},        {"--contours"},        {"--contours", "--grid", "10"}, {"--planes"}, {"--no-points"},
+            {"--net"}, {"--color-by", "bed"}, {"--background", "black"}};
+        for (const char* pResult : {"mean", "principal", "girdle", "T", "L", "section"}) {
+            lvNet << QStringList{"--results", pResult};
+        }
+        QTest::newRow("stereonet") << QStringList{"stereonet"} + lNet
+                                   << lvNet + QList<QStringList>{{"--projection", "equal-angle"}, {"--lines"}};
+    }
+
+    void everyOptionChangesTheChart()
+    {
+        QFETCH(QStringList, chart);
+        QFETCH(QList<QStringList>, options);
+        QHash<QByteArray, QStringList> hPictures;
+        for (const QStringList& lOptions : options) {
+            const QString sFile = path("chart.png");
+            const CommandResult result =
+                run(QStringList{"render", path("planes.csv"), "--size", "500x400", "--out", sFile, "--chart"} + chart +
+                    lOptions);
+            QCOMPARE(result.m_sMessage, QString());
+            const QByteArray qPicture = content(sFile);
+            QVERIFY2(!hPictures.contains(qPicture),
+                     qPrintable(lOptions.join(' ') + " is drawn as " + hPictures[qPicture].join(' ')));
+            hPictures.insert(qPicture, lOptions);
+        }
+        for (const char* pFormat : {"svg", "pdf", "emf"}) {
+            const QString sFile = path("chart.") + QLatin1String(pFormat);
+            QCOMPARE(run(QStringList{"render", path("planes.csv"), "--out", sFile, "--chart"} + chart).m_sMessage,
+                     QString());
+            QVERIFY(content(sFile).size() > 1000);
+        }
+    }
+
     void exitStatus_data()
     {
         QTest::addColumn<QStringList>("arguments");
@@ -226,6 +265,11 @@ private slots:
         QTest::newRow("axis steeper than vertical")
             << lRotate + QStringList{"--angle", "4", "--axis", "91/0"} << 2 << "--axis";
         QTest::newRow("angle in words") << lRotate + QStringList{"--angle", "much", "--axis", "0/0"} << 2 << "--angle";
+        const QStringList lNet = QStringList{"render", sPlanes, "--chart", "stereonet", "--out", path("n.png")};
+        QTest::newRow("unknown result") << lNet + g_lAngles + QStringList{"--results", "mean,beta"} << 2 << "beta";
+        QTest::newRow("contours of a huge grid") << lNet + g_lAngles + QStringList{"--grid", "501"} << 2 << "--grid";
+        QTest::newRow("planes of lines") << lNet + g_lAngles + QStringList{"--planes", "--lines"} << 2 << "--planes";
+        QTest::newRow("net without azimuth") << lNet + QStringList{"--dip", "dip"} << 2 << "--azimuth";
         QTest::newRow("rotate into nowhere")
             << QStringList{"rotate", sPlanes, "--out", path("no/x.csv"), "--angle", "4", "--axis", "0/0"} + g_lAngles
             << 1 << "written";
