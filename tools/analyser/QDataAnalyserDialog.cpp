@@ -35,8 +35,6 @@ namespace gkBase {
 
 namespace {
 
-constexpr std::array<const char*, 3> g_orientationPages = {"ROSEPLOT", "STEREOPLOT", "TANGENTPLOT"};
-
 constexpr char g_filePathGroup[] = "attribute_analyser/last_trn_data_analyser_file_path";
 constexpr char g_splitterGroup[] = "attribute_analyser/tree_splitter_size";
 
@@ -125,10 +123,14 @@ void QDataAnalyserDialog::connectRoot()
                                   [this] {
                                       if (m_pCharts && m_poDataRoot && m_poDataRoot->childCount() == 0)
                                           m_pCharts->forgetShown();
+                                      hideShowOrientationWindows();
                                       updateChartDataSetSelectionBoxes();
                                   })
                        << connect(pNotifier, &MatrixDataNotifier::attributesChanged, this,
-                                  &QDataAnalyserDialog::resetChartsUpdateNeeded)
+                                  [this] {
+                                      hideShowOrientationWindows(); // by names and units
+                                      resetChartsUpdateNeeded();
+                                  })
                        << connect(pNotifier, &MatrixDataNotifier::undoApplied, this, [this] {
                               updateChartDataSetSelectionBoxes();
                               hideShowOrientationWindows();
@@ -256,13 +258,6 @@ void QDataAnalyserDialog::updateHistogramData()
     m_pCharts->noteShown(AnalyserChartPages::Histogram, m_pqHistogramChart->currentSelectedDataSet());
 }
 
-void QDataAnalyserDialog::hideShowOrientationWindows()
-{
-    const bool bOrientations = m_poDataRoot && m_poDataRoot->hasOrientationData();
-    for (const char* pName : g_orientationPages)
-        bOrientations ? showTab(QLatin1String(pName)) : hideTab(QLatin1String(pName));
-}
-
 void QDataAnalyserDialog::resetChartsUpdateNeeded()
 {
     if (!m_pCharts)
@@ -354,16 +349,19 @@ bool QDataAnalyserDialog::isTablePageActive() const
 
 void QDataAnalyserDialog::hideTab(const QString& sName)
 {
-    QWidget* pqPage = pageNamed(sName);
-    if (pqPage && !m_pqTabWidget->isFloating(pqPage))
-        m_pqTabWidget->setTabVisible(m_pqTabWidget->indexOf(pqPage), false);
+    setTabShown(sName, false);
 }
 
 void QDataAnalyserDialog::showTab(const QString& sName)
 {
+    setTabShown(sName, true);
+}
+
+void QDataAnalyserDialog::setTabShown(const QString& sName, bool bShown)
+{
     QWidget* pqPage = pageNamed(sName);
     if (pqPage && !m_pqTabWidget->isFloating(pqPage))
-        m_pqTabWidget->setTabVisible(m_pqTabWidget->indexOf(pqPage), true);
+        m_pqTabWidget->setTabVisible(m_pqTabWidget->indexOf(pqPage), bShown);
 }
 
 void QDataAnalyserDialog::setLightMode()

@@ -28,6 +28,7 @@ class QHistogramChartWidget;
 class QModifyCellsDialog;
 class QRelationshipItemModel;
 class QSelectCellsDialog;
+class QStereoChartWidget;
 class QTRNBarChartWidget;
 class QTreeItemModel;
 class QVertexItemModel;
@@ -56,9 +57,10 @@ public:
     ~QDataAnalyserDialog() override;
 
     /// Builds the widgets; call it once. sName goes to the chart panels as the name of their data. pqMenu (not owned)
-    /// is the context menu of the tables; null builds the default one. eOrientation lays out tree and pages. bDepthPlot
-    /// asks for the depth plot. bFlag and bOrientationCharts are for pages that are not part of the library yet.
-    /// iTableOption 1 lets pasting and Enter append rows to the table, 0 does not.
+    /// is the context menu of the tables; null builds the default one. eOrientation lays out tree and pages.
+    /// bOrientationCharts asks for rose, stereonet and tangent diagram, bDepthPlot for the depth plot. bFlag is for
+    /// hosts of older versions and changes nothing. iTableOption 1 lets pasting and Enter append rows to the table, 0
+    /// does not.
     void initialize(const QString& sName, QMenu* pqMenu, Qt::Orientation eOrientation, bool bFlag,
                     bool bOrientationCharts, bool bDepthPlot, int iTableOption);
 
@@ -87,6 +89,8 @@ public:
     QCrossPlotWidget* crossPlot() const { return m_pqCrossPlot; }
     /// Null when the dialog was initialized without a depth plot.
     QDepthPlotWidget* depthPlot() const { return m_pqDepthPlot; }
+    /// Null when the dialog was initialized without orientation charts.
+    QStereoChartWidget* stereoChart() const { return m_pqStereoChart; }
     /// Object name of the page that the user works on; the torn-off one with the focus, or the current tab.
     QString activePageName() const;
     /// True when that page shows a chart.
@@ -155,12 +159,14 @@ public slots:
     /// One flag per record; copied at once.
     void setNewRowSelectionFromGraphicalSelection(bool* pvFlags, int iCount);
     void slotSaveAs();
-    /// Shows the orientation pages when the data have orientations, and hides them otherwise.
+    /// Shows stereonet and tangent diagram when the data have dips and azimuths, the rose when they have directions,
+    /// and hides them otherwise. Nothing without these pages.
     void hideShowOrientationWindows();
     void updateBarChart();
     void updateHistogramData();
     void updateRelationshipData();
     void updateDepthPlotData();
+    void updateStereoChartData();
 
 signals:
     void dataModified(bool bModified);
@@ -182,6 +188,9 @@ private slots:
     void createClusterAttribute(const QString& sName, gkBase::QRelationshipItemModel* pModel);
     void createDataDecimationAttribute(gkBase::QRelationshipItemModel* pModel, bool bBinAverage, bool bReplace,
                                        gkBase::MatrixData* poOriginal);
+    /// From the records of the stereonet, as they are turned now.
+    void createRotatedAttributes();
+    void createBiasWeightAttribute(const QString& sName, gkBase::QRelationshipItemModel* pModel);
 
 private:
     QMenu* createDefaultPopupMenu();
@@ -190,6 +199,7 @@ private:
     void createBarChart(const QString& sName);
     void createHistogramChart(const QString& sName);
     void createRelationshipChart(const QString& sName);
+    void createStereoChart(const QString& sName);
     void createDepthPlot(const QString& sName);
     /// Adds the page of a chart panel; fnRefill fills it from the table's selection.
     template <typename Panel>
@@ -197,6 +207,7 @@ private:
                       const QString& sIcon, std::function<void()> fnRefill, const QString& sSettingsGroup);
     void addPage(QWidget* pqPage, const QString& sObjectName, const QString& sText, const QString& sIcon);
     QWidget* pageNamed(const QString& sName) const;
+    void setTabShown(const QString& sName, bool bShown);
     /// The torn-off page that has the focus, otherwise the current tab's.
     QWidget* activePage() const;
     bool isTablePageActive() const;
@@ -211,6 +222,10 @@ private:
     MatrixData* firstCountableAttribute() const;
     /// What the point charts show first: a data set with two number attributes, one of depths when there is any.
     MatrixData* firstDataSet(bool bWithDepth) const;
+    /// What the orientation charts show first: a data set with dip and azimuth. Null without one.
+    MatrixData* firstOrientations() const;
+    /// What the rose shows first: the azimuth of these, or any direction.
+    MatrixData* firstDirection() const;
     /// Shows attributes that a chart added and tells the host.
     void showDerived(bool bAdded);
     void changeMarkers(MarkerKind eKind, const QString& sType, bool bVisible);
@@ -230,6 +245,7 @@ private:
     QTRNBarChartWidget* m_pqBarChart = nullptr;
     QHistogramChartWidget* m_pqHistogramChart = nullptr;
     QCrossPlotWidget* m_pqCrossPlot = nullptr;
+    QStereoChartWidget* m_pqStereoChart = nullptr;
     QDepthPlotWidget* m_pqDepthPlot = nullptr;
     QPointer<QSelectCellsDialog> m_pqSelectCellsDialog;
     QPointer<QModifyCellsDialog> m_pqModifyCellsDialog;

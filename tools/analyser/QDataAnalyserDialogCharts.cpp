@@ -6,6 +6,7 @@
 #include "QDataAnalyserDialog.h"
 #include "QDepthPlotWidget.h"
 #include "QRelationshipItemModel.h"
+#include "QStereoChartWidget.h"
 #include "QTRNBarChartWidget.h"
 #include "QVertexModelTableView.h"
 
@@ -104,11 +105,14 @@ void QDataAnalyserDialog::showDerived(bool bAdded)
 
 void QDataAnalyserDialog::createClusterAttribute(const QString& sName, QRelationshipItemModel* pModel)
 {
-    const MatrixData* poClusters =
-        m_poDataRoot && pModel ? addClusterAttribute(*m_poDataRoot, sName, *pModel) : nullptr;
+    MatrixData* poClusters = m_poDataRoot && pModel ? addClusterAttribute(*m_poDataRoot, sName, *pModel) : nullptr;
     showDerived(poClusters != nullptr);
-    if (poClusters && m_pqCrossPlot && pModel == m_pqCrossPlot->relationshipItemModel())
-        setCurrentColorItem(poClusters->globalID());
+    if (!poClusters)
+        return;
+    if (m_pqCrossPlot && pModel == m_pqCrossPlot->relationshipItemModel())
+        m_pqCrossPlot->setCurrentColorItem(poClusters->globalID());
+    else if (m_pqStereoChart && pModel == m_pqStereoChart->relationshipItemModel())
+        m_pqStereoChart->setColorAttribute(poClusters);
 }
 
 void QDataAnalyserDialog::createDataDecimationAttribute(QRelationshipItemModel* pModel, bool bBinAverage, bool bReplace,

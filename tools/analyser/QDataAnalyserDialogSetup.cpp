@@ -7,6 +7,7 @@
 #include "QDataAnalyserDialog.h"
 #include "QDepthPlotWidget.h"
 #include "QHistogramChartWidget.h"
+#include "QStereoChartWidget.h"
 #include "QTRNBarChartWidget.h"
 #include "QTreeItemModel.h"
 #include "QVertexItemModel.h"
@@ -32,6 +33,7 @@ constexpr char g_histogramPage[] = "HISTOGRAM";
 constexpr char g_barChartPage[] = "BARCHART";
 constexpr char g_crossPlotPage[] = "CROSSPLOT";
 constexpr char g_depthPlotPage[] = "WELLLOGPLOT";
+constexpr char g_stereoPage[] = "STEREOPLOT";
 
 QString browserText(const char* pText)
 {
@@ -53,9 +55,7 @@ QIcon actionIcon(const char* pName)
 void QDataAnalyserDialog::initialize(const QString& sName, QMenu* pqMenu, Qt::Orientation eOrientation, bool bFlag,
                                      bool bOrientationCharts, bool bDepthPlot, int iTableOption)
 {
-    // The pages that these ask for are not part of the library yet.
-    Q_UNUSED(bFlag)
-    Q_UNUSED(bOrientationCharts)
+    Q_UNUSED(bFlag) // what hosts asked for with it is always there
     if (m_pqSplitter)
         return;
     m_pqMenu = pqMenu ? pqMenu : createDefaultPopupMenu();
@@ -86,8 +86,11 @@ void QDataAnalyserDialog::initialize(const QString& sName, QMenu* pqMenu, Qt::Or
     createBarChart(sName);
     createHistogramChart(sName);
     createRelationshipChart(sName);
+    if (bOrientationCharts)
+        createStereoChart(sName);
     if (bDepthPlot)
         createDepthPlot(sName);
+    hideShowOrientationWindows();
     m_pqTabWidget->setCurrentIndex(0);
     connect(m_pqTabWidget, &QTabWidget::currentChanged, this, &QDataAnalyserDialog::slotTabWidgetChanged);
     // Tearing a page off makes another one current without currentChanged().
@@ -233,6 +236,25 @@ void QDataAnalyserDialog::createRelationshipChart(const QString& sName)
             &QDataAnalyserDialog::updateRelationshipData);
     connect(m_pqCrossPlot, &QCrossPlotWidget::createClusterAttribute, this,
             &QDataAnalyserDialog::createClusterAttribute);
+}
+
+void QDataAnalyserDialog::createStereoChart(const QString& sName)
+{
+    m_pqStereoChart = new QStereoChartWidget(m_pqTabWidget);
+    m_pqStereoChart->setAccessibleName(sName);
+    addChartPage(
+        AnalyserChartPages::StereoPlot, m_pqStereoChart, QLatin1String(g_stereoPage), tr("Stereo Plot"),
+        QStringLiteral("stereo_plot.png"), [this] { updateStereoChartData(); },
+        QStringLiteral("attribute_analyser/stereo_plot/"));
+    connect(m_pqStereoChart, &QStereoChartWidget::dataSetSelected, this, &QDataAnalyserDialog::updateStereoChartData);
+    connect(m_pqStereoChart, &QStereoChartWidget::dataPointsSelection, this,
+            &QDataAnalyserDialog::setNewRowSelectionFromGraphicalSelection);
+    connect(m_pqStereoChart, &QStereoChartWidget::createRotatedAttributes, this,
+            &QDataAnalyserDialog::createRotatedAttributes);
+    connect(m_pqStereoChart, &QStereoChartWidget::createClusterAttribute, this,
+            &QDataAnalyserDialog::createClusterAttribute);
+    connect(m_pqStereoChart, &QStereoChartWidget::createBiasWeightAttribute, this,
+            &QDataAnalyserDialog::createBiasWeightAttribute);
 }
 
 void QDataAnalyserDialog::createDepthPlot(const QString& sName)
