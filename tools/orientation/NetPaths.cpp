@@ -119,9 +119,11 @@ std::vector<NetPolyline> outsideRadius(std::span<const NetPolyline> vLines, doub
 NetPaths stereoNetPaths(const NetProjection& oProjection, const NetFrame& oFrame, bool bFine, bool bCoarse)
 {
     NetPaths paths;
+    // A curve that touches the disc stays whole.
+    const double dTouch = 0.5 / std::max(oFrame.m_dRadius, 1.0);
     if (bFine) {
         const NetLines lines = netLines(oProjection, g_iFineNetStep, curveStep(oFrame));
-        const double dCleared = clearedNetCentre(oProjection, true);
+        const double dCleared = clearedNetCentre(oProjection, true) - dTouch;
         addToPath(paths.m_oFine, oFrame, outsideRadius(lines.m_vGreatCircles, dCleared));
         addToPath(paths.m_oFine, oFrame, lines.m_vSmallCircles);
     }

@@ -82,7 +82,7 @@ public:
     QPointF transformInPixelPoint(const QPointF& oPoint) override;
     void transformPoints(std::span<const double> vdX, std::span<const double> vdY,
                          std::vector<QPointF>& voPixels) override;
-    /// A pixel in chart units; (99999.0, 99999.0) beyond the rim.
+    /// A pixel in chart units; (99999.0, 99999.0) where no orientation plots.
     virtual QPointF transformInDataPoint(const QPointF& oPixel) const;
     /// Clockwise from north; 0 at the centre.
     double transformInAzimuth(const QPointF& oPixel) const;
@@ -110,6 +110,7 @@ public:
 
     void layoutChart() override;
     void drawChart(QPainter& painter) override;
+    void drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea) override;
 
 signals:
     /// A press on the net cleared the selection. Records that the net shows then count as none, unlike those of a table
@@ -128,6 +129,10 @@ protected:
 
     /// The position of the mouse in chart pixels.
     QPointF chartPixel(const QPointF& oPosition) const { return oPosition + pixmapRect().topLeft(); }
+    /// Chart units under the mouse, as cursorPos() tells them.
+    QPointF cursorValue(const QPointF& oPosition) const;
+    /// A colour that shows on the background; the label colour for an invalid one.
+    QColor readable(const QColor& oColor) const;
     /// The record drawn nearest to a position in chart pixels, within reach of a click; −1 for none.
     int recordAt(const QPointF& oPixel);
     /// What the tool tip of a record says.
@@ -137,7 +142,7 @@ protected:
     virtual NetPaths netPaths() const;
     /// The net, and the cross at its centre.
     virtual void drawNet(QPainter* pPainter);
-    /// Nothing here.
+    /// Nothing here. Drawn over the chart at each paint, so that it can be moved without drawing the chart again.
     virtual void drawFoldAxis(QPainter* pPainter);
     /// The great circle of a plane in the present pen. bDiameter: and the vertical diameter of the net, in the label
     /// colour.
@@ -198,7 +203,6 @@ private:
     void layOutContours();
     void layOutResults();
 
-    QColor readable(const QColor& oColor) const;
     void drawLayers(QPainter* pPainter);
     void drawLayer(QPainter* pPainter, Layer& layer, const QColor& oColor);
     void drawGreatCirclesOf(QPainter* pPainter, const QRelationshipItemModel& model, const QColor& oColor,

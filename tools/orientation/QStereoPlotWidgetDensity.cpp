@@ -104,10 +104,9 @@ void QStereoPlotWidget::updateDensity()
     const int iNodes =
         std::clamp(m_settings.m_iNodes, StereoNetSettings::s_iFewestNodes, StereoNetSettings::s_iMostNodes);
     countingOutProjections(iNodes, iNodes, polesAreShown(), model()->biasCorrectionIsOn());
-    if (MatrixDataArray* poGrid = polesAreShown() ? model()->contourGridPoles() : model()->contourGridDipDir()) {
-        poGrid->setIntervalSize(m_settings.m_dInterval);
-        copyCounts(m_oDensity, *poGrid);
-    }
+    MatrixDataArray& grid = model()->makeContourGrid(polesAreShown());
+    grid.setIntervalSize(m_settings.m_dInterval);
+    copyCounts(m_oDensity, grid);
 }
 
 void QStereoPlotWidget::updateContours()

@@ -17,7 +17,8 @@ namespace gkBase {
 
 namespace {
 
-constexpr double g_dNetPen = 1.0;
+constexpr double g_dFineNetPen = 0.5; // thin, so that what lies under and over it can be seen
+constexpr double g_dCoarseNetPen = 1.0;
 constexpr double g_dCentreCross = 4.0;
 constexpr double g_dCentreCrossPen = 3.0;
 constexpr double g_dHalo = 2.0; ///< added to the width of result planes
@@ -93,8 +94,18 @@ void QStereoPlotWidget::drawChart(QPainter& painter)
     if (clusterAzimuthCentroidsOn()) {
         drawAzimuthCentroids(&painter);
     }
-    drawFoldAxis(&painter);
     QPolarPlotWidget::drawChart(painter);
+}
+
+void QStereoPlotWidget::drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea)
+{
+    {
+        const PainterState state(&painter);
+        painter.translate(-oVisibleArea.topLeft());
+        painter.setRenderHint(QPainter::Antialiasing);
+        drawFoldAxis(&painter);
+    }
+    QPolarPlotWidget::drawVisibleFrame(painter, oVisibleArea);
 }
 
 // ---- contours -------------------------------------------------------------------------------------------------------
@@ -138,8 +149,8 @@ void QStereoPlotWidget::drawContourLabels(QPainter* pPainter, LabelPlacement& pl
 void QStereoPlotWidget::drawNet(QPainter* pPainter)
 {
     const PainterState state(pPainter);
-    const QPen oFinePen(readable(m_settings.m_oFineNetColor), g_dNetPen);
-    const QPen oCoarsePen(m_oLabelColor, g_dNetPen);
+    const QPen oFinePen(readable(m_settings.m_oFineNetColor), g_dFineNetPen);
+    const QPen oCoarsePen(m_oLabelColor, g_dCoarseNetPen);
     pPainter->setBrush(Qt::NoBrush);
     pPainter->setPen(oFinePen);
     pPainter->drawPath(m_oNet.m_oFine);

@@ -44,6 +44,13 @@ void QStereoPlotWidget::setMousePickingPos(QMouseEvent* pEvent)
     setMousePickingPos(QPointF(oOnNet.m_dX, oOnNet.m_dY) - pixmapRect().topLeft());
 }
 
+QPointF QStereoPlotWidget::cursorValue(const QPointF& oPosition) const
+{
+    const QPointF oPixel = chartPixel(oPosition);
+    const bool bOnNet = radius() > 0 && isOnNet(netFrame().toNet(oPixel.x(), oPixel.y()));
+    return bOnNet ? transformInDataPoint(oPixel) : QPointF(g_dMissingValue, g_dMissingValue);
+}
+
 // ---- buttons --------------------------------------------------------------------------------------------------------
 
 void QStereoPlotWidget::mousePressEvent(QMouseEvent* pEvent)
@@ -80,7 +87,7 @@ void QStereoPlotWidget::mouseMoveEvent(QMouseEvent* pEvent)
         m_vSelectionPath << pEvent->position();
         update();
     }
-    emit cursorPos(transformInDataPoint(chartPixel(pEvent->position())));
+    emit cursorPos(cursorValue(pEvent->position()));
 }
 
 void QStereoPlotWidget::mouseReleaseEvent(QMouseEvent* pEvent)
