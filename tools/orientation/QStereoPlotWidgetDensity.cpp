@@ -104,7 +104,7 @@ void QStereoPlotWidget::updateDensity()
     const int iNodes =
         std::clamp(m_settings.m_iNodes, StereoNetSettings::s_iFewestNodes, StereoNetSettings::s_iMostNodes);
     countingOutProjections(iNodes, iNodes, polesAreShown(), model()->biasCorrectionIsOn());
-    MatrixDataArray& grid = model()->makeContourGrid(polesAreShown());
+    MatrixDataArray& grid = *(polesAreShown() ? model()->contourGridPoles() : model()->contourGridDipDir());
     grid.setIntervalSize(m_settings.m_dInterval);
     copyCounts(m_oDensity, grid);
 }

@@ -307,8 +307,6 @@ public:
     /// before. Owned by the model, never null.
     MatrixDataArray* contourGridPoles() const { return m_poContourGridPoles.get(); }
     MatrixDataArray* contourGridDipDir() const { return m_poContourGridDipDir.get(); }
-    /// The one or the other, made without nodes when there is none yet: for the canvas to write into.
-    MatrixDataArray& makeContourGrid(bool bPoles);
 
     /// k-means of the records as axes (poles of planes, or lines), in which the distance of two axes is the sine of the
     /// angle between them, so that a set on both sides of the rim stays one set. Centroids are the principal axes of

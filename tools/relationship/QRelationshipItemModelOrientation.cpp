@@ -352,14 +352,6 @@ QPointF QRelationshipItemModel::rotatedData(int iRecord) const
     return {m_vdX[static_cast<std::size_t>(iRecord)], m_vdY[static_cast<std::size_t>(iRecord)]};
 }
 
-MatrixDataArray& QRelationshipItemModel::makeContourGrid(bool bPoles)
-{
-    std::unique_ptr<MatrixDataArray>& poGrid = bPoles ? m_poContourGridPoles : m_poContourGridDipDir;
-    if (!poGrid)
-        poGrid = std::make_unique<MatrixDataArray>(QStringLiteral("Density"), 0, 0, QMetaType::Double);
-    return *poGrid;
-}
-
 void QRelationshipItemModel::setBiasCorrectionOn(bool bOn)
 {
     if (std::exchange(m_bBiasCorrection, bOn) != bOn)
