@@ -16,12 +16,14 @@ namespace {
 constexpr double g_dBandWidth = 24.0;
 constexpr double g_dTick = 4.0;
 constexpr double g_dGap = 4.0;
-/// Height of a band in a picture, against that of a line, and the bounds of all bands together in lines.
-constexpr double g_dBandHeight = 1.0;
+/// Bounds of the height of all bands together, in lines of text.
 constexpr double g_dFewestLines = 6.0;
 constexpr double g_dMostLines = 20.0;
-/// Width of the text in a picture, in small letters.
+/// A line for the title, half a line above and below the bands for their outer numbers.
+constexpr double g_dLinesAround = 2.0;
+/// Width of the explanation: as it is best read, and the least, in small letters.
 constexpr double g_dTextWidth = 30.0;
+constexpr double g_dNarrowTextWidth = 14.0;
 constexpr double g_dClosestLines = 4.0; ///< pixels
 /// Levels that differ from the largest node by less share of it end the map.
 constexpr double g_dSameLevel = 1e-9;
@@ -68,44 +70,95 @@ QString ContourLegend::explanation() const
     return sText;
 }
 
-// ---- drawing
-// ---------------------------------------------------------------------------------------------------------
+// ---- layout --------------------------------------------------------------------------------------------------------
+
+double ContourLegend::textHeight(const QFontMetricsF& metrics, double dWidth) const
+{
+    return metrics.boundingRect(QRectF(0.0, 0.0, dWidth, 1e5), Qt::TextWordWrap, explanation()).height();
+}
+
+QString ContourLegend::title() const
+{
+    return tr("Density [%]");
+}
+
+double ContourLegend::bandsWidth(const QFontMetricsF& metrics) const
+{
+    const double dLargest = isMissing(m_info.m_dMaximum) ? m_vLevels.back().m_dPercent : m_info.m_dMaximum;
+    const double dNumbers = g_dBandWidth + g_dTick + g_dGap + metrics.horizontalAdvance(percentText(dLargest));
+    return std::max(dNumbers, metrics.horizontalAdvance(title())) + 2.0 * g_dGap;
+}
+
+double ContourLegend::mostBandsHeight(const QFontMetricsF& metrics) const
+{
+    const auto dLevels = static_cast<double>(m_vLevels.size());
+    return (std::clamp(dLevels, g_dFewestLines, g_dMostLines) + g_dLinesAround) * metrics.height();
+}
+
+ContourLegend::Arrangement ContourLegend::arrangementFor(const QSizeF& oRoom) const
+{
+    const QFontMetricsF metrics(font());
+    const double dNarrow = g_dNarrowTextWidth * metrics.averageCharWidth();
+    const double dWide = g_dTextWidth * metrics.averageCharWidth();
+    const double dBands = bandsWidth(metrics);
+    const double dLeast = (g_dFewestLines + g_dLinesAround) * metrics.height();
+    const double dMost = mostBandsHeight(metrics);
+    const auto arrangement = [&oRoom](double dWidth, double dHeight, bool bBeside) {
+        const QSizeF oSize(std::ceil(dWidth), std::ceil(dHeight));
+        return Arrangement{oSize, std::min({1.0, oRoom.width() / oSize.width(), oRoom.height() / oSize.height()}),
+                           bBeside};
+    };
+    const double dLeastWidth = std::max(dNarrow, dBands);
+    const double dWidth = std::clamp(oRoom.width(), dLeastWidth, std::max(dLeastWidth, dWide));
+    const double dText = g_dGap + textHeight(metrics, dWidth);
+    const Arrangement below =
+        arrangement(dWidth, std::clamp(oRoom.height() - dText, dLeast, std::max(dLeast, dMost)) + dText, false);
+    const double dTextWidth = std::clamp(oRoom.width() - dBands, dNarrow, dWide);
+    const double dLeastBeside = std::max(dLeast, textHeight(metrics, dTextWidth));
+    const Arrangement beside =
+        arrangement(dBands + dTextWidth, std::clamp(oRoom.height(), dLeastBeside, std::max(dLeastBeside, dMost)), true);
+    return beside.m_dScale > below.m_dScale ? beside : below;
+}
 
 QSizeF ContourLegend::pictureSize() const
 {
-    if (isEmpty())
-        return {0.0, 0.0};
-    const QFontMetricsF metrics(font());
-    const double dWidth = g_dTextWidth * metrics.averageCharWidth();
-    const QRectF oText = metrics.boundingRect(QRectF(0.0, 0.0, dWidth, 1e5), Qt::TextWordWrap, explanation());
-    const double dLines =
-        std::clamp(g_dBandHeight * static_cast<double>(m_vLevels.size()), g_dFewestLines, g_dMostLines);
-    // A line for "%", half a line above and below the bands for their outer numbers.
-    return {std::ceil(dWidth), std::ceil((dLines + 2.0) * metrics.height() + g_dGap + oText.height())};
+    constexpr double dPlenty = 1e4;
+    return isEmpty() ? QSizeF(0.0, 0.0) : arrangementFor({dPlenty, dPlenty}).m_oSize;
 }
+
+// ---- drawing -------------------------------------------------------------------------------------------------------
 
 void ContourLegend::paint(QPainter& painter, const QRectF& oTarget, const QColor& oTextColor) const
 {
-    const QSizeF oSize = pictureSize();
-    if (oSize.isEmpty() || oTarget.isEmpty())
+    if (isEmpty() || oTarget.isEmpty())
         return;
-    const double dScale = std::min({1.0, oTarget.width() / oSize.width(), oTarget.height() / oSize.height()});
+    const Arrangement arrangement = arrangementFor(oTarget.size());
     painter.save();
     painter.translate(oTarget.topLeft());
-    painter.scale(dScale, dScale);
+    painter.scale(arrangement.m_dScale, arrangement.m_dScale);
     painter.setFont(font());
-    draw(painter, oSize, oTextColor);
+    const QFontMetricsF metrics(font());
+    QRectF oBands(QPointF(0.0, 0.0), arrangement.m_oSize);
+    QRectF oText = oBands;
+    if (arrangement.m_bBeside) {
+        oBands.setWidth(bandsWidth(metrics));
+        oBands.setHeight(std::min(oBands.height(), mostBandsHeight(metrics)));
+        oText.setLeft(oBands.right());
+    } else {
+        oText.setTop(oText.bottom() - textHeight(metrics, oText.width()));
+        oBands.setBottom(oText.top() - g_dGap);
+    }
+    drawBands(painter, oBands, oTextColor);
+    painter.setPen(oTextColor);
+    painter.drawText(oText, Qt::TextWordWrap | Qt::TextDontClip, explanation());
     painter.restore();
 }
 
-void ContourLegend::draw(QPainter& painter, const QSizeF& oSize, const QColor& oTextColor) const
+void ContourLegend::drawBands(QPainter& painter, const QRectF& oRoom, const QColor& oTextColor) const
 {
-    const QFontMetricsF metrics(painter.font(), painter.device());
-    const double dLine = metrics.height();
-    const QRectF oText = metrics.boundingRect(QRectF(0.0, 0.0, oSize.width(), 1e5), Qt::TextWordWrap, explanation());
-    const double dBottom = oSize.height() - oText.height() - g_dGap - dLine / 2.0;
-    const QRectF oArea(0.5, 1.5 * dLine, g_dBandWidth, std::max(dBottom - 1.5 * dLine, dLine));
-
+    const double dLine = QFontMetricsF(font()).height();
+    const QRectF oArea(oRoom.left() + 0.5, oRoom.top() + 1.5 * dLine, g_dBandWidth,
+                       oRoom.height() - g_dLinesAround * dLine);
     // A map whose highest level is its largest node ends there; otherwise a last band reaches from that level up.
     const double dLast = m_vLevels.back().m_dPercent;
     const bool bMaximum = !isMissing(m_info.m_dMaximum);
@@ -114,7 +167,7 @@ void ContourLegend::draw(QPainter& painter, const QSizeF& oSize, const QColor& o
     const auto drawNumber = [&](double dY, double dPercent) {
         painter.setPen(oTextColor);
         painter.drawLine(QPointF(oArea.right(), dY), QPointF(oArea.right() + g_dTick, dY));
-        const QRectF oBox(oArea.right() + g_dTick + g_dGap, dY - dLine / 2.0, oSize.width() - oArea.right(), dLine);
+        const QRectF oBox(oArea.right() + g_dTick + g_dGap, dY - dLine / 2.0, oRoom.width() - oArea.right(), dLine);
         painter.drawText(oBox, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, percentText(dPercent));
     };
     const std::vector<ContourLegendBand> vBands = contourLegendBands(iBands, oArea, dLine, bMaximum);
@@ -140,13 +193,10 @@ void ContourLegend::draw(QPainter& painter, const QSizeF& oSize, const QColor& o
     if (bMaximum)
         drawNumber(oArea.top(), m_info.m_dMaximum);
     painter.setPen(oTextColor);
-    painter.drawText(QRectF(0.0, 0.0, oSize.width(), dLine), Qt::AlignLeft | Qt::AlignVCenter, tr("Density [%]"));
-    painter.drawText(QRectF(0.0, oSize.height() - oText.height(), oSize.width(), oText.height()),
-                     Qt::TextWordWrap | Qt::TextDontClip, explanation());
+    painter.drawText(QRectF(oRoom.topLeft(), QSizeF(oRoom.width(), dLine)), Qt::AlignLeft | Qt::AlignVCenter, title());
 }
 
-// ---- widget
-// ----------------------------------------------------------------------------------------------------------
+// ---- widget --------------------------------------------------------------------------------------------------------
 
 QSize ContourLegend::sizeHint() const
 {
@@ -155,7 +205,12 @@ QSize ContourLegend::sizeHint() const
 
 QSize ContourLegend::minimumSizeHint() const
 {
-    return isEmpty() ? QSize(0, 0) : QSize(sizeHint().width() / 2, sizeHint().height() / 2);
+    // As narrow, or as low, as the two arrangements become without being made smaller.
+    const QFontMetricsF metrics(font());
+    return isEmpty() ? QSize(0, 0)
+                     : QSizeF(std::max(g_dNarrowTextWidth * metrics.averageCharWidth(), bandsWidth(metrics)),
+                              (g_dFewestLines + g_dLinesAround) * metrics.height())
+                           .toSize();
 }
 
 void ContourLegend::paintEvent(QPaintEvent*)

@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <vector>
 
+class QFontMetricsF;
 class QPainter;
 
 namespace gkBase {
@@ -29,8 +30,8 @@ struct ContourLegendInfo
     bool m_bFilled = true; ///< bands are filled; else lines only
 };
 
-/// The bands of a contour map beside the per cent of their limits, and below them what the numbers mean. The numbers
-/// of narrow bands are left out where they would overlap.
+/// The bands of a contour map with the per cent of their limits, and what the numbers mean: below the bands or, where
+/// the room is low, beside them. The numbers of narrow bands are left out where they would overlap.
 class GKBASETOOLS_EXPORT ContourLegend : public QWidget
 {
     Q_OBJECT
@@ -44,9 +45,10 @@ public:
     /// What the numbers mean, in words.
     QString explanation() const;
 
-    /// Size at which it is drawn without being made smaller; null when it is empty.
+    /// Size at which all numbers have room; null when it is empty.
     QSizeF pictureSize() const;
-    /// Draws it into the rectangle from its top left, made smaller when it does not fit.
+    /// Draws it into the rectangle from its top left, arranged to use the room, and made smaller only when it does not
+    /// fit otherwise.
     void paint(QPainter& painter, const QRectF& oTarget, const QColor& oTextColor) const;
 
     QSize sizeHint() const override;
@@ -56,8 +58,19 @@ protected:
     void paintEvent(QPaintEvent* pEvent) override;
 
 private:
-    /// Draws it into (0, 0) … oSize in the painter's font; the bands take the height that the text leaves.
-    void draw(QPainter& painter, const QSizeF& oSize, const QColor& oTextColor) const;
+    struct Arrangement
+    {
+        QSizeF m_oSize;
+        double m_dScale = 1.0;
+        bool m_bBeside = false; ///< the text stands beside the bands, else below
+    };
+
+    QString title() const;
+    double textHeight(const QFontMetricsF& metrics, double dWidth) const;
+    double bandsWidth(const QFontMetricsF& metrics) const;
+    double mostBandsHeight(const QFontMetricsF& metrics) const;
+    Arrangement arrangementFor(const QSizeF& oRoom) const;
+    void drawBands(QPainter& painter, const QRectF& oRoom, const QColor& oTextColor) const;
 
     std::vector<Level> m_vLevels;
     ContourLegendInfo m_info;

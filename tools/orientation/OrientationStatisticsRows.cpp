@@ -106,8 +106,7 @@ Value Rows::number(double dValue, const QString& sReason, int iDecimals) const
     return {QString::number(dValue, 'f', iDecimals), {}};
 }
 
-// ---- records and Fisher statistics
-// -----------------------------------------------------------------------------------
+// ---- records and Fisher statistics ---------------------------------------------------------------------------------
 
 void Rows::addRecords()
 {
@@ -159,8 +158,7 @@ void Rows::addFisher()
     addWarning();
 }
 
-// ---- means
-// -----------------------------------------------------------------------------------------------------------
+// ---- means ---------------------------------------------------------------------------------------------------------
 
 Value Rows::meanText(bool bPlane) const
 {
@@ -208,8 +206,7 @@ void Rows::addMeans()
     add(tr("Mean principal pole"), axisLine(2), inLineNotation(sPrincipal));
 }
 
-// ---- axes
-// ------------------------------------------------------------------------------------------------------------
+// ---- axes ----------------------------------------------------------------------------------------------------------
 
 bool Rows::areEqual(int iFirst, int iSecond) const
 {
@@ -278,8 +275,7 @@ void Rows::addFoldAndSection()
                            "resultant mean lies in the centre of the net")));
 }
 
-// ---- shape
-// -----------------------------------------------------------------------------------------------------------
+// ---- shape ---------------------------------------------------------------------------------------------------------
 
 /// ln of the ratio of two eigenvalues, which Woodcock's formulas write as 0 where it is unbounded.
 Value Rows::logRatio(double dValue, int iNumerator, int iDenominator) const

@@ -84,7 +84,7 @@ void QDataStatisticSummary::createControls()
     pqLayout->addLayout(pqButtons);
 }
 
-// ---- composition: the texts go to files as they are, and are not translated -----------------------------------------
+// ---- composition: the texts go to files as they are, and are not translated ----------------------------------------
 
 void QDataStatisticSummary::newDocument(const QString& observationName)
 {
@@ -136,8 +136,7 @@ void QDataStatisticSummary::updateDocument()
     m_pqSaveBtn->setEnabled(!m_sShown.isEmpty());
 }
 
-// ---- copies
-// ----------------------------------------------------------------------------------------------------------
+// ---- copies --------------------------------------------------------------------------------------------------------
 
 QString QDataStatisticSummary::html() const
 {

@@ -34,7 +34,6 @@
 #include <QToolButton>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace gkBase {
@@ -236,7 +235,6 @@ void QStereoChartWidget::updateContourLegend()
 void QStereoChartWidget::showLegends()
 {
     m_pqContourScrollArea->setVisible(!m_pqContourLegend->isEmpty());
-    m_pqContourLegend->setMinimumHeight(static_cast<int>(std::ceil(m_pqContourLegend->pictureSize().height())));
     m_pqLegendSplitter->setLegendsVisible(!m_pqLegends->isEmpty() || !m_pqContourLegend->isEmpty());
 }
 

@@ -26,6 +26,7 @@ constexpr int g_iHaloAlpha = 150;
 constexpr int g_iPointSize = 4;
 constexpr int g_iOpenCircleSize = 5;
 constexpr double g_dResultExtent = 7.0; ///< half the side of the framed square of a result
+constexpr double g_dCentroidExtent = 10.0;
 constexpr double g_dSmallestPlunge = 0.005;
 
 /// Saves the painter and restores it.
@@ -83,6 +84,13 @@ void QStereoPlotWidget::drawChart(QPainter& painter)
     for (const ResultShape& shape : m_vResults) {
         if (shape.m_oItem.m_eKind != StereoResultItem::Kind::GreatCircle && isPoint(shape.m_oPoint)) {
             placement.block(around(shape.m_oPoint, g_dResultExtent));
+        }
+    }
+    for (const bool bPoles : {true, false}) {
+        if (bPoles ? clusterPoleCentroidsOn() : clusterAzimuthCentroidsOn()) {
+            for (const QPointF& oCentroid : centroids(bPoles && model() && !model()->linesAreShown())) {
+                placement.block(around(oCentroid, g_dCentroidExtent));
+            }
         }
     }
     drawMeanOrientation(&painter);

@@ -66,8 +66,7 @@ QSize QWoodcockHelpWidget::sizeHint() const
     return {383, 383};
 }
 
-// ---- points
-// ----------------------------------------------------------------------------------------------------------
+// ---- points --------------------------------------------------------------------------------------------------------
 
 void QWoodcockHelpWidget::addPoint(const double& x, const double& y, const int& symbol, const QColor& colour)
 {
@@ -111,8 +110,7 @@ bool QWoodcockHelpWidget::isCurrent(int iPoint) const
     return isDefined(m_oCurrent) && oPoint.x() == m_oCurrent.x() && oPoint.y() == m_oCurrent.y();
 }
 
-// ---- geometry
-// --------------------------------------------------------------------------------------------------------
+// ---- geometry ------------------------------------------------------------------------------------------------------
 
 QPointF QWoodcockHelpWidget::point(const QPointF& small, const QPointF& large) const
 {
@@ -163,8 +161,7 @@ int QWoodcockHelpWidget::pointAt(const QPointF& oPosition) const
     return iNearest;
 }
 
-// ---- drawing
-// ---------------------------------------------------------------------------------------------------------
+// ---- drawing -------------------------------------------------------------------------------------------------------
 
 void QWoodcockHelpWidget::drawChart(QPainter& painter)
 {
@@ -247,8 +244,7 @@ void QWoodcockHelpWidget::drawNames(QPainter& painter)
     }
 }
 
-// ---- mouse
-// -----------------------------------------------------------------------------------------------------------
+// ---- mouse ---------------------------------------------------------------------------------------------------------
 
 QString QWoodcockHelpWidget::toolTipAt(const QPointF& oPosition) const
 {

@@ -101,8 +101,7 @@ void StereoStatisticsPage::createControls()
     pqLayout->addWidget(m_pqCopyBtn, 0, Qt::AlignLeft);
 }
 
-// ---- contents
-// --------------------------------------------------------------------------------------------------------
+// ---- contents ------------------------------------------------------------------------------------------------------
 
 void StereoStatisticsPage::showNothing(const QString& sReason)
 {
@@ -175,8 +174,7 @@ void StereoStatisticsPage::addRow(const OrientationStatisticsRow& row)
     m_pqTable->setItem(iRow, ValueColumn, pqValue);
 }
 
-// ---- layout
-// ----------------------------------------------------------------------------------------------------------
+// ---- layout --------------------------------------------------------------------------------------------------------
 
 /// Labels take at most half of the width; the heights follow the wrapped texts.
 void StereoStatisticsPage::fitRows()
@@ -198,8 +196,7 @@ void StereoStatisticsPage::resizeEvent(QResizeEvent* pEvent)
     fitRows();
 }
 
-// ---- copies
-// ----------------------------------------------------------------------------------------------------------
+// ---- copies --------------------------------------------------------------------------------------------------------
 
 QString StereoStatisticsPage::text(bool bSelectedOnly) const
 {

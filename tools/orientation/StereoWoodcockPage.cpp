@@ -100,8 +100,7 @@ void StereoWoodcockPage::createControls()
     pqLayout->addWidget(m_pqCopyBtn, 0, Qt::AlignLeft);
 }
 
-// ---- contents
-// --------------------------------------------------------------------------------------------------------
+// ---- contents ------------------------------------------------------------------------------------------------------
 
 void StereoWoodcockPage::showNothing(const QString& sReason)
 {
@@ -152,8 +151,7 @@ void StereoWoodcockPage::fillTable()
     }
 }
 
-// ---- the current shape
-// -----------------------------------------------------------------------------------------------
+// ---- the current shape ---------------------------------------------------------------------------------------------
 
 int StereoWoodcockPage::currentShape() const
 {
@@ -194,8 +192,7 @@ void StereoWoodcockPage::slotPointClicked(int iPoint)
     emit shapeChosen(iPoint);
 }
 
-// ---- copies
-// ----------------------------------------------------------------------------------------------------------
+// ---- copies --------------------------------------------------------------------------------------------------------
 
 QString StereoWoodcockPage::text() const
 {
