@@ -247,7 +247,7 @@ public:
     void calculateWoodcockParameterForOneSubSet(int iCluster, double& dK, double& dC, double& dLnS1S2, double& dLnS2S3,
                                                 bool bPoles) const;
     /// Computes the means, T and L of both kinds, which the functions below give, from the records that partSelection()
-    /// leaves. Not the suggested section.
+    /// leaves. The suggested section stays as it is, but becomes undefined without records.
     void updateOrientationResults();
     /// Stores the suggested section: the plane whose pole is the middle eigenvector of poData (records that were turned
     /// to their mean; null: the model's own), of lines that eigenvector. Nothing without records.
@@ -457,7 +457,7 @@ private:
     /// takenMask() or, for false, an empty span.
     std::span<const unsigned char> orientationMask(bool bSelectionOnly) const;
     OrientationSums orientationSums(bool bPoles, bool bSelectionOnly, const MatrixData* poData) const;
-    OrientationResults resultsOf(bool bPoles) const;
+    static OrientationResults resultsOf(bool bPoles, const OrientationSums& oSums);
     void addRotation(const Rotation& oRotation, bool bPrimary, MatrixData* poData);
     void turnPoints();
     void rotationsChanged();

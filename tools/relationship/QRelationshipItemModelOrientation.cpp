@@ -176,9 +176,8 @@ void QRelationshipItemModel::calculateWoodcockParameterForOneSubSet(int iCluster
     dLnS2S3 = oParameters.m_dLnS2S3;
 }
 
-QRelationshipItemModel::OrientationResults QRelationshipItemModel::resultsOf(bool bPoles) const
+QRelationshipItemModel::OrientationResults QRelationshipItemModel::resultsOf(bool bPoles, const OrientationSums& oSums)
 {
-    const OrientationSums oSums = orientationSums(bPoles, m_bPartSelection, nullptr);
     const FisherStatistics oFisher = fisherStatistics(oSums);
     const PrincipalAxes oAxes = principalAxes(oSums);
     OrientationResults oResults;
@@ -191,10 +190,15 @@ QRelationshipItemModel::OrientationResults QRelationshipItemModel::resultsOf(boo
 
 void QRelationshipItemModel::updateOrientationResults()
 {
-    OrientationResults oPoles = m_bLines ? OrientationResults() : resultsOf(true);
-    OrientationResults oLines = resultsOf(false);
-    oPoles.m_oSuggestedSection = m_oPoleResults.m_oSuggestedSection;
-    oLines.m_oSuggestedSection = m_oLineResults.m_oSuggestedSection;
+    const OrientationSums oSums = orientationSums(false, m_bPartSelection, nullptr);
+    OrientationResults oLines = resultsOf(false, oSums);
+    OrientationResults oPoles;
+    if (!m_bLines)
+        oPoles = resultsOf(true, orientationSums(true, m_bPartSelection, nullptr));
+    if (oSums.m_iCount > 0) {
+        oPoles.m_oSuggestedSection = m_oPoleResults.m_oSuggestedSection;
+        oLines.m_oSuggestedSection = m_oLineResults.m_oSuggestedSection;
+    }
     if (oPoles == m_oPoleResults && oLines == m_oLineResults)
         return;
     m_oPoleResults = oPoles;
