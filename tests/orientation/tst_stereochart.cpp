@@ -142,6 +142,7 @@ private slots:
     void hiddenPagesAreFilledWhenShown();
     void rotationTurnsAllDataSetsAndComesBack();
     void clustersColourThePoints();
+    void centroidsFollowRotations();
     void ownerKeepsTheClusters();
     void biasWeightsAreAskedFor();
     void settingsComeBack();
@@ -317,6 +318,25 @@ void TestStereoChart::clustersColourThePoints()
     f.m_panel.setDataSet(f.node("Joints"));
     QVERIFY(!f.model().clusterCentroids());
     QVERIFY(!f.model().colorAttributeIsOn());
+}
+
+void TestStereoChart::centroidsFollowRotations()
+{
+    Fixture f;
+    QVERIFY(f.m_panel.applyClusters(2));
+    const auto centroid = [&f](int i) {
+        const MatrixDataArray& centroids = *f.model().clusterCentroids();
+        return QPointF(centroids.cell(i, 0), centroids.cell(i, 1));
+    };
+    const auto isNear = [](const QPointF& a, const QPointF& b) { return (a - b).manhattanLength() < 1e-6; };
+    const QPointF oBefore = centroid(0);
+    f.m_panel.rotateDataToCenterPole();
+    const QPointF oTurned = centroid(0);
+    QVERIFY(!isNear(oTurned, oBefore));
+    QVERIFY(f.m_panel.applyClusters(2)); // of the turned records
+    QVERIFY(isNear(centroid(0), oTurned));
+    f.m_panel.undoAllRotations();
+    QVERIFY(isNear(centroid(0), oBefore));
 }
 
 void TestStereoChart::ownerKeepsTheClusters()

@@ -461,6 +461,7 @@ private:
     void addRotation(const Rotation& oRotation, bool bPrimary, MatrixData* poData);
     void turnPoints();
     void rotationsChanged();
+    void turnCentroids(const Rotation& oRotation);
     void forgetRotations();
     double sampledWeight(std::size_t iRecord) const;
 

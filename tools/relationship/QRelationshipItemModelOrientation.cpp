@@ -293,6 +293,7 @@ void QRelationshipItemModel::addRotation(const Rotation& oRotation, bool bPrimar
         m_vdUnturnedY = m_vdY;
     }
     m_vRotations.push_back(oRotation);
+    turnCentroids(oRotation);
     rotationsChanged();
     if (bPrimary)
         updateOrientationResults();
@@ -302,6 +303,7 @@ void QRelationshipItemModel::undoRotation()
 {
     if (!isRotated())
         return;
+    turnCentroids(m_vRotations.back().inverse());
     m_vRotations.pop_back();
     rotationsChanged();
     updateOrientationResults();
@@ -311,6 +313,8 @@ void QRelationshipItemModel::undoAllRotations()
 {
     if (!isRotated())
         return;
+    for (auto it = m_vRotations.rbegin(); it != m_vRotations.rend(); ++it)
+        turnCentroids(it->inverse());
     m_vRotations.clear();
     rotationsChanged();
     updateOrientationResults();
@@ -340,6 +344,26 @@ void QRelationshipItemModel::turnPoints()
     for (std::size_t i = 1; i < m_vRotations.size(); ++i)
         oRotation = oRotation.then(m_vRotations[i]);
     rotateOrientations(typeOf(!m_bLines), oRotation, m_vdUnturnedX, m_vdUnturnedY, m_vdX, m_vdY);
+}
+
+/// The principal axis of turned records is the turned principal axis: centroids follow their clusters.
+void QRelationshipItemModel::turnCentroids(const Rotation& oRotation)
+{
+    for (auto& [sName, clusters] : m_clusters) {
+        MatrixDataArray& centroids = *clusters.m_poCentroids;
+        std::vector<double> vdAngles;
+        std::vector<double> vdAzimuths;
+        for (int i = 0; i < centroids.arrayRows(); ++i) {
+            vdAngles.push_back(centroids.cell(i, 0));
+            vdAzimuths.push_back(centroids.cell(i, 1));
+        }
+        rotateOrientations(typeOf(!m_bLines), oRotation, vdAngles, vdAzimuths, vdAngles, vdAzimuths);
+        for (int i = 0; i < centroids.arrayRows(); ++i) {
+            centroids.setCell(i, 0, vdAngles[static_cast<std::size_t>(i)]);
+            centroids.setCell(i, 1, vdAzimuths[static_cast<std::size_t>(i)]);
+        }
+        centroids.valuesChanged();
+    }
 }
 
 void QRelationshipItemModel::forgetRotations()
