@@ -136,6 +136,9 @@ public slots:
     /// Reads the values again where they changed.
     void updateStereoChart();
 
+    /// Shows the line and the plane under the cursor: the plane whose pole plots at the position or, where lines are
+    /// shown, the line; "---" for (99999.0, 99999.0).
+    virtual void updateCursorPosLabel(QPointF oPosition);
     /// Turns the records of all data sets so that the mean of the first one comes to the centre of the net.
     void rotateDataToCenterPole();
     /// Turns the records of all data sets about the axis of the rotation page.
@@ -253,7 +256,6 @@ private:
     void slotSelectionCleared();
     void slotLegendSelection();
     void slotScanLineChanged();
-    void slotCursorMoved(QPointF oPosition);
     OrientationConvention convention() const;
 
     // ---- analysis

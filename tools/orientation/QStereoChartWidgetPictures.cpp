@@ -67,7 +67,7 @@ PictureLayout pictureLayout(const QRectF& oPicture, const QSizeF& oClasses, cons
 } // namespace
 
 /// The canvas tells the plane whose pole lies under the cursor or, where it shows lines, the line there.
-void QStereoChartWidget::slotCursorMoved(QPointF oPosition)
+void QStereoChartWidget::updateCursorPosLabel(QPointF oPosition)
 {
     if (isMissing(oPosition.x()) || isMissing(oPosition.y())) {
         m_pqFrame->setCursorText(tr("Line: %1   Plane: %1").arg(undefinedText()));

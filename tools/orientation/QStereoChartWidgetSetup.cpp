@@ -94,7 +94,7 @@ QStereoChartWidget::QStereoChartWidget(const CanvasFactory& fnNewCanvas, QWidget
     connectControls();
     connectAnalysis();
     setSettings(StereoChartSettings());
-    slotCursorMoved({g_dMissingValue, g_dMissingValue});
+    QStereoChartWidget::updateCursorPosLabel({g_dMissingValue, g_dMissingValue});
     updateDataSetSelectionBox();
     m_bReadNeeded = true;
     updateStereoChart();
@@ -230,7 +230,7 @@ void QStereoChartWidget::hideProjection()
 void QStereoChartWidget::connectChart()
 {
     using Panel = QStereoChartWidget;
-    connect(m_pqPlot, &QChartDrawingArea::cursorPos, this, &Panel::slotCursorMoved);
+    connect(m_pqPlot, &QChartDrawingArea::cursorPos, this, &Panel::updateCursorPosLabel);
     connect(m_pqPlot, &QChartDrawingArea::dataPointsSelection, this, &Panel::slotPointsSelected);
     connect(m_pqPlot, &QChartDrawingArea::signalCopyToClipboard, this, &Panel::copyToClipboard);
     connect(m_pqPlot, &QStereoPlotWidget::clearSelection, this, &Panel::slotSelectionCleared);
