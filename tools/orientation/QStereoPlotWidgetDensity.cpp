@@ -118,6 +118,7 @@ void QStereoPlotWidget::updateContours()
     print.add(std::uint64_t{m_oBackgroundColor.rgb()});
     print.add(m_settings.m_bRedToBlue ? 1U : 0U);
     print.add(m_settings.m_bContourFill && !m_settings.m_bContourColorFill ? 1U : 0U);
+    print.add(m_settings.m_bFillLowestBand ? 1U : 0U);
     const quint64 iKey = print.value() | 1U;
     if (iKey == m_iContourKey) {
         return;
@@ -131,7 +132,8 @@ void QStereoPlotWidget::updateContours()
                                              : contourColors(vdLevels, m_settings.m_dInterval, m_settings.m_bRedToBlue);
     m_vLevels.clear();
     for (std::size_t i = 0; i < vdLevels.size(); ++i) {
-        m_vLevels.push_back({vdLevels[i], voColors[i]});
+        const bool bBlank = i == 0 && !m_settings.m_bFillLowestBand;
+        m_vLevels.push_back({vdLevels[i], bBlank ? m_oBackgroundColor : voColors[i]});
     }
 }
 

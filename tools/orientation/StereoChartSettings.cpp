@@ -34,6 +34,7 @@ void forEachNetMember(Settings& net, What what)
     what("points/lineation_color", net.m_oLineationColor);
     what("contours/lines", net.m_bContourLines);
     what("contours/fill", net.m_bContourFill);
+    what("contours/fill_lowest_band", net.m_bFillLowestBand);
     what("contours/color_fill", net.m_bContourColorFill);
     what("contours/labels", net.m_bContourLabels);
     what("contours/red_to_blue", net.m_bRedToBlue);

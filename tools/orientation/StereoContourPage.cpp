@@ -26,6 +26,10 @@ StereoContourPage::StereoContourPage(QWidget* pqParent)
           newCheckBox(tr("Filled Bands"), tr("Fill the bands between the contours"), "m_pqContourFillCheckBox"))
     , m_pqColorFillCheckBox(newCheckBox(tr("In Color"), tr("Bands in the colors of the color map instead of grays"),
                                         "m_pqContourColorFillCheckBox"))
+    , m_pqLowestBandCheckBox(newCheckBox(tr("Lowest Band"),
+                                         tr("Fill the band of the smallest densities too; otherwise the net shows on "
+                                            "the background there"),
+                                         "m_pqContourLowestBandCheckBox"))
     , m_pqRedToBlueCheckBox(newCheckBox(tr("Red to Blue"), tr("Low densities are red and high ones blue"),
                                         "m_pqContourRedToBlueCheckBox"))
     , m_pqLabelsCheckBox(newCheckBox(tr("Labels"), tr("Write the level beside the contours, per cent of the records"),
@@ -51,8 +55,8 @@ StereoContourPage::StereoContourPage(QWidget* pqParent)
     m_pqIntervalSpinBox->setSpecialValueText(QStringLiteral("---"));
     m_pqIntervalSpinBox->setKeyboardTracking(false);
     auto* pqForm = new QFormLayout(this);
-    for (QCheckBox* pqBox : {m_pqLinesCheckBox, m_pqLabelsCheckBox, m_pqFillCheckBox, m_pqColorFillCheckBox,
-                             m_pqRedToBlueCheckBox, m_pqLegendCheckBox}) {
+    for (QCheckBox* pqBox : {m_pqLinesCheckBox, m_pqLabelsCheckBox, m_pqFillCheckBox, m_pqLowestBandCheckBox,
+                             m_pqColorFillCheckBox, m_pqRedToBlueCheckBox, m_pqLegendCheckBox}) {
         pqForm->addRow(pqBox);
         connect(pqBox, &QCheckBox::clicked, this, &StereoContourPage::slotChanged);
     }
@@ -73,6 +77,7 @@ void StereoContourPage::slotChanged()
 void StereoContourPage::enableControls()
 {
     const bool bFill = m_pqFillCheckBox->isChecked();
+    m_pqLowestBandCheckBox->setEnabled(bFill);
     m_pqColorFillCheckBox->setEnabled(bFill);
     m_pqRedToBlueCheckBox->setEnabled(bFill && m_pqColorFillCheckBox->isChecked());
 }
@@ -82,6 +87,7 @@ void StereoContourPage::writeTo(StereoChartSettings& settings) const
     StereoNetSettings& net = settings.m_oNet;
     net.m_bContourLines = m_pqLinesCheckBox->isChecked();
     net.m_bContourFill = m_pqFillCheckBox->isChecked();
+    net.m_bFillLowestBand = m_pqLowestBandCheckBox->isChecked();
     net.m_bContourColorFill = m_pqColorFillCheckBox->isChecked();
     net.m_bRedToBlue = m_pqRedToBlueCheckBox->isChecked();
     net.m_bContourLabels = m_pqLabelsCheckBox->isChecked();
@@ -97,6 +103,7 @@ void StereoContourPage::setSettings(const StereoChartSettings& settings)
     const StereoNetSettings& net = settings.m_oNet;
     m_pqLinesCheckBox->setChecked(net.m_bContourLines);
     m_pqFillCheckBox->setChecked(net.m_bContourFill);
+    m_pqLowestBandCheckBox->setChecked(net.m_bFillLowestBand);
     m_pqColorFillCheckBox->setChecked(net.m_bContourColorFill);
     m_pqRedToBlueCheckBox->setChecked(net.m_bRedToBlue);
     m_pqLabelsCheckBox->setChecked(net.m_bContourLabels);

@@ -33,6 +33,7 @@ private:
     QCheckBox* m_pqLinesCheckBox;
     QCheckBox* m_pqFillCheckBox;
     QCheckBox* m_pqColorFillCheckBox;
+    QCheckBox* m_pqLowestBandCheckBox;
     QCheckBox* m_pqRedToBlueCheckBox;
     QCheckBox* m_pqLabelsCheckBox;
     QCheckBox* m_pqLegendCheckBox;

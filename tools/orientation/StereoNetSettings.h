@@ -71,6 +71,8 @@ struct GKBASETOOLS_EXPORT StereoNetSettings
     bool m_bContourLines = false;
     bool m_bContourFill = false;      ///< bands are filled
     bool m_bContourColorFill = false; ///< with the colours of the map, else in grays
+    /// The band from the smallest density up, which is most of a net, has its colour too; else that of the background.
+    bool m_bFillLowestBand = false;
     bool m_bContourLabels = false;
     bool m_bRedToBlue = false;    ///< the colour map begins with red
     int m_iNodes = 50;            ///< of the grid, each way
