@@ -50,7 +50,8 @@ void QStereoChartWidget::updateObservationStatistics()
 {
     QRelationshipItemModel& model = *relationshipItemModel();
     model.updateOrientationResults();
-    updateSuggestedSection();
+    if (m_oSettings.m_oNet.result(StereoResult::SuggestedSectionPlane).m_bShow)
+        calculateSuggestedSectionOrientation();
     const std::span<const unsigned char> vbMask =
         model.partSelection() ? model.takenMask() : std::span<const unsigned char>();
     m_pqBiasPage->showEffectiveCount(static_cast<std::size_t>(model.numberOfTakenPoints()),
@@ -61,14 +62,15 @@ void QStereoChartWidget::updateObservationStatistics()
 }
 
 /// The section is that of records whose mean was turned to the centre of the net; they are turned in a copy.
-void QStereoChartWidget::updateSuggestedSection()
+void QStereoChartWidget::calculateSuggestedSectionOrientation()
 {
     QRelationshipItemModel& model = *relationshipItemModel();
-    if (!m_oSettings.m_oNet.result(StereoResult::SuggestedSectionPlane).m_bShow || model.numberOfTakenPoints() == 0)
-        return;
     const bool bPoles = !model.linesAreShown();
+    const QPointF oMean = bPoles ? model.meanResultantPole() : model.meanResultantDipDirection();
+    if (isMissing(oMean.x()))
+        return;
     MatrixDataArray copy(*model.data());
-    model.rotateDataToMeanPole(bPoles ? model.meanResultantPole() : model.meanResultantDipDirection(), true, &copy);
+    model.rotateDataToMeanPole(oMean, true, &copy);
     model.calculateSuggestedSectionOrientation(bPoles, model.partSelection(), &copy);
 }
 
@@ -110,7 +112,7 @@ void QStereoChartWidget::fillVisiblePage()
     if (pqPage == m_pqStatisticsPage && std::exchange(m_bStatisticsStale, false))
         fillStatisticsPage();
     else if (pqPage == m_pqWoodcockPage && std::exchange(m_bWoodcockStale, false))
-        fillWoodcockPage();
+        calculateWoodcockParameterForClusters();
     else if (pqPage == m_pqReport && std::exchange(m_bReportStale, false))
         fillReportPage();
 }
@@ -164,7 +166,7 @@ std::vector<ClusterShape> QStereoChartWidget::clusterShapes() const
     return vShapes;
 }
 
-void QStereoChartWidget::fillWoodcockPage()
+void QStereoChartWidget::calculateWoodcockParameterForClusters()
 {
     const std::vector<ClusterShape> vShapes = clusterShapes();
     if (vShapes.empty())
@@ -363,10 +365,13 @@ void QStereoChartWidget::slotLooksChanged()
 /// A result that is switched on may not be computed yet.
 void QStereoChartWidget::slotResultsChanged()
 {
-    const bool bSectionWasShown = m_oSettings.m_oNet.result(StereoResult::SuggestedSectionPlane).m_bShow;
+    const auto sectionIsShown = [this] {
+        return m_oSettings.m_oNet.result(StereoResult::SuggestedSectionPlane).m_bShow;
+    };
+    const bool bSectionWasShown = sectionIsShown();
     slotLooksChanged();
-    if (!bSectionWasShown)
-        updateSuggestedSection();
+    if (!bSectionWasShown && sectionIsShown())
+        calculateSuggestedSectionOrientation();
 }
 
 void QStereoChartWidget::slotColorMapChanged()

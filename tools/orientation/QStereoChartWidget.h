@@ -139,6 +139,13 @@ public slots:
     /// Shows the line and the plane under the cursor: the plane whose pole plots at the position or, where lines are
     /// shown, the line; "---" for (99999.0, 99999.0).
     virtual void updateCursorPosLabel(QPointF oPosition);
+    /// Computes the results of the records that count again, and whatever shows them.
+    void updateObservationStatistics();
+    /// The section of the records turned to their resultant mean, in a copy. Nothing where that is undefined.
+    void calculateSuggestedSectionOrientation();
+    /// Shows the shapes of all records that count and of the clusters in the Woodcock diagram and its table.
+    void calculateWoodcockParameterForClusters();
+
     /// Turns the records of all data sets so that the mean of the first one comes to the centre of the net.
     void rotateDataToCenterPole();
     /// Turns the records of all data sets about the axis of the rotation page.
@@ -230,12 +237,9 @@ private:
     void selectInFurtherLayers();
 
     // ---- what follows from the records
-    void updateObservationStatistics();
-    void updateSuggestedSection();
     void pagesAreStale();
     void fillVisiblePage();
     void fillStatisticsPage();
-    void fillWoodcockPage();
     void fillReportPage();
     QString statisticsTitle() const;
     QString noStatisticsReason() const;

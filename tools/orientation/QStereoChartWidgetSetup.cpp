@@ -11,6 +11,7 @@
 #include "QDecoratedToolBox.h"
 #include "QStereoChartWidget.h"
 #include "QStereoPlotWidget.h"
+#include "QWoodcockHelpWidget.h"
 #include "StereoAnnotationPage.h"
 #include "StereoBiasPage.h"
 #include "StereoClusterPage.h"
@@ -256,6 +257,10 @@ void QStereoChartWidget::connectControls()
     connect(m_pqContourPage, &StereoContourPage::changed, this, &Panel::slotLooksChanged);
     connect(m_pqResultPage, &StereoResultPage::changed, this, &Panel::slotResultsChanged);
     connect(m_pqAnnotationPage, &StereoAnnotationPage::changed, this, &Panel::slotLooksChanged);
+    connect(m_pqDisplayPage, &ChartDisplayPage::backgroundChanged, m_pqWoodcockPage->diagram(),
+            [pqDiagram = m_pqWoodcockPage->diagram()](bool bBlack) {
+                pqDiagram->setLabelColor(bBlack ? Qt::white : Qt::black);
+            });
 }
 
 void QStereoChartWidget::connectAnalysis()

@@ -247,7 +247,7 @@ public:
     void calculateWoodcockParameterForOneSubSet(int iCluster, double& dK, double& dC, double& dLnS1S2, double& dLnS2S3,
                                                 bool bPoles) const;
     /// Computes the means, T and L of both kinds, which the functions below give, from the records that partSelection()
-    /// leaves. The suggested section stays as it is, but becomes undefined without records.
+    /// leaves. The suggested section stays as it is, but becomes undefined without a resultant mean.
     void updateOrientationResults();
     /// Stores the suggested section: the plane whose pole is the middle eigenvector of poData (records that were turned
     /// to their mean; null: the model's own), of lines that eigenvector. Nothing without records.

@@ -190,15 +190,15 @@ QRelationshipItemModel::OrientationResults QRelationshipItemModel::resultsOf(boo
 
 void QRelationshipItemModel::updateOrientationResults()
 {
-    const OrientationSums oSums = orientationSums(false, m_bPartSelection, nullptr);
-    OrientationResults oLines = resultsOf(false, oSums);
+    OrientationResults oLines = resultsOf(false, orientationSums(false, m_bPartSelection, nullptr));
     OrientationResults oPoles;
     if (!m_bLines)
         oPoles = resultsOf(true, orientationSums(true, m_bPartSelection, nullptr));
-    if (oSums.m_iCount > 0) {
+    // Without a mean that the records can be turned to there is no section either: a former one must not stay.
+    if (!isMissing(oPoles.m_oMeanResultant.x()))
         oPoles.m_oSuggestedSection = m_oPoleResults.m_oSuggestedSection;
+    if (!isMissing(oLines.m_oMeanResultant.x()))
         oLines.m_oSuggestedSection = m_oLineResults.m_oSuggestedSection;
-    }
     if (oPoles == m_oPoleResults && oLines == m_oLineResults)
         return;
     m_oPoleResults = oPoles;
