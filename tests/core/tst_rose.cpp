@@ -40,6 +40,7 @@ private slots:
     void countsAddUp();
     void boundaries();
     void classesAndWeights();
+    void recordsOfSectors();
     void scale();
     void petals_data();
     void petals();
@@ -108,6 +109,20 @@ void tst_Rose::classesAndWeights()
     const CircularMeans oMeans = roseMeans(vdAzimuth, vbMask);
     QCOMPARE(oMeans.m_oDirection.m_iCount, std::size_t(4));
     QCOMPARE(oMeans.m_oAxis.m_iCount, std::size_t(4));
+}
+
+void tst_Rose::recordsOfSectors()
+{
+    const Doubles vdAzimuth = randomAzimuths(2000);
+    for (const bool bBidirectional : {false, true}) {
+        const RoseBins oBins = roseBins(vdAzimuth, {7, 13.0, bBidirectional});
+        for (int iSector = 0; iSector < oBins.sectors(); ++iSector) {
+            const auto vbMask = sectorRecords(vdAzimuth, oBins, iSector, bBidirectional);
+            QCOMPARE(double(std::count(vbMask.begin(), vbMask.end(), 1)), oBins.m_vdCounts[std::size_t(iSector)]);
+        }
+        const auto vbNone = sectorRecords(vdAzimuth, oBins, oBins.sectors(), bBidirectional);
+        QCOMPARE(std::count(vbNone.begin(), vbNone.end(), 1), 0);
+    }
 }
 
 void tst_Rose::scale()

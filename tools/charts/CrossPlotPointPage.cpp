@@ -1,23 +1,16 @@
 #include "CrossPlotPointPage.h"
 
-#include "MatrixData.h"
-#include "MissingValue.h"
+#include "ColorMapEdits.h"
 #include "QChartDrawingArea.h"
 #include "QIntSpinBoxWithSlider.h"
-#include "QUnitLineEdit.h"
-#include "UnitManager.h"
-#include "UnitText.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
 #include <QFormLayout>
 #include <QGroupBox>
-#include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
-
-#include <boost/make_shared.hpp>
 
 namespace gkBase {
 
@@ -95,27 +88,15 @@ QGroupBox* CrossPlotPointPage::createColorMapGroup()
 {
     auto* pqGroup = new QGroupBox(tr("Color Map"));
     pqGroup->setToolTip(tr("Bands of colors for attributes of numbers; an empty field takes what suits the values"));
-    m_pqMinEdit = newEdit(tr("Minimum"), QStringLiteral("m_pqColorMapMinEdit"));
-    m_pqMaxEdit = newEdit(tr("Maximum"), QStringLiteral("m_pqColorMapMaxEdit"));
-    m_pqIntervalEdit = newEdit(tr("Interval"), QStringLiteral("m_pqColorMapIntervalEdit"));
+    m_pqColorMapEdits = new ColorMapEdits(tr("Interval"), tr("automatic"));
+    connect(m_pqColorMapEdits, &ColorMapEdits::edited, this, &CrossPlotPointPage::colorMapChanged);
     m_pqRedToBlueCheckBox = new QCheckBox(tr("Red to Blue"));
     m_pqRedToBlueCheckBox->setObjectName(QStringLiteral("m_pqRedToBlueCheckBox"));
     m_pqRedToBlueCheckBox->setToolTip(tr("Small values are red and large ones blue"));
-    auto* pqForm = new QFormLayout(pqGroup);
-    for (QUnitLineEdit* pqEdit : {m_pqMinEdit, m_pqMaxEdit, m_pqIntervalEdit})
-        pqForm->addRow(pqEdit->accessibleName(), pqEdit);
-    pqForm->addRow(m_pqRedToBlueCheckBox);
+    auto* pqLayout = new QVBoxLayout(pqGroup);
+    pqLayout->addWidget(m_pqColorMapEdits);
+    pqLayout->addWidget(m_pqRedToBlueCheckBox);
     return pqGroup;
-}
-
-QUnitLineEdit* CrossPlotPointPage::newEdit(const QString& sName, const QString& sObjectName)
-{
-    auto* pqEdit = new QUnitLineEdit;
-    pqEdit->setAccessibleName(sName);
-    pqEdit->setObjectName(sObjectName);
-    pqEdit->setPlaceholderText(tr("automatic"));
-    connect(pqEdit, &QUnitLineEdit::modelValueChanged, this, &CrossPlotPointPage::colorMapChanged);
-    return pqEdit;
 }
 
 void CrossPlotPointPage::writeTo(CrossPlotSettings& settings) const
@@ -141,11 +122,7 @@ void CrossPlotPointPage::setSettings(const CrossPlotSettings& settings)
 
 RelationshipClasses::ColorMap CrossPlotPointPage::colorMap() const
 {
-    RelationshipClasses::ColorMap map;
-    map.m_dMin = m_pqMinEdit->modelValue();
-    map.m_dMax = m_pqMaxEdit->modelValue();
-    const double dInterval = m_pqIntervalEdit->modelValue();
-    map.m_dInterval = isMissing(dInterval) ? g_dMissingValue : dInterval / m_dDisplayScale;
+    RelationshipClasses::ColorMap map = m_pqColorMapEdits->colorMap();
     map.m_bRedToBlue = m_pqRedToBlueCheckBox->isChecked();
     return map;
 }
@@ -153,30 +130,7 @@ RelationshipClasses::ColorMap CrossPlotPointPage::colorMap() const
 void CrossPlotPointPage::setColorAttribute(const MatrixData* poAttribute, bool bBanded)
 {
     m_pqColorMapGroup->setEnabled(poAttribute && bBanded);
-    const int iAttribute = poAttribute ? poAttribute->globalID() : -1;
-    const double dScale = displayScale(poAttribute);
-    if (iAttribute == m_iColorAttribute && dScale == m_dDisplayScale)
-        return;
-    boost::shared_ptr<UnitManager> poUnit;
-    boost::shared_ptr<UnitManager> poDifferences;
-    if (poAttribute) {
-        poUnit = poAttribute->unitManager();
-        // A difference does not convert as a value does where the zeros of the units differ: it is kept as shown.
-        poDifferences = boost::make_shared<UnitManager>(QString(), poUnit->getDisplayUnitTag());
-    }
-    if (iAttribute != m_iColorAttribute)
-        m_pqIntervalEdit->setModelValue(g_dMissingValue, false);
-    else if (!isMissing(m_pqIntervalEdit->modelValue()))
-        m_pqIntervalEdit->setModelValue(m_pqIntervalEdit->modelValue() / m_dDisplayScale * dScale, false);
-    m_pqMinEdit->unitManager(poUnit);
-    m_pqMaxEdit->unitManager(poUnit);
-    m_pqIntervalEdit->unitManager(poDifferences);
-    if (iAttribute != m_iColorAttribute) {
-        m_pqMinEdit->setModelValue(g_dMissingValue, false);
-        m_pqMaxEdit->setModelValue(g_dMissingValue, false);
-    }
-    m_iColorAttribute = iAttribute;
-    m_dDisplayScale = dScale;
+    m_pqColorMapEdits->setAttribute(poAttribute);
 }
 
 } // namespace gkBase

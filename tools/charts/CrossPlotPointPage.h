@@ -6,8 +6,6 @@
 
 #include <QWidget>
 
-#include <boost/shared_ptr.hpp>
-
 class QCheckBox;
 class QComboBox;
 class QGroupBox;
@@ -15,9 +13,9 @@ class QIntSpinBoxWithSlider;
 
 namespace gkBase {
 
+class ColorMapEdits;
 class MatrixData;
 class QChartDrawingArea;
-class QUnitLineEdit;
 
 /// The controls of the looks of a cross plot's points: style, size, legends and the bands of the colour map.
 class GKBASETOOLS_EXPORT CrossPlotPointPage : public QWidget
@@ -51,7 +49,6 @@ private:
     void showStyleIcons();
     QWidget* createStyleControls();
     QGroupBox* createColorMapGroup();
-    QUnitLineEdit* newEdit(const QString& sName, const QString& sObjectName);
 
     QChartDrawingArea* m_pqCanvas; ///< not owned
     QComboBox* m_pqStyleComboBox;
@@ -60,12 +57,8 @@ private:
     QCheckBox* m_pqColorLegendCheckBox;
     QCheckBox* m_pqSymbolLegendCheckBox;
     QGroupBox* m_pqColorMapGroup;
-    QUnitLineEdit* m_pqMinEdit;
-    QUnitLineEdit* m_pqMaxEdit;
-    QUnitLineEdit* m_pqIntervalEdit;
+    ColorMapEdits* m_pqColorMapEdits;
     QCheckBox* m_pqRedToBlueCheckBox;
-    int m_iColorAttribute = -1; ///< globalID() of the attribute whose bands are shown
-    double m_dDisplayScale = 1.0;
 };
 
 } // namespace gkBase

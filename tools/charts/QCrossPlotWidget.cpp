@@ -19,7 +19,6 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
-#include <QPainter>
 #include <QSettings>
 
 #include <algorithm>
@@ -34,9 +33,6 @@ constexpr double g_dShareOfEqualValues = 0.05;
 /// Room between the outermost points and the ends of an axis, as a share of the range of the values.
 constexpr double g_dShareOfRoom = 0.02;
 constexpr double g_dFullCircle = 360.0;
-/// Legends take at most this share of a picture's width.
-constexpr double g_dLegendShare = 0.4;
-constexpr double g_dLegendMargin = 10.0;
 
 bool isAzimuth(const MatrixData* poNode)
 {
@@ -309,28 +305,13 @@ void QCrossPlotWidget::slotStatisticsChanged()
 
 void QCrossPlotWidget::copyToClipboard()
 {
-    const QPixmap oChart = m_pqFrame->grabChart();
-    const QSizeF oChartSize = oChart.deviceIndependentSize();
-    const double dLegends = legendWidth();
-    QPixmap oPicture((oChartSize + QSizeF(dLegends, 0.0)).toSize() * oChart.devicePixelRatio());
-    oPicture.setDevicePixelRatio(oChart.devicePixelRatio());
-    oPicture.fill(m_pqPlot->backgroundColor());
-    QPainter painter(&oPicture);
-    painter.drawPixmap(QPointF(0.0, 0.0), oChart);
-    const QRectF oBeside(oChartSize.width(), g_dLegendMargin, dLegends, oChartSize.height() - 2.0 * g_dLegendMargin);
-    m_pqLegends->paint(painter, oBeside, m_pqPlot->labelColor());
-    painter.end();
-    QApplication::clipboard()->setPixmap(oPicture);
-}
-
-double QCrossPlotWidget::legendWidth() const
-{
-    return m_pqLegends->isEmpty() ? 0.0 : m_pqLegends->pictureSize().width() + 2.0 * g_dLegendMargin;
+    QApplication::clipboard()->setPixmap(
+        m_pqLegends->withChart(m_pqFrame->grabChart(), m_pqPlot->backgroundColor(), m_pqPlot->labelColor()));
 }
 
 void QCrossPlotWidget::copyEWMFToClipboard()
 {
-    const QSize oSize = m_pqFrame->pictureSize() + QSize(static_cast<int>(std::ceil(legendWidth())), 0);
+    const QSize oSize = m_pqFrame->pictureSize() + QSize(static_cast<int>(std::ceil(m_pqLegends->widthBeside())), 0);
     copyMetafileToClipboard(ChartExporter::metafile(oSize, picture()), this);
 }
 
@@ -348,15 +329,7 @@ void QCrossPlotWidget::copySymbolLegend()
 
 void QCrossPlotWidget::renderTo(QPainter& painter, const QRectF& oTarget)
 {
-    QRectF oChart = oTarget;
-    if (!m_pqLegends->isEmpty()) {
-        const double dWidth = std::min(legendWidth(), oTarget.width() * g_dLegendShare);
-        oChart.setRight(oTarget.right() - dWidth);
-        const QRectF oBeside(oChart.right(), oTarget.top(), dWidth, oTarget.height());
-        m_pqLegends->paint(painter, oBeside.adjusted(0.0, g_dLegendMargin, -g_dLegendMargin, -g_dLegendMargin),
-                           m_pqPlot->labelColor());
-    }
-    m_pqFrame->renderTo(painter, oChart);
+    m_pqFrame->renderTo(painter, m_pqLegends->paintBeside(painter, oTarget, m_pqPlot->labelColor()));
 }
 
 ChartPicture QCrossPlotWidget::picture()

@@ -169,8 +169,6 @@ private:
     void slotPointsSelected(bool* pbSelection, int iLength);
     void slotApplyClusters();
     void updateCursorPosLabel(QPointF oPosition);
-    /// Of a picture with the chart; 0 while no legend is on.
-    double legendWidth() const;
 
     QRelationshipItemModel* m_pModel;
     QCrossPlot* m_pqPlot = nullptr;

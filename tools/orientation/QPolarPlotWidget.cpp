@@ -302,11 +302,21 @@ std::vector<QPolarPlotWidget::RimLabel> QPolarPlotWidget::compassLabels(const QP
     return vLabels;
 }
 
+std::vector<QRectF> QPolarPlotWidget::visibleBoxes(const QPainter& painter) const
+{
+    std::vector<QRectF> voBoxes{titleBox(painter)};
+    if (m_bShowPointsCount)
+        voBoxes.push_back(topRightInfoBox(painter));
+    if (hasAnnotation())
+        voBoxes.push_back(northBox(painter));
+    return voBoxes;
+}
+
 void QPolarPlotWidget::drawRimLabels(QPainter& painter)
 {
     std::vector<QRectF> voTaken;
     if (isWholeChart())
-        voTaken = {titleBox(painter), m_bShowPointsCount ? topRightInfoBox(painter) : QRectF(), northBox(painter)};
+        voTaken = visibleBoxes(painter);
     painter.save();
     painter.setFont(rimFont(painter));
     const QFontMetricsF metrics(painter.font(), painter.device());
@@ -368,9 +378,7 @@ QRectF QPolarPlotWidget::titleBox(const QPainter& painter) const
     const QFontMetricsF metrics(painter.font(), painter.device());
     QRectF oBox(g_oTitleCorner,
                 QSizeF(metrics.horizontalAdvance(headerTitle()) + 5.0, std::max(g_dTitleHeight, metrics.height())));
-    double dRight = pixmapRect().width() - g_oTitleCorner.x();
-    if (m_bShowPointsCount)
-        dRight = topRightInfoBox(painter).left() - g_dBoxDistance;
+    double dRight = titleLimit(painter);
     if (isWholeChart() && hasAnnotation()) {
         // Of charts without room for both a long title gives way to the label of north.
         const QRectF oNorth = northLabelBox(painter);
@@ -379,6 +387,12 @@ QRectF QPolarPlotWidget::titleBox(const QPainter& painter) const
     }
     oBox.setRight(std::max(oBox.left(), std::min(oBox.right(), dRight)));
     return oBox;
+}
+
+double QPolarPlotWidget::titleLimit(const QPainter& painter) const
+{
+    return m_bShowPointsCount ? topRightInfoBox(painter).left() - g_dBoxDistance
+                              : pixmapRect().width() - g_oTitleCorner.x();
 }
 
 void QPolarPlotWidget::drawTitle(QPainter* pPainter)

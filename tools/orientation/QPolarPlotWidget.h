@@ -113,6 +113,13 @@ protected:
     /// Where the title and the box stand in the visible part; empty for none. Their text may be cut to it.
     QRectF titleBox(const QPainter& painter) const;
     QRectF topRightInfoBox(const QPainter& painter) const;
+    /// Where a title ends at the latest: before whatever stands to its right.
+    virtual double titleLimit(const QPainter& painter) const;
+    /// The boxes of all that sticks to the view; labels that they would cover are left out while the whole chart is
+    /// seen. Subclasses add theirs.
+    virtual std::vector<QRectF> visibleBoxes(const QPainter& painter) const;
+    /// The whole chart is seen: what sticks to the view stands still beside the labels.
+    bool isWholeChart() const;
 
     QString m_sTopRightInfo;
 
@@ -124,8 +131,6 @@ private:
         int m_iGap; ///< pixels between circle and label, less 2
     };
 
-    /// The whole chart is seen: what sticks to the view stands still beside the labels.
-    bool isWholeChart() const;
     bool hasAnnotation() const { return m_bLabelAsAngle || m_bLabelAsDirection; }
     /// The free pixels beside and above the circle.
     QSizeF margin() const;

@@ -21,6 +21,10 @@ namespace {
 
 constexpr double g_dTitleGap = 4.0;
 constexpr double g_dLegendGap = 12.0;
+/// Around legends beside a chart.
+constexpr double g_dMargin = 10.0;
+/// Of a picture's width.
+constexpr double g_dLargestShare = 0.4;
 
 QString titleOf(const MatrixData* poAttribute)
 {
@@ -113,7 +117,8 @@ void ClassLegends::setClasses(const QRelationshipItemModel& model)
 {
     m_oColor.m_bOn = model.colorAttributeIsOn();
     m_oSymbol.m_bOn = model.symbolAttributeIsOn();
-    m_oColor.m_pqTitle->setText(titleOf(model.colorAttribute()));
+    m_oColor.m_sName = titleOf(model.colorAttribute());
+    m_oColor.m_pqTitle->setText(m_sColorTitle.isEmpty() ? m_oColor.m_sName : m_sColorTitle);
     m_oSymbol.m_pqTitle->setText(titleOf(model.symbolAttribute()));
     m_oColor.m_pModel->setSymbolNode(model.colorAttribute());
     m_oSymbol.m_pModel->setSymbolNode(model.symbolAttribute());
@@ -132,6 +137,12 @@ void ClassLegends::setWanted(bool bColorLegend, bool bSymbolLegend)
     m_oColor.m_bWanted = bColorLegend;
     m_oSymbol.m_bWanted = bSymbolLegend;
     showLegends();
+}
+
+void ClassLegends::setColorTitle(const QString& sTitle)
+{
+    m_sColorTitle = sTitle;
+    m_oColor.m_pqTitle->setText(sTitle.isEmpty() ? m_oColor.m_sName : sTitle);
 }
 
 void ClassLegends::showLegends()
@@ -228,6 +239,32 @@ void ClassLegends::paint(QPainter& painter, const QRectF& oTarget, const QColor&
         dY += pLegend->m_pqView->wholeLegendSize().height() + g_dLegendGap;
     }
     painter.restore();
+}
+
+double ClassLegends::widthBeside() const
+{
+    return isEmpty() ? 0.0 : pictureSize().width() + 2.0 * g_dMargin;
+}
+
+QRectF ClassLegends::paintBeside(QPainter& painter, const QRectF& oPicture, const QColor& oTextColor) const
+{
+    const double dWidth = std::min(widthBeside(), oPicture.width() * g_dLargestShare);
+    const QRectF oBeside(oPicture.right() - dWidth, oPicture.top(), dWidth, oPicture.height());
+    paint(painter, oBeside.adjusted(0.0, g_dMargin, -g_dMargin, -g_dMargin), oTextColor);
+    return oPicture.adjusted(0.0, 0.0, -dWidth, 0.0);
+}
+
+QPixmap ClassLegends::withChart(const QPixmap& oChart, const QColor& oBackground, const QColor& oTextColor) const
+{
+    const QSizeF oChartSize = oChart.deviceIndependentSize();
+    QPixmap oPicture((oChartSize + QSizeF(widthBeside(), 0.0)).toSize() * oChart.devicePixelRatio());
+    oPicture.setDevicePixelRatio(oChart.devicePixelRatio());
+    oPicture.fill(oBackground);
+    QPainter painter(&oPicture);
+    painter.drawPixmap(QPointF(0.0, 0.0), oChart);
+    const QRectF oBeside(oChartSize.width(), g_dMargin, widthBeside(), oChartSize.height() - 2.0 * g_dMargin);
+    paint(painter, oBeside, oTextColor);
+    return oPicture;
 }
 
 } // namespace gkBase

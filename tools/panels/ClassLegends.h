@@ -3,8 +3,10 @@
 #include "gkBaseToolsExport.h"
 
 #include <QColor>
+#include <QPixmap>
 #include <QRectF>
 #include <QSizeF>
+#include <QString>
 #include <QWidget>
 
 #include <vector>
@@ -31,6 +33,8 @@ public:
     /// Lists the classes of the model's attributes. Views lose their selection when the classes differ.
     void setClasses(const QRelationshipItemModel& model);
     void setWanted(bool bColorLegend, bool bSymbolLegend);
+    /// Stands above the colour legend in the place of the attribute's name; empty: the name.
+    void setColorTitle(const QString& sTitle);
 
     std::vector<int> selectedColorClasses() const;
     std::vector<int> selectedSymbolClasses() const;
@@ -47,6 +51,12 @@ public:
     QSizeF pictureSize() const;
     /// Draws them into the rectangle from its top left, made smaller when they do not fit.
     void paint(QPainter& painter, const QRectF& oTarget, const QColor& oTextColor) const;
+    /// Width that they take to the right of a chart, margins included; 0 without any.
+    double widthBeside() const;
+    /// Draws them to the right in a picture, on 40 % of its width at most, and returns what remains for the chart.
+    QRectF paintBeside(QPainter& painter, const QRectF& oPicture, const QColor& oTextColor) const;
+    /// A chart with them to its right.
+    QPixmap withChart(const QPixmap& oChart, const QColor& oBackground, const QColor& oTextColor) const;
 
 signals:
     /// The user selected other classes.
@@ -59,6 +69,7 @@ private:
         ElidedLabel* m_pqTitle = nullptr;
         QLegendListModel* m_pModel = nullptr;
         QLegendListView* m_pqView = nullptr;
+        QString m_sName; ///< of the attribute
         bool m_bWanted = true;
         bool m_bOn = false; ///< its attribute is
 
@@ -74,6 +85,7 @@ private:
 
     Legend m_oColor;
     Legend m_oSymbol;
+    QString m_sColorTitle;
     bool m_bFollowing = false; ///< one legend scrolls the other
 };
 

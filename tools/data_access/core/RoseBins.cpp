@@ -29,6 +29,11 @@ double fromStart(double dAzimuth, double dStart)
     return dDifference >= 0.0 && dDifference < 360.0 ? dDifference : wrapAngle(dDifference, 360.0);
 }
 
+double opposite(double dFromStart)
+{
+    return dFromStart < 180.0 ? dFromStart + 180.0 : dFromStart - 180.0;
+}
+
 class RoseCounter
 {
 public:
@@ -73,6 +78,15 @@ RoseBins emptyBins(const RoseSettings& oSettings, int iClasses)
 
 } // namespace
 
+int RoseBins::sectorAt(double dAzimuth) const
+{
+    if (isMissing(dAzimuth)) {
+        return -1;
+    }
+    const std::size_t iSector = sectorOf(fromStart(dAzimuth, m_dStart), *this);
+    return iSector < m_vdCounts.size() ? static_cast<int>(iSector) : -1;
+}
+
 double RoseBins::maximum() const
 {
     return m_vdCounts.empty() ? 0.0 : *std::max_element(m_vdCounts.begin(), m_vdCounts.end());
@@ -98,10 +112,28 @@ RoseBins roseBins(std::span<const double> vdAzimuth, const RoseSettings& oSettin
         const double dFromStart = fromStart(vdAzimuth[i], oBins.m_dStart);
         oCounter.add(i, dFromStart, dWeight);
         if (oSettings.m_bBidirectional) {
-            oCounter.add(i, dFromStart < 180.0 ? dFromStart + 180.0 : dFromStart - 180.0, dWeight);
+            oCounter.add(i, opposite(dFromStart), dWeight);
         }
     }
     return oBins;
+}
+
+std::vector<unsigned char> sectorRecords(std::span<const double> vdAzimuth, const RoseBins& oBins, int iSector,
+                                         bool bBidirectional)
+{
+    std::vector<unsigned char> vbMask(vdAzimuth.size(), 0);
+    if (iSector < 0 || iSector >= oBins.sectors()) {
+        return vbMask;
+    }
+    const auto iWanted = static_cast<std::size_t>(iSector);
+    for (std::size_t i = 0; i < vdAzimuth.size(); ++i) {
+        if (!isMissing(vdAzimuth[i])) {
+            const double dFromStart = fromStart(vdAzimuth[i], oBins.m_dStart);
+            vbMask[i] = sectorOf(dFromStart, oBins) == iWanted ||
+                        (bBidirectional && sectorOf(opposite(dFromStart), oBins) == iWanted);
+        }
+    }
+    return vbMask;
 }
 
 CircularMeans roseMeans(std::span<const double> vdAzimuth, std::span<const unsigned char> vbMask)

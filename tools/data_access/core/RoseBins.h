@@ -39,6 +39,8 @@ struct GKBASECORE_EXPORT RoseBins
         return m_vdClassCount[static_cast<std::size_t>(iSector) * static_cast<std::size_t>(m_iClasses) +
                               static_cast<std::size_t>(iClass)];
     }
+    /// The sector of an azimuth, −1 for one in the uncovered rest or a missing one.
+    int sectorAt(double dAzimuth) const;
     /// The largest count of a sector; 0 without records.
     double maximum() const;
 };
@@ -50,6 +52,11 @@ struct GKBASECORE_EXPORT RoseBins
 GKBASECORE_EXPORT RoseBins roseBins(std::span<const double> vdAzimuth, const RoseSettings& oSettings,
                                     std::span<const unsigned char> vbMask = {}, std::span<const double> vdWeights = {},
                                     std::span<const int> viClasses = {}, int iClasses = 0);
+
+/// One byte per record, 1 where its azimuth lies in the sector; where bBidirectional is true, also where the opposite
+/// one does. No mask is asked: records that were not counted are found as well.
+GKBASECORE_EXPORT std::vector<unsigned char> sectorRecords(std::span<const double> vdAzimuth, const RoseBins& oBins,
+                                                           int iSector, bool bBidirectional);
 
 /// circularMeans() of the records that the mask takes, all when it is empty.
 GKBASECORE_EXPORT CircularMeans roseMeans(std::span<const double> vdAzimuth,

@@ -15,6 +15,16 @@
 
 namespace gkBase {
 
+namespace {
+
+bool isNothing(const QString& sText)
+{
+    const QString sTrimmed = sText.trimmed();
+    return sTrimmed.isEmpty() || sTrimmed == QLatin1String("---");
+}
+
+} // namespace
+
 QUnitLineEdit::QUnitLineEdit(QWidget* pqParent)
     : QLineEdit(pqParent)
     , m_dModelValue(g_dMissingValue)
@@ -81,7 +91,7 @@ void QUnitLineEdit::slotDisplayUnitChanged(const QString& sCategory)
 void QUnitLineEdit::slotTextEdited(const QString& sText)
 {
     const std::optional<NumberWithUnit> oTyped = NumberWithUnit::parse(sText);
-    setTextValid(sText.trimmed().isEmpty() || (oTyped && oTyped->modelValue(m_poUnitManager.get())));
+    setTextValid(isNothing(sText) || (oTyped && oTyped->modelValue(m_poUnitManager.get())));
 }
 
 void QUnitLineEdit::commit()

@@ -13,8 +13,9 @@ namespace gkBase {
 
 /// A line edit that shows a model value in display units with the unit tag ("12.50 ft"). It accepts a decimal point or
 /// comma and an optional unit ("12.5", "12,5", "12.5 ft"); a unit other than the display unit is converted. The value
-/// is taken with Return or when the focus leaves; a text that cannot be read is marked, and goes back to the value with
-/// Esc or when the focus leaves. Text and language settings of the process play no part in it.
+/// is taken with Return or when the focus leaves ("---" stands for none, as an empty line does); a text that cannot be
+/// read is marked, and goes back to the value with Esc or when the focus leaves. Text and language settings of the
+/// process play no part in it.
 class GKBASEQT_EXPORT QUnitLineEdit : public QLineEdit
 {
     Q_OBJECT
