@@ -8,6 +8,7 @@
 #include <gkBase/QDataAnalyserDialog.h>
 #include <gkBase/QRelationshipItemModel.h>
 #include <gkBase/QStereoChartWidget.h>
+#include <gkBase/QTangentChartWidget.h>
 #include <gkBase/QVertexItemModel.h>
 #include <gkBase/QVertexMinMaxItemModel.h>
 #include <gkBase/QVertexMinMaxModelTableView.h>
@@ -71,7 +72,8 @@ private slots:
         QStringList lPages;
         for (int i = 0; i < m_pqDialog->tabWidget()->count(); ++i)
             lPages << m_pqDialog->tabWidget()->widget(i)->objectName();
-        QCOMPARE(lPages, (QStringList{"TABLE", "BARCHART", "HISTOGRAM", "CROSSPLOT", "STEREOPLOT", "WELLLOGPLOT"}));
+        QCOMPARE(lPages, (QStringList{"TABLE", "BARCHART", "HISTOGRAM", "CROSSPLOT", "STEREOPLOT", "TANGENTPLOT",
+                                      "WELLLOGPLOT"}));
         QCOMPARE(shownPages(), QStringList()); // numbers without a unit
         QAbstractItemModel* pSummary = m_pqDialog->minMaxVertexTable()->model();
         for (const int iColumn : {1, 0}) {
@@ -79,7 +81,7 @@ private slots:
             QVERIFY(pSummary->setData(pSummary->index(QVertexMinMaxItemModel::UnitCategory, iColumn),
                                       QStringLiteral("orientation")));
         }
-        QCOMPARE(shownPages(), QStringList{"STEREOPLOT"});
+        QCOMPARE(shownPages(), (QStringList{"STEREOPLOT", "TANGENTPLOT"}));
         showPage(m_pqDialog->stereoChart());
         QCOMPARE(m_pqDialog->stereoChart()->nodeAngle(), m_poDip);
         QCOMPARE(m_pqDialog->stereoChart()->relationshipItemModel()->numberOfValidPoints(), g_iRecords - 1);
@@ -102,6 +104,9 @@ private slots:
         QCOMPARE(m_pqDialog->vertexTable()->selectedRecords(), (std::vector<int>{1, 6}));
         showPage(m_pqDialog->crossPlot());
         QCOMPARE(m_pqDialog->crossPlot()->numberOfSelectedRows(), 2);
+
+        showPage(m_pqDialog->tangentChart());
+        QCOMPARE(m_pqDialog->tangentChart()->relationshipItemModel()->selectedRecords(), (std::vector<int>{1, 6}));
 
         // The stereonet is hidden now: it hears of two selections when it is next shown, once.
         const QRelationshipItemModel& model = *m_pqDialog->stereoChart()->relationshipItemModel();
@@ -176,7 +181,8 @@ private slots:
         QApplication::clipboard()->setText(QStringLiteral("1\t2"));
         m_pqDialog->tabWidget()->setCurrentIndex(0);
         QVERIFY(m_pqDialog->pasteAction()->isEnabled());
-        for (QWidget* pqPage : {static_cast<QWidget*>(m_pqDialog->stereoChart())}) {
+        for (QWidget* pqPage :
+             {static_cast<QWidget*>(m_pqDialog->stereoChart()), static_cast<QWidget*>(m_pqDialog->tangentChart())}) {
             QApplication::clipboard()->clear();
             showPage(pqPage);
             m_pqDialog->copyToClipboard();
@@ -188,9 +194,9 @@ private slots:
     void withoutOrientationCharts()
     {
         takeOrientations();
-        const QStringList lGroups = {QStringLiteral("stereo_plot")};
+        const QStringList lGroups = {QStringLiteral("stereo_plot"), QStringLiteral("tangent_plot")};
         m_pqDialog = newDialog(false);
-        QVERIFY(!m_pqDialog->stereoChart());
+        QVERIFY(!m_pqDialog->stereoChart() && !m_pqDialog->tangentChart());
         QCOMPARE(m_pqDialog->tabWidget()->count(), 5);
         m_pqDialog->hideShowOrientationWindows();
         m_pqDialog->updateStereoChartData();

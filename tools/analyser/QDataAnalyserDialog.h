@@ -30,6 +30,7 @@ class QRelationshipItemModel;
 class QSelectCellsDialog;
 class QStereoChartWidget;
 class QTRNBarChartWidget;
+class QTangentChartWidget;
 class QTreeItemModel;
 class QVertexItemModel;
 class QVertexMinMaxModelTableView;
@@ -91,6 +92,7 @@ public:
     QDepthPlotWidget* depthPlot() const { return m_pqDepthPlot; }
     /// Null when the dialog was initialized without orientation charts.
     QStereoChartWidget* stereoChart() const { return m_pqStereoChart; }
+    QTangentChartWidget* tangentChart() const { return m_pqTangentChart; }
     /// Object name of the page that the user works on; the torn-off one with the focus, or the current tab.
     QString activePageName() const;
     /// True when that page shows a chart.
@@ -167,6 +169,7 @@ public slots:
     void updateRelationshipData();
     void updateDepthPlotData();
     void updateStereoChartData();
+    void updateTangentChartData();
 
 signals:
     void dataModified(bool bModified);
@@ -200,6 +203,12 @@ private:
     void createHistogramChart(const QString& sName);
     void createRelationshipChart(const QString& sName);
     void createStereoChart(const QString& sName);
+    void createTangentChart(const QString& sName);
+    /// What the stereonet and its descendant, the tangent diagram, ask for.
+    void connectOrientationChart(const QStereoChartWidget* pqPanel);
+    /// Fills one of them from the table's selection.
+    void updateOrientationChart(int iChart, QStereoChartWidget* pqPanel);
+    void createRotatedAttributes(QRelationshipItemModel* pModel);
     void createDepthPlot(const QString& sName);
     /// Adds the page of a chart panel; fnRefill fills it from the table's selection.
     template <typename Panel>
@@ -246,6 +255,7 @@ private:
     QHistogramChartWidget* m_pqHistogramChart = nullptr;
     QCrossPlotWidget* m_pqCrossPlot = nullptr;
     QStereoChartWidget* m_pqStereoChart = nullptr;
+    QTangentChartWidget* m_pqTangentChart = nullptr;
     QDepthPlotWidget* m_pqDepthPlot = nullptr;
     QPointer<QSelectCellsDialog> m_pqSelectCellsDialog;
     QPointer<QModifyCellsDialog> m_pqModifyCellsDialog;

@@ -8,6 +8,7 @@
 #include "QRelationshipItemModel.h"
 #include "QStereoChartWidget.h"
 #include "QTRNBarChartWidget.h"
+#include "QTangentChartWidget.h"
 #include "QVertexModelTableView.h"
 
 #include <QTimer>
@@ -111,8 +112,9 @@ void QDataAnalyserDialog::createClusterAttribute(const QString& sName, QRelation
         return;
     if (m_pqCrossPlot && pModel == m_pqCrossPlot->relationshipItemModel())
         m_pqCrossPlot->setCurrentColorItem(poClusters->globalID());
-    else if (m_pqStereoChart && pModel == m_pqStereoChart->relationshipItemModel())
-        m_pqStereoChart->setColorAttribute(poClusters);
+    for (QStereoChartWidget* pqPanel : {m_pqStereoChart, static_cast<QStereoChartWidget*>(m_pqTangentChart)})
+        if (pqPanel && pModel == pqPanel->relationshipItemModel())
+            pqPanel->setColorAttribute(poClusters);
 }
 
 void QDataAnalyserDialog::createDataDecimationAttribute(QRelationshipItemModel* pModel, bool bBinAverage, bool bReplace,

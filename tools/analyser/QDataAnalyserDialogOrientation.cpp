@@ -5,6 +5,7 @@
 #include "QDataAnalyserDialog.h"
 #include "QRelationshipItemModel.h"
 #include "QStereoChartWidget.h"
+#include "QTangentChartWidget.h"
 #include "QVertexModelTableView.h"
 
 namespace gkBase {
@@ -40,21 +41,36 @@ void QDataAnalyserDialog::hideShowOrientationWindows()
     setTabShown(QStringLiteral("TANGENTPLOT"), bOrientations);
 }
 
+void QDataAnalyserDialog::updateOrientationChart(int iChart, QStereoChartWidget* pqPanel)
+{
+    if (!pqPanel)
+        return;
+    const auto eChart = static_cast<AnalyserChartPages::Chart>(iChart);
+    m_pCharts->unmark(eChart);
+    if (!pqPanel->nodeAngle() && m_pCharts->isUnused(eChart))
+        pqPanel->setDataSet(firstOrientations());
+    m_pCharts->noteShown(eChart, pqPanel->nodeAngle());
+    pqPanel->updateStereoChart();
+    pqPanel->setSelectedRows(vertexTable()->selectedRecords());
+}
+
 void QDataAnalyserDialog::updateStereoChartData()
 {
-    if (!m_pqStereoChart)
-        return;
-    m_pCharts->unmark(AnalyserChartPages::StereoPlot);
-    if (!m_pqStereoChart->nodeAngle() && m_pCharts->isUnused(AnalyserChartPages::StereoPlot))
-        m_pqStereoChart->setDataSet(firstOrientations());
-    m_pCharts->noteShown(AnalyserChartPages::StereoPlot, m_pqStereoChart->nodeAngle());
-    m_pqStereoChart->updateStereoChart();
-    m_pqStereoChart->setSelectedRows(vertexTable()->selectedRecords());
+    updateOrientationChart(AnalyserChartPages::StereoPlot, m_pqStereoChart);
+}
+
+void QDataAnalyserDialog::updateTangentChartData()
+{
+    updateOrientationChart(AnalyserChartPages::TangentPlot, m_pqTangentChart);
 }
 
 void QDataAnalyserDialog::createRotatedAttributes()
 {
-    QRelationshipItemModel* pModel = m_pqStereoChart ? m_pqStereoChart->relationshipItemModel() : nullptr;
+    createRotatedAttributes(m_pqStereoChart ? m_pqStereoChart->relationshipItemModel() : nullptr);
+}
+
+void QDataAnalyserDialog::createRotatedAttributes(QRelationshipItemModel* pModel)
+{
     if (!m_poDataRoot || !pModel)
         return;
     const MatrixData* poDip = addRotatedAttributes(*m_poDataRoot, *pModel);

@@ -9,6 +9,7 @@
 #include "QHistogramChartWidget.h"
 #include "QStereoChartWidget.h"
 #include "QTRNBarChartWidget.h"
+#include "QTangentChartWidget.h"
 #include "QTreeItemModel.h"
 #include "QVertexItemModel.h"
 #include "QVertexMinMaxItemModel.h"
@@ -34,6 +35,7 @@ constexpr char g_barChartPage[] = "BARCHART";
 constexpr char g_crossPlotPage[] = "CROSSPLOT";
 constexpr char g_depthPlotPage[] = "WELLLOGPLOT";
 constexpr char g_stereoPage[] = "STEREOPLOT";
+constexpr char g_tangentPage[] = "TANGENTPLOT";
 
 QString browserText(const char* pText)
 {
@@ -86,8 +88,10 @@ void QDataAnalyserDialog::initialize(const QString& sName, QMenu* pqMenu, Qt::Or
     createBarChart(sName);
     createHistogramChart(sName);
     createRelationshipChart(sName);
-    if (bOrientationCharts)
+    if (bOrientationCharts) {
         createStereoChart(sName);
+        createTangentChart(sName);
+    }
     if (bDepthPlot)
         createDepthPlot(sName);
     hideShowOrientationWindows();
@@ -247,13 +251,31 @@ void QDataAnalyserDialog::createStereoChart(const QString& sName)
         QStringLiteral("stereo_plot.png"), [this] { updateStereoChartData(); },
         QStringLiteral("attribute_analyser/stereo_plot/"));
     connect(m_pqStereoChart, &QStereoChartWidget::dataSetSelected, this, &QDataAnalyserDialog::updateStereoChartData);
-    connect(m_pqStereoChart, &QStereoChartWidget::dataPointsSelection, this,
-            &QDataAnalyserDialog::setNewRowSelectionFromGraphicalSelection);
     connect(m_pqStereoChart, &QStereoChartWidget::createRotatedAttributes, this,
-            &QDataAnalyserDialog::createRotatedAttributes);
-    connect(m_pqStereoChart, &QStereoChartWidget::createClusterAttribute, this,
-            &QDataAnalyserDialog::createClusterAttribute);
-    connect(m_pqStereoChart, &QStereoChartWidget::createBiasWeightAttribute, this,
+            qOverload<>(&QDataAnalyserDialog::createRotatedAttributes));
+    connectOrientationChart(m_pqStereoChart);
+}
+
+void QDataAnalyserDialog::createTangentChart(const QString& sName)
+{
+    m_pqTangentChart = new QTangentChartWidget(m_pqTabWidget);
+    m_pqTangentChart->setAccessibleName(sName);
+    addChartPage(
+        AnalyserChartPages::TangentPlot, m_pqTangentChart, QLatin1String(g_tangentPage), tr("Tangent Plot"),
+        QStringLiteral("tangent_plot.png"), [this] { updateTangentChartData(); },
+        QStringLiteral("attribute_analyser/tangent_plot/"));
+    connect(m_pqTangentChart, &QStereoChartWidget::dataSetSelected, this, &QDataAnalyserDialog::updateTangentChartData);
+    connect(m_pqTangentChart, &QStereoChartWidget::createRotatedAttributes, this,
+            [this] { createRotatedAttributes(m_pqTangentChart->relationshipItemModel()); });
+    connectOrientationChart(m_pqTangentChart);
+}
+
+void QDataAnalyserDialog::connectOrientationChart(const QStereoChartWidget* pqPanel)
+{
+    connect(pqPanel, &QStereoChartWidget::dataPointsSelection, this,
+            &QDataAnalyserDialog::setNewRowSelectionFromGraphicalSelection);
+    connect(pqPanel, &QStereoChartWidget::createClusterAttribute, this, &QDataAnalyserDialog::createClusterAttribute);
+    connect(pqPanel, &QStereoChartWidget::createBiasWeightAttribute, this,
             &QDataAnalyserDialog::createBiasWeightAttribute);
 }
 
