@@ -227,6 +227,9 @@ void TestStatisticsText::pageFitsASideBarAndCopies()
     pqTable->selectRow(2);
     QTest::keyClick(pqTable, Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(QApplication::clipboard()->text(), "N\t4\n");
+    pqTable->verticalScrollBar()->setValue(100);
+    page.showStatistics("Fractures", vStatistics, true, OrientationConvention::DipAzimuth);
+    QCOMPARE(pqTable->verticalScrollBar()->value(), 100);
     page.showNothing("No records");
     QVERIFY(page.text().isEmpty() && !pqTable->isVisible());
 }

@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QStyle>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -120,6 +121,8 @@ void StereoStatisticsPage::showStatistics(const QString& sTitle, std::span<const
         showNothing(tr("No orientations are shown."));
         return;
     }
+    // Who watches a statistic while the selection changes keeps it in sight.
+    const int iScrolled = m_pqTable->verticalScrollBar()->value();
     m_pqTable->setRowCount(0);
     m_pqTable->clearSpans();
     const bool bOfPlanes = vStatistics.front().m_eType == OrientationType::Planes;
@@ -139,6 +142,7 @@ void StereoStatisticsPage::showStatistics(const QString& sTitle, std::span<const
     m_pqTable->show();
     m_pqCopyBtn->setEnabled(true);
     fitRows();
+    m_pqTable->verticalScrollBar()->setValue(iScrolled);
 }
 
 void StereoStatisticsPage::addHeading(const QString& sText, bool bTitle)
