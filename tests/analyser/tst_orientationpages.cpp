@@ -7,6 +7,7 @@
 #include <gkBase/QCrossPlotWidget.h>
 #include <gkBase/QDataAnalyserDialog.h>
 #include <gkBase/QRelationshipItemModel.h>
+#include <gkBase/QRoseChartWidget.h>
 #include <gkBase/QStereoChartWidget.h>
 #include <gkBase/QTangentChartWidget.h>
 #include <gkBase/QVertexItemModel.h>
@@ -72,16 +73,16 @@ private slots:
         QStringList lPages;
         for (int i = 0; i < m_pqDialog->tabWidget()->count(); ++i)
             lPages << m_pqDialog->tabWidget()->widget(i)->objectName();
-        QCOMPARE(lPages, (QStringList{"TABLE", "BARCHART", "HISTOGRAM", "CROSSPLOT", "STEREOPLOT", "TANGENTPLOT",
-                                      "WELLLOGPLOT"}));
+        QCOMPARE(lPages, (QStringList{"TABLE", "BARCHART", "HISTOGRAM", "CROSSPLOT", "ROSEPLOT", "STEREOPLOT",
+                                      "TANGENTPLOT", "WELLLOGPLOT"}));
         QCOMPARE(shownPages(), QStringList()); // numbers without a unit
         QAbstractItemModel* pSummary = m_pqDialog->minMaxVertexTable()->model();
         for (const int iColumn : {1, 0}) {
-            QCOMPARE(shownPages(), QStringList());
+            QCOMPARE(shownPages(), iColumn == 1 ? QStringList() : QStringList{"ROSEPLOT"});
             QVERIFY(pSummary->setData(pSummary->index(QVertexMinMaxItemModel::UnitCategory, iColumn),
                                       QStringLiteral("orientation")));
         }
-        QCOMPARE(shownPages(), (QStringList{"STEREOPLOT", "TANGENTPLOT"}));
+        QCOMPARE(shownPages(), (QStringList{"ROSEPLOT", "STEREOPLOT", "TANGENTPLOT"}));
         showPage(m_pqDialog->stereoChart());
         QCOMPARE(m_pqDialog->stereoChart()->nodeAngle(), m_poDip);
         QCOMPARE(m_pqDialog->stereoChart()->relationshipItemModel()->numberOfValidPoints(), g_iRecords - 1);
@@ -182,7 +183,8 @@ private slots:
         m_pqDialog->tabWidget()->setCurrentIndex(0);
         QVERIFY(m_pqDialog->pasteAction()->isEnabled());
         for (QWidget* pqPage :
-             {static_cast<QWidget*>(m_pqDialog->stereoChart()), static_cast<QWidget*>(m_pqDialog->tangentChart())}) {
+             {static_cast<QWidget*>(m_pqDialog->roseChart()), static_cast<QWidget*>(m_pqDialog->stereoChart()),
+              static_cast<QWidget*>(m_pqDialog->tangentChart())}) {
             QApplication::clipboard()->clear();
             showPage(pqPage);
             m_pqDialog->copyToClipboard();
@@ -194,9 +196,10 @@ private slots:
     void withoutOrientationCharts()
     {
         takeOrientations();
-        const QStringList lGroups = {QStringLiteral("stereo_plot"), QStringLiteral("tangent_plot")};
+        const QStringList lGroups = {QStringLiteral("rose_plot"), QStringLiteral("stereo_plot"),
+                                     QStringLiteral("tangent_plot")};
         m_pqDialog = newDialog(false);
-        QVERIFY(!m_pqDialog->stereoChart() && !m_pqDialog->tangentChart());
+        QVERIFY(!m_pqDialog->roseChart() && !m_pqDialog->stereoChart() && !m_pqDialog->tangentChart());
         QCOMPARE(m_pqDialog->tabWidget()->count(), 5);
         m_pqDialog->hideShowOrientationWindows();
         m_pqDialog->updateStereoChartData();

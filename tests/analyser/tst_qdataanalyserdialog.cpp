@@ -106,8 +106,8 @@ private slots:
         QStringList lPages;
         for (int i = 0; i < m_pqDialog->tabWidget()->count(); ++i)
             lPages << m_pqDialog->tabWidget()->widget(i)->objectName();
-        QCOMPARE(lPages, (QStringList{"TABLE", "BARCHART", "HISTOGRAM", "CROSSPLOT", "STEREOPLOT", "TANGENTPLOT",
-                                      "WELLLOGPLOT"}));
+        QCOMPARE(lPages, (QStringList{"TABLE", "BARCHART", "HISTOGRAM", "CROSSPLOT", "ROSEPLOT", "STEREOPLOT",
+                                      "TANGENTPLOT", "WELLLOGPLOT"}));
         QCOMPARE(m_pqDialog->vertexItemModel()->columnCount(), 2);
         QCOMPARE(m_pqDialog->vertexItemModel()->rowCount(), 13);
         QVERIFY(m_pqDialog->findChild<QWidget*>(QStringLiteral("VertexTableFrame")));

@@ -27,6 +27,7 @@ class QDepthPlotWidget;
 class QHistogramChartWidget;
 class QModifyCellsDialog;
 class QRelationshipItemModel;
+class QRoseChartWidget;
 class QSelectCellsDialog;
 class QStereoChartWidget;
 class QTRNBarChartWidget;
@@ -91,6 +92,7 @@ public:
     /// Null when the dialog was initialized without a depth plot.
     QDepthPlotWidget* depthPlot() const { return m_pqDepthPlot; }
     /// Null when the dialog was initialized without orientation charts.
+    QRoseChartWidget* roseChart() const { return m_pqRoseChart; }
     QStereoChartWidget* stereoChart() const { return m_pqStereoChart; }
     QTangentChartWidget* tangentChart() const { return m_pqTangentChart; }
     /// Object name of the page that the user works on; the torn-off one with the focus, or the current tab.
@@ -168,6 +170,7 @@ public slots:
     void updateHistogramData();
     void updateRelationshipData();
     void updateDepthPlotData();
+    void updateRoseChartData();
     void updateStereoChartData();
     void updateTangentChartData();
 
@@ -202,6 +205,7 @@ private:
     void createBarChart(const QString& sName);
     void createHistogramChart(const QString& sName);
     void createRelationshipChart(const QString& sName);
+    void createRoseChart(const QString& sName);
     void createStereoChart(const QString& sName);
     void createTangentChart(const QString& sName);
     /// What the stereonet and its descendant, the tangent diagram, ask for.
@@ -254,6 +258,7 @@ private:
     QTRNBarChartWidget* m_pqBarChart = nullptr;
     QHistogramChartWidget* m_pqHistogramChart = nullptr;
     QCrossPlotWidget* m_pqCrossPlot = nullptr;
+    QRoseChartWidget* m_pqRoseChart = nullptr;
     QStereoChartWidget* m_pqStereoChart = nullptr;
     QTangentChartWidget* m_pqTangentChart = nullptr;
     QDepthPlotWidget* m_pqDepthPlot = nullptr;

@@ -4,6 +4,7 @@
 #include "DerivedAttributes.h"
 #include "QDataAnalyserDialog.h"
 #include "QRelationshipItemModel.h"
+#include "QRoseChartWidget.h"
 #include "QStereoChartWidget.h"
 #include "QTangentChartWidget.h"
 #include "QVertexModelTableView.h"
@@ -39,6 +40,19 @@ void QDataAnalyserDialog::hideShowOrientationWindows()
     setTabShown(QStringLiteral("ROSEPLOT"), firstDirection() != nullptr);
     setTabShown(QStringLiteral("STEREOPLOT"), bOrientations);
     setTabShown(QStringLiteral("TANGENTPLOT"), bOrientations);
+}
+
+void QDataAnalyserDialog::updateRoseChartData()
+{
+    if (!m_pqRoseChart)
+        return;
+    m_pCharts->unmark(AnalyserChartPages::RosePlot);
+    const bool bRebuilt = m_pqRoseChart->setSelectedRows(vertexTable()->selectedRecords());
+    if (!m_pqRoseChart->currentSelectedDataSet() && m_pCharts->isUnused(AnalyserChartPages::RosePlot))
+        m_pqRoseChart->setDataSet(firstDirection());
+    else if (!bRebuilt)
+        m_pqRoseChart->updateRoseChart();
+    m_pCharts->noteShown(AnalyserChartPages::RosePlot, m_pqRoseChart->currentSelectedDataSet());
 }
 
 void QDataAnalyserDialog::updateOrientationChart(int iChart, QStereoChartWidget* pqPanel)

@@ -7,6 +7,7 @@
 #include "QDataAnalyserDialog.h"
 #include "QDepthPlotWidget.h"
 #include "QHistogramChartWidget.h"
+#include "QRoseChartWidget.h"
 #include "QStereoChartWidget.h"
 #include "QTRNBarChartWidget.h"
 #include "QTangentChartWidget.h"
@@ -34,6 +35,7 @@ constexpr char g_histogramPage[] = "HISTOGRAM";
 constexpr char g_barChartPage[] = "BARCHART";
 constexpr char g_crossPlotPage[] = "CROSSPLOT";
 constexpr char g_depthPlotPage[] = "WELLLOGPLOT";
+constexpr char g_rosePage[] = "ROSEPLOT";
 constexpr char g_stereoPage[] = "STEREOPLOT";
 constexpr char g_tangentPage[] = "TANGENTPLOT";
 
@@ -89,6 +91,7 @@ void QDataAnalyserDialog::initialize(const QString& sName, QMenu* pqMenu, Qt::Or
     createHistogramChart(sName);
     createRelationshipChart(sName);
     if (bOrientationCharts) {
+        createRoseChart(sName);
         createStereoChart(sName);
         createTangentChart(sName);
     }
@@ -240,6 +243,19 @@ void QDataAnalyserDialog::createRelationshipChart(const QString& sName)
             &QDataAnalyserDialog::updateRelationshipData);
     connect(m_pqCrossPlot, &QCrossPlotWidget::createClusterAttribute, this,
             &QDataAnalyserDialog::createClusterAttribute);
+}
+
+void QDataAnalyserDialog::createRoseChart(const QString& sName)
+{
+    m_pqRoseChart = new QRoseChartWidget(m_pqTabWidget);
+    m_pqRoseChart->setAccessibleName(sName);
+    addChartPage(
+        AnalyserChartPages::RosePlot, m_pqRoseChart, QLatin1String(g_rosePage), tr("Rose Plot"),
+        QStringLiteral("rose_plot.png"), [this] { updateRoseChartData(); },
+        QStringLiteral("attribute_analyser/rose_plot/"));
+    connect(m_pqRoseChart, &QRoseChartWidget::dataSetSelected, this, &QDataAnalyserDialog::updateRoseChartData);
+    connect(m_pqRoseChart, &QRoseChartWidget::dataPointsSelection, this,
+            &QDataAnalyserDialog::setNewRowSelectionFromGraphicalSelection);
 }
 
 void QDataAnalyserDialog::createStereoChart(const QString& sName)
