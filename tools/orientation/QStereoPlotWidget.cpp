@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace gkBase {
 
@@ -235,14 +236,23 @@ void QStereoPlotWidget::layOutResults()
         return;
     }
     for (const StereoResultItem& item : stereoResults(*model(), m_settings)) {
-        ResultShape shape{item, {}, {}};
+        ResultShape shape{item, pointOf(item), {}};
         if (item.m_eKind == StereoResultItem::Kind::GreatCircle) {
             shape.m_oPath = greatCirclePath(projection(), netFrame(), item.m_oOrientation.x(), item.m_oOrientation.y());
+            // On tangent nets the dip point may lie beyond the rim, and so may all of the circle.
+            if (std::isnan(shape.m_oPoint.x()) && !shape.m_oPath.isEmpty()) {
+                shape.m_oPoint = shape.m_oPath.pointAtPercent(0.5);
+            }
         }
-        shape.m_oPoint = item.m_eKind == StereoResultItem::Kind::Pole ? poleInPixel(item.m_oOrientation)
-                                                                      : dipDirectionInPixel(item.m_oOrientation);
         m_vResults.push_back(std::move(shape));
     }
+}
+
+QPointF QStereoPlotWidget::pointOf(const StereoResultItem& item) const
+{
+    const QPointF oPixel = item.m_eKind == StereoResultItem::Kind::Pole ? poleInPixel(item.m_oOrientation)
+                                                                        : dipDirectionInPixel(item.m_oOrientation);
+    return isOnNet(netFrame().toNet(oPixel.x(), oPixel.y())) ? oPixel : QPointF(g_dEmptyCell, g_dEmptyCell);
 }
 
 QColor QStereoPlotWidget::readable(const QColor& oColor) const

@@ -185,7 +185,7 @@ private:
     struct ResultShape
     {
         StereoResultItem m_oItem;
-        QPointF m_oPoint; ///< the point, or the dip point of a plane, where its label goes
+        QPointF m_oPoint; ///< the point, or that of a plane where its label goes, its dip point; NaN beyond the rim
         QPainterPath m_oPath;
     };
 
@@ -202,6 +202,7 @@ private:
     void layOutLayer(Layer& layer, bool bPoles);
     void layOutContours();
     void layOutResults();
+    QPointF pointOf(const StereoResultItem& item) const;
 
     void drawLayers(QPainter* pPainter);
     void drawLayer(QPainter* pPainter, Layer& layer, const QColor& oColor);

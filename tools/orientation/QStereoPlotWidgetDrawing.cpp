@@ -342,7 +342,7 @@ QPolygonF QStereoPlotWidget::centroids(bool bPoles) const
     for (int iRow = 0; poCentroids && iRow < poCentroids->arrayRows(); ++iRow) {
         const QPointF oCentroid(poCentroids->cell(iRow, 0), poCentroids->cell(iRow, 1));
         const QPointF oPixel = bPoles ? poleInPixel(oCentroid) : dipDirectionInPixel(oCentroid);
-        if (isPoint(oPixel)) {
+        if (isPoint(oPixel) && isOnNet(netFrame().toNet(oPixel.x(), oPixel.y()))) {
             oPixels << oPixel;
         }
     }
