@@ -87,6 +87,7 @@ private slots:
     void pickIsShownWhileTheButtonIsDown();
     void contoursLieUnderPointsAndNet();
     void dataStaysWithinTheRim();
+    void areasEndAtTheRim();
     void girdleOfLinesIsThePlaneAcrossThem();
     void pansAddNothing();
     void vectorCopiesHaveTheSameParts();
@@ -413,6 +414,38 @@ void TestStereoPlot::dataStaysWithinTheRim()
             if (std::hypot(x + 0.5 - 199.0, y + 0.5 - 199.0) > 163.0)
                 iOutside += oImage.pixel(x, y) != qRgb(255, 255, 255) ? 1 : 0;
     QCOMPARE(iOutside, 0);
+}
+
+void TestStereoPlot::areasEndAtTheRim()
+{
+    // Bands hold what their level holds on the net, and nothing beyond: also on devices that do not clip.
+    StereoRecords records = StereoRecords::even(300);
+    Net net(&records.m_model);
+    net.m_choice.m_bContourFill = true;
+    net.m_choice.m_iNodes = 15;
+    net.choose();
+    const NetFrame oFrame = net.netFrame();
+    const std::vector<double> vdLevels = contourLevels(net.density());
+    const std::vector<DensityContour> vContours = densityContours(net.density(), vdLevels);
+    const std::vector<ContourPath> vPaths = contourPaths(vContours, oFrame);
+    for (std::size_t i = 0; i < vPaths.size(); ++i) {
+        QPainterPath oWhole;
+        oWhole.setFillRule(Qt::WindingFill);
+        for (const NetPolyline& outline : vContours[i].m_vOutlines) {
+            addToPath(oWhole, oFrame, std::span(&outline, 1));
+            oWhole.closeSubpath();
+        }
+        for (double dX = 40.0; dX < 360.0; dX += 9.7) {
+            for (double dY = 40.0; dY < 360.0; dY += 8.3) {
+                const double dRadius = std::hypot(dX - 199.0, dY - 199.0);
+                if (dRadius < 159.0)
+                    QCOMPARE(vPaths[i].m_oArea.contains(QPointF(dX, dY)), oWhole.contains(QPointF(dX, dY)));
+                else if (dRadius > 160.5)
+                    QVERIFY(!vPaths[i].m_oArea.contains(QPointF(dX, dY)));
+            }
+        }
+    }
+    QVERIFY(vPaths.front().m_oArea.contains(QPointF(199.0, 199.0)));
 }
 
 void TestStereoPlot::girdleOfLinesIsThePlaneAcrossThem()

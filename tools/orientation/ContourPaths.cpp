@@ -16,7 +16,8 @@ std::vector<ContourPath> contourPaths(std::span<const DensityContour> vContours,
         path.m_dLevel = contour.m_dLevel;
         path.m_oArea.setFillRule(Qt::WindingFill);
         for (const NetPolyline& outline : contour.m_vOutlines) {
-            addToPath(path.m_oArea, oFrame, std::span(&outline, 1));
+            const NetPolyline area = areaOnNet(outline);
+            addToPath(path.m_oArea, oFrame, std::span(&area, 1));
             path.m_oArea.closeSubpath();
         }
         addToPath(path.m_oLines, oFrame, contour.m_vLines);

@@ -15,7 +15,7 @@ namespace gkBase {
 struct ContourPath
 {
     double m_dLevel = 0.0; ///< per cent
-    QPainterPath m_oArea;  ///< all that is at or above the level, with its holes; reaches beyond the rim
+    QPainterPath m_oArea;  ///< all on the net that is at or above the level, with its holes
     QPainterPath m_oLines; ///< the isolines
 };
 

@@ -116,6 +116,34 @@ std::vector<NetPolyline> outsideRadius(std::span<const NetPolyline> vLines, doub
     return vPieces;
 }
 
+NetPolyline areaOnNet(const NetPolyline& outline)
+{
+    constexpr double dLongestStep = 0.05; // of lines that are bent onto the rim, in radii
+    NetPolyline area;
+    area.reserve(outline.size());
+    for (std::size_t i = 0; i < outline.size(); ++i) {
+        const NetPoint oFrom = outline[i];
+        const NetPoint oTo = outline[i + 1 < outline.size() ? i + 1 : 0];
+        area.push_back(pulledOntoNet(oFrom));
+        if (lengthOf(oFrom) <= 1.0 && lengthOf(oTo) <= 1.0) {
+            continue; // a disc has no dents: all between them lies inside
+        }
+        const auto at = [&](double dFraction) {
+            return NetPoint{std::lerp(oFrom.m_dX, oTo.m_dX, dFraction), std::lerp(oFrom.m_dY, oTo.m_dY, dFraction)};
+        };
+        const double dLength = std::hypot(oTo.m_dX - oFrom.m_dX, oTo.m_dY - oFrom.m_dY);
+        std::vector<double> vdFractions = crossings(oFrom, oTo, 1.0);
+        for (double dFraction = dLongestStep; dFraction < dLength; dFraction += dLongestStep) {
+            vdFractions.push_back(dFraction / dLength);
+        }
+        std::sort(vdFractions.begin(), vdFractions.end());
+        for (const double dFraction : vdFractions) {
+            area.push_back(pulledOntoNet(at(dFraction)));
+        }
+    }
+    return area;
+}
+
 NetPaths stereoNetPaths(const NetProjection& oProjection, const NetFrame& oFrame, bool bFine, bool bCoarse)
 {
     NetPaths paths;

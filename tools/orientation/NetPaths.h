@@ -24,6 +24,10 @@ GKBASETOOLS_EXPORT QPainterPath greatCirclePath(const NetProjection& oProjection
 /// The pieces of a line on the net that lie farther from the centre than a radius.
 GKBASETOOLS_EXPORT std::vector<NetPolyline> outsideRadius(std::span<const NetPolyline> vLines, double dRadius);
 
+/// The part on the net of the area inside a closed outline, to be filled: what lies beyond the rim is pulled onto it,
+/// which changes the winding number of no point inside. Not every device clips.
+GKBASETOOLS_EXPORT NetPolyline areaOnNet(const NetPolyline& outline);
+
 /// A reference net in pixels. Its lines end where the crowded centre is kept clear, so that no disc needs to cover
 /// what lies under the net.
 struct NetPaths

@@ -23,7 +23,8 @@ constexpr double g_dCentreCross = 4.0;
 constexpr double g_dCentreCrossPen = 3.0;
 constexpr double g_dHalo = 2.0; ///< added to the width of result planes
 constexpr int g_iHaloAlpha = 150;
-constexpr int g_iPointSize = 4;
+constexpr int g_iPoleSize = 4;
+constexpr int g_iLineSize = 2; ///< fits into the open circle
 constexpr int g_iOpenCircleSize = 5;
 constexpr double g_dResultExtent = 7.0; ///< half the side of the framed square of a result
 constexpr double g_dCentroidExtent = 10.0;
@@ -244,14 +245,14 @@ void QStereoPlotWidget::drawLayers(QPainter* pPainter)
 
 void QStereoPlotWidget::drawPole(QPainter* pPainter, const QPointF& oPlane)
 {
-    drawCircle(pPainter, poleInPixel(oPlane), g_iPointSize);
+    drawCircle(pPainter, poleInPixel(oPlane), g_iPoleSize);
 }
 
 void QStereoPlotWidget::drawDipDirection(QPainter* pPainter, const QPointF& oLine)
 {
     // A zero plunge is treated as no value.
     if (std::abs(oLine.x()) >= g_dSmallestPlunge && !isMissing(oLine.x())) {
-        drawCircle(pPainter, dipDirectionInPixel(oLine), g_iPointSize);
+        drawCircle(pPainter, dipDirectionInPixel(oLine), g_iLineSize);
     }
 }
 
@@ -259,7 +260,7 @@ void QStereoPlotWidget::drawDipDirection(QPainter* pPainter, const QPointF& oLin
 {
     if (std::abs(oLine.x()) >= g_dSmallestPlunge && !isMissing(oLine.x())) {
         drawOneSymbol(pPainter, dipDirectionInPixel(oLine), eStyle, bHighlight ? m_oHighlightColor : m_oLineColor,
-                      g_iPointSize);
+                      g_iPoleSize);
     }
 }
 
