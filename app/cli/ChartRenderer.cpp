@@ -4,7 +4,9 @@
 #include "CrossPlotRenderer.h"
 #include "DepthPlotRenderer.h"
 #include "HistogramRenderer.h"
+#include "RoseRenderer.h"
 #include "StereonetRenderer.h"
+#include "TangentRenderer.h"
 #include "WoodcockRenderer.h"
 
 namespace gkHost {
@@ -12,8 +14,8 @@ namespace gkHost {
 const std::vector<ChartRenderer>& chartRenderers()
 {
     static const std::vector<ChartRenderer> vRenderers = {
-        histogramRenderer(), barChartRenderer(),  probabilityRenderer(), crossPlotRenderer(),
-        depthPlotRenderer(), stereonetRenderer(), woodcockRenderer()};
+        histogramRenderer(), barChartRenderer(), probabilityRenderer(), crossPlotRenderer(), depthPlotRenderer(),
+        stereonetRenderer(), tangentRenderer(),  roseRenderer(),        woodcockRenderer()};
     return vRenderers;
 }
 

@@ -35,15 +35,6 @@ double degreesPerUnit(const gkBase::UnitManager& unit)
     return isAngle(unit) ? degreeManager()->convertFromModelOf(unit, 1.0) : 1.0;
 }
 
-void convertToDegrees(gkBase::MatrixData& attribute, const std::vector<double>& vdDegrees)
-{
-    if (degreesPerUnit(*attribute.unitManager()) == 1.0) {
-        return;
-    }
-    attribute.setColumn(0, gkBase::MatrixColumn::fromDoubles(vdDegrees));
-    attribute.setUnitManager(degreeManager());
-}
-
 /// Strikes are 90 degrees off. The dip azimuth that belongs to one is an attribute too.
 std::optional<CommandResult> strikeForAzimuth(const CommandInput& input, const gkBase::MatrixData& attribute)
 {
@@ -130,6 +121,15 @@ std::vector<double> anglesInDegrees(const CommandInput& input, const gkBase::Mat
 boost::shared_ptr<gkBase::UnitManager> unitInDegrees(const gkBase::MatrixData& attribute)
 {
     return degreesPerUnit(*attribute.unitManager()) == 1.0 ? attribute.unitManager() : degreeManager();
+}
+
+void convertToDegrees(gkBase::MatrixData& attribute, const std::vector<double>& vdDegrees)
+{
+    if (degreesPerUnit(*attribute.unitManager()) == 1.0) {
+        return;
+    }
+    attribute.setColumn(0, gkBase::MatrixColumn::fromDoubles(vdDegrees));
+    attribute.setUnitManager(degreeManager());
 }
 
 void convertToDegrees(const OrientationInput& orientations)

@@ -40,7 +40,8 @@ std::vector<double> anglesInDegrees(const CommandInput& input, const gkBase::Mat
 /// The unit of an attribute, or degrees for one of angles in another unit.
 boost::shared_ptr<gkBase::UnitManager> unitInDegrees(const gkBase::MatrixData& attribute);
 
-/// Turns the attributes themselves to degrees, for charts, which read nothing else.
+/// Turns attributes themselves to degrees, for charts, which read nothing else. vdDegrees: anglesInDegrees().
+void convertToDegrees(gkBase::MatrixData& attribute, const std::vector<double>& vdDegrees);
 void convertToDegrees(const OrientationInput& orientations);
 
 /// --projection equal-area|equal-angle, and what it says.

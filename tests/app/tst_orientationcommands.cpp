@@ -197,15 +197,19 @@ private slots:
     {
         QTest::addColumn<QStringList>("chart");
         QTest::addColumn<QList<QStringList>>("options");
-        const QStringList lNet{"--dip", "dip", "--azimuth", "azimuth"};
-        QList<QStringList> lvNet{
-            {},        {"--contours"},        {"--contours", "--grid", "10"}, {"--planes"}, {"--no-points"},
+        const QList<QStringList> lvBoth{
+            {},        {"--contours"},        {"--contours", "--grid", "10"}, {"--no-points"},
             {"--net"}, {"--color-by", "bed"}, {"--background", "black"}};
+        QList<QStringList> lvStereonet{{"--planes"}, {"--projection", "equal-angle"}, {"--lines"}};
         for (const char* pResult : {"mean", "principal", "girdle", "T", "L", "section"}) {
-            lvNet << QStringList{"--results", pResult};
+            lvStereonet << QStringList{"--results", pResult};
         }
-        QTest::newRow("stereonet") << QStringList{"stereonet"} + lNet
-                                   << lvNet + QList<QStringList>{{"--projection", "equal-angle"}, {"--lines"}};
+        const QList<QStringList> lvTangent{{"--maximum-angle", "50"}, {"--fold-axis"}};
+        QTest::newRow("stereonet") << QStringList{"stereonet"} + g_lAngles << lvBoth + lvStereonet;
+        QTest::newRow("tangent") << QStringList{"tangent"} + g_lAngles << lvBoth + lvTangent;
+        QTest::newRow("rose") << QStringList{"rose", "--direction", "azimuth"}
+                              << QList<QStringList>{{},          {"--sector", "5"},     {"--scaling", "linear"},
+                                                    {"--axial"}, {"--color-by", "bed"}, {"--background", "black"}};
     }
 
     void everyOptionChangesTheChart()
@@ -230,6 +234,17 @@ private slots:
                      QString());
             QVERIFY(content(sFile).size() > 1000);
         }
+    }
+
+    void tangentTellsTheFoldAxis()
+    {
+        // Planes that contain the line 20/050: tan dip · cos(azimuth − 50) = tan 20.
+        write("fold.csv", "dip,azimuth\n20,50\n36.05389,110\n36.05389,350\n27.2366,95\n");
+        const QStringList lRender{"render", path("fold.csv"), "--chart", "tangent", "--fold-axis", "--out"};
+        const CommandResult result = run(lRender + QStringList{path("t.png")} + g_lAngles);
+        QVERIFY2(result.m_sOutput.startsWith("fold axis 20.0/050.0"), qPrintable(result.m_sOutput));
+        const CommandResult one = run(lRender + QStringList{path("t.png"), "--rows", "1"} + g_lAngles);
+        QVERIFY2(one.m_sOutput.startsWith("no fold axis"), qPrintable(one.m_sOutput));
     }
 
     void exitStatus_data()
@@ -270,6 +285,13 @@ private slots:
         QTest::newRow("contours of a huge grid") << lNet + g_lAngles + QStringList{"--grid", "501"} << 2 << "--grid";
         QTest::newRow("planes of lines") << lNet + g_lAngles + QStringList{"--planes", "--lines"} << 2 << "--planes";
         QTest::newRow("net without azimuth") << lNet + QStringList{"--dip", "dip"} << 2 << "--azimuth";
+        const QStringList lTangent = QStringList{"render", sPlanes, "--chart", "tangent", "--out", path("t.png")};
+        QTest::newRow("flat tangent diagram")
+            << lTangent + g_lAngles + QStringList{"--maximum-angle", "9"} << 2 << "--maximum-angle";
+        QTest::newRow("fold axis of lines")
+            << lTangent + g_lAngles + QStringList{"--fold-axis", "--lines"} << 2 << "--fold-axis";
+        QTest::newRow("rose without direction")
+            << QStringList{"render", sPlanes, "--chart", "rose", "--out", path("r.png")} << 2 << "--direction";
         QTest::newRow("rotate into nowhere")
             << QStringList{"rotate", sPlanes, "--out", path("no/x.csv"), "--angle", "4", "--axis", "0/0"} + g_lAngles
             << 1 << "written";

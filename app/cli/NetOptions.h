@@ -12,12 +12,11 @@ class QStereoChartWidget;
 
 namespace gkHost {
 
-/// Adds what stereonet and tangent diagram have in common: --contours, --grid, --planes, --no-points, --net, --results
-/// and --color-by.
-void addStereoOptions(QCommandLineParser& parser);
+/// Adds what stereonet and tangent diagram have in common: --contours, --grid, --no-points, --net and --color-by.
+void addNetOptions(QCommandLineParser& parser);
 
 /// What these options say; a message when something is wrong.
-gkBase::StereoNetSettings stereoSettings(const CommandInput& input, std::optional<CommandResult>& oError);
+gkBase::StereoNetSettings netSettings(const CommandInput& input, std::optional<CommandResult>& oError);
 
 /// Loads the file and shows the orientations that --dip and --azimuth name in a panel, coloured as --color-by says. A
 /// message, that of an earlier error first, when something is wrong.

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "ChartRenderer.h"
+
+namespace gkHost {
+
+/// Directions counted in sectors.
+ChartRenderer roseRenderer();
+
+} // namespace gkHost
