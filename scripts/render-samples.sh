@@ -6,35 +6,56 @@ program=$1
 folder=$2
 mkdir -p "$folder"
 
-picture() { # FILE CHART ATTRIBUTE
-    local picture="$folder/$(basename "${1%.*}")-$2-$(tr -c '[:alnum:]\n' '_' <<<"$3").png"
-    "$program" render "$1" --chart "$2" --attribute "$3" --out "$picture"
-    echo "== $(basename "$1"), $2: $picture"
+chart() { # FILE NAME CHART OPTIONS...
+    local picture="$folder/$(basename "${1%.*}")-$2.png"
+    "$program" render "$1" --chart "$3" "${@:4}" --out "$picture"
+    echo "== $(basename "$1"), $3: $picture"
 }
 
-draw() { # FILE ATTRIBUTE
-    picture "$1" histogram "$2"
-    "$program" stats "$1" --attribute "$2"
+statistics() { # FILE OPTIONS...
+    echo "== $(basename "$1"), statistics"
+    "$program" stats "$@"
 }
 
-draw samples/folded_well.csv dip
-draw samples/folded_well.csv azimuth
-draw samples/fractures.csv dip
-draw samples/lineations.csv plunge
-draw samples/logs.las GR
-draw samples/logs.las RHOB
-picture samples/fractures.csv barchart set
-picture samples/logs.las probability RHOB
-
-picture="$folder/logs-crossplot-RHOB-NPHI.png"
-"$program" render samples/logs.las --chart crossplot --x RHOB --y NPHI --color-by GR --regression --out "$picture"
-echo "== logs.las, crossplot: $picture"
-
-depthplot() { # FILE OPTIONS...
-    local picture="$folder/$(basename "${1%.*}")-depthplot.png"
-    "$program" render "$1" --chart depthplot "${@:2}" --out "$picture"
-    echo "== $(basename "$1"), depthplot: $picture"
+histogram() { # FILE ATTRIBUTE
+    chart "$1" "histogram-$2" histogram --attribute "$2"
+    statistics "$1" --attribute "$2"
 }
 
-depthplot samples/logs.las --depth DEPT --tracks GR,RHOB,NPHI,DT,RES
-depthplot samples/folded_well.csv --depth depth --tracks dip,azimuth --tadpoles dip,azimuth
+folded=samples/folded_well.csv
+fractures=samples/fractures.csv
+lineations=samples/lineations.csv
+logs=samples/logs.las
+
+histogram "$folded" dip
+histogram "$folded" azimuth
+histogram "$fractures" dip
+histogram "$lineations" plunge
+histogram "$logs" GR
+histogram "$logs" RHOB
+chart "$fractures" barchart-set barchart --attribute set
+chart "$logs" probability-RHOB probability --attribute RHOB
+chart "$logs" crossplot-RHOB-NPHI crossplot --x RHOB --y NPHI --color-by GR --regression
+chart "$logs" depthplot depthplot --depth DEPT --tracks GR,RHOB,NPHI,DT,RES
+chart "$folded" depthplot depthplot --depth depth --tracks dip,azimuth --tadpoles dip,azimuth
+
+planes=(--dip dip --azimuth "dip azimuth")
+chart "$fractures" stereonet-contours stereonet "${planes[@]}" --contours
+chart "$fractures" stereonet-sets stereonet "${planes[@]}" --color-by set
+chart "$fractures" stereonet-planes stereonet "${planes[@]}" --planes --no-points --color-by set
+chart "$fractures" woodcock-sets woodcock "${planes[@]}" --color-by set
+chart "$fractures" rose rose --direction "dip azimuth" --color-by set
+for set in "joints east" "joints south-west" sheeting; do
+    statistics "$fractures" "${planes[@]}" --where "set=$set"
+done
+
+bedding=(--dip dip --azimuth azimuth)
+chart "$folded" stereonet stereonet "${bedding[@]}" --net --results girdle,L
+chart "$folded" tangent tangent "${bedding[@]}" --fold-axis
+statistics "$folded" "${bedding[@]}"
+
+lines=(--dip plunge --azimuth trend --lines)
+chart "$lineations" stereonet stereonet "${lines[@]}" --contours --results mean
+chart "$lineations" rose rose --direction trend --sector 10
+statistics "$lineations" "${lines[@]}"
+statistics "$lineations" --direction trend --sector 10
