@@ -1,6 +1,7 @@
 #include "NetPaths.h"
 
 #include "Angles.h"
+#include "MissingValue.h"
 #include "NetLines.h"
 
 #include <algorithm>
@@ -79,6 +80,10 @@ void addToPath(QPainterPath& oPath, const NetFrame& oFrame, std::span<const NetP
 QPainterPath greatCirclePath(const NetProjection& oProjection, const NetFrame& oFrame, double dDip, double dDipAzimuth)
 {
     QPainterPath oPath;
+    if (std::abs(dDip) < g_dPlaneTolerance && !isMissing(dDipAzimuth) && oProjection.layout() != NetLayout::Tangent) {
+        addCircle(oPath, oFrame, std::max(oFrame.m_dRadius - 1.0, 0.0)); // the frame of the net would cover it
+        return oPath;
+    }
     addToPath(oPath, oFrame, greatCircle(oProjection, dDip, dDipAzimuth, curveStep(oFrame)));
     return oPath;
 }

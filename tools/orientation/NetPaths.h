@@ -17,7 +17,7 @@ GKBASETOOLS_EXPORT double curveStep(const NetFrame& oFrame);
 /// Adds lines on the net to a path in pixels.
 GKBASETOOLS_EXPORT void addToPath(QPainterPath& oPath, const NetFrame& oFrame, std::span<const NetPolyline> vLines);
 
-/// The great circle of a plane in pixels; empty for missing angles.
+/// The great circle of a plane in pixels, of a level one a pixel within the rim; empty for missing angles.
 GKBASETOOLS_EXPORT QPainterPath greatCirclePath(const NetProjection& oProjection, const NetFrame& oFrame, double dDip,
                                                 double dDipAzimuth);
 
