@@ -21,6 +21,7 @@
 #include <QString>
 #include <QVariant>
 
+#include <array>
 #include <map>
 #include <memory>
 #include <span>
@@ -432,7 +433,13 @@ private:
         double m_dDistortion = 0.0;
     };
 
-    void changed() { ++m_iRevision; }
+    void changed()
+    {
+        ++m_iRevision;
+        ++m_iSumsRevision;
+    }
+    /// Only what was computed from the records.
+    void resultsChanged() { ++m_iRevision; }
     void columnChanged(int iColumn);
     bool contains(int iRecord) const { return iRecord >= 0 && iRecord < numberOfPoints(); }
     void setLines(bool bLines);
@@ -509,6 +516,14 @@ private:
 
     bool m_bEmptySelectionTakesAll = true;
     mutable int m_iTakenPoints = 0;
+    /// Sums over the records, of poles and of lines, of all and of those that count: statistics and results share them.
+    struct CachedSums
+    {
+        OrientationSums m_oSums;
+        quint64 m_iRevision = ~quint64{0};
+    };
+    mutable std::array<CachedSums, 4> m_aSums;
+    quint64 m_iSumsRevision = 0;                    ///< grows with every change that they may depend on
     mutable quint64 m_iTakenRevision = ~quint64{0}; ///< when they were counted
     ScanLine m_oScanLine;
     bool m_bBiasCorrection = false;

@@ -106,8 +106,12 @@ OrientationSums QRelationshipItemModel::orientationSums(bool bPoles, bool bSelec
                                                         const MatrixData* poData) const
 {
     const std::span<const unsigned char> vbMask = orientationMask(bSelectionOnly);
-    if (!poData)
-        return gkBase::orientationSums(typeOf(bPoles), m_vdX, m_vdY, vbMask, appliedWeights());
+    if (!poData) {
+        CachedSums& cached = m_aSums[(bPoles ? 2u : 0u) + (bSelectionOnly ? 1u : 0u)];
+        if (std::exchange(cached.m_iRevision, m_iSumsRevision) != m_iSumsRevision)
+            cached.m_oSums = gkBase::orientationSums(typeOf(bPoles), m_vdX, m_vdY, vbMask, appliedWeights());
+        return cached.m_oSums;
+    }
     const auto* poArray = dynamic_cast<const MatrixDataArray*>(poData);
     if (!poArray)
         return {};
@@ -203,7 +207,7 @@ void QRelationshipItemModel::updateOrientationResults()
         return;
     m_oPoleResults = oPoles;
     m_oLineResults = oLines;
-    changed();
+    resultsChanged();
 }
 
 void QRelationshipItemModel::calculateSuggestedSectionOrientation(bool bPoles, bool bSelectionOnly, MatrixData* poData)
@@ -212,7 +216,7 @@ void QRelationshipItemModel::calculateSuggestedSectionOrientation(bool bPoles, b
     if (!oAxes.isDefined())
         return;
     (bPoles ? m_oPoleResults : m_oLineResults).m_oSuggestedSection = axisPoint(oAxes, 1, bPoles);
-    changed();
+    resultsChanged();
 }
 
 QPointF QRelationshipItemModel::meanResultantPole() const
