@@ -41,7 +41,9 @@ ContourLegend::ContourLegend(QWidget* pqParent)
 {
     setObjectName(QStringLiteral("m_pqContourLegend"));
     setAccessibleName(tr("Contour Legend"));
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
     hide();
 }
 
@@ -211,6 +213,20 @@ QSize ContourLegend::minimumSizeHint() const
                      : QSizeF(std::max(g_dNarrowTextWidth * metrics.averageCharWidth(), bandsWidth(metrics)),
                               (g_dFewestLines + g_dLinesAround) * metrics.height())
                            .toSize();
+}
+
+int ContourLegend::heightForWidth(int iWidth) const
+{
+    if (isEmpty())
+        return 0;
+    const QFontMetricsF metrics(font());
+    const double dNarrow = g_dNarrowTextWidth * metrics.averageCharWidth();
+    const double dBands = bandsWidth(metrics);
+    const double dLeast = (g_dFewestLines + g_dLinesAround) * metrics.height();
+    double dHeight = dLeast + g_dGap + textHeight(metrics, std::max({dNarrow, dBands, static_cast<double>(iWidth)}));
+    if (iWidth >= dBands + dNarrow)
+        dHeight = std::min(dHeight, std::max(dLeast, textHeight(metrics, iWidth - dBands)));
+    return static_cast<int>(std::ceil(dHeight));
 }
 
 void ContourLegend::paintEvent(QPaintEvent*)

@@ -53,6 +53,8 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    /// The least height at which it is as large as at its best: for scroll areas.
+    int heightForWidth(int iWidth) const override;
 
 protected:
     void paintEvent(QPaintEvent* pEvent) override;

@@ -261,6 +261,8 @@ void QStereoChartWidget::connectControls()
             [pqDiagram = m_pqWoodcockPage->diagram()](bool bBlack) {
                 pqDiagram->setLabelColor(bBlack ? Qt::white : Qt::black);
             });
+    // The band of the smallest densities has the colour of the background.
+    connect(m_pqDisplayPage, &ChartDisplayPage::backgroundChanged, this, &Panel::updateChart);
 }
 
 void QStereoChartWidget::connectAnalysis()
