@@ -309,7 +309,8 @@ void TestStereoPlot::lassoSelectsWhatLiesInside()
 
 void TestStereoPlot::pressClearsAndCtrlAdds()
 {
-    StereoRecords records({30.0, 30.0, 80.0}, {90.0, 180.0, 270.0});
+    // The last two are one symbol.
+    StereoRecords records({30.0, 30.0, 80.0, 80.0}, {90.0, 180.0, 270.0, 270.0});
     Net net(&records.m_model);
     QSignalSpy cleared(&net, &QStereoPlotWidget::clearSelection);
     const auto click = [&](int iRecord, Qt::KeyboardModifiers eModifiers) {
@@ -321,7 +322,7 @@ void TestStereoPlot::pressClearsAndCtrlAdds()
     QCOMPARE(cleared.count(), 0);
     QCOMPARE(click(1, Qt::ControlModifier), (std::vector<int>{0, 1}));
     QCOMPARE(cleared.count(), 0);
-    QCOMPARE(click(2, Qt::NoModifier), std::vector<int>{2});
+    QCOMPARE(click(2, Qt::NoModifier), (std::vector<int>{2, 3}));
     QCOMPARE(cleared.count(), 1);
 
     // Escape brings back what the press cleared.
@@ -329,9 +330,9 @@ void TestStereoPlot::pressClearsAndCtrlAdds()
     QCOMPARE(records.m_model.numberOfSelectedPoints(), 0);
     QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
     QCoreApplication::sendEvent(&net, &escape);
-    QCOMPARE(records.m_model.selectedRecords(), std::vector<int>{2});
+    QCOMPARE(records.m_model.selectedRecords(), (std::vector<int>{2, 3}));
     gkTest::sendMouse(net, QEvent::MouseButtonRelease, {20.0, 20.0});
-    QCOMPARE(records.m_model.selectedRecords(), std::vector<int>{2});
+    QCOMPARE(records.m_model.selectedRecords(), (std::vector<int>{2, 3}));
 
     gkTest::dragMouse(net, {{20.0, 20.0}});
     QCOMPARE(records.m_model.numberOfSelectedPoints(), 0);

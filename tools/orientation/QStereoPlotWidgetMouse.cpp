@@ -14,6 +14,7 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace gkBase {
@@ -21,6 +22,21 @@ namespace gkBase {
 namespace {
 
 constexpr int g_iReach = 5; ///< pixels from a click to a point
+
+/// A record and those that cannot be told from it: equal orientations are one symbol. None for −1.
+std::vector<unsigned char> pointsOnPixelOf(std::span<const QPointF> voPixels, int iRecord)
+{
+    constexpr double dSame = 0.5;
+    std::vector<unsigned char> vbMask(voPixels.size());
+    if (iRecord >= 0) {
+        const QPointF oPixel = voPixels[static_cast<std::size_t>(iRecord)];
+        std::transform(voPixels.begin(), voPixels.end(), vbMask.begin(), [&oPixel](const QPointF& o) {
+            // False for NaN.
+            return std::abs(o.x() - oPixel.x()) <= dSame && std::abs(o.y() - oPixel.y()) <= dSame ? 1 : 0;
+        });
+    }
+    return vbMask;
+}
 
 } // namespace
 
@@ -130,11 +146,18 @@ void QStereoPlotWidget::selectOutline()
 {
     const QVector<QPointF> voOutline = std::exchange(m_vSelectionPath, {});
     update();
-    if (model()) {
-        const int iReach = std::max(g_iReach, model()->pointPixelSize());
-        m_oSelectionGesture.select(model(), pointsInOutline(pointPixels(), voOutline, pixmapRect().topLeft(), iReach));
-        tellSelection();
+    if (!model()) {
+        return;
     }
+    const std::vector<QPointF>& voPixels = pointPixels();
+    const QPointF oOffset = pixmapRect().topLeft();
+    if (distinctCorners(voOutline) < 3) {
+        const int iRecord = recordAt(voOutline.last() + oOffset);
+        m_oSelectionGesture.select(model(), pointsOnPixelOf(voPixels, iRecord));
+    } else {
+        m_oSelectionGesture.select(model(), pointsInOutline(voPixels, voOutline, oOffset, g_iReach));
+    }
+    tellSelection();
 }
 
 void QStereoPlotWidget::giveUpGesture()
