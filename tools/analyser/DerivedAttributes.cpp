@@ -301,7 +301,7 @@ MatrixData* addBiasWeightAttribute(MatrixData& root, const QString& sName, const
     if (!model.hasScanLine() || model.numberOfValidPoints() == 0 || sName.isEmpty())
         return nullptr;
     const MatrixDataNotifier::Batch batch(&root);
-    DerivedAttributes derived(root, QStringLiteral("Create Bias Weights: ") + sName);
+    DerivedAttributes derived(root, QStringLiteral("Create Bias Weight Attribute: ") + sName);
     MatrixData* poDataSet = derived.dataSet(QLatin1String(g_orientationGroup), model.numberOfPoints());
     return derived.setAttribute(*poDataSet, sName, column(model.biasWeights()), QLatin1String(g_fraction));
 }
