@@ -81,6 +81,10 @@ void TestTangentPlot::polesAreLines()
     diagram.setModel(&records.m_model);
     QVERIFY(std::isnan(diagram.pointPixels()[0].x()));
     QVERIFY(distance(diagram.pointPixels()[1], oLine) < 1e-9);
+    QCOMPARE(diagram.pointsText(), QStringLiteral("points = 2 (1 beyond 60°)"));
+    diagram.m_choice.m_iProjectionTarget = 1;
+    diagram.choose();
+    QCOMPARE(diagram.pointsText(), QStringLiteral("points = 2"));
 }
 
 void TestTangentPlot::netHasItsCircles()

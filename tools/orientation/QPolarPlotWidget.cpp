@@ -357,6 +357,11 @@ void QPolarPlotWidget::drawFrame(QPainter* pPainter, int iPenWidth)
     pPainter->restore();
 }
 
+QString QPolarPlotWidget::pointsText() const
+{
+    return tr("points = %1").arg(model() ? model()->numberOfTakenPoints() : 0);
+}
+
 void QPolarPlotWidget::drawVisibleFrame(QPainter& painter, const QRect&)
 {
     painter.save();
@@ -364,7 +369,7 @@ void QPolarPlotWidget::drawVisibleFrame(QPainter& painter, const QRect&)
     painter.setPen(QPen(m_oLabelColor, 1.0));
     drawTitle(&painter);
     if (m_bShowPointsCount) {
-        m_sTopRightInfo = tr("points = %1").arg(model() ? model()->numberOfTakenPoints() : 0);
+        m_sTopRightInfo = pointsText();
         drawTopRightInfo(&painter);
     }
     drawNorth(&painter);

@@ -58,6 +58,9 @@ public:
     /// The point at a distance from the centre in a direction.
     QPointF pointAt(double dDirection, double dDistance) const;
 
+    /// What the box at the top right says: how many points count as selected.
+    virtual QString pointsText() const;
+
     void layoutChart() override;
     void drawChart(QPainter& painter) override;
     void drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea) override;

@@ -4,6 +4,8 @@
 #include "LabelPlacement.h"
 #include "MissingValue.h"
 #include "OrientationText.h"
+#include "QRelationshipItemModel.h"
+#include "RecordMask.h"
 #include "StereoLabels.h"
 
 #include <QMouseEvent>
@@ -12,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 namespace gkBase {
 
@@ -35,6 +38,28 @@ QTangentPlotWidget::~QTangentPlotWidget() = default;
 NetProjection QTangentPlotWidget::projection() const
 {
     return NetProjection(NetLayout::Tangent, settings().m_dMaximumAngle);
+}
+
+int QTangentPlotWidget::pointsBeyondRim() const
+{
+    if (!model())
+        return 0;
+    const bool bPoles = settings().m_iProjectionTarget == 0;
+    const double dLimit = maximumAngle() + NetProjection::s_dRimTolerance;
+    const std::span<const double> vdAngles = model()->x();
+    const std::span<const unsigned char> vbTaken = model()->takenMask();
+    int iBeyond = 0;
+    for (std::size_t i = 0; i < vdAngles.size(); ++i)
+        if (isTaken(vbTaken, i) && (bPoles ? 90.0 - vdAngles[i] : vdAngles[i]) > dLimit) // not for NaN
+            ++iBeyond;
+    return iBeyond;
+}
+
+QString QTangentPlotWidget::pointsText() const
+{
+    const int iBeyond = pointsBeyondRim();
+    const QString sPoints = QStereoPlotWidget::pointsText();
+    return iBeyond == 0 ? sPoints : tr("%1 (%2 beyond %3°)").arg(sPoints).arg(iBeyond).arg(maximumAngle());
 }
 
 double QTangentPlotWidget::tangentRadius(double dAngle) const

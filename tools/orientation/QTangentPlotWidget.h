@@ -32,6 +32,10 @@ public:
     /// dip line or of the pole.
     QPointF transformInDataPoint(const QPointF& oPixel) const override;
     NetProjection projection() const override;
+    /// Of the points that count as selected, those steeper than the maximum angle, which plot beyond the rim.
+    int pointsBeyondRim() const;
+    /// Also tells how many points are not in the picture.
+    QString pointsText() const override;
 
     /// Plunge and azimuth in degrees. Missing numbers leave the axis as it is.
     void setFoldAxis(double dPlunge, double dAzimuth);
