@@ -512,6 +512,8 @@ void QRoseChartWidget::copyEWMFToClipboard()
 
 void QRoseChartWidget::renderTo(QPainter& painter, const QRectF& oTarget)
 {
+    if (m_bCountNeeded)
+        updateRoseChart();
     m_pqFrame->renderTo(painter, m_pqLegends->paintBeside(painter, oTarget, m_pqPlot->labelColor()));
 }
 
