@@ -133,6 +133,9 @@ QString OrientationReport::toText() const
     ReportText report((bPlanes ? text("planes by \"%1\" and \"%2\"; angles in degrees")
                                : text("lines by \"%1\" and \"%2\"; angles in degrees"))
                           .arg(m_sAngle, m_sAzimuth));
+    if (bPlanes && m_sAngle.contains(QLatin1String("plunge"), Qt::CaseInsensitive)) {
+        report.addNote(text("\"%1\" reads like the plunge of lines: --lines takes it so").arg(m_sAngle));
+    }
     if (m_iOutOfRange > 0) {
         report.addNote((bPlanes ? text("%1 dips are not from 0 to 90 and count as overturned")
                                 : text("%1 plunges are not from -90 to 90 and count as overturned"))
