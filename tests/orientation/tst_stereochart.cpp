@@ -315,6 +315,11 @@ void TestStereoChart::clustersColourThePoints()
     f.model().getColor(0, oFirst);
     f.model().getColor(1, oSecond);
     QVERIFY(oFirst != oSecond);
+    QSignalSpy selected(&f.m_panel, &QStereoChartWidget::dataPointsSelection);
+    emit f.control<QTableWidget>("m_pqClusterTable")->cellClicked(f.model().clusterID(1), 0);
+    QCOMPARE(selected.count(), 1);
+    QCOMPARE(f.taken(), std::size_t(g_iRecords / 2));
+    QVERIFY(f.model().isSelected(1) && !f.model().isSelected(0));
     f.m_panel.setDataSet(f.node("Joints"));
     QVERIFY(!f.model().clusterCentroids());
     QVERIFY(!f.model().colorAttributeIsOn());

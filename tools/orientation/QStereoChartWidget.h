@@ -16,6 +16,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <span>
 #include <vector>
 
 class QComboBox;
@@ -259,6 +260,8 @@ private:
     void slotPointsSelected(bool* pbSelection, int iLength);
     void slotSelectionCleared();
     void slotLegendSelection();
+    void slotClusterClicked(int iCluster, bool bAdd);
+    void selectByControls(std::span<const unsigned char> vbMask, bool bAdd);
     void slotScanLineChanged();
     OrientationConvention convention() const;
 

@@ -297,6 +297,8 @@ void QStereoChartWidget::updateStereoChart()
     m_pqClusterPage->showClusters(model, convention());
     m_pqRotationPage->showRotations(model.numberOfValidPoints() > 0, m_lRotations);
     showClasses();
+    // What stands there was said of other records.
+    updateCursorPosLabel({g_dMissingValue, g_dMissingValue});
     updateObservationStatistics();
     updateChart();
 }
@@ -414,8 +416,24 @@ void QStereoChartWidget::slotSelectionCleared()
 
 void QStereoChartWidget::slotLegendSelection()
 {
+    selectByControls(m_pqLegends->selectedRecords(*relationshipItemModel()), false);
+}
+
+void QStereoChartWidget::slotClusterClicked(int iCluster, bool bAdd)
+{
+    const std::span<const int> viIDs = relationshipItemModel()->clusterIDs();
+    std::vector<unsigned char> vbMembers(viIDs.size());
+    std::transform(viIDs.begin(), viIDs.end(), vbMembers.begin(),
+                   [iCluster](int iID) { return static_cast<unsigned char>(iID == iCluster); });
+    m_pqLegends->clearSelection();
+    selectByControls(vbMembers, bAdd);
+}
+
+/// Selects records as a gesture on the net does.
+void QStereoChartWidget::selectByControls(std::span<const unsigned char> vbMask, bool bAdd)
+{
     QRelationshipItemModel& model = *relationshipItemModel();
-    model.selectPoints(m_pqLegends->selectedRecords(model), false);
+    model.selectPoints(vbMask, bAdd);
     m_viSelectedRecords = model.selectedRecords();
     model.setEmptySelectionTakesAll(true);
     selectInFurtherLayers();

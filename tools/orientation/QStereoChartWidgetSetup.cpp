@@ -95,7 +95,6 @@ QStereoChartWidget::QStereoChartWidget(const CanvasFactory& fnNewCanvas, QWidget
     connectControls();
     connectAnalysis();
     setSettings(StereoChartSettings());
-    QStereoChartWidget::updateCursorPosLabel({g_dMissingValue, g_dMissingValue});
     updateDataSetSelectionBox();
     m_bReadNeeded = true;
     updateStereoChart();
@@ -274,6 +273,7 @@ void QStereoChartWidget::connectAnalysis()
     connect(m_pqRotationPage, &StereoRotationPage::undoAllWanted, this, &Panel::undoAllRotations);
     connect(m_pqRotationPage, &StereoRotationPage::attributesWanted, this, &Panel::createRotatedAttributes);
     connect(m_pqClusterPage, &StereoClusterPage::applyWanted, this, &Panel::slotApplyClusterGeneration);
+    connect(m_pqClusterPage, &StereoClusterPage::clusterClicked, this, &Panel::slotClusterClicked);
     connect(m_pqClusterPage, &StereoClusterPage::centroidsToggled, this, &Panel::slotLooksChanged);
     connect(m_pqBiasPage, &StereoBiasPage::weightsToggled, this, &Panel::slotScanLineChanged);
     connect(m_pqBiasPage, &StereoBiasPage::scanLineChanged, this, &Panel::slotScanLineChanged);

@@ -8,6 +8,7 @@
 
 #include <QCheckBox>
 #include <QFormLayout>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -77,6 +78,9 @@ StereoClusterPage::StereoClusterPage(QWidget* pqParent)
     setApplicable(false);
 
     connect(m_pqApplyBtn, &QPushButton::clicked, this, &StereoClusterPage::applyWanted);
+    connect(m_pqTable, &QTableWidget::cellClicked, this, [this](int iCluster) {
+        emit clusterClicked(iCluster, QGuiApplication::keyboardModifiers() & Qt::ControlModifier);
+    });
     for (QCheckBox* pqBox : {m_pqPoleCentroidsCheckBox, m_pqAzimuthCentroidsCheckBox})
         connect(pqBox, &QCheckBox::clicked, this, &StereoClusterPage::centroidsToggled);
 }
@@ -85,7 +89,9 @@ void StereoClusterPage::createTable()
 {
     m_pqTable->setObjectName(QStringLiteral("m_pqClusterTable"));
     m_pqTable->setAccessibleName(tr("Clusters"));
+    m_pqTable->setToolTip(tr("Mean orientations in degrees. Click a cluster to select its records; Ctrl adds them"));
     m_pqTable->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_pqTable->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_pqTable->setColumnCount(NumberOfTableColumns);
     m_pqTable->verticalHeader()->hide();
     m_pqTable->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);

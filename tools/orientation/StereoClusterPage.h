@@ -45,6 +45,8 @@ public:
 signals:
     void applyWanted();
     void centroidsToggled();
+    /// The user clicked a cluster of the table; bAdd: with Ctrl, to add its records to the selection.
+    void clusterClicked(int iCluster, bool bAdd);
 
 private:
     void createTable();

@@ -48,6 +48,8 @@ void ChartDisplayPage::createControls()
     m_pqWhiteBackgroundBtn->setObjectName(QStringLiteral("m_pqWhiteBackgroundBtn"));
     m_pqWhiteBackgroundBtn->setAccessibleName(tr("Background Color: white"));
     m_pqWhiteBackgroundBtn->setChecked(true);
+    m_pqBlackBackgroundBtn->setToolTip(tr("Light texts on black"));
+    m_pqWhiteBackgroundBtn->setToolTip(tr("Dark texts on white"));
     auto* pqExclusive = new QButtonGroup(this);
     pqExclusive->addButton(m_pqBlackBackgroundBtn);
     pqExclusive->addButton(m_pqWhiteBackgroundBtn);
