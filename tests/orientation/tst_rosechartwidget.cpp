@@ -448,6 +448,14 @@ void tst_RoseChartWidget::settingsFindTheirAttributesLater()
     QCOMPARE(panel.currentSelectedDataSet(), fixture.node("Dip Azimuth"));
     QCOMPARE(panel.currentColorSelectedDataSet(), fixture.node("depth"));
     QCOMPARE(panel.settings().m_oColorMap.m_dMin, 1.5);
+    // Nor does it matter when the owner, not the settings, chooses the directions.
+    QRoseChartWidget other;
+    RoseChartSettings settings;
+    settings.m_sClassifiedBy = QStringLiteral("rock");
+    other.setSettings(settings);
+    other.setDataRoot(fixture.m_poRoot.get());
+    other.setDataSet(fixture.node("Well"));
+    QCOMPARE(other.currentColorSelectedDataSet(), fixture.node("rock"));
     // The user's choice is not undone by what was stored.
     panel.setDataSet(fixture.node("Other"));
     panel.setDataRoot(fixture.m_poRoot.get());
@@ -464,7 +472,7 @@ void tst_RoseChartWidget::pictures()
     QFile file(sFile);
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QByteArray oSvg = file.readAll();
-    for (const char* pText : {"Rose Diagram: Dip Azimuth", "n = 5", ">N<", ">270<"})
+    for (const char* pText : {"Rose Diagram: Well: Dip Azimuth", "n = 5", ">N<", ">270<"})
         QVERIFY2(oSvg.contains(pText), pText);
     QVERIFY(!fixture.m_panel.exportChart(m_oFolder.filePath("rose.txt"), QSize(500, 400), &sError));
     QVERIFY(!sError.isEmpty());

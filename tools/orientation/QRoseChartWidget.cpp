@@ -41,6 +41,19 @@ std::unordered_set<int> directionIDs(const MatrixData* poRoot)
     return {liIds.cbegin(), liIds.cend()};
 }
 
+/// Records of the data set of an attribute, −1 for null.
+int recordsOf(const MatrixData* poAttribute)
+{
+    if (!poAttribute)
+        return -1;
+    int iRecords = poAttribute->recordCount();
+    if (const MatrixData* poDataSet = poAttribute->owner()) {
+        for (const MatrixData* poLeaf : poDataSet->leafs())
+            iRecords = std::max(iRecords, poLeaf->recordCount());
+    }
+    return iRecords;
+}
+
 } // namespace
 
 // ---- root and choosers ----------------------------------------------------------------------------------------------
@@ -64,7 +77,7 @@ void QRoseChartWidget::setDataRoot(MatrixData* poRoot)
         }
     }
     fillChoosers(nullptr);
-    takeWantedChoices();
+    takeWantedDirection();
 }
 
 void QRoseChartWidget::updateDataSetSelectionBox()
@@ -96,15 +109,7 @@ void QRoseChartWidget::fillChoosers(const MatrixData* poLeaving)
 
 int QRoseChartWidget::numberOfRecords() const
 {
-    const MatrixData* poDirection = currentSelectedDataSet();
-    if (!poDirection)
-        return -1;
-    int iRecords = poDirection->recordCount();
-    if (const MatrixData* poDataSet = poDirection->owner()) {
-        for (const MatrixData* poLeaf : poDataSet->leafs())
-            iRecords = std::max(iRecords, poLeaf->recordCount());
-    }
-    return iRecords;
+    return recordsOf(currentSelectedDataSet());
 }
 
 MatrixData* QRoseChartWidget::directionAttribute(MatrixData* poData) const
@@ -169,7 +174,7 @@ void QRoseChartWidget::setColorAttribute(MatrixData* poAttribute)
     // The bounds of a colour map belong to the attribute that they were made for.
     m_pModel->setColorMap(g_dMissingValue, g_dMissingValue, g_dMissingValue, m_pqColorPage->colorMap().m_bRedToBlue);
     const bool bFits = poAttribute && poAttribute->isAttribute() &&
-                       (numberOfRecords() < 0 || poAttribute->recordCount() == numberOfRecords());
+                       (numberOfRecords() < 0 || recordsOf(poAttribute) == numberOfRecords());
     m_pModel->setColorAttribute(bFits ? poAttribute : nullptr);
     m_pqColorPage->chooser()->choose(m_pModel->colorAttribute());
     initializeNewRoseChartData();
@@ -185,13 +190,15 @@ void QRoseChartWidget::slotDirectionChosen(int iGlobalID)
 }
 
 /// What the settings name may not have been there when they were read.
-void QRoseChartWidget::takeWantedChoices()
+void QRoseChartWidget::takeWantedDirection()
 {
-    if (!m_poRoot)
-        return;
-    AttributeChooser* pqChooser = m_pqDirectionGroup->chooser();
-    if (m_oWantedEntry && *m_oWantedEntry >= 0 && *m_oWantedEntry < pqChooser->count())
+    const AttributeChooser* pqChooser = m_pqDirectionGroup->chooser();
+    if (m_poRoot && m_oWantedEntry && *m_oWantedEntry >= 0 && *m_oWantedEntry < pqChooser->count())
         setDataSet(m_poRoot->nodeFromID(pqChooser->itemData(*m_oWantedEntry).toInt()));
+}
+
+void QRoseChartWidget::takeWantedColor()
+{
     if (!m_oWantedColor || !m_poDirection)
         return;
     for (const AttributeEntry& entry : attributeEntries(m_poRoot)) {
@@ -258,6 +265,7 @@ void QRoseChartWidget::updateRoseChart()
     const bool bOtherData = readData();
     if (bOtherData || m_bCountNeeded || m_pModel->revision() != m_iCountedRevision)
         initializeNewRoseChartData();
+    takeWantedColor();
 }
 
 void QRoseChartWidget::initializeNewRoseChartData()
@@ -276,7 +284,7 @@ void QRoseChartWidget::initializeNewRoseChartData()
     m_pqDisplaySettingsPage->setGridCircleDistance(m_pqPlot->getGridCircleDistance(),
                                                    static_cast<int>(std::ceil(m_pqPlot->maximum())));
     m_pqResultGroup->showResults(bins, m_means, wanted.m_bUnidirectional);
-    m_pqFrame->setTitle(m_poDirection ? m_poDirection->name() : QString());
+    m_pqFrame->setTitle(currentSelectedDataSetName());
     updateColorLegend();
     slotLooksChanged();
 }
@@ -471,7 +479,8 @@ void QRoseChartWidget::setSettings(const RoseChartSettings& settings)
         m_oWantedColorMap = settings.m_oColorMap;
     }
     updateRoseChartClassification();
-    takeWantedChoices();
+    takeWantedDirection();
+    takeWantedColor();
     // Counting has chosen a distance that suits the counts; another one is for a rose that is yet to come.
     RoseChartSettings shown = settings;
     if (m_pqPlot->maximum() > 0.0)

@@ -137,7 +137,8 @@ private:
 
     MatrixData* directionAttribute(MatrixData* poData) const;
     void fillChoosers(const MatrixData* poLeaving);
-    void takeWantedChoices();
+    void takeWantedDirection();
+    void takeWantedColor();
     int numberOfRecords() const;
     bool readData();
     QString problem() const;

@@ -119,9 +119,13 @@ int QRosePlotWidget::sectorAt(const QPointF& oPosition) const
 
 QString QRosePlotWidget::sectorText(const QPointF& oPosition) const
 {
-    const int iSector = sectorAt(oPosition);
-    if (iSector < 0 || m_bins.m_iRecords == 0)
+    const QPointF oPixel = chartPosition(oPosition);
+    const NetPoint oPoint = netFrame().toNet(oPixel.x(), oPixel.y());
+    if (!isOnNet(oPoint) || m_bins.m_iRecords == 0)
         return {};
+    const int iSector = m_bins.sectorAt(netAzimuth(oPoint));
+    if (iSector < 0)
+        return tr("%1° – 360°: no sector").arg(m_bins.sectorStart(m_bins.sectors()));
     const double dStart = m_bins.sectorStart(iSector);
     const auto shareText = [this](double dCount) {
         return tr("%1 (%2 % of %3)")
@@ -133,8 +137,7 @@ QString QRosePlotWidget::sectorText(const QPointF& oPosition) const
                         .arg(dStart)
                         .arg(dStart + m_bins.m_iSectorSize)
                         .arg(shareText(m_bins.m_vdCounts[static_cast<std::size_t>(iSector)]));
-    const QPointF oPixel = chartPosition(oPosition);
-    const int iPetal = m_bRosePlot ? petalAt(m_vPetals, netFrame().toNet(oPixel.x(), oPixel.y())) : -1;
+    const int iPetal = m_bRosePlot ? petalAt(m_vPetals, oPoint) : -1;
     if (iPetal >= 0 && m_bins.m_iClasses > 0 && model()) {
         const RosePetal& petal = m_vPetals[static_cast<std::size_t>(iPetal)];
         const QString sClass = petal.m_iClass > 0 ? model()->getColorName(petal.m_iClass) : tr("no value");

@@ -109,7 +109,7 @@ void QRosePlotWidget::drawBinBoundaryCircles(QPainter* pPainter)
 void QRosePlotWidget::drawGridCircles(QPainter* pPainter, int iPenWidth)
 {
     pPainter->setBrush(Qt::NoBrush);
-    pPainter->setPen(QPen(m_oGridColor, iPenWidth));
+    pPainter->setPen(QPen(m_oLabelColor, iPenWidth));
     for (const int iRadius : m_viGridRadii)
         drawCircle(pPainter, iRadius);
     for (int iDirection = 0; iDirection < 360; iDirection += g_iGridLineStep)
