@@ -33,6 +33,7 @@ void addNetOptions(QCommandLineParser& parser)
     parser.addOptions(
         {{QStringLiteral("contours"), text("Densities in per cent of the records, with a legend.")},
          {QStringLiteral("grid"), text("Nodes of their grid each way; 25 when absent."), QStringLiteral("N")},
+         {QStringLiteral("planes"), text("Great circles of the planes.")},
          {QStringLiteral("no-points"), text("No points.")},
          {QStringLiteral("net"), text("The 10 degrees net.")},
          {QStringLiteral("color-by"), text("The attribute that colours the points."), QStringLiteral("NAME")}});
@@ -49,6 +50,10 @@ gkBase::StereoNetSettings netSettings(const CommandInput& input, std::optional<C
     settings.m_iNodes = gridNodes(input, oError);
     settings.m_bPoints = !input.isSet(QStringLiteral("no-points"));
     settings.m_bCoarseNet = input.isSet(QStringLiteral("net"));
+    settings.m_bGreatCircles = input.isSet(QStringLiteral("planes"));
+    if (!oError && settings.m_bGreatCircles && settings.m_iProjectionTarget == 1) {
+        oError = CommandResult::badUsage(text("--planes does not go with --lines"));
+    }
     return settings;
 }
 

@@ -12,7 +12,8 @@ class QStereoChartWidget;
 
 namespace gkHost {
 
-/// Adds what stereonet and tangent diagram have in common: --contours, --grid, --no-points, --net and --color-by.
+/// Adds what stereonet and tangent diagram have in common: --contours, --grid, --planes, --no-points, --net
+/// and --color-by.
 void addNetOptions(QCommandLineParser& parser);
 
 /// What these options say; a message when something is wrong.

@@ -66,8 +66,7 @@ void addStereonetOptions(QCommandLineParser& parser)
     addOrientationOptions(parser);
     parser.addOption(projectionOption());
     addNetOptions(parser);
-    parser.addOptions({{QStringLiteral("planes"), text("Great circles of the planes.")},
-                       {QStringLiteral("results"),
+    parser.addOptions({{QStringLiteral("results"),
                         text("Results with their labels: %1. L of planes is the fold axis.")
                             .arg(resultNames().join(QLatin1String(", "))),
                         QStringLiteral("A,B")}});
@@ -77,9 +76,6 @@ std::optional<CommandResult> renderStereonet(CommandInput& input, const QString&
 {
     std::optional<CommandResult> oError;
     gkBase::StereoNetSettings settings = netSettings(input, oError);
-    settings.m_bGreatCircles = input.isSet(QStringLiteral("planes"));
-    if (!oError && settings.m_bGreatCircles && input.isSet(QStringLiteral("lines")))
-        oError = CommandResult::badUsage(text("--planes does not go with --lines"));
     showResults(input, settings, oError);
     settings.m_bEqualArea = projectionLayout(input, oError) == gkBase::NetLayout::EqualArea;
     gkBase::QStereoChartWidget panel;

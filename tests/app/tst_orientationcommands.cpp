@@ -198,9 +198,9 @@ private slots:
         QTest::addColumn<QStringList>("chart");
         QTest::addColumn<QList<QStringList>>("options");
         const QList<QStringList> lvBoth{
-            {},        {"--contours"},        {"--contours", "--grid", "10"}, {"--no-points"},
-            {"--net"}, {"--color-by", "bed"}, {"--background", "black"}};
-        QList<QStringList> lvStereonet{{"--planes"}, {"--projection", "equal-angle"}, {"--lines"}};
+            {},           {"--contours"}, {"--contours", "--grid", "10"}, {"--no-points"},
+            {"--planes"}, {"--net"},      {"--color-by", "bed"},          {"--background", "black"}};
+        QList<QStringList> lvStereonet{{"--projection", "equal-angle"}, {"--lines"}};
         for (const char* pResult : {"mean", "principal", "girdle", "T", "L", "section"}) {
             lvStereonet << QStringList{"--results", pResult};
         }
