@@ -147,6 +147,7 @@ private slots:
         QVERIFY(model.isRotated());
 
         QVERIFY(panel.applyClusters(2));
+        QVERIFY(model.colorAttribute() && model.colorAttribute()->owner()->name() == "Cluster Distributions");
         model.setScanline(90.0, 0.0, 80.0);
         emit panel.createBiasWeightAttribute(QStringLiteral("Bias Weights"), &model);
         QVERIFY(m_poRoot->getNodeFromName(QStringLiteral("Bias Weights")));

@@ -212,7 +212,7 @@ private:
     void connectOrientationChart(const QStereoChartWidget* pqPanel);
     /// Fills one of them from the table's selection.
     void updateOrientationChart(int iChart, QStereoChartWidget* pqPanel);
-    void createRotatedAttributes(QRelationshipItemModel* pModel);
+    void createRotatedAttributesOf(QStereoChartWidget* pqPanel);
     void createDepthPlot(const QString& sName);
     /// Adds the page of a chart panel; fnRefill fills it from the table's selection.
     template <typename Panel>

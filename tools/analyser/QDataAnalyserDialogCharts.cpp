@@ -6,9 +6,7 @@
 #include "QDataAnalyserDialog.h"
 #include "QDepthPlotWidget.h"
 #include "QRelationshipItemModel.h"
-#include "QStereoChartWidget.h"
 #include "QTRNBarChartWidget.h"
-#include "QTangentChartWidget.h"
 #include "QVertexModelTableView.h"
 
 #include <QTimer>
@@ -106,15 +104,12 @@ void QDataAnalyserDialog::showDerived(bool bAdded)
 
 void QDataAnalyserDialog::createClusterAttribute(const QString& sName, QRelationshipItemModel* pModel)
 {
-    MatrixData* poClusters = m_poDataRoot && pModel ? addClusterAttribute(*m_poDataRoot, sName, *pModel) : nullptr;
+    const MatrixData* poClusters =
+        m_poDataRoot && pModel ? addClusterAttribute(*m_poDataRoot, sName, *pModel) : nullptr;
     showDerived(poClusters != nullptr);
-    if (!poClusters)
-        return;
-    if (m_pqCrossPlot && pModel == m_pqCrossPlot->relationshipItemModel())
-        m_pqCrossPlot->setCurrentColorItem(poClusters->globalID());
-    for (QStereoChartWidget* pqPanel : {m_pqStereoChart, static_cast<QStereoChartWidget*>(m_pqTangentChart)})
-        if (pqPanel && pModel == pqPanel->relationshipItemModel())
-            pqPanel->setColorAttribute(poClusters);
+    // The stereonet finds the attribute of its clusters itself.
+    if (poClusters && m_pqCrossPlot && pModel == m_pqCrossPlot->relationshipItemModel())
+        setCurrentColorItem(poClusters->globalID());
 }
 
 void QDataAnalyserDialog::createDataDecimationAttribute(QRelationshipItemModel* pModel, bool bBinAverage, bool bReplace,

@@ -80,17 +80,17 @@ void QDataAnalyserDialog::updateTangentChartData()
 
 void QDataAnalyserDialog::createRotatedAttributes()
 {
-    createRotatedAttributes(m_pqStereoChart ? m_pqStereoChart->relationshipItemModel() : nullptr);
+    createRotatedAttributesOf(m_pqStereoChart);
 }
 
-void QDataAnalyserDialog::createRotatedAttributes(QRelationshipItemModel* pModel)
+void QDataAnalyserDialog::createRotatedAttributesOf(QStereoChartWidget* pqPanel)
 {
-    if (!m_poDataRoot || !pModel)
+    if (!m_poDataRoot || !pqPanel)
         return;
-    const MatrixData* poDip = addRotatedAttributes(*m_poDataRoot, *pModel);
+    const MatrixData* poDip = addRotatedAttributes(*m_poDataRoot, *pqPanel->relationshipItemModel());
     // The chart shows the attribute that was just written: its values are the turned ones now.
-    if (poDip && poDip == pModel->nodeX())
-        pModel->undoAllRotations();
+    if (poDip && poDip == pqPanel->nodeAngle())
+        pqPanel->undoAllRotations();
     showDerived(poDip != nullptr);
 }
 

@@ -268,7 +268,7 @@ void QDataAnalyserDialog::createStereoChart(const QString& sName)
         QStringLiteral("attribute_analyser/stereo_plot/"));
     connect(m_pqStereoChart, &QStereoChartWidget::dataSetSelected, this, &QDataAnalyserDialog::updateStereoChartData);
     connect(m_pqStereoChart, &QStereoChartWidget::createRotatedAttributes, this,
-            qOverload<>(&QDataAnalyserDialog::createRotatedAttributes));
+            &QDataAnalyserDialog::createRotatedAttributes);
     connectOrientationChart(m_pqStereoChart);
 }
 
@@ -282,7 +282,7 @@ void QDataAnalyserDialog::createTangentChart(const QString& sName)
         QStringLiteral("attribute_analyser/tangent_plot/"));
     connect(m_pqTangentChart, &QStereoChartWidget::dataSetSelected, this, &QDataAnalyserDialog::updateTangentChartData);
     connect(m_pqTangentChart, &QStereoChartWidget::createRotatedAttributes, this,
-            [this] { createRotatedAttributes(m_pqTangentChart->relationshipItemModel()); });
+            [this] { createRotatedAttributesOf(m_pqTangentChart); });
     connectOrientationChart(m_pqTangentChart);
 }
 
