@@ -237,6 +237,7 @@ void tst_RoseChartWidget::clickedSectorsReachTheOwner()
             if (pb[i])
                 viSelected.push_back(i);
         }
+        fixture.m_panel.setSelectedRows(viSelected); // as owners do
     });
     QRosePlotWidget* pqPlot = fixture.m_panel.drawingArea();
     pqPlot->grab();
@@ -249,6 +250,9 @@ void tst_RoseChartWidget::clickedSectorsReachTheOwner()
     pqLegend->selectionModel()->select(pqLegend->legendModel()->indexOfClass(2), QItemSelectionModel::ClearAndSelect);
     QCOMPARE(viSelected, (std::vector<int>{1, 3, 5}));
     QCOMPARE(int(fixture.bins().m_iRecords), 2);
+    QCOMPARE(pqLegend->getSelectedIDs(), std::vector<int>{2});
+    fixture.m_panel.setSelectedRows({0}); // other rows from elsewhere are no class
+    QVERIFY(pqLegend->getSelectedIDs().empty());
 }
 
 void tst_RoseChartWidget::rebuildsOnlyWhatChanged()

@@ -334,6 +334,7 @@ bool QRoseChartWidget::setSelectedRows(const std::vector<int>& viRecords)
 {
     if (viRecords == m_viSelectedRecords)
         return false;
+    m_pqLegends->clearSelection();
     m_viSelectedRecords = viRecords;
     updateRoseChart();
     return true;
@@ -346,10 +347,8 @@ void QRoseChartWidget::slotPointsSelected(bool* pbSelection, int iLength)
         if (pbSelection[i])
             viRecords.push_back(i);
     }
-    m_pqLegends->clearSelection();
-    // The owner takes the flags before the rose of the new selection may reuse them.
-    emit dataPointsSelection(pbSelection, iLength);
     setSelectedRows(viRecords);
+    emit dataPointsSelection(pbSelection, iLength);
 }
 
 void QRoseChartWidget::slotLegendSelection()
@@ -369,8 +368,10 @@ void QRoseChartWidget::slotLegendSelection()
             viRecords.push_back(static_cast<int>(i));
         }
     }
+    // Not by setSelectedRows(), neither here nor by an owner who answers with these rows: the legend stays as it is.
+    m_viSelectedRecords = viRecords;
+    updateRoseChart();
     emit dataPointsSelection(vbSelection.data(), static_cast<int>(vbSelection.size()));
-    setSelectedRows(viRecords);
 }
 
 void QRoseChartWidget::slotCursorMoved()

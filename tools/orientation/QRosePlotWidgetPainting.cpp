@@ -185,10 +185,7 @@ void QRosePlotWidget::drawScaleLabels(QPainter* pPainter)
 QPen QRosePlotWidget::meanPen(bool bAxis) const
 {
     const QColor oColor = readableColor(bAxis ? g_oAxisColor : g_oMeanColor, m_oBackgroundColor, m_oLabelColor);
-    QPen pen(oColor, g_dMeanWidth, Qt::SolidLine, Qt::FlatCap);
-    if (bAxis)
-        pen.setDashPattern({4.0, 2.0});
-    return pen;
+    return {oColor, g_dMeanWidth, bAxis ? Qt::DashLine : Qt::SolidLine, Qt::FlatCap};
 }
 
 void QRosePlotWidget::drawVector(QPainter* pPainter, double dDirection, double dLength, int iExtraLength)
