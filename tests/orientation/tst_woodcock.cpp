@@ -148,6 +148,7 @@ void TestWoodcock::pointsOutsideAreMarked()
 {
     QWoodcockHelpWidget diagram;
     diagram.resize(383, 383);
+    QCOMPARE(diagram.transformInPixelPoint({5, 5}), QPointF(330, 68));
     diagram.addPoint(1, 30, Circle, Qt::red);
     const QImage oImage = diagram.grab().toImage();
     QVERIFY(pixelsOf(oImage, Qt::red, {}, 383) > 30);
@@ -155,6 +156,9 @@ void TestWoodcock::pointsOutsideAreMarked()
     for (int x = 0; x < 383 && iAtTop < 0; ++x)
         iAtTop = diagram.pointAt(QPointF(x, 18));
     QCOMPARE(iAtTop, 0); // it can be asked for its values
+    diagram.resetPoints();
+    for (int x = 0; x < 383; ++x) // also before the next drawing
+        QCOMPARE(diagram.pointAt(QPointF(x, 18)), -1);
 }
 
 void TestWoodcock::resetLeavesThePicture()

@@ -89,6 +89,7 @@ void QWoodcockHelpWidget::resetPoints()
     m_viSymbols.clear();
     m_voColors.clear();
     m_vsNames.clear();
+    m_vMarks.clear(); // the mouse may ask for them before the next layout
     scheduleRedraw();
 }
 
@@ -114,12 +115,12 @@ bool QWoodcockHelpWidget::isCurrent(int iPoint) const
 
 QPointF QWoodcockHelpWidget::point(const QPointF& small, const QPointF& large) const
 {
-    return woodcockReferencePixel(m_oLaidOut, small, large);
+    return woodcockReferencePixel(chartSize(), small, large);
 }
 
 QPointF QWoodcockHelpWidget::transformInPixelPoint(const QPointF& oPoint)
 {
-    return WoodcockAxes(m_oLaidOut).pixel(oPoint.x(), oPoint.y());
+    return WoodcockAxes(chartSize()).pixel(oPoint.x(), oPoint.y());
 }
 
 QWoodcockHelpWidget::Mark QWoodcockHelpWidget::markOf(const QPointF& oValues) const

@@ -39,7 +39,7 @@ public:
     void clearCurrentPoint();
     QPointF currentPoint() const { return m_oCurrent; } ///< (99999.0, 99999.0) for none
 
-    /// A reference pixel, small at 383 and large at 634 pixels, in the chart as it was laid out last.
+    /// A reference pixel, small at 383 and large at 634 pixels, in the chart of the present size.
     QPointF point(const QPointF& small, const QPointF& large) const;
     /// (ln(S2/S3), ln(S1/S2)) to pixels of the whole chart.
     QPointF transformInPixelPoint(const QPointF& oPoint) override;

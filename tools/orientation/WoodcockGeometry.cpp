@@ -57,6 +57,7 @@ std::vector<WoodcockLine> woodcockLinesOfK()
     constexpr double dEnd = WoodcockAxes::s_dEnd;
     constexpr std::array adRatios{0.2, 0.5, 1.0, 2.0, 5.0};
     std::vector<WoodcockLine> vLines;
+    vLines.reserve(adRatios.size());
     for (const double dK : adRatios)
         vLines.push_back({dK, {QPointF(0.0, 0.0), QPointF(std::min(dEnd, dEnd / dK), std::min(dEnd, dEnd * dK))}});
     return vLines;
@@ -67,6 +68,7 @@ std::vector<WoodcockLine> woodcockLinesOfC()
     constexpr double dEnd = WoodcockAxes::s_dEnd;
     constexpr std::array adStrengths{2.0, 4.0, 6.0, 8.0};
     std::vector<WoodcockLine> vLines;
+    vLines.reserve(adStrengths.size());
     for (const double dC : adStrengths) {
         const double dFar = std::min(dC, dEnd);
         vLines.push_back({dC, {QPointF(dFar, dC - dFar), QPointF(dC - dFar, dFar)}});
