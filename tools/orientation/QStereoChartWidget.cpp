@@ -199,7 +199,7 @@ void QStereoChartWidget::showClasses()
 {
     const QRelationshipItemModel& model = *relationshipItemModel();
     m_pqLegends->setClasses(model);
-    m_pqPointPage->setColorIsBanded(model.colorAttributeIsOn() && model.colorClasses().isBanded());
+    m_pqPointPage->setColorAttribute(model.colorAttribute(), model.colorClasses().isBanded());
     showLegends();
 }
 
@@ -377,8 +377,8 @@ void QStereoChartWidget::slotResultsChanged()
 void QStereoChartWidget::slotColorMapChanged()
 {
     m_oSettings = settings();
-    relationshipItemModel()->setColorMap(g_dMissingValue, g_dMissingValue, g_dMissingValue,
-                                         m_oSettings.m_bClassesRedToBlue);
+    const RelationshipClasses::ColorMap map = m_pqPointPage->colorMap();
+    relationshipItemModel()->setColorMap(map.m_dMin, map.m_dMax, map.m_dInterval, map.m_bRedToBlue);
     showClasses();
     updateChart();
 }

@@ -235,10 +235,13 @@ void QStereoChartWidget::setClassAttribute(bool bColor, MatrixData* poAttribute)
     QRelationshipItemModel& model = *relationshipItemModel();
     if (poAttribute == (bColor ? model.colorAttribute() : model.symbolAttribute()))
         return;
-    if (bColor)
+    if (bColor) {
+        // The bounds of a colour map belong to the attribute that they were made for.
+        model.setColorMap(g_dMissingValue, g_dMissingValue, g_dMissingValue, m_pqPointPage->colorMap().m_bRedToBlue);
         model.setColorAttribute(poAttribute);
-    else
+    } else {
         model.setSymbolAttribute(poAttribute);
+    }
     showChosen();
     showClasses();
     m_pqClusterPage->showClusters(model, convention());

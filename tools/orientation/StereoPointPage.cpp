@@ -2,6 +2,7 @@
 
 #include "ChartPanelControls.h"
 #include "ColorButton.h"
+#include "ColorMapEdits.h"
 #include "QChartDrawingArea.h"
 #include "QIntSpinBoxWithSlider.h"
 
@@ -9,8 +10,10 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QFormLayout>
+#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QSignalBlocker>
+#include <QVBoxLayout>
 
 namespace gkBase {
 
@@ -22,7 +25,7 @@ StereoPointPage::StereoPointPage(QChartDrawingArea* pqCanvas, QWidget* pqParent)
     addLayers(*pqForm);
     addSymbols(*pqForm);
     addAttributes(*pqForm);
-    setColorIsBanded(false);
+    setColorAttribute(nullptr, false);
     setSettings({});
 }
 
@@ -74,23 +77,36 @@ void StereoPointPage::addAttributes(QFormLayout& form)
     m_pqSymbolChooser = new AttributeChooser(tr("Symbol Attribute"), true);
     m_pqSymbolChooser->setObjectName(QStringLiteral("m_pqSymbolChooser"));
     m_pqSymbolChooser->setToolTip(tr("The attribute whose values choose the symbols of the first data set"));
-    m_pqRedToBlueCheckBox =
-        newCheckBox(tr("Red to Blue"), tr("Small values are red and large ones blue"), "m_pqClassesRedToBlueCheckBox");
     m_pqColorLegendCheckBox = newCheckBox(
         tr("Color Legend"), tr("List the classes of the color attribute beside the net"), "m_pqColorLegendCheckBox");
     m_pqSymbolLegendCheckBox = newCheckBox(
         tr("Symbol Legend"), tr("List the classes of the symbol attribute beside the net"), "m_pqSymbolLegendCheckBox");
     form.addRow(tr("Color By"), m_pqColorChooser);
     form.addRow(tr("Symbol By"), m_pqSymbolChooser);
-    form.addRow(m_pqRedToBlueCheckBox);
     form.addRow(m_pqColorLegendCheckBox);
     form.addRow(m_pqSymbolLegendCheckBox);
+    form.addRow(newColorMapGroup());
     using Page = StereoPointPage;
     connect(m_pqColorChooser, &AttributeChooser::attributeChosen, this, &Page::colorAttributeChosen);
     connect(m_pqSymbolChooser, &AttributeChooser::attributeChosen, this, &Page::symbolAttributeChosen);
-    connect(m_pqRedToBlueCheckBox, &QCheckBox::clicked, this, &Page::colorMapChanged);
     for (QCheckBox* pqBox : {m_pqColorLegendCheckBox, m_pqSymbolLegendCheckBox})
         connect(pqBox, &QCheckBox::clicked, this, &Page::changed);
+}
+
+QGroupBox* StereoPointPage::newColorMapGroup()
+{
+    m_pqColorMapGroup = new QGroupBox(tr("Color Map"));
+    m_pqColorMapGroup->setToolTip(
+        tr("Bands of colors for attributes of numbers; an empty field takes what suits the values"));
+    m_pqColorMapEdits = new ColorMapEdits(tr("Interval"), QStringLiteral("---"));
+    m_pqRedToBlueCheckBox =
+        newCheckBox(tr("Red to Blue"), tr("Small values are red and large ones blue"), "m_pqClassesRedToBlueCheckBox");
+    auto* pqLayout = new QVBoxLayout(m_pqColorMapGroup);
+    pqLayout->addWidget(m_pqColorMapEdits);
+    pqLayout->addWidget(m_pqRedToBlueCheckBox);
+    connect(m_pqColorMapEdits, &ColorMapEdits::edited, this, &StereoPointPage::colorMapChanged);
+    connect(m_pqRedToBlueCheckBox, &QCheckBox::clicked, this, &StereoPointPage::colorMapChanged);
+    return m_pqColorMapGroup;
 }
 
 void StereoPointPage::showStyleIcons()
@@ -122,9 +138,17 @@ void StereoPointPage::removeEntries(const std::unordered_set<int>& iGlobalIDs)
     m_pqSymbolChooser->removeEntries(iGlobalIDs);
 }
 
-void StereoPointPage::setColorIsBanded(bool bBanded)
+RelationshipClasses::ColorMap StereoPointPage::colorMap() const
 {
-    m_pqRedToBlueCheckBox->setEnabled(bBanded);
+    RelationshipClasses::ColorMap map = m_pqColorMapEdits->colorMap();
+    map.m_bRedToBlue = m_pqRedToBlueCheckBox->isChecked();
+    return map;
+}
+
+void StereoPointPage::setColorAttribute(const MatrixData* poAttribute, bool bBanded)
+{
+    m_pqColorMapGroup->setEnabled(poAttribute && bBanded);
+    m_pqColorMapEdits->setAttribute(poAttribute);
 }
 
 void StereoPointPage::writeTo(StereoChartSettings& settings) const

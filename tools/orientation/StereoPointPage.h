@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AttributeChooser.h"
+#include "RelationshipClasses.h"
 #include "StereoChartSettings.h"
 #include "gkBaseToolsExport.h"
 
@@ -13,11 +14,13 @@
 class QCheckBox;
 class QComboBox;
 class QFormLayout;
+class QGroupBox;
 class QIntSpinBoxWithSlider;
 
 namespace gkBase {
 
 class ColorButton;
+class ColorMapEdits;
 class QChartDrawingArea;
 
 /// The controls of a stereonet's points: the three layers with their colours, symbols, and the attributes whose
@@ -35,8 +38,11 @@ public:
     /// Shows what is chosen; null is none. Emits nothing.
     void chooseColor(const MatrixData* poNode) { m_pqColorChooser->choose(poNode); }
     void chooseSymbol(const MatrixData* poNode) { m_pqSymbolChooser->choose(poNode); }
-    /// The colour map can be turned only for an attribute that has one.
-    void setColorIsBanded(bool bBanded);
+    /// In model units.
+    RelationshipClasses::ColorMap colorMap() const;
+    /// The bands of another attribute come from its values at first; null, or bBanded false, switches the colour map
+    /// off. Emits nothing.
+    void setColorAttribute(const MatrixData* poAttribute, bool bBanded);
 
     /// Writes what stands here into the settings; the rest of them stays.
     void writeTo(StereoChartSettings& settings) const;
@@ -65,6 +71,7 @@ private:
     void addLayers(QFormLayout& form);
     void addSymbols(QFormLayout& form);
     void addAttributes(QFormLayout& form);
+    QGroupBox* newColorMapGroup();
     /// Pictures of the styles that can be seen on the palette's background.
     void showStyleIcons();
 
@@ -75,6 +82,8 @@ private:
     QCheckBox* m_pqHollowCheckBox = nullptr;
     AttributeChooser* m_pqColorChooser = nullptr;
     AttributeChooser* m_pqSymbolChooser = nullptr;
+    QGroupBox* m_pqColorMapGroup = nullptr;
+    ColorMapEdits* m_pqColorMapEdits = nullptr;
     QCheckBox* m_pqRedToBlueCheckBox = nullptr;
     QCheckBox* m_pqColorLegendCheckBox = nullptr;
     QCheckBox* m_pqSymbolLegendCheckBox = nullptr;
