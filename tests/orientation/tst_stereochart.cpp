@@ -320,6 +320,14 @@ void TestStereoChart::clustersColourThePoints()
     QCOMPARE(selected.count(), 1);
     QCOMPARE(f.taken(), std::size_t(g_iRecords / 2));
     QVERIFY(f.model().isSelected(1) && !f.model().isSelected(0));
+    // So does a row beside the Woodcock diagram, where the cluster stays highlighted.
+    f.m_panel.calculateWoodcockParameterForClusters();
+    auto* pqShapes = f.control<QTableWidget>("m_pqWoodcockTable");
+    pqShapes->selectRow(1 + f.model().clusterID(0));
+    QTRY_VERIFY(f.model().isSelected(0) && !f.model().isSelected(1));
+    f.m_panel.calculateWoodcockParameterForClusters();
+    QCOMPARE(pqShapes->item(0, 0)->text(), QStringLiteral("Selected"));
+    QVERIFY(pqShapes->item(1 + f.model().clusterID(0), 0)->isSelected());
     f.m_panel.setDataSet(f.node("Joints"));
     QVERIFY(!f.model().clusterCentroids());
     QVERIFY(!f.model().colorAttributeIsOn());

@@ -38,6 +38,16 @@
 
 namespace gkBase {
 
+namespace {
+
+/// Some of the records do not count, because others are selected.
+bool onlySomeCount(const QRelationshipItemModel& model)
+{
+    return model.partSelection() && model.numberOfTakenPoints() < model.numberOfValidPoints();
+}
+
+} // namespace
+
 // ---- what follows from the records ----------------------------------------------------------------------------------
 
 void QStereoChartWidget::updateChart()
@@ -152,7 +162,8 @@ std::vector<ClusterShape> QStereoChartWidget::clusterShapes() const
     std::vector<ClusterShape> vShapes;
     if (const OrientationStatistics all = model.orientationStatistics(bPoles, model.partSelection());
         all.m_oSums.m_iCount > 0)
-        vShapes.push_back({tr("All"), all.m_oSums.m_iCount, all.m_oWoodcock, Qt::black, PointStyle::Diamond});
+        vShapes.push_back({onlySomeCount(model) ? tr("Selected") : tr("All"), all.m_oSums.m_iCount, all.m_oWoodcock,
+                           Qt::black, PointStyle::Diamond});
     const std::span<const std::size_t> viSizes = model.clusterSizes();
     const std::vector<QColor> voColors = StereoClusterPage::clusterColors(model);
     for (std::size_t i = 0; i < viSizes.size(); ++i) {
@@ -173,6 +184,8 @@ void QStereoChartWidget::calculateWoodcockParameterForClusters()
         m_pqWoodcockPage->showNothing(noStatisticsReason());
     else
         m_pqWoodcockPage->showShapes(vShapes);
+    const int iFirstCluster = static_cast<int>(vShapes.size() - relationshipItemModel()->clusterSizes().size());
+    m_pqWoodcockPage->setCurrentShape(m_iHighlightedCluster < 0 ? -1 : iFirstCluster + m_iHighlightedCluster);
 }
 
 void QStereoChartWidget::fillReportPage()
@@ -182,7 +195,7 @@ void QStereoChartWidget::fillReportPage()
     const MatrixData* poDataSet = nodeAngle() ? nodeAngle()->owner() : nullptr;
     report.m_sName = poDataSet ? poDataSet->name() : QString();
     report.m_bPlanes = !model.linesAreShown();
-    report.m_bSelectionOnly = model.partSelection() && model.numberOfTakenPoints() < model.numberOfValidPoints();
+    report.m_bSelectionOnly = onlySomeCount(model);
     report.m_vStatistics = statistics();
     report.m_bWeighted = !model.appliedWeights().empty();
     report.m_oScanLine = model.scanLine();

@@ -261,6 +261,7 @@ private:
     void slotSelectionCleared();
     void slotLegendSelection();
     void slotClusterClicked(int iCluster, bool bAdd);
+    void slotShapeChosen(int iShape);
     void selectByControls(std::span<const unsigned char> vbMask, bool bAdd);
     void slotScanLineChanged();
     OrientationConvention convention() const;
@@ -287,6 +288,7 @@ private:
     bool m_bClearedByGesture = false;   ///< the gesture on the net that is going on cleared the selection
     bool m_bShowLegends = true;
     bool m_bContourLegendPending = false;
+    int m_iHighlightedCluster = -1; ///< in the Woodcock diagram; −1 for none
     bool m_bStatisticsStale = true;
     bool m_bWoodcockStale = true;
     bool m_bReportStale = true;

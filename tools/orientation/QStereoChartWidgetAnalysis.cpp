@@ -149,6 +149,7 @@ bool QStereoChartWidget::applyClusters(int iClusters)
         if (!model.buildClusters_KML_ForStereoProjection(sName, iClusters))
             return false;
     }
+    m_iHighlightedCluster = -1;
     colorByClusters(sName);
     m_pqClusterPage->showClusters(model, convention());
     pagesAreStale();

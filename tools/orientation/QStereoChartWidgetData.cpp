@@ -13,6 +13,7 @@
 #include "StereoPointPage.h"
 #include "StereoResultPage.h"
 #include "StereoRotationPage.h"
+#include "StereoWoodcockPage.h"
 
 #include <algorithm>
 #include <numeric>
@@ -370,6 +371,7 @@ bool QStereoChartWidget::setSelectedRows(const std::vector<int>& viRecords)
         model.setEmptySelectionTakesAll(true);
     if (!model.setSelectedRecords(viRecords) && !bFromNone)
         return false;
+    m_iHighlightedCluster = -1;
     selectInFurtherLayers();
     m_pqLegends->clearSelection();
     // What is not read yet has no statistics that are worth the time.
@@ -399,6 +401,7 @@ void QStereoChartWidget::slotPointsSelected(bool* pbSelection, int iLength)
 {
     QRelationshipItemModel& model = *relationshipItemModel();
     m_pqLegends->clearSelection();
+    m_iHighlightedCluster = -1;
     m_viSelectedRecords = model.selectedRecords();
     const bool bCleared = std::exchange(m_bClearedByGesture, false);
     model.setEmptySelectionTakesAll(!m_viSelectedRecords.empty() || !bCleared);
@@ -419,6 +422,7 @@ void QStereoChartWidget::slotSelectionCleared()
 
 void QStereoChartWidget::slotLegendSelection()
 {
+    m_iHighlightedCluster = -1;
     selectByControls(m_pqLegends->selectedRecords(*relationshipItemModel()), false);
 }
 
@@ -429,7 +433,18 @@ void QStereoChartWidget::slotClusterClicked(int iCluster, bool bAdd)
     std::transform(viIDs.begin(), viIDs.end(), vbMembers.begin(),
                    [iCluster](int iID) { return static_cast<unsigned char>(iID == iCluster); });
     m_pqLegends->clearSelection();
+    m_iHighlightedCluster = iCluster;
     selectByControls(vbMembers, bAdd);
+}
+
+/// The shapes are that of the records that count, if there are any, and those of the clusters.
+void QStereoChartWidget::slotShapeChosen(int iShape)
+{
+    const auto iClusters = static_cast<int>(relationshipItemModel()->clusterSizes().size());
+    const int iCluster = iShape - (m_pqWoodcockPage->numberOfShapes() - iClusters);
+    m_iHighlightedCluster = -1;
+    if (iShape >= 0 && iCluster >= 0)
+        slotClusterClicked(iCluster, false);
 }
 
 /// Selects records as a gesture on the net does.

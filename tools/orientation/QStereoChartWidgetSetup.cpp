@@ -274,6 +274,8 @@ void QStereoChartWidget::connectAnalysis()
     connect(m_pqRotationPage, &StereoRotationPage::attributesWanted, this, &Panel::createRotatedAttributes);
     connect(m_pqClusterPage, &StereoClusterPage::applyWanted, this, &Panel::slotApplyClusterGeneration);
     connect(m_pqClusterPage, &StereoClusterPage::clusterClicked, this, &Panel::slotClusterClicked);
+    // Queued: the selection fills the table again in which the row was chosen.
+    connect(m_pqWoodcockPage, &StereoWoodcockPage::shapeChosen, this, &Panel::slotShapeChosen, Qt::QueuedConnection);
     connect(m_pqClusterPage, &StereoClusterPage::centroidsToggled, this, &Panel::slotLooksChanged);
     connect(m_pqBiasPage, &StereoBiasPage::weightsToggled, this, &Panel::slotScanLineChanged);
     connect(m_pqBiasPage, &StereoBiasPage::scanLineChanged, this, &Panel::slotScanLineChanged);

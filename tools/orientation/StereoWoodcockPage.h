@@ -33,6 +33,7 @@ public:
     /// Highlights a row and its point; −1 for none. Emits nothing.
     void setCurrentShape(int iShape);
     int currentShape() const;
+    int numberOfShapes() const { return static_cast<int>(m_vShapes.size()); }
     /// The table, separated by tabs, with its headers.
     QString text() const;
 
