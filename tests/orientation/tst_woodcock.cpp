@@ -121,6 +121,9 @@ void TestWoodcock::edgeMarksKeepTheirShape()
 
 void TestWoodcock::pointsAreDrawnWhereTheyLie()
 {
+    QWoodcockHelpWidget tiny; // has no room for marks at its edge
+    tiny.addPoint(30, 30, Circle, Qt::red, "A");
+    QVERIFY(!picture(tiny, 20).isNull());
     for (const int iSize : {200, 383, 500, 634}) {
         QWoodcockHelpWidget diagram;
         const QImage oEmpty = picture(diagram, iSize);

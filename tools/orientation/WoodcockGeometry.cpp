@@ -78,7 +78,7 @@ std::vector<WoodcockLine> woodcockLinesOfC()
 
 std::optional<QPointF> woodcockEdgeMark(const QRectF& oArea, const QPointF& oOrigin, const QPointF& oPixel)
 {
-    if (oArea.contains(oPixel))
+    if (oArea.isEmpty() || oArea.contains(oPixel))
         return {};
     const QPointF oStep = oPixel - oOrigin;
     const double dFactor = std::min(reach(oOrigin.x(), oStep.x(), oArea.left(), oArea.right()),

@@ -47,7 +47,7 @@ GKBASETOOLS_EXPORT std::vector<WoodcockLine> woodcockLinesOfK(); ///< 0.2, 0.5, 
 GKBASETOOLS_EXPORT std::vector<WoodcockLine> woodcockLinesOfC(); ///< 2, 4, 6, 8, from the x axis up
 
 /// Where a pixel outside the picture is marked: the point at which the line from the origin to it leaves the area, so
-/// that the mark keeps its K. Nothing for pixels inside.
+/// that the mark keeps its K. Nothing for pixels inside, and for an empty area.
 GKBASETOOLS_EXPORT std::optional<QPointF> woodcockEdgeMark(const QRectF& oArea, const QPointF& oOrigin,
                                                            const QPointF& oPixel);
 
