@@ -286,6 +286,7 @@ std::vector<QPolarPlotWidget::RimLabel> QPolarPlotWidget::angleLabels(const QPai
         for (int iDirection = iStep; iDirection <= 360; iDirection += iStep)
             vLabels.push_back(angleLabel(iDirection, g_iAngleGap));
         std::vector<QRectF> voBoxes;
+        voBoxes.reserve(vLabels.size());
         for (const RimLabel& label : vLabels)
             voBoxes.push_back(labelBox(metrics, label));
         if (!overlap(voBoxes))

@@ -109,7 +109,8 @@ void QRosePlotWidget::drawBinBoundaryCircles(QPainter* pPainter)
 void QRosePlotWidget::drawGridCircles(QPainter* pPainter, int iPenWidth)
 {
     pPainter->setBrush(Qt::NoBrush);
-    pPainter->setPen(QPen(m_oLabelColor, iPenWidth));
+    // Dotted, so that the petals stand out from the scale.
+    pPainter->setPen(QPen(m_oLabelColor, iPenWidth, Qt::DotLine));
     for (const int iRadius : m_viGridRadii)
         drawCircle(pPainter, iRadius);
     for (int iDirection = 0; iDirection < 360; iDirection += g_iGridLineStep)
@@ -326,6 +327,9 @@ void QRosePlotWidget::drawVisibleFrame(QPainter& painter, const QRect& oVisibleA
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(m_oLabelColor);
     const Caption counts = countCaption(painter);
+    // Of a magnified chart anything may lie under the captions.
+    for (const QRectF& oBox : {counts.m_oBox, meanCaption(painter).m_oBox})
+        painter.fillRect(oBox, m_oBackgroundColor);
     if (!counts.m_oBox.isEmpty())
         painter.drawText(counts.m_oBox, Qt::AlignLeft | Qt::AlignBottom, counts.m_lLines.join(QLatin1Char('\n')));
     drawMeanCaption(painter);
