@@ -17,7 +17,6 @@
 #include <gkBase/TabWidgetWithFloatingTabs.h>
 #include <gkBase/UnitRegistry.h>
 
-#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
@@ -28,7 +27,8 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
+#include <cmath>
+#include <initializer_list>
 #include <memory>
 
 using namespace gkBase;
@@ -177,20 +177,15 @@ private slots:
         QCOMPARE(model.rotatedData(0), oFirst);
     }
 
-    void copyingANetEndsPasting()
+    void copyingTakesThePicture()
     {
         takeOrientations();
-        QApplication::clipboard()->setText(QStringLiteral("1\t2"));
-        m_pqDialog->tabWidget()->setCurrentIndex(0);
-        QVERIFY(m_pqDialog->pasteAction()->isEnabled());
-        for (QWidget* pqPage :
-             {static_cast<QWidget*>(m_pqDialog->roseChart()), static_cast<QWidget*>(m_pqDialog->stereoChart()),
-              static_cast<QWidget*>(m_pqDialog->tangentChart())}) {
+        for (QWidget* pqPage : std::initializer_list<QWidget*>{m_pqDialog->roseChart(), m_pqDialog->stereoChart(),
+                                                               m_pqDialog->tangentChart()}) {
             QApplication::clipboard()->clear();
             showPage(pqPage);
             m_pqDialog->copyToClipboard();
             QVERIFY(QApplication::clipboard()->mimeData()->hasImage());
-            QVERIFY(!m_pqDialog->pasteAction()->isEnabled());
         }
     }
 
