@@ -8,6 +8,7 @@ namespace gkBase {
 namespace {
 
 constexpr std::size_t g_iMostTakenSide = 8192; // 8 MB of bits
+constexpr int g_iTileSide = 32;
 
 } // namespace
 
@@ -31,6 +32,9 @@ CurveRaster::CurveRaster(const PointTarget& target, const NetFrame& oFrame)
 void CurveRaster::freeDisc()
 {
     const int iWidth = m_oPicture.width();
+    m_iTileColumns = iWidth / g_iTileSide + 1;
+    m_viTileFree.resize(static_cast<std::size_t>(m_iTileColumns) *
+                        static_cast<std::size_t>(m_oPicture.height() / g_iTileSide + 1));
     m_vbFree.resize(static_cast<std::size_t>(iWidth) * static_cast<std::size_t>(m_oPicture.height()));
     for (int iRow = 0; iRow < m_oPicture.height(); ++iRow) {
         const double dY = iRow + 0.5 - m_dCentreY;
@@ -40,8 +44,26 @@ void CurveRaster::freeDisc()
         if (dHalf > 0.0 && iFirst < iEnd) {
             std::fill_n(m_vbFree.begin() + static_cast<std::ptrdiff_t>(iRow) * iWidth + iFirst, iEnd - iFirst, 1);
             m_iFree += static_cast<std::size_t>(iEnd - iFirst);
+            const auto iTiles = static_cast<std::size_t>(iRow / g_iTileSide) * static_cast<std::size_t>(m_iTileColumns);
+            for (int iColumn = iFirst; iColumn < iEnd; ++iColumn) {
+                ++m_viTileFree[iTiles + static_cast<std::size_t>(iColumn / g_iTileSide)];
+            }
         }
     }
+}
+
+/// All tiles that a box touches; the box lies inside the picture.
+bool CurveRaster::tilesAreFull(int iLeft, int iTop, int iRight, int iBottom) const
+{
+    for (int iRow = iTop / g_iTileSide; iRow <= iBottom / g_iTileSide; ++iRow) {
+        for (int iColumn = iLeft / g_iTileSide; iColumn <= iRight / g_iTileSide; ++iColumn) {
+            if (m_viTileFree[static_cast<std::size_t>(iRow) * static_cast<std::size_t>(m_iTileColumns) +
+                             static_cast<std::size_t>(iColumn)] != 0) {
+                return false;
+            }
+        }
+    }
+    return true;
 }
 
 bool CurveRaster::take(NetPoint oPoint)
@@ -76,6 +98,11 @@ void CurveRaster::writeSegment(double dX1, double dY1, double dX2, double dY2, Q
         std::min(dY1, dY2) >= iHeight) {
         return;
     }
+    const auto inside = [](double d, int iEnd) { return static_cast<int>(std::clamp(d, 0.0, iEnd - 1.0)); };
+    if (tilesAreFull(inside(std::min(dX1, dX2), iWidth), inside(std::min(dY1, dY2), iHeight),
+                     inside(std::max(dX1, dX2), iWidth), inside(std::max(dY1, dY2), iHeight))) {
+        return;
+    }
     const int iSteps = std::max(1, static_cast<int>(std::ceil(std::max(std::abs(dX2 - dX1), std::abs(dY2 - dY1)))));
     const double dX = (dX2 - dX1) / iSteps;
     const double dY = (dY2 - dY1) / iSteps;
@@ -92,6 +119,8 @@ void CurveRaster::writeSegment(double dX1, double dY1, double dX2, double dY2, Q
         if (bFree != 0) {
             bFree = 0;
             --m_iFree;
+            --m_viTileFree[static_cast<std::size_t>(iY / g_iTileSide) * static_cast<std::size_t>(m_iTileColumns) +
+                           static_cast<std::size_t>(iX / g_iTileSide)];
             pPixels[iY * iStride + iX] = oColor;
         }
     }

@@ -35,6 +35,7 @@ public:
 
 private:
     void freeDisc();
+    bool tilesAreFull(int iLeft, int iTop, int iRight, int iBottom) const;
     void writeSegment(double dX1, double dY1, double dX2, double dY2, QRgb oColor);
 
     QRect m_oRect;
@@ -44,7 +45,9 @@ private:
     QImage m_oPicture;
     std::vector<std::uint8_t> m_vbFree; ///< pixels of the disc without colour
     std::size_t m_iFree = 0;
-    std::vector<bool> m_vbTaken; ///< pixels of the net, row by row; empty: too many
+    int m_iTileColumns = 0;
+    std::vector<std::uint16_t> m_viTileFree; ///< how many of a tile are free: full ones are not looked at again
+    std::vector<bool> m_vbTaken;             ///< pixels of the net, row by row; empty: too many
     std::size_t m_iTakenSide = 0;
 };
 

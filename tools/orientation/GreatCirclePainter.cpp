@@ -2,6 +2,7 @@
 
 #include "CurveRaster.h"
 #include "DevicePixels.h"
+#include "DirectionCosines.h"
 #include "Fingerprint.h"
 #include "MissingValue.h"
 #include "NetPaths.h"
@@ -10,6 +11,9 @@
 #include <QPainter>
 #include <QPen>
 #include <QPolygonF>
+
+#include <algorithm>
+#include <cmath>
 
 namespace gkBase {
 
@@ -68,12 +72,53 @@ std::uint64_t fingerprint(const GreatCircleBatch& batch, const PointTarget& targ
     return print.value();
 }
 
+/// What of the sphere a part of the device shows, as a cap around its middle. A great circle crosses a cap only when
+/// its pole lies at 90 degrees from the middle, to within the radius of the cap.
+class SeenCap
+{
+public:
+    SeenCap(const NetProjection& oProjection, const NetFrame& oFrame, const PointTarget& target)
+    {
+        const QRectF oRect(target.m_oRect);
+        const auto directionAt = [&](const QPointF& oPixel) {
+            const QPointF oChart = (oPixel - target.m_oOffset) / target.m_dScale;
+            const LineOrientation oLine = oProjection.lineAt(pulledOntoNet(oFrame.toNet(oChart.x(), oChart.y())));
+            return lineVector(oLine.m_dPlunge, oLine.m_dAzimuth);
+        };
+        constexpr int iSteps = 16;
+        constexpr double dMargin = 1.0; // degrees, for what the steps leave out
+        m_oMiddle = directionAt(oRect.center());
+        double dRadius = 0.0;
+        for (int i = 0; i <= iSteps; ++i) {
+            const QPointF oStep(oRect.width() * i / iSteps, oRect.height() * i / iSteps);
+            for (const QPointF& oPixel :
+                 {QPointF(oRect.left() + oStep.x(), oRect.top()), QPointF(oRect.left() + oStep.x(), oRect.bottom()),
+                  QPointF(oRect.left(), oRect.top() + oStep.y()), QPointF(oRect.right(), oRect.top() + oStep.y())}) {
+                dRadius = std::max(dRadius, angleBetweenAxes(m_oMiddle, directionAt(oPixel)));
+            }
+        }
+        // Large parts show so much that nothing is gained.
+        m_bAll = dRadius > 45.0;
+        m_dSine = sineCosine(std::min(dRadius + dMargin, 90.0)).m_dSine;
+    }
+    bool isCrossedBy(double dDip, double dDipAzimuth) const
+    {
+        return m_bAll || std::abs(m_oMiddle.dot(poleVector(dDip, dDipAzimuth))) <= m_dSine;
+    }
+
+private:
+    gdfVertex m_oMiddle;
+    double m_dSine = 1.0;
+    bool m_bAll = true;
+};
+
 CurveRaster raster(const GreatCircleBatch& batch, const PointTarget& target, Part ePart)
 {
     CurveRaster curves(target, batch.m_oFrame);
+    const SeenCap cap(batch.m_oProjection, batch.m_oFrame, target);
     const double dStep = curveStep(batch.m_oFrame);
     for (std::size_t i = batch.size(); i-- > 0 && !curves.isFull();) {
-        if (belongs(batch, ePart, i) &&
+        if (belongs(batch, ePart, i) && cap.isCrossedBy(batch.m_vdDips[i], batch.m_vdDipAzimuths[i]) &&
             curves.take(batch.m_oProjection.pole(batch.m_vdDips[i], batch.m_vdDipAzimuths[i]))) {
             curves.write(greatCircle(batch.m_oProjection, batch.m_vdDips[i], batch.m_vdDipAzimuths[i], dStep),
                          qPremultiply(colorOf(batch, ePart, i).rgba()));
