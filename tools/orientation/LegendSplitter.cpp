@@ -45,21 +45,41 @@ void LegendSplitter::setLegendsVisible(bool bVisible)
         arrange();
 }
 
+void LegendSplitter::restore(const QByteArray& state)
+{
+    if (!restoreState(state))
+        return;
+    // The state holds the orientation that suited the window of that time.
+    m_pqLegendLayout->setDirection(direction());
+    fitOrientation(size());
+}
+
 void LegendSplitter::resizeEvent(QResizeEvent* pEvent)
 {
-    const Qt::Orientation eWanted =
-        pEvent->size().width() >= pEvent->size().height() + g_iLegendMinimumWidth ? Qt::Horizontal : Qt::Vertical;
-    if (eWanted != orientation()) {
-        setOrientation(eWanted);
-        arrange();
-    }
+    fitOrientation(pEvent->size());
     QSplitter::resizeEvent(pEvent);
+}
+
+void LegendSplitter::fitOrientation(const QSize& oSize)
+{
+    const Qt::Orientation eWanted =
+        oSize.width() >= oSize.height() + g_iLegendMinimumWidth ? Qt::Horizontal : Qt::Vertical;
+    if (eWanted == orientation())
+        return;
+    setOrientation(eWanted);
+    arrange();
+}
+
+/// Legends beside the chart stand one below the other, those below it side by side.
+QBoxLayout::Direction LegendSplitter::direction() const
+{
+    return orientation() == Qt::Horizontal ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight;
 }
 
 void LegendSplitter::arrange()
 {
     const bool bBeside = orientation() == Qt::Horizontal;
-    m_pqLegendLayout->setDirection(bBeside ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    m_pqLegendLayout->setDirection(direction());
     const int iLegends = bBeside ? g_iLegendWidth : g_iLegendHeight;
     setSizes({std::max(1, (bBeside ? width() : height()) - iLegends), iLegends});
 }

@@ -2,9 +2,9 @@
 
 #include "gkBaseToolsExport.h"
 
+#include <QBoxLayout>
+#include <QByteArray>
 #include <QSplitter>
-
-class QBoxLayout;
 
 namespace gkBase {
 
@@ -20,11 +20,15 @@ public:
     void addLegend(QWidget* pqLegend);
     /// The legends take no room while there is nothing in them.
     void setLegendsVisible(bool bVisible);
+    /// restoreState() of what saveState() gave, in a window of any shape. Nothing for another state.
+    void restore(const QByteArray& state);
 
 protected:
     void resizeEvent(QResizeEvent* pEvent) override;
 
 private:
+    void fitOrientation(const QSize& oSize);
+    QBoxLayout::Direction direction() const;
     void arrange();
 
     QWidget* m_pqLegends;

@@ -43,7 +43,7 @@ namespace {
 /// Some of the records do not count, because others are selected.
 bool onlySomeCount(const QRelationshipItemModel& model)
 {
-    return model.partSelection() && model.numberOfTakenPoints() < model.numberOfValidPoints();
+    return model.numberOfUsedPoints() < model.numberOfValidPoints();
 }
 
 } // namespace
@@ -62,9 +62,8 @@ void QStereoChartWidget::updateObservationStatistics()
     model.updateOrientationResults();
     if (m_oSettings.m_oNet.result(StereoResult::SuggestedSectionPlane).m_bShow)
         calculateSuggestedSectionOrientation();
-    const std::span<const unsigned char> vbMask =
-        model.partSelection() ? model.takenMask() : std::span<const unsigned char>();
-    m_pqBiasPage->showEffectiveCount(static_cast<std::size_t>(model.numberOfTakenPoints()),
+    const std::span<const unsigned char> vbMask = model.usedMask();
+    m_pqBiasPage->showEffectiveCount(static_cast<std::size_t>(model.numberOfUsedPoints()),
                                      effectiveCount(model.appliedWeights(), vbMask));
     pagesAreStale();
     fillVisiblePage();
@@ -87,7 +86,7 @@ void QStereoChartWidget::calculateSuggestedSectionOrientation()
 std::vector<OrientationStatistics> QStereoChartWidget::statistics() const
 {
     const QRelationshipItemModel& model = *relationshipItemModel();
-    if ((model.partSelection() ? model.numberOfTakenPoints() : model.numberOfValidPoints()) == 0)
+    if (model.numberOfUsedPoints() == 0)
         return {};
     std::vector<OrientationStatistics> vStatistics;
     if (!model.linesAreShown())
@@ -139,7 +138,7 @@ QString QStereoChartWidget::statisticsTitle() const
     const QRelationshipItemModel& model = *relationshipItemModel();
     const MatrixData* poDataSet = nodeAngle() ? nodeAngle()->owner() : nullptr;
     const QString sName = poDataSet ? poDataSet->name() : QString();
-    const int iTaken = model.partSelection() ? model.numberOfTakenPoints() : model.numberOfValidPoints();
+    const int iTaken = model.numberOfUsedPoints();
     if (iTaken == model.numberOfValidPoints())
         return sName;
     return tr("%1: %2 of %3 records").arg(sName).arg(iTaken).arg(model.numberOfValidPoints());
@@ -346,7 +345,7 @@ void QStereoChartWidget::readSettings(const QString& sGroup)
     wanted.read(stored);
     setSettings(wanted);
     m_pqSplitter->restoreState(stored.value(QLatin1String(g_sideSplitterKey)).toByteArray());
-    m_pqLegendSplitter->restoreState(stored.value(QLatin1String(g_legendSplitterKey)).toByteArray());
+    m_pqLegendSplitter->restore(stored.value(QLatin1String(g_legendSplitterKey)).toByteArray());
 }
 
 void QStereoChartWidget::writeSettings(const QString& sGroup) const

@@ -40,7 +40,7 @@ DensityGrid QStereoPlotWidget::count(int iColumns, int iRows, bool bPoles, bool 
     if (!model()) {
         return {};
     }
-    const auto vbMask = model()->partSelection() ? model()->takenMask() : std::span<const unsigned char>();
+    const std::span<const unsigned char> vbMask = model()->usedMask();
     const auto vdWeights = bBiasCorrected ? model()->biasWeights() : std::span<const double>();
     return densityGrid(projection(), bPoles ? OrientationType::Planes : OrientationType::Lines, model()->x(),
                        model()->y(), iColumns, iRows, vbMask, vdWeights);
@@ -76,7 +76,7 @@ quint64 QStereoPlotWidget::densityKey() const
     Fingerprint print;
     print.add(model()->pointsRevision());
     print.add(std::uint64_t{model()->x().size()});
-    print.add(model()->partSelection() ? model()->takenMask() : std::span<const unsigned char>());
+    print.add(model()->usedMask());
     print.add(model()->appliedWeights());
     print.add(static_cast<std::uint64_t>(projection().layout()));
     const double dMaximumAngle = projection().maximumAngle();

@@ -75,8 +75,7 @@ TangentFit QTangentChartWidget::fit() const
     const QRelationshipItemModel& model = *relationshipItemModel();
     if (model.linesAreShown())
         return {};
-    const std::span<const unsigned char> vbMask =
-        model.partSelection() ? model.takenMask() : std::span<const unsigned char>();
+    const std::span<const unsigned char> vbMask = model.usedMask();
     constexpr double dLargestDip = 85.0;
     return tangentFit(model.x(), model.y(), dLargestDip, vbMask, model.appliedWeights());
 }
@@ -103,7 +102,7 @@ void QTangentChartWidget::showFit()
 {
     m_bFitStale = false;
     const QRelationshipItemModel& model = *relationshipItemModel();
-    if ((model.partSelection() ? model.numberOfTakenPoints() : model.numberOfValidPoints()) == 0) {
+    if (model.numberOfUsedPoints() == 0) {
         m_pqFoldAxisPage->showNoFit(tr("There are no records, or none is selected"));
     } else if (model.linesAreShown()) {
         m_pqFoldAxisPage->showNoFit(tr("A fold axis is fitted to planes: these records are lines"));

@@ -229,6 +229,9 @@ public:
     bool emptySelectionTakesAll() const { return m_bEmptySelectionTakesAll; }
     /// Valid points among the records that count as selected. Counted again only after changes.
     int numberOfTakenPoints() const;
+    /// What statistics, density and clusters are of: takenMask() with partSelection(), otherwise all.
+    std::span<const unsigned char> usedMask() const { return orientationMask(m_bPartSelection); }
+    int numberOfUsedPoints() const { return m_bPartSelection ? numberOfTakenPoints() : m_iValidPoints; }
 
     /// The orientation matrix (sums of products of direction cosines), the resultant and the number of the records; all
     /// 0 without any. poData: other orientations, a MatrixDataArray of points (dip or plunge, azimuth) with one row per
