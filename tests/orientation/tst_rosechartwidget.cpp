@@ -96,6 +96,7 @@ private slots:
     void choosersOfferDirections();
     void results();
     void undefinedMeanSaysWhy();
+    void otherUnitsOfAngle();
     void sectorsThatLeaveARest();
     void onlySelectedRowsCount();
     void clickedSectorsReachTheOwner();
@@ -193,6 +194,22 @@ void tst_RoseChartWidget::undefinedMeanSaysWhy()
     QVERIFY(pqMean->toolTip().contains("cancel"));
     QCOMPARE(fixture.label("m_pqMeanLengthLabel"), QString("0.00"));
     QCOMPARE(fixture.label("m_pqAxisDirectionLabel"), QString("0.00°"));
+}
+
+void tst_RoseChartWidget::otherUnitsOfAngle()
+{
+    MatrixData* poGons = attribute(QStringLiteral("Dip Azimuth"), {100.0, 100.0, 390.0, qQNaN()});
+    poGons->setUnitManager(boost::make_shared<UnitManager>(QStringLiteral("orientation"), QStringLiteral("gon")));
+    const auto poRoot = rootOf({poGons});
+    QRoseChartWidget panel;
+    panel.setDataRoot(poRoot.get());
+    panel.setDataSet(poGons);
+    QCOMPARE(panel.drawingArea()->bins().m_vdCounts[4], 2.0);  // 90°
+    QCOMPARE(panel.drawingArea()->bins().m_vdCounts[17], 1.0); // 351°
+    QCOMPARE(int(panel.drawingArea()->bins().m_iMissing), 1);
+    poGons->setUnitManager(boost::make_shared<UnitManager>(QStringLiteral("orientation"), QStringLiteral("deg")));
+    panel.updateRoseChart();
+    QCOMPARE(panel.drawingArea()->bins().m_vdCounts[5], 2.0);
 }
 
 void tst_RoseChartWidget::sectorsThatLeaveARest()

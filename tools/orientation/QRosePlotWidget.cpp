@@ -36,7 +36,7 @@ bool QRosePlotWidget::setDirectionData(MatrixData* poDirection, const std::vecto
         return false;
     const quint64 iRevision = model()->pointsRevision();
     const auto iFormerRecords = static_cast<std::size_t>(model()->numberOfPoints());
-    model()->takeNewDataSet(-1, QRelationshipItemModel::CrossPlotDisplay, poDirection, poDirection, {});
+    model()->takeNewDataSet(-1, QRelationshipItemModel::OrientationDisplay, poDirection, poDirection, {});
     const auto iRecords = static_cast<std::size_t>(model()->numberOfPoints());
     const bool bOtherValues = model()->pointsRevision() != iRevision;
     if (iRecords == iFormerRecords && viRecords == m_viTaken)

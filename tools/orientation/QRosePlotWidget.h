@@ -34,7 +34,7 @@ public:
     QRosePlotWidget(QWidget* pqParent, const QString& sName);
 
     // ---- data
-    /// Reads the azimuths (degrees) of an attribute into the model where they changed, null empties it, and takes
+    /// Reads the azimuths of an attribute (any unit of angle) into the model where they changed, null empties it, takes
     /// these records into account, or all when the list is empty. Tells whether anything changed. Nothing without a
     /// model.
     bool setDirectionData(MatrixData* poDirection, const std::vector<int>& viRecords);

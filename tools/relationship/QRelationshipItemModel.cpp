@@ -3,6 +3,7 @@
 #include "MatrixData.h"
 #include "MissingValue.h"
 #include "UnitManager.h"
+#include "UnitRegistry.h"
 
 #include <algorithm>
 #include <cmath>
@@ -21,6 +22,23 @@ std::vector<double> numbers(const MatrixData* poAttribute, int iRecords)
     std::vector<double> vdNumbers = poAttribute->column().numbers();
     vdNumbers.resize(static_cast<std::size_t>(iRecords), g_dEmptyCell);
     return vdNumbers;
+}
+
+/// The same in degrees where the attribute's unit is another one of angles.
+std::vector<double> anglesInDegrees(const MatrixData* poAttribute, int iRecords)
+{
+    std::vector<double> vdDegrees = numbers(poAttribute, iRecords);
+    const boost::shared_ptr<UnitManager> poUnit = poAttribute->unitManager();
+    const UnitRegistry& registry = UnitRegistry::standard();
+    const auto it = registry.find_category(poUnit->category());
+    if (poUnit->category() != QLatin1String("orientation") || it == registry.categories_end())
+        return vdDegrees;
+    const double dFactor = it->second->convertFromModelOf(*poUnit, 1.0);
+    if (dFactor != 1.0) {
+        for (double& dAngle : vdDegrees)
+            dAngle = isMissing(dAngle) ? g_dEmptyCell : dAngle * dFactor;
+    }
+    return vdDegrees;
 }
 
 double valueOr(std::span<const double> vdValues, int iRecord, double dMissing)
@@ -52,8 +70,10 @@ QRelationshipItemModel::~QRelationshipItemModel() = default;
 void QRelationshipItemModel::setNodes(int iRows, DisplayType eType, MatrixData* poX, MatrixData* poY,
                                       const std::vector<int>& viTableRows)
 {
-    if (std::exchange(m_eDisplayType, eType) != eType)
+    if (std::exchange(m_eDisplayType, eType) != eType) {
+        m_bOtherRows = true; // angles are read in other units than numbers
         changed();
+    }
     m_oX.set(poX);
     m_oY.set(poY);
     m_bOtherRows = m_bOtherRows || m_iRequestedRows != iRows || m_viTableRows != viTableRows;
@@ -172,8 +192,9 @@ void QRelationshipItemModel::loadPoints()
     if (!poX || !poY || !poX->column().isNumeric() || !poY->column().isNumeric())
         return;
     const int iRecords = m_iRequestedRows >= 0 ? m_iRequestedRows : std::max(poX->recordCount(), poY->recordCount());
-    m_vdX = numbers(poX, iRecords);
-    m_vdY = numbers(poY, iRecords);
+    const bool bAngles = m_eDisplayType == OrientationDisplay;
+    m_vdX = bAngles ? anglesInDegrees(poX, iRecords) : numbers(poX, iRecords);
+    m_vdY = bAngles ? anglesInDegrees(poY, iRecords) : numbers(poY, iRecords);
     if (!m_viTableRows.empty())
         keepOnlyTableRows();
     for (std::size_t i = 0; i < m_vdX.size(); ++i) {

@@ -37,7 +37,8 @@ namespace gkBase {
 /// were given. The coordinates are copies in contiguous columns; they follow the attributes at the next
 /// takeNewDataSet() or refresh(), which read what changed and nothing else.
 ///
-/// For orientation charts x is the dip (or plunge) and y the azimuth, in degrees.
+/// For orientation charts x is the dip (or plunge) and y the azimuth, in degrees; values in other units of angle are
+/// converted when they are read.
 ///
 /// Results. Clusters and the decimation stay as long as x, y and the number of records do, also when values change.
 ///
@@ -102,7 +103,7 @@ public:
 
     int numberOfPoints() const { return static_cast<int>(m_vdX.size()); } ///< cells, invalid ones too
     int numberOfValidPoints() const { return m_iValidPoints; }
-    /// One number per record in model units, NaN in both where the cell is invalid.
+    /// One number per record in model units (orientations: in degrees), NaN in both where the cell is invalid.
     std::span<const double> x() const { return m_vdX; }
     std::span<const double> y() const { return m_vdY; }
     /// Empty without a third attribute; NaN where it is missing.
