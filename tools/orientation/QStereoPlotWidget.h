@@ -11,7 +11,9 @@
 #include "StereoResults.h"
 #include "gkBaseToolsExport.h"
 
+#include <QImage>
 #include <QPainterPath>
+#include <QPoint>
 #include <QPointF>
 #include <QPointer>
 #include <QPolygonF>
@@ -158,6 +160,7 @@ protected:
     void drawDipDirectionAsBigCircle(QPainter* pPainter, const QPointF& oLine);
     /// The dip azimuth of a plane: a line from the centre over its dip point to the rim, with its name and degrees.
     void drawDipDirectionConstruction(QPainter* pPainter, const QPointF& oPlane);
+    /// Bands and isolines. On screens and images from a picture that is kept, so that another selection fills no area.
     void drawContour(QPainter* pPainter);
     void drawContourLabels(QPainter* pPainter, LabelPlacement& placement);
     void drawMeanOrientation(QPainter* pPainter);
@@ -204,6 +207,8 @@ private:
     void layOutResults();
     QPointF pointOf(const StereoResultItem& item) const;
 
+    void drawContourShapes(QPainter& painter) const;
+    void updateContourPicture(const PointTarget& target);
     void drawLayers(QPainter* pPainter);
     void drawLayer(QPainter* pPainter, Layer& layer, const QColor& oColor);
     void drawGreatCirclesOf(QPainter* pPainter, const QRelationshipItemModel& model, const QColor& oColor,
@@ -244,6 +249,10 @@ private:
     std::vector<ContourPath> m_vContourPaths;
     std::vector<ContourLabel> m_vContourLabels;
     quint64 m_iPathKey = 0;
+    quint64 m_iPathSerial = 0; ///< grows with every change of the paths
+    QImage m_oContourPicture;  ///< drawn before, for m_iContourPictureKey
+    QPoint m_oContourPictureTopLeft;
+    quint64 m_iContourPictureKey = 0;
 
     // The gesture under way.
     MouseMode m_eMouseMode = MouseMode::Select;

@@ -146,6 +146,7 @@ void QStereoPlotWidget::layOutContours()
     const quint64 iKey = print.value() | 1U;
     if (iKey != m_iPathKey) {
         m_iPathKey = iKey;
+        ++m_iPathSerial;
         m_vContourPaths = contourPaths(m_vContours, netFrame());
         m_vContourLabels = contourLabels(m_vContours, radius() > 0 ? g_dLabelDistance / radius() : 0.0);
     }

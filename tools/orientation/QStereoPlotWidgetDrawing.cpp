@@ -1,5 +1,7 @@
 // What the stereonet draws.
 
+#include "DevicePixels.h"
+#include "Fingerprint.h"
 #include "LabelPlacement.h"
 #include "MatrixDataArray.h"
 #include "MissingValue.h"
@@ -119,20 +121,61 @@ void QStereoPlotWidget::drawVisibleFrame(QPainter& painter, const QRect& oVisibl
 
 // ---- contours -------------------------------------------------------------------------------------------------------
 
-void QStereoPlotWidget::drawContour(QPainter* pPainter)
+void QStereoPlotWidget::drawContourShapes(QPainter& painter) const
 {
-    const PainterState state(pPainter);
+    painter.setRenderHint(QPainter::Antialiasing);
     if (m_settings.m_bContourFill) {
         for (std::size_t i = 0; i < m_vContourPaths.size() && i < m_vLevels.size(); ++i) {
-            pPainter->fillPath(m_vContourPaths[i].m_oArea, m_vLevels[i].m_oColor);
+            painter.fillPath(m_vContourPaths[i].m_oArea, m_vLevels[i].m_oColor);
         }
     }
     if (m_settings.m_bContourLines) {
-        pPainter->setPen(QPen(m_oLabelColor, 1.0));
-        pPainter->setBrush(Qt::NoBrush);
+        painter.setPen(QPen(m_oLabelColor, 1.0));
+        painter.setBrush(Qt::NoBrush);
         for (const ContourPath& path : m_vContourPaths) {
-            pPainter->drawPath(path.m_oLines);
+            painter.drawPath(path.m_oLines);
         }
+    }
+}
+
+void QStereoPlotWidget::updateContourPicture(const PointTarget& target)
+{
+    Fingerprint print;
+    print.add(m_iPathSerial);
+    print.add((m_settings.m_bContourFill ? 2U : 0U) | (m_settings.m_bContourLines ? 1U : 0U));
+    print.add(std::uint64_t{m_oLabelColor.rgba()});
+    const std::array<double, 7> adTarget{target.m_dScale,
+                                         target.m_oOffset.x(),
+                                         target.m_oOffset.y(),
+                                         static_cast<double>(target.m_oRect.left()),
+                                         static_cast<double>(target.m_oRect.top()),
+                                         static_cast<double>(target.m_oRect.width()),
+                                         static_cast<double>(target.m_oRect.height())};
+    print.add(std::span<const double>(adTarget));
+    const quint64 iKey = print.value() | 1U;
+    if (iKey == m_iContourPictureKey) {
+        return;
+    }
+    m_iContourPictureKey = iKey;
+    m_oContourPictureTopLeft = target.m_oRect.topLeft();
+    m_oContourPicture = QImage(target.m_oRect.size(), QImage::Format_ARGB32_Premultiplied);
+    m_oContourPicture.fill(Qt::transparent);
+    QPainter painter(&m_oContourPicture);
+    painter.translate(target.m_oOffset - m_oContourPictureTopLeft);
+    painter.scale(target.m_dScale, target.m_dScale);
+    drawContourShapes(painter);
+}
+
+void QStereoPlotWidget::drawContour(QPainter* pPainter)
+{
+    const PainterState state(pPainter);
+    const PointTarget target = deviceTarget(*pPainter);
+    const bool bShown = m_settings.m_bContourFill || m_settings.m_bContourLines;
+    if (bShown && !m_vContourPaths.empty() && canWritePixels(*pPainter) && isMostOfDevice(target.m_oRect, *pPainter)) {
+        updateContourPicture(target);
+        drawDevicePicture(pPainter, m_oContourPicture, m_oContourPictureTopLeft);
+    } else {
+        drawContourShapes(*pPainter);
     }
 }
 
