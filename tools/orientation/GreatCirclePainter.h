@@ -8,6 +8,8 @@
 #include <QPoint>
 #include <QRect>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
