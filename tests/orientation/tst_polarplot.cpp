@@ -31,6 +31,13 @@ public:
     using QPolarPlotWidget::drawSector;
     using QPolarPlotWidget::rotation;
     QRectF plotRect() const { return m_oPlotRect; }
+    QString pointsText() const override
+    {
+        ++m_iAsked;
+        return m_sPoints.isEmpty() ? QPolarPlotWidget::pointsText() : m_sPoints;
+    }
+    QString m_sPoints;
+    mutable int m_iAsked = 0;
 };
 
 double distance(const QPointF& a, const QPointF& b)
@@ -84,6 +91,7 @@ private slots:
     void annotationModes();
     void pansLeaveNothingBehind();
     void picturesContainTitleBoxAndNorthArrow();
+    void firstPictureMakesRoomForTheCount();
 };
 
 void tst_PolarPlot::circleFitsTheChart_data()
@@ -227,7 +235,8 @@ void tst_PolarPlot::labelsNeitherOverlapNorReachIntoTheCircle()
     polar.setAnnotationLabelAsAngle(!bWords);
     polar.setAnnotationLabelAsDirectionOn(bWords);
     polar.updateChart();
-    const QVector<RecordedText> vTexts = recorded(polar, oSize).m_vTexts;
+    QVector<RecordedText> vTexts = recorded(polar, oSize).m_vTexts;
+    vTexts.removeIf([](const RecordedText& text) { return text.m_sText == QLatin1String("0"); }); // under 360
     QVERIFY(vTexts.size() >= 5); // the quarters and the north arrow
     const QRectF oChart(QPointF(0, 0), oSize);
     for (int i = 0; i < vTexts.size(); ++i) {
@@ -246,9 +255,8 @@ void tst_PolarPlot::annotationModes()
 {
     Polar polar(QSize(600, 600));
     const QStringList lAngles = recorded(polar, polar.size()).textList();
-    QCOMPARE(lAngles.size(), 37); // one every 10 degrees and the "N" of the arrow
-    QCOMPARE(lAngles.count(QStringLiteral("360")), 1);
-    QCOMPARE(lAngles.count(QStringLiteral("0")), 0); // it would lie under 360
+    QCOMPARE(lAngles.size(), 38); // one every 10 degrees, two at north, and the "N" of the arrow
+    QCOMPARE(lAngles.indexOf(QStringLiteral("360")), lAngles.indexOf(QStringLiteral("0")) + 1); // over it
     polar.setAnnotationLabelAsAngle(false);
     polar.setAnnotationLabelAsDirectionOn(true);
     QStringList lWords = recorded(polar, polar.size()).textList();
@@ -311,6 +319,25 @@ void tst_PolarPlot::picturesContainTitleBoxAndNorthArrow()
         QCOMPARE(device.recording().textList().count(QString::fromLatin1(pText)), 1);
     for (const RecordedText& text : device.recording().m_vTexts)
         QVERIFY2(QRectF(50, 50, 400, 400).contains(text.m_oBox), qPrintable(text.m_sText));
+}
+
+void tst_PolarPlot::firstPictureMakesRoomForTheCount()
+{
+    Polar polar(QSize(500, 400)); // laid out without a count
+    polar.changeHeaderTitle(QStringLiteral("Azimuth of a joint set"));
+    polar.m_sPoints = QStringLiteral("points = 1234567 (123456 beyond 60 degrees)");
+    polar.setShowPointsCount(true);
+    const QVector<RecordedText> vTexts = recorded(polar, polar.size()).m_vTexts;
+    const auto points = std::find_if(vTexts.begin(), vTexts.end(),
+                                     [&polar](const RecordedText& text) { return text.m_sText == polar.m_sPoints; });
+    QVERIFY(points != vTexts.end());
+    for (const RecordedText& text : vTexts)
+        QVERIFY2(&text == &*points || !text.m_oBox.intersects(points->m_oBox), qPrintable(text.m_sText));
+    // Counting may take long: once per layout, not at each paint.
+    polar.grab();
+    const int iAsked = polar.m_iAsked;
+    polar.grab();
+    QCOMPARE(polar.m_iAsked, iAsked);
 }
 
 QTEST_MAIN(tst_PolarPlot)

@@ -110,6 +110,8 @@ QPolarPlotWidget::QPolarPlotWidget(QWidget* pqParent, const QString& sName)
 void QPolarPlotWidget::layoutChart()
 {
     setCenterAndRadius();
+    // Before anything is measured: title and labels make room for the box.
+    m_sTopRightInfo = m_bShowPointsCount ? pointsText() : QString();
 }
 
 void QPolarPlotWidget::setCenterAndRadius()
@@ -276,13 +278,24 @@ void QPolarPlotWidget::drawAngleAnnotationLabel(QPainter* pPainter, double dDire
     drawRimLabel(*pPainter, angleLabel(dDirection, iGap));
 }
 
+/// 360 is drawn over 0, deliberately: both name north. The 0 is cleared away with the background, so that one number
+/// is read.
+void QPolarPlotWidget::drawCoveredZero(QPainter& painter, const QRectF& oBoxOf360) const
+{
+    const RimLabel zero = angleLabel(0.0, g_iAngleGap);
+    drawRimLabel(painter, zero);
+    const QRectF oBox = labelBox(QFontMetricsF(painter.font(), painter.device()), zero) | oBoxOf360;
+    // Round digits reach a little beyond the height of capitals.
+    painter.fillRect(oBox.adjusted(-1.0, -1.0, 1.0, 1.0), m_oBackgroundColor);
+}
+
 std::vector<QPolarPlotWidget::RimLabel> QPolarPlotWidget::angleLabels(const QPainter& painter) const
 {
     const QFontMetricsF metrics(painter.font(), painter.device());
     std::vector<RimLabel> vLabels;
     for (const int iStep : g_aiLabelSteps) {
         vLabels.clear();
-        // North is both 0 and 360; the label of 360 goes over that of 0, so that only it needs drawing.
+        // North is both 0 and 360; drawRimLabels() puts the label of 0 under that of 360.
         for (int iDirection = iStep; iDirection <= 360; iDirection += iStep)
             vLabels.push_back(angleLabel(iDirection, g_iAngleGap));
         std::vector<QRectF> voBoxes;
@@ -325,8 +338,11 @@ void QPolarPlotWidget::drawRimLabels(QPainter& painter)
         const QRectF oBox = labelBox(metrics, label);
         const bool bCovered = std::any_of(voTaken.begin(), voTaken.end(),
                                           [&oBox](const QRectF& oTaken) { return oTaken.intersects(oBox); });
-        if (!bCovered && QRectF(QPointF(0, 0), chartSize()).contains(oBox))
-            drawRimLabel(painter, label);
+        if (bCovered || !QRectF(QPointF(0, 0), chartSize()).contains(oBox))
+            continue;
+        if (m_bLabelAsAngle && label.m_dDirection == 360.0)
+            drawCoveredZero(painter, oBox);
+        drawRimLabel(painter, label);
     }
     painter.restore();
 }
@@ -369,10 +385,8 @@ void QPolarPlotWidget::drawVisibleFrame(QPainter& painter, const QRect&)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(m_oLabelColor, 1.0));
     drawTitle(&painter);
-    if (m_bShowPointsCount) {
-        m_sTopRightInfo = pointsText();
+    if (m_bShowPointsCount)
         drawTopRightInfo(&painter);
-    }
     drawNorth(&painter);
     painter.restore();
 }

@@ -58,7 +58,7 @@ public:
     /// The point at a distance from the centre in a direction.
     QPointF pointAt(double dDirection, double dDistance) const;
 
-    /// What the box at the top right says: how many points count as selected.
+    /// What the box at the top right says: how many points count as selected. Asked once per layout.
     virtual QString pointsText() const;
 
     void layoutChart() override;
@@ -124,7 +124,7 @@ protected:
     /// The whole chart is seen: what sticks to the view stands still beside the labels.
     bool isWholeChart() const;
 
-    QString m_sTopRightInfo;
+    QString m_sTopRightInfo; ///< as of the last layout
 
 private:
     struct RimLabel
@@ -147,6 +147,7 @@ private:
     /// The box of the letters alone, in chart pixels.
     QRectF labelBox(const QFontMetricsF& metrics, const RimLabel& label) const;
     void drawRimLabel(QPainter& painter, const RimLabel& label) const;
+    void drawCoveredZero(QPainter& painter, const QRectF& oBoxOf360) const;
     /// All that fit into the chart and are not covered by what sticks to the view.
     void drawRimLabels(QPainter& painter);
     std::vector<RimLabel> angleLabels(const QPainter& painter) const;
