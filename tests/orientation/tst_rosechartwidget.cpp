@@ -26,6 +26,7 @@
 #include <QRadioButton>
 #include <QSettings>
 #include <QSignalSpy>
+#include <QSplitter>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -106,6 +107,7 @@ private slots:
     void nodesThatGo();
     void settingsUnderTheirKeys();
     void settingsFindTheirAttributesLater();
+    void legendsKeepTheirRoom();
     void pictures();
 
 private:
@@ -208,7 +210,7 @@ void tst_RoseChartWidget::otherUnitsOfAngle()
     QCOMPARE(panel.drawingArea()->bins().m_vdCounts[17], 1.0); // 351°
     QCOMPARE(int(panel.drawingArea()->bins().m_iMissing), 1);
     poGons->setUnitManager(boost::make_shared<UnitManager>(QStringLiteral("orientation"), QStringLiteral("deg")));
-    panel.updateRoseChart();
+    panel.updateRoseChartData();
     QCOMPARE(panel.drawingArea()->bins().m_vdCounts[5], 2.0);
 }
 
@@ -278,15 +280,15 @@ void tst_RoseChartWidget::rebuildsOnlyWhatChanged()
     auto* pqDistance = fixture.control<QIntSpinBoxWithSlider>("m_pqGridCircleDistanceSpinBox");
     fixture.m_panel.chooseDataSet(fixture.node("Well"));
     QCOMPARE(int(fixture.bins().m_iRecords), 0); // nothing is read for a panel that is not seen
-    fixture.m_panel.updateRoseChart();
+    fixture.m_panel.updateRoseChartData();
     QCOMPARE(int(fixture.bins().m_iRecords), 5);
     pqDistance->setValue(2);
     QCOMPARE(fixture.m_panel.drawingArea()->getGridCircleDistance(), 2);
-    fixture.m_panel.updateRoseChart();
+    fixture.m_panel.updateRoseChartData();
     QCOMPARE(pqDistance->getValue(), 2); // a new count would have chosen a distance
     fixture.node("Dip Azimuth")->setColumn(0, MatrixColumn::fromDoubles(std::vector<double>(6, 90.0)));
     QCOMPARE(fixture.bins().m_vdCounts[0], 3.0);
-    fixture.m_panel.updateRoseChart();
+    fixture.m_panel.updateRoseChartData();
     QCOMPARE(fixture.bins().m_vdCounts[4], 6.0);
     QCOMPARE(fixture.label("m_pqMeanDirectionLabel"), QString("90.00°"));
     QCOMPARE(pqDistance->getValue(), 1);
@@ -296,6 +298,9 @@ void tst_RoseChartWidget::rebuildsOnlyWhatChanged()
     fixture.control<QCheckBox>("m_pqMeanLengthCheckBox")->click();
     QCOMPARE(pqDistance->getValue(), 3);
     QVERIFY(!fixture.m_panel.drawingArea()->equalAreaScaling());
+    // A length without an arrow is none.
+    fixture.control<QCheckBox>("m_pqMeanDirectionCheckBox")->click();
+    QVERIFY(!fixture.control<QCheckBox>("m_pqMeanLengthCheckBox")->isEnabled());
 }
 
 void tst_RoseChartWidget::colourAttribute()
@@ -378,7 +383,7 @@ void tst_RoseChartWidget::nodesThatGo()
     fixture.m_poRoot.reset();
     QVERIFY(!fixture.m_panel.currentSelectedDataSet());
     QVERIFY(fixture.entries("m_pqRoseDataSetComboBox").isEmpty());
-    fixture.m_panel.updateRoseChart();
+    fixture.m_panel.updateRoseChartData();
     fixture.m_panel.grab();
 }
 
@@ -477,10 +482,63 @@ void tst_RoseChartWidget::settingsFindTheirAttributesLater()
     other.setDataRoot(fixture.m_poRoot.get());
     other.setDataSet(fixture.node("Well"));
     QCOMPARE(other.currentColorSelectedDataSet(), fixture.node("rock"));
+    // The root may be there before its data are, and an unseen panel reads nothing.
+    MatrixData root(QStringLiteral("root"));
+    QRoseChartWidget early;
+    settings.m_iSelectedDataSet = 1;
+    early.setSettings(settings);
+    early.setDataRoot(&root);
+    addDataSet(root, QStringLiteral("Well"),
+               {angle(QStringLiteral("First Azimuth"), {1, 2, 3}), angle(QStringLiteral("Second Azimuth"), {4, 5, 6})});
+    early.updateDataSetSelectionBox();
+    QCOMPARE(early.currentSelectedDataSetName(), QString("Second Azimuth"));
+    QCOMPARE(early.settings().m_iSelectedDataSet, 1);
+    QCOMPARE(int(early.drawingArea()->bins().m_iRecords), 0);
+    early.updateRoseChartData();
+    QCOMPARE(int(early.drawingArea()->bins().m_iRecords), 3);
     // The user's choice is not undone by what was stored.
     panel.setDataSet(fixture.node("Other"));
     panel.setDataRoot(fixture.m_poRoot.get());
     QCOMPARE(panel.currentSelectedDataSet(), fixture.node("Strike Azimuth"));
+}
+
+void tst_RoseChartWidget::legendsKeepTheirRoom()
+{
+    const auto show = [](Fixture& fixture, const QSize& oSize) {
+        fixture.m_panel.setDataSet(fixture.node("Well"));
+        fixture.m_panel.setColorAttribute(fixture.node("rock"));
+        fixture.m_panel.resize(oSize);
+        fixture.m_panel.grab();
+    };
+    const QSize oWide(1300, 600);
+    {
+        Fixture fixture;
+        show(fixture, oWide);
+        auto* pqSplitter = fixture.control<QSplitter>("m_pqLegendSplitter");
+        QCOMPARE(pqSplitter->orientation(), Qt::Horizontal);
+        QCOMPARE(pqSplitter->sizes().last(), 150);
+        const int iChart = pqSplitter->sizes().first();
+        pqSplitter->setSizes({iChart - 80, 230}); // as a drag does
+        for (const char* pColor : {"None", "Well: rock"}) {
+            fixture.pick("m_pqColorDataSetComboBox", pColor);
+            fixture.m_panel.grab();
+        }
+        QCOMPARE(pqSplitter->sizes(), QList<int>({iChart - 80, 230}));
+        // Below the chart there is another room for them; beside it the old one is there again.
+        for (const QSize& oSize : {QSize(700, 1000), oWide}) {
+            fixture.m_panel.resize(oSize);
+            fixture.m_panel.grab();
+            QCOMPARE(pqSplitter->sizes().last(), oSize == oWide ? 230 : 130);
+        }
+        fixture.m_panel.writeSettings("legends");
+    }
+    Fixture unseen;
+    unseen.m_panel.readSettings("legends");
+    unseen.m_panel.writeSettings("legends");
+    Fixture fixture;
+    fixture.m_panel.readSettings("legends");
+    show(fixture, oWide);
+    QCOMPARE(fixture.control<QSplitter>("m_pqLegendSplitter")->sizes().last(), 230);
 }
 
 void tst_RoseChartWidget::pictures()

@@ -51,7 +51,7 @@ void QDataAnalyserDialog::updateRoseChartData()
     if (!m_pqRoseChart->currentSelectedDataSet() && m_pCharts->isUnused(AnalyserChartPages::RosePlot))
         m_pqRoseChart->setDataSet(firstDirection());
     else if (!bRebuilt)
-        m_pqRoseChart->updateRoseChart();
+        m_pqRoseChart->updateRoseChartData();
     m_pCharts->noteShown(AnalyserChartPages::RosePlot, m_pqRoseChart->currentSelectedDataSet());
 }
 

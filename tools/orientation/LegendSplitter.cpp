@@ -3,8 +3,6 @@
 #include <QBoxLayout>
 #include <QResizeEvent>
 
-#include <algorithm>
-
 namespace gkBase {
 
 namespace {
@@ -20,6 +18,8 @@ LegendSplitter::LegendSplitter(QWidget* pqChart, QWidget* pqParent)
     : QSplitter(pqParent)
     , m_pqLegends(new QWidget)
     , m_pqLegendLayout(new QBoxLayout(QBoxLayout::TopToBottom, m_pqLegends))
+    , m_iRoomBeside(g_iLegendWidth)
+    , m_iRoomBelow(g_iLegendHeight)
 {
     m_pqLegendLayout->setContentsMargins(0, 0, 0, 0);
     m_pqLegends->setMinimumSize(g_iLegendMinimumWidth, g_iLegendMinimumHeight);
@@ -29,6 +29,7 @@ LegendSplitter::LegendSplitter(QWidget* pqChart, QWidget* pqParent)
     setStretchFactor(1, 0);
     setChildrenCollapsible(false);
     m_pqLegends->hide();
+    arrange();
 }
 
 void LegendSplitter::addLegend(QWidget* pqLegend)
@@ -38,11 +39,8 @@ void LegendSplitter::addLegend(QWidget* pqLegend)
 
 void LegendSplitter::setLegendsVisible(bool bVisible)
 {
-    if (m_pqLegends->isHidden() != bVisible)
-        return;
+    // QSplitter keeps the size of what is hidden, so that a restored or dragged one is there when legends come back.
     m_pqLegends->setVisible(bVisible);
-    if (bVisible)
-        arrange();
 }
 
 void LegendSplitter::restore(const QByteArray& state)
@@ -51,12 +49,14 @@ void LegendSplitter::restore(const QByteArray& state)
         return;
     // The state holds the orientation that suited the window of that time.
     m_pqLegendLayout->setDirection(direction());
-    fitOrientation(size());
+    if (m_bLaidOut)
+        fitOrientation(size());
 }
 
 void LegendSplitter::resizeEvent(QResizeEvent* pEvent)
 {
     fitOrientation(pEvent->size());
+    m_bLaidOut = true;
     QSplitter::resizeEvent(pEvent);
 }
 
@@ -66,6 +66,8 @@ void LegendSplitter::fitOrientation(const QSize& oSize)
         oSize.width() >= oSize.height() + g_iLegendMinimumWidth ? Qt::Horizontal : Qt::Vertical;
     if (eWanted == orientation())
         return;
+    if (m_bLaidOut && !m_pqLegends->isHidden())
+        legendRoom() = sizes().last();
     setOrientation(eWanted);
     arrange();
 }
@@ -78,10 +80,9 @@ QBoxLayout::Direction LegendSplitter::direction() const
 
 void LegendSplitter::arrange()
 {
-    const bool bBeside = orientation() == Qt::Horizontal;
     m_pqLegendLayout->setDirection(direction());
-    const int iLegends = bBeside ? g_iLegendWidth : g_iLegendHeight;
-    setSizes({std::max(1, (bBeside ? width() : height()) - iLegends), iLegends});
+    // The chart stretches over what the legends leave, now and after every change of the window.
+    setSizes({1, legendRoom()});
 }
 
 } // namespace gkBase

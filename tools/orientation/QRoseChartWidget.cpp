@@ -41,19 +41,6 @@ std::unordered_set<int> directionIDs(const MatrixData* poRoot)
     return {liIds.cbegin(), liIds.cend()};
 }
 
-/// Records of the data set of an attribute, −1 for null.
-int recordsOf(const MatrixData* poAttribute)
-{
-    if (!poAttribute)
-        return -1;
-    int iRecords = poAttribute->recordCount();
-    if (const MatrixData* poDataSet = poAttribute->owner()) {
-        for (const MatrixData* poLeaf : poDataSet->leafs())
-            iRecords = std::max(iRecords, poLeaf->recordCount());
-    }
-    return iRecords;
-}
-
 } // namespace
 
 // ---- root and choosers ----------------------------------------------------------------------------------------------
@@ -77,12 +64,16 @@ void QRoseChartWidget::setDataRoot(MatrixData* poRoot)
         }
     }
     fillChoosers(nullptr);
-    takeWantedDirection();
+    if (takeWantedDirection())
+        updateRoseChartData();
 }
 
 void QRoseChartWidget::updateDataSetSelectionBox()
 {
     fillChoosers(nullptr);
+    // Owners may fill a root that was empty when it was given. Values are read when the panel is next brought up to
+    // date.
+    takeWantedDirection();
 }
 
 void QRoseChartWidget::updateColorAttributeDataSetSelectionBox()
@@ -109,7 +100,7 @@ void QRoseChartWidget::fillChoosers(const MatrixData* poLeaving)
 
 int QRoseChartWidget::numberOfRecords() const
 {
-    return recordsOf(currentSelectedDataSet());
+    return dataSetRecords(currentSelectedDataSet());
 }
 
 MatrixData* QRoseChartWidget::directionAttribute(MatrixData* poData) const
@@ -131,7 +122,7 @@ MatrixData* QRoseChartWidget::directionAttribute(MatrixData* poData) const
 void QRoseChartWidget::setDataSet(MatrixData* poData)
 {
     chooseDataSet(poData);
-    updateRoseChart();
+    updateRoseChartData();
 }
 
 void QRoseChartWidget::chooseDataSet(MatrixData* poData)
@@ -174,10 +165,16 @@ void QRoseChartWidget::setColorAttribute(MatrixData* poAttribute)
     // The bounds of a colour map belong to the attribute that they were made for.
     m_pModel->setColorMap(g_dMissingValue, g_dMissingValue, g_dMissingValue, m_pqColorPage->colorMap().m_bRedToBlue);
     const bool bFits = poAttribute && poAttribute->isAttribute() &&
-                       (numberOfRecords() < 0 || recordsOf(poAttribute) == numberOfRecords());
+                       (numberOfRecords() < 0 || dataSetRecords(poAttribute) == numberOfRecords());
     m_pModel->setColorAttribute(bFits ? poAttribute : nullptr);
     m_pqColorPage->chooser()->choose(m_pModel->colorAttribute());
     initializeNewRoseChartData();
+}
+
+void QRoseChartWidget::slotResetDisplayColorAttribute()
+{
+    m_oWantedColor.reset();
+    setColorAttribute(m_poRoot ? m_poRoot->nodeFromID(m_pqColorPage->chooser()->chosenID()) : nullptr);
 }
 
 void QRoseChartWidget::slotDirectionChosen(int iGlobalID)
@@ -186,15 +183,17 @@ void QRoseChartWidget::slotDirectionChosen(int iGlobalID)
     emit dataSetSelected();
     // An owner reads again on the signal, with the rows that it knows; once is enough.
     if (m_bCountNeeded)
-        updateRoseChart();
+        updateRoseChartData();
 }
 
-/// What the settings name may not have been there when they were read.
-void QRoseChartWidget::takeWantedDirection()
+/// Chooses what the settings name, which may not have been there when they were read. Reads nothing.
+bool QRoseChartWidget::takeWantedDirection()
 {
     const AttributeChooser* pqChooser = m_pqDirectionGroup->chooser();
-    if (m_poRoot && m_oWantedEntry && *m_oWantedEntry >= 0 && *m_oWantedEntry < pqChooser->count())
-        setDataSet(m_poRoot->nodeFromID(pqChooser->itemData(*m_oWantedEntry).toInt()));
+    if (!m_poRoot || !m_oWantedEntry || *m_oWantedEntry < 0 || *m_oWantedEntry >= pqChooser->count())
+        return false;
+    chooseDataSet(m_poRoot->nodeFromID(pqChooser->itemData(*m_oWantedEntry).toInt()));
+    return true;
 }
 
 void QRoseChartWidget::takeWantedColor()
@@ -236,7 +235,7 @@ void QRoseChartWidget::slotDisplayUnitChanged(const QString& sCategory)
 {
     const MatrixData* poColor = currentColorSelectedDataSet();
     if (poColor && poColor->unitCategory() == sCategory)
-        updateRoseChart();
+        updateRoseChartData();
 }
 
 // ---- counting -------------------------------------------------------------------------------------------------------
@@ -260,7 +259,7 @@ bool QRoseChartWidget::readData()
     return true;
 }
 
-void QRoseChartWidget::updateRoseChart()
+void QRoseChartWidget::updateRoseChartData()
 {
     const bool bOtherData = readData();
     if (bOtherData || m_bCountNeeded || m_pModel->revision() != m_iCountedRevision)
@@ -286,7 +285,7 @@ void QRoseChartWidget::initializeNewRoseChartData()
     m_pqResultGroup->showResults(bins, m_means, wanted.m_bUnidirectional);
     m_pqFrame->setTitle(currentSelectedDataSetName());
     updateColorLegend();
-    slotLooksChanged();
+    updateRoseChart();
 }
 
 void QRoseChartWidget::updateRoseChartIntervals(int)
@@ -336,7 +335,7 @@ bool QRoseChartWidget::setSelectedRows(const std::vector<int>& viRecords)
         return false;
     m_pqLegends->clearSelection();
     m_viSelectedRecords = viRecords;
-    updateRoseChart();
+    updateRoseChartData();
     return true;
 }
 
@@ -353,24 +352,16 @@ void QRoseChartWidget::slotPointsSelected(bool* pbSelection, int iLength)
 
 void QRoseChartWidget::slotLegendSelection()
 {
-    const std::vector<int> viClasses = m_pqLegends->selectedColorClasses();
-    const std::span<const int> viIds = m_pModel->colorClasses().ids();
-    std::vector<unsigned char> vbWanted(static_cast<std::size_t>(m_pModel->colorClasses().highestId() + 1), 0);
-    for (const int iClass : viClasses) {
-        if (iClass >= 0 && iClass <= m_pModel->colorClasses().highestId())
-            vbWanted[static_cast<std::size_t>(iClass)] = 1;
-    }
-    QVector<bool> vbSelection(m_pModel->numberOfPoints(), false);
+    const std::vector<unsigned char> vbMask = m_pqLegends->selectedRecords(*m_pModel);
+    QVector<bool> vbSelection(vbMask.cbegin(), vbMask.cend());
     std::vector<int> viRecords;
-    for (qsizetype i = 0; i < std::min(vbSelection.size(), static_cast<qsizetype>(viIds.size())); ++i) {
-        if (vbWanted[static_cast<std::size_t>(viIds[static_cast<std::size_t>(i)])]) {
-            vbSelection[i] = true;
+    for (std::size_t i = 0; i < vbMask.size(); ++i) {
+        if (vbMask[i])
             viRecords.push_back(static_cast<int>(i));
-        }
     }
     // Not by setSelectedRows(), neither here nor by an owner who answers with these rows: the legend stays as it is.
     m_viSelectedRecords = viRecords;
-    updateRoseChart();
+    updateRoseChartData();
     emit dataPointsSelection(vbSelection.data(), static_cast<int>(vbSelection.size()));
 }
 
@@ -382,7 +373,7 @@ void QRoseChartWidget::slotCursorMoved()
 
 // ---- looks ----------------------------------------------------------------------------------------------------------
 
-void QRoseChartWidget::slotLooksChanged()
+void QRoseChartWidget::updateRoseChart()
 {
     const RoseChartSettings wanted = settings();
     m_pqPlot->showDirectionAsRosePlot(wanted.m_bRosePlot);
@@ -421,7 +412,7 @@ void QRoseChartWidget::setEqualAreaScaling(bool bOn)
     RoseChartSettings wanted = settings();
     wanted.m_bAreaScaling = bOn;
     m_pqDirectionGroup->setSettings(wanted);
-    slotLooksChanged();
+    updateRoseChart();
 }
 
 void QRoseChartWidget::setBlackBackground(bool bBlack)
@@ -463,7 +454,7 @@ void QRoseChartWidget::setSettings(const RoseChartSettings& settings)
     if (!settings.m_oSidePanelSplitter.isEmpty())
         m_pqSidePanelSplitter->restoreState(settings.m_oSidePanelSplitter);
     if (!settings.m_oLegendSplitter.isEmpty())
-        m_pqLegendSplitter->restoreState(settings.m_oLegendSplitter);
+        m_pqLegendSplitter->restore(settings.m_oLegendSplitter);
     m_pqDirectionGroup->setSettings(settings);
     m_pqResultGroup->setSettings(settings);
     ChartDisplaySettings display = m_pqDisplayPage->settings();
@@ -480,14 +471,15 @@ void QRoseChartWidget::setSettings(const RoseChartSettings& settings)
         m_oWantedColorMap = settings.m_oColorMap;
     }
     updateRoseChartClassification();
-    takeWantedDirection();
+    if (takeWantedDirection())
+        updateRoseChartData();
     takeWantedColor();
     // Counting has chosen a distance that suits the counts; another one is for a rose that is yet to come.
     RoseChartSettings shown = settings;
     if (m_pqPlot->maximum() > 0.0)
         shown.m_iGridCircleDistance = m_pqPlot->getGridCircleDistance();
     m_pqDisplaySettingsPage->setSettings(shown);
-    slotLooksChanged();
+    updateRoseChart();
 }
 
 void QRoseChartWidget::readSettings(const QString& sGroup)
@@ -523,7 +515,7 @@ void QRoseChartWidget::copyEWMFToClipboard()
 void QRoseChartWidget::renderTo(QPainter& painter, const QRectF& oTarget)
 {
     if (m_bCountNeeded)
-        updateRoseChart();
+        updateRoseChartData();
     m_pqFrame->renderTo(painter, m_pqLegends->paintBeside(painter, oTarget, m_pqPlot->labelColor()));
 }
 

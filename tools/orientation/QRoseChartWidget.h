@@ -37,7 +37,7 @@ class RoseResultGroup;
 ///
 /// The owner gives the root, the attribute and the selected records; the user may choose another attribute of
 /// directions of any data set. An attribute that is removed from the tree leaves an empty chart with a message. Changes
-/// of values do not redraw by themselves: the owner calls updateRoseChart() when the panel is visible.
+/// of values do not redraw by themselves: the owner calls updateRoseChartData() when the panel is visible.
 class GKBASETOOLS_EXPORT QRoseChartWidget : public QWidget
 {
     Q_OBJECT
@@ -51,7 +51,7 @@ public:
     /// Shows an attribute of numbers, taken as azimuths in degrees, or the azimuth of a data set (else its first
     /// attribute of directions). Not owned; null empties the chart.
     void setDataSet(MatrixData* poData);
-    /// As setDataSet(), but nothing is read before the next updateRoseChart(): for a panel that is not seen.
+    /// As setDataSet(), but nothing is read before the next updateRoseChartData(): for a panel that is not seen.
     void chooseDataSet(MatrixData* poData);
     /// The attribute that is shown, null when there is none.
     MatrixData* currentSelectedDataSet() const { return m_poDirection.get(); }
@@ -61,7 +61,8 @@ public:
     void setColorAttribute(MatrixData* poAttribute);
     MatrixData* currentColorSelectedDataSet() const;
     QString currentColorSelectedDataSetName() const;
-    /// Fill the choosers again; what is shown stays when it is still there.
+    /// Fill the choosers again; what is shown stays when it is still there. What the settings name is chosen once it is
+    /// there, and read at the next updateRoseChartData().
     void updateDataSetSelectionBox();
     void updateColorAttributeDataSetSelectionBox();
     /// The records that are counted; an empty list means all. Counts again when the list differs and tells whether it
@@ -105,7 +106,7 @@ public slots:
     /// The whole chart with the legend as an enhanced metafile.
     void copyEWMFToClipboard();
     /// Reads the values again where they changed, and counts them.
-    void updateRoseChart();
+    void updateRoseChartData();
 
 signals:
     /// The user has chosen another attribute of directions.
@@ -115,9 +116,13 @@ signals:
 
 private slots:
     void initializeNewRoseChartData();
+    /// Hands the settings of the looks to the canvas; counts nothing.
+    void updateRoseChart();
     void updateRoseChartIntervals(int iDegrees);
     void updateRoseChartClassification();
     void updateColorLegend();
+    /// The user has chosen another attribute for the classes.
+    void slotResetDisplayColorAttribute();
     void resetDisplayColorAttribute();
 
 private:
@@ -129,7 +134,6 @@ private:
     void slotNodeAboutToBeRemoved(gkBase::MatrixData* poBranch);
     void slotRootAboutToBeDestroyed();
     void slotDisplayUnitChanged(const QString& sCategory);
-    void slotLooksChanged();
     void slotDataTypeChanged();
     void slotPointsSelected(bool* pbSelection, int iLength);
     void slotLegendSelection();
@@ -137,7 +141,7 @@ private:
 
     MatrixData* directionAttribute(MatrixData* poData) const;
     void fillChoosers(const MatrixData* poLeaving);
-    void takeWantedDirection();
+    bool takeWantedDirection();
     void takeWantedColor();
     int numberOfRecords() const;
     bool readData();

@@ -67,15 +67,12 @@ void QRoseChartWidget::connectControls()
     connect(m_pqDirectionGroup->chooser(), &AttributeChooser::attributeChosen, this, &Panel::slotDirectionChosen);
     connect(m_pqDirectionGroup, &RoseDirectionGroup::sectorSizeChanged, this, &Panel::updateRoseChartIntervals);
     connect(m_pqDirectionGroup, &RoseDirectionGroup::dataTypeChanged, this, &Panel::slotDataTypeChanged);
-    connect(m_pqDirectionGroup, &RoseDirectionGroup::looksChanged, this, &Panel::slotLooksChanged);
-    connect(m_pqResultGroup, &RoseResultGroup::looksChanged, this, &Panel::slotLooksChanged);
-    connect(m_pqColorPage->chooser(), &AttributeChooser::attributeChosen, this, [this](int iGlobalID) {
-        m_oWantedColor.reset();
-        setColorAttribute(m_poRoot ? m_poRoot->nodeFromID(iGlobalID) : nullptr);
-    });
+    connect(m_pqDirectionGroup, &RoseDirectionGroup::looksChanged, this, &Panel::updateRoseChart);
+    connect(m_pqResultGroup, &RoseResultGroup::looksChanged, this, &Panel::updateRoseChart);
+    connect(m_pqColorPage->chooser(), &AttributeChooser::attributeChosen, this, &Panel::slotResetDisplayColorAttribute);
     connect(m_pqColorPage, &RoseColorPage::colorMapChanged, this, &Panel::updateRoseChartClassification);
     connect(m_pqColorPage, &RoseColorPage::expandWanted, this, &Panel::resetDisplayColorAttribute);
-    connect(m_pqDisplaySettingsPage, &RoseDisplayPage::looksChanged, this, &Panel::slotLooksChanged);
+    connect(m_pqDisplaySettingsPage, &RoseDisplayPage::looksChanged, this, &Panel::updateRoseChart);
     connect(m_pqPlot, &QChartDrawingArea::cursorPos, this, &Panel::slotCursorMoved);
     connect(m_pqPlot, &QChartDrawingArea::dataPointsSelection, this, &Panel::slotPointsSelected);
     connect(m_pqPlot, &QChartDrawingArea::signalCopyToClipboard, this, &Panel::copyToClipboard);

@@ -71,10 +71,12 @@ RoseResultGroup::RoseResultGroup(QWidget* pqParent)
     m_pqUncoveredLabel =
         addResult(*pqForm, tr("In No Sector:"),
                   tr("Directions in the rest of the circle that the sectors leave uncovered"), "m_pqUncoveredLabel");
-    setSettings({});
-    showResults({}, {}, true);
     for (QCheckBox* pqBox : {m_pqMeanDirectionCheckBox, m_pqMeanLengthCheckBox})
         connect(pqBox, &QCheckBox::clicked, this, &RoseResultGroup::looksChanged);
+    // Without the arrow there is nothing to draw at that length.
+    connect(m_pqMeanDirectionCheckBox, &QCheckBox::clicked, m_pqMeanLengthCheckBox, &QWidget::setEnabled);
+    setSettings({});
+    showResults({}, {}, true);
 }
 
 void RoseResultGroup::showMean(const CircularMean& mean, QLabel* pqDirection, QLabel* pqLength) const
@@ -116,6 +118,7 @@ void RoseResultGroup::writeTo(RoseChartSettings& settings) const
 void RoseResultGroup::setSettings(const RoseChartSettings& settings)
 {
     m_pqMeanDirectionCheckBox->setChecked(settings.m_bMeanDirection);
+    m_pqMeanLengthCheckBox->setEnabled(settings.m_bMeanDirection);
     m_pqMeanLengthCheckBox->setChecked(settings.m_bMeanLength);
 }
 
