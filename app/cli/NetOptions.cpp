@@ -10,16 +10,13 @@ namespace gkHost {
 
 namespace {
 
-/// Nodes of the grid each way: the four cells about a node cover about 1 % of the net, the counting area that most
-/// published contour diagrams have.
-constexpr int g_iNodes = 25;
-
 /// --grid N, which goes with --contours only.
 int gridNodes(const CommandInput& input, std::optional<CommandResult>& oError)
 {
     constexpr int iFewest = gkBase::StereoNetSettings::s_iFewestNodes;
     constexpr int iMost = gkBase::StereoNetSettings::s_iMostNodes;
-    const int iNodes = input.wholeNumber(QStringLiteral("grid"), oError).value_or(g_iNodes);
+    const int iNodes =
+        input.wholeNumber(QStringLiteral("grid"), oError).value_or(gkBase::StereoNetSettings::s_iDefaultNodes);
     if (!oError && (iNodes < iFewest || iNodes > iMost)) {
         oError = CommandResult::badUsage(text("--grid: %1 is not from %2 to %3").arg(iNodes).arg(iFewest).arg(iMost));
     }
@@ -32,7 +29,9 @@ void addNetOptions(QCommandLineParser& parser)
 {
     parser.addOptions(
         {{QStringLiteral("contours"), text("Densities in per cent of the records, with a legend.")},
-         {QStringLiteral("grid"), text("Nodes of their grid each way; 25 when absent."), QStringLiteral("N")},
+         {QStringLiteral("grid"),
+          text("Nodes of their grid each way; %1 when absent.").arg(gkBase::StereoNetSettings::s_iDefaultNodes),
+          QStringLiteral("N")},
          {QStringLiteral("planes"), text("Great circles of the planes.")},
          {QStringLiteral("no-points"), text("No points.")},
          {QStringLiteral("net"), text("The 10 degrees net.")},
@@ -71,7 +70,6 @@ std::optional<CommandResult> showOrientations(gkBase::QStereoChartWidget& panel,
         // Seen on the background and on the colours of the map.
         settings.m_oPointColor = bBlack ? Qt::white : Qt::black;
     }
-    convertToDegrees(orientations);
     panel.setDataRoot(&input.root());
     panel.setAttributes(orientations.m_poAngle, orientations.m_poAzimuth, !orientations.isPlanes());
     panel.setColorAttribute(poColor);

@@ -51,6 +51,9 @@ struct GKBASETOOLS_EXPORT StereoNetSettings
 {
     static constexpr int s_iFewestNodes = 5;
     static constexpr int s_iMostNodes = 500;
+    /// The four cells about a node cover about 1 % of the net, the counting area that most published contour diagrams
+    /// have.
+    static constexpr int s_iDefaultNodes = 25;
 
     bool m_bEqualArea = true;      ///< else equal-angle
     int m_iProjectionTarget = 0;   ///< 0: poles of planes, 1: lines (of planes: dip lines)
@@ -74,9 +77,9 @@ struct GKBASETOOLS_EXPORT StereoNetSettings
     /// The band from the smallest density up, which is most of a net, has its colour too; else that of the background.
     bool m_bFillLowestBand = false;
     bool m_bContourLabels = false;
-    bool m_bRedToBlue = false;    ///< the colour map begins with red
-    int m_iNodes = 50;            ///< of the grid, each way
-    double m_dInterval = 99999.0; ///< per cent; 99999.0: automatic
+    bool m_bRedToBlue = false;      ///< the colour map begins with red
+    int m_iNodes = s_iDefaultNodes; ///< of the grid, each way
+    double m_dInterval = 99999.0;   ///< per cent; 99999.0: automatic
 
     bool m_bResultLabels = true;
     std::array<StereoResultStyle, g_iStereoResults> m_aResults{};
