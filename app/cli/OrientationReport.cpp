@@ -76,8 +76,7 @@ void addRow(ReportText& report, const gkBase::OrientationStatisticsRow& row)
 OrientationReport orientationReport(const OrientationInput& orientations)
 {
     return {orientations.m_poAngle->name(), orientations.m_poAzimuth->name(),
-            gkBase::orientationStatistics(orientations.m_eType, orientations.m_vdAngles, orientations.m_vdAzimuths),
-            orientations.recordsOutOfRange()};
+            gkBase::orientationStatistics(orientations.m_eType, orientations.m_vdAngles, orientations.m_vdAzimuths)};
 }
 
 QJsonObject OrientationReport::toJson() const
@@ -136,10 +135,10 @@ QString OrientationReport::toText() const
     if (bPlanes && m_sAngle.contains(QLatin1String("plunge"), Qt::CaseInsensitive)) {
         report.addNote(text("\"%1\" reads like the plunge of lines: --lines takes it so").arg(m_sAngle));
     }
-    if (m_iOutOfRange > 0) {
+    if (const std::size_t iOutOfRange = m_oStatistics.m_oSums.m_iOutOfRange; iOutOfRange > 0) {
         report.addNote((bPlanes ? text("%1 dips are not from 0 to 90 and count as overturned")
                                 : text("%1 plunges are not from -90 to 90 and count as overturned"))
-                           .arg(m_iOutOfRange));
+                           .arg(iOutOfRange));
     }
     QString sGroup;
     for (const gkBase::OrientationStatisticsRow& row :

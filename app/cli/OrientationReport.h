@@ -15,7 +15,6 @@ struct OrientationReport
     QString m_sAngle;   ///< name of the dip or plunge
     QString m_sAzimuth; ///< name of the azimuth
     gkBase::OrientationStatistics m_oStatistics;
-    std::size_t m_iOutOfRange = 0; ///< records with an angle out of range
 
     /// Undefined values are null, so are axes of equal eigenvalues; the kappa of records that coincide is the word
     /// "unbounded".

@@ -36,11 +36,10 @@ std::optional<CommandResult> renderRose(CommandInput& input, const QString& sPat
     gkBase::MatrixData* poDirection = input.numericAttribute(input.value(QStringLiteral("direction")), oError);
     if (!poDirection)
         return oError;
-    const std::vector<double> vdAzimuths = anglesInDegrees(input, *poDirection, oError);
+    requireAngles(input, *poDirection, oError);
     gkBase::MatrixData* poColor = classAttribute(input, QStringLiteral("color-by"), *poDirection, oError);
     if (oError)
         return oError;
-    convertToDegrees(*poDirection, vdAzimuths);
 
     gkBase::QRoseChartWidget panel;
     panel.setDataRoot(&input.root());

@@ -4,6 +4,7 @@
 #include "CsvOutput.h"
 #include "OrientationInput.h"
 
+#include <gkBase/AngleUnits.h>
 #include <gkBase/MissingValue.h>
 #include <gkBase/OrientationText.h>
 #include <gkBase/Rotation.h>
@@ -40,7 +41,7 @@ void appendAngles(gkBase::MatrixData& dataSet, QString sName, const gkBase::Matr
 {
     dataSet.createUniqueName(sName);
     auto poAttribute = std::make_unique<gkBase::MatrixData>(sName, 0, 1);
-    poAttribute->setUnitManager(unitInDegrees(source));
+    poAttribute->setUnitManager(gkBase::degreesPerUnit(source) == 1.0 ? source.unitManager() : gkBase::degreeUnit());
     poAttribute->setColumn(0, gkBase::MatrixColumn::fromDoubles(std::move(vdAngles)));
     dataSet.appendChild(poAttribute.release(), true);
 }

@@ -2,6 +2,7 @@
 #include "MatrixDataNotifier.h"
 #include "MatrixDataRestore.h"
 #include "MatrixDataStrike.h"
+#include "UnitRegistry.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -173,6 +174,12 @@ private slots:
         QCOMPARE(tree.m_poAzimuth->value(3, 0), QVariant(30.0));
         QCOMPARE(poStrike->toDouble(2, 0), 300.0);
         QCOMPARE(poStrike->column().number(0), 300.0);
+
+        // 30 gon are a right angle short of 330.
+        tree.m_poAzimuth->setUnitManager(UnitRegistry::standard().managerForUnit("gon"));
+        QCOMPARE(poStrike->column().number(0), 330.0);
+        poStrike->setValue(3, 0, 350.0);
+        QCOMPARE(tree.m_poAzimuth->value(3, 0), QVariant(50.0));
 
         const std::unique_ptr<MatrixData> poCopy(tree.m_poWell->clone());
         auto* poCopiedStrike = dynamic_cast<MatrixDataStrike*>(poCopy->getNodeFromName("strike"));

@@ -83,6 +83,7 @@ private slots:
     void conventions();
     void misleadingMeanIsReplaced();
     void weightsShowTheEffectiveNumber();
+    void anglesOutOfRangeAreTold();
     void pageFitsASideBarAndCopies();
     void reportIsWhatIsComposed();
     void reportsDoNotAccumulate();
@@ -200,6 +201,15 @@ void TestStatisticsText::weightsShowTheEffectiveNumber()
     using enum OrientationConvention;
     QCOMPARE(valueOf(orientationStatisticsRows(oStatistics, true, DipAzimuth), "Effective N"), "4.00");
     QCOMPARE(valueOf(rowsOf(g_vdDips, g_vdAzimuths), "Effective N"), "no such row");
+}
+
+void TestStatisticsText::anglesOutOfRangeAreTold()
+{
+    const Numbers vdAngles{30, 999, -5, 90, 0, -95, 200};
+    const Numbers vdAzimuths{90, 95, 85, 80, 100, 5, 99999.0};
+    QCOMPARE(valueOf(rowsOf(vdAngles, vdAzimuths), "Out of range"), "3");
+    QCOMPARE(valueOf(rowsOf(vdAngles, vdAzimuths, OrientationType::Lines), "Out of range"), "2");
+    QCOMPARE(valueOf(rowsOf(g_vdDips, g_vdAzimuths), "Out of range"), "no such row");
 }
 
 void TestStatisticsText::pageFitsASideBarAndCopies()

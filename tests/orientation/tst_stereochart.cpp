@@ -9,6 +9,7 @@
 #include <gkBase/QStereoChartWidget.h>
 #include <gkBase/QStereoPlotWidget.h>
 #include <gkBase/UnitManager.h>
+#include <gkBase/UnitRegistry.h>
 
 #include <QComboBox>
 #include <QLabel>
@@ -202,6 +203,9 @@ void TestStereoChart::whatCannotBeShownIsSaid()
     QVERIFY(pqMessage->text().isEmpty());
     f.m_panel.setAttributes(f.node("Limb"), f.node("Dip Azimuth"), false);
     QCOMPARE(pqMessage->text(), QStringLiteral("\"Limb\" does not hold numbers"));
+    f.node("Dip")->setUnitManager(UnitRegistry::standard().managerForUnit(QStringLiteral("m")));
+    f.m_panel.setAttributes(f.node("Dip"), f.node("Dip Azimuth"), false);
+    QCOMPARE(pqMessage->text(), QStringLiteral("\"Dip\" is measured in m and holds no angles"));
     f.m_panel.setDataSet(f.node("Logs"));
     QVERIFY(pqMessage->text().contains(QStringLiteral("Select a data set")));
     QVERIFY(f.m_panel.statistics().empty());

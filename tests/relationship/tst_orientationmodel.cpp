@@ -6,6 +6,8 @@
 #include <gkBase/MatrixData.h>
 #include <gkBase/MatrixDataArray.h>
 #include <gkBase/QRelationshipItemModel.h>
+#include <gkBase/UnitManager.h>
+#include <gkBase/UnitRegistry.h>
 
 #include <QTest>
 
@@ -111,6 +113,7 @@ class TestOrientationModel : public QObject
 {
     Q_OBJECT
 private slots:
+    void anglesOfAllUnitsAreDegrees();
     void knownStatistics();
     void linesHaveTheSecondKindOfResults();
     void nothingSelectedMeansAllOrNone();
@@ -124,6 +127,30 @@ private slots:
     void weightsAddUpToTheRecords();
     void clustersOfAxes();
 };
+
+void TestOrientationModel::anglesOfAllUnitsAreDegrees()
+{
+    Chart chart({{M_PI / 6.0, dNaN, M_PI / 2.0}, {100.0, 200.0, 350.0}});
+    QRelationshipItemModel& model = chart.m_oModel;
+    QCOMPARE(model.x()[0], M_PI / 6.0); // without a unit they are degrees
+    chart.m_poDip->setUnitManager(UnitRegistry::standard().managerForUnit(QStringLiteral("rad")));
+    chart.m_poAzimuth->setUnitManager(UnitRegistry::standard().managerForUnit(QStringLiteral("gon")));
+    model.refresh();
+    QVERIFY(std::abs(model.x()[0] - 30.0) < 1e-9 && std::abs(model.x()[2] - 90.0) < 1e-9);
+    QVERIFY(std::abs(model.y()[0] - 90.0) < 1e-9 && std::abs(model.y()[2] - 315.0) < 1e-9);
+    QCOMPARE(model.numberOfValidPoints(), 2);
+    model.setTadPoleAzimuthDataNode(chart.m_poAzimuth);
+    QVERIFY(std::abs(model.azimuthTadPole(1) - 180.0) < 1e-9);
+
+    // Other charts have axes in the unit of the attribute; their means of bins go with them.
+    model.takeNewDataSet(-1, QRelationshipItemModel::DepthDisplay, chart.m_poDip, chart.m_poAzimuth, {});
+    QCOMPARE(model.x()[0], M_PI / 6.0);
+    model.generateNumberOfIntervalFilter(1, 0.0, 150.0);
+    model.generateDataDecimation();
+    QVERIFY(std::abs(model.decimationAngle()[0].x() - 30.0) < 1e-9);
+    QVERIFY(std::abs(model.decimationAngle()[0].y() - 90.0) < 1e-9);
+    QVERIFY(std::abs(model.decimationData()->cell(0, 1) - M_PI / 6.0) < 1e-9);
+}
 
 void TestOrientationModel::knownStatistics()
 {

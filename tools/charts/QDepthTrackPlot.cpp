@@ -1,6 +1,8 @@
 #include "QDepthTrackPlot.h"
 
+#include "AngleUnits.h"
 #include "MatrixData.h"
+#include "MissingValue.h"
 #include "PointBatch.h"
 #include "QRelationshipItemModel.h"
 #include "SeriesThinning.h"
@@ -345,8 +347,9 @@ QString QDepthTrackPlot::pointToolTip(int iRecord) const
         line(DepthTrack::curve(pModel->nodeX()).name(), m_oTrack.displayText(pModel->x()[i]), m_oTrack.unitTag());
     if (const MatrixData* poAzimuth = m_oTrack.m_poAzimuth.get()) {
         const DepthTrack azimuth = DepthTrack::curve(m_oTrack.m_poAzimuth.get());
-        sText += QLatin1Char('\n') +
-                 line(poAzimuth->name(), azimuth.displayText(pModel->azimuthTadPole(iRecord)), azimuth.unitTag());
+        const double dDegrees = pModel->azimuthTadPole(iRecord);
+        const double dAzimuth = isMissing(dDegrees) ? dDegrees : dDegrees / degreesPerUnit(*poAzimuth);
+        sText += QLatin1Char('\n') + line(poAzimuth->name(), azimuth.displayText(dAzimuth), azimuth.unitTag());
     }
     return sText;
 }

@@ -50,6 +50,7 @@ public:
 
 private:
     void addRecords();
+    void addOutOfRange();
     void addFisher();
     void addMeans();
     void addWarning();
@@ -108,6 +109,18 @@ Value Rows::number(double dValue, const QString& sReason, int iDecimals) const
 
 // ---- records and Fisher statistics ---------------------------------------------------------------------------------
 
+/// What a null code, or a column that was mixed up with another, leads to: said only where there is such a record.
+void Rows::addOutOfRange()
+{
+    if (m_oStatistics.m_oSums.m_iOutOfRange == 0)
+        return;
+    add(tr("Out of range"), {QString::number(m_oStatistics.m_oSums.m_iOutOfRange), {}},
+        m_bPlanes ? tr("Records whose dip is not from 0° to 90°. They are taken all the same: dips above 90° count as "
+                       "overturned planes, negative ones as dips to the opposite side.")
+                  : tr("Records whose angle is not from −90° to 90°. They are taken all the same, as lines that were "
+                       "turned past the vertical; negative plunges from −90° are in range and count as upward lines."));
+}
+
 void Rows::addRecords()
 {
     m_sGroup = tr("Records");
@@ -115,6 +128,7 @@ void Rows::addRecords()
     add(tr("N"), {QString::number(oSums.m_iCount), {}}, tr("Number of records that the statistics take"));
     add(tr("Left out"), {QString::number(oSums.m_iMissing), {}},
         tr("Records without one of their angles, or without a weight"));
+    addOutOfRange();
     if (m_bWeighted) {
         add(tr("Effective N"),
             m_bEmpty ? undefined({}) : Value{QString::number(oSums.m_dEffectiveCount, 'f', g_iAngleDecimals), {}},

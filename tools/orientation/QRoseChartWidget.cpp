@@ -1,5 +1,6 @@
 #include "QRoseChartWidget.h"
 
+#include "AngleUnits.h"
 #include "AttributeChooser.h"
 #include "ChartDisplayPage.h"
 #include "ClassLegends.h"
@@ -15,6 +16,7 @@
 #include "RoseDirectionGroup.h"
 #include "RoseDisplayPage.h"
 #include "RoseResultGroup.h"
+#include "UnitManager.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -246,13 +248,18 @@ QString QRoseChartWidget::problem() const
         return tr("Select an attribute of directions");
     if (!isNumericAttribute(currentSelectedDataSet()))
         return tr("\"%1\" does not hold numbers").arg(m_poDirection->name());
+    if (isOtherThanAngle(*currentSelectedDataSet()))
+        return tr("\"%1\" is measured in %2 and holds no angles")
+            .arg(m_poDirection->name(), m_poDirection->unitManager()->modelUnit());
     return m_viSelectedRecords.empty() ? tr("No record has a direction") : tr("No selected record has a direction");
 }
 
 /// The means depend on the records alone; sectors and classes may change a hundred times while they stay.
 bool QRoseChartWidget::readData()
 {
-    MatrixData* poDirection = isNumericAttribute(currentSelectedDataSet()) ? currentSelectedDataSet() : nullptr;
+    MatrixData* poDirection = currentSelectedDataSet();
+    if (!isNumericAttribute(poDirection) || isOtherThanAngle(*poDirection))
+        poDirection = nullptr;
     if (!m_pqPlot->setDirectionData(poDirection, m_viSelectedRecords))
         return false;
     m_means = roseMeans(m_pModel->x(), m_pqPlot->takenMask());

@@ -1,5 +1,6 @@
 // Which data sets and attributes the stereonet panel shows, and which of their records are selected.
 
+#include "AngleUnits.h"
 #include "ClassLegends.h"
 #include "MatrixData.h"
 #include "MatrixDataNotifier.h"
@@ -14,6 +15,7 @@
 #include "StereoResultPage.h"
 #include "StereoRotationPage.h"
 #include "StereoWoodcockPage.h"
+#include "UnitManager.h"
 
 #include <algorithm>
 #include <numeric>
@@ -276,6 +278,9 @@ QString QStereoChartWidget::problem() const
             return tr("Select a data set with a dip and an azimuth");
         if (!isNumericAttribute(poNode))
             return tr("\"%1\" does not hold numbers").arg(poNode->name());
+        if (isOtherThanAngle(*poNode))
+            return tr("\"%1\" is measured in %2 and holds no angles")
+                .arg(poNode->name(), poNode->unitManager()->modelUnit());
     }
     return {};
 }

@@ -1,9 +1,9 @@
 #include "QRelationshipItemModel.h"
 
+#include "AngleUnits.h"
 #include "MatrixData.h"
 #include "MissingValue.h"
 #include "UnitManager.h"
-#include "UnitRegistry.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,30 +15,14 @@ namespace gkBase {
 namespace {
 
 /// The numbers of an attribute, NaN where missing, for iRecords records. Empty for null and for texts and colours.
-std::vector<double> numbers(const MatrixData* poAttribute, int iRecords)
+/// bDegrees: angles of any unit in degrees, else the numbers as they are stored.
+std::vector<double> numbers(const MatrixData* poAttribute, int iRecords, bool bDegrees = false)
 {
     if (!poAttribute || !poAttribute->column().isNumeric())
         return {};
-    std::vector<double> vdNumbers = poAttribute->column().numbers();
+    std::vector<double> vdNumbers = bDegrees ? numbersInDegrees(*poAttribute) : poAttribute->column().numbers();
     vdNumbers.resize(static_cast<std::size_t>(iRecords), g_dEmptyCell);
     return vdNumbers;
-}
-
-/// The same in degrees where the attribute's unit is another one of angles.
-std::vector<double> anglesInDegrees(const MatrixData* poAttribute, int iRecords)
-{
-    std::vector<double> vdDegrees = numbers(poAttribute, iRecords);
-    const boost::shared_ptr<UnitManager> poUnit = poAttribute->unitManager();
-    const UnitRegistry& registry = UnitRegistry::standard();
-    const auto it = registry.find_category(poUnit->category());
-    if (poUnit->category() != QLatin1String("orientation") || it == registry.categories_end())
-        return vdDegrees;
-    const double dFactor = it->second->convertFromModelOf(*poUnit, 1.0);
-    if (dFactor != 1.0) {
-        for (double& dAngle : vdDegrees)
-            dAngle = isMissing(dAngle) ? g_dEmptyCell : dAngle * dFactor;
-    }
-    return vdDegrees;
 }
 
 double valueOr(std::span<const double> vdValues, int iRecord, double dMissing)
@@ -71,8 +55,8 @@ void QRelationshipItemModel::setNodes(int iRows, DisplayType eType, MatrixData* 
                                       const std::vector<int>& viTableRows)
 {
     if (std::exchange(m_eDisplayType, eType) != eType) {
-        m_bOtherRows = true; // angles are read in other units than numbers
         changed();
+        m_bOtherRows = true; // orientations are read in degrees, other points as they are stored
     }
     m_oX.set(poX);
     m_oY.set(poY);
@@ -153,7 +137,7 @@ void QRelationshipItemModel::load()
     if (eThird || bResized)
         m_vdThird = numbers(m_oThird.get(), iRecords);
     if (eTadPole || bResized)
-        m_vdTadPoles = numbers(m_oTadPole.get(), iRecords);
+        m_vdTadPoles = numbers(m_oTadPole.get(), iRecords, true);
     if (eQuality || bResized)
         m_vdQualities = numbers(m_oQuality.get(), iRecords);
     readClasses(m_oColorClasses, m_oColor, m_oColorMap, eColor);
@@ -192,9 +176,9 @@ void QRelationshipItemModel::loadPoints()
     if (!poX || !poY || !poX->column().isNumeric() || !poY->column().isNumeric())
         return;
     const int iRecords = m_iRequestedRows >= 0 ? m_iRequestedRows : std::max(poX->recordCount(), poY->recordCount());
-    const bool bAngles = m_eDisplayType == OrientationDisplay;
-    m_vdX = bAngles ? anglesInDegrees(poX, iRecords) : numbers(poX, iRecords);
-    m_vdY = bAngles ? anglesInDegrees(poY, iRecords) : numbers(poY, iRecords);
+    const bool bDegrees = m_eDisplayType == OrientationDisplay;
+    m_vdX = numbers(poX, iRecords, bDegrees);
+    m_vdY = numbers(poY, iRecords, bDegrees);
     if (!m_viTableRows.empty())
         keepOnlyTableRows();
     for (std::size_t i = 0; i < m_vdX.size(); ++i) {
@@ -518,7 +502,7 @@ void QRelationshipItemModel::setTadPoleAzimuthDataNode(MatrixData* poAzimuth)
     m_oTadPole.set(poAzimuth);
     if (m_oTadPole.takeChange() == RelationshipSource::Unchanged)
         return;
-    m_vdTadPoles = numbers(poAzimuth, numberOfPoints());
+    m_vdTadPoles = numbers(poAzimuth, numberOfPoints(), true);
     changed();
 }
 

@@ -37,13 +37,13 @@ namespace gkBase {
 /// were given. The coordinates are copies in contiguous columns; they follow the attributes at the next
 /// takeNewDataSet() or refresh(), which read what changed and nothing else.
 ///
-/// For orientation charts x is the dip (or plunge) and y the azimuth, in degrees; values in other units of angle are
-/// converted when they are read.
+/// For orientation charts x is the dip (or plunge) and y the azimuth. Both are in degrees, whatever the units of the
+/// attributes; the coordinates of other charts are in model units.
 ///
 /// Results. Clusters and the decimation stay as long as x, y and the number of records do, also when values change.
 ///
 /// Nodes are not owned. One that is destroyed is forgotten; the owner of the model refills it after announcements of
-/// removed nodes. As an item model it is a table of points in model units, one row per record.
+/// removed nodes. As an item model it is a table of the points as x() and y() give them, one row per record.
 class GKBASETOOLS_EXPORT QRelationshipItemModel : public QAbstractItemModel
 {
     Q_OBJECT
@@ -53,7 +53,7 @@ public:
     /// The kind of chart that the points are for.
     enum DisplayType
     {
-        OrientationDisplay = 0, ///< x = dip or plunge, y = azimuth
+        OrientationDisplay = 0, ///< x = dip or plunge, y = azimuth; also both one direction. In degrees
         DepthDisplay = 1,       ///< y = depth
         CrossPlotDisplay = 2
     };
@@ -103,7 +103,7 @@ public:
 
     int numberOfPoints() const { return static_cast<int>(m_vdX.size()); } ///< cells, invalid ones too
     int numberOfValidPoints() const { return m_iValidPoints; }
-    /// One number per record in model units (orientations: in degrees), NaN in both where the cell is invalid.
+    /// One number per record in model units (orientations: degrees), NaN in both where the cell is invalid.
     std::span<const double> x() const { return m_vdX; }
     std::span<const double> y() const { return m_vdY; }
     /// Empty without a third attribute; NaN where it is missing.
@@ -354,7 +354,8 @@ public:
     /// tadpole azimuth, x and that azimuth are the dip and azimuth of planes, averaged as the resultant of their
     /// lower-hemisphere poles. With partSelection() only selected points. No boundaries: no bins.
     void generateDataDecimation();
-    /// One row per bin: depth of its centre and mean value (orientations: dip, azimuth); 99999.0 for an empty bin.
+    /// One row per bin: depth of its centre and mean value (orientations: dip, and azimuth in degrees), in the units of
+    /// y() and x(); 99999.0 for an empty bin.
     /// Null before generateDataDecimation(). Owned by the model.
     MatrixDataArray* decimationData() const { return m_poDecimation.get(); }
     /// One row per bin, "dimensionless": the number of points, those without a tadpole azimuth too. Null and owned as
@@ -362,7 +363,8 @@ public:
     MatrixData* decimationCount() const { return m_poDecimationCount.get(); }
     /// Per bin the record nearest to its centre, −1 in an empty bin.
     const std::vector<int>& decimationTableRows() const { return m_viDecimationRows; }
-    /// Per bin (dip, azimuth), (99999.0, 99999.0) where there is none. Empty unless orientations were averaged.
+    /// Per bin (dip, azimuth) in degrees, (99999.0, 99999.0) where there is none. Empty unless orientations were
+    /// averaged.
     const std::vector<QPointF>& decimationAngle() const { return m_voDecimationAngles; }
     /// Bin of a record in the last decimation, −1 for none.
     int decimationBin(int iRecord) const;

@@ -1,5 +1,6 @@
 // What QRelationshipItemModel computes from its points: regression, intervals, decimation, clusters.
 
+#include "AngleUnits.h"
 #include "Decimation.h"
 #include "IntervalBins.h"
 #include "KMeansClusters.h"
@@ -47,6 +48,32 @@ bool isDirection(const MatrixData* poAttribute)
     poDataSet->getDataSetSelectionBoxItems(lNames, liDirections, lColors, MatrixData::Direction, false);
     return liDirections.contains(poAttribute->globalID());
 }
+
+/// The x of points at depths as angles: means are taken in degrees and shown on the axis in model units.
+class AnglesOfX
+{
+public:
+    AnglesOfX(const MatrixData* poAttribute, std::span<const double> vdX)
+        : m_dDegrees(poAttribute ? degreesPerUnit(*poAttribute) : 1.0)
+        , m_vdX(vdX)
+    {
+        if (m_dDegrees == 1.0)
+            return;
+        m_vdConverted.assign(vdX.begin(), vdX.end());
+        convertToDegrees(*poAttribute, m_vdConverted);
+        m_vdX = m_vdConverted;
+    }
+    AnglesOfX(const AnglesOfX&) = delete;
+    AnglesOfX& operator=(const AnglesOfX&) = delete;
+
+    std::span<const double> inDegrees() const { return m_vdX; }
+    double stored(double dDegrees) const { return isMissing(dDegrees) ? dDegrees : dDegrees / m_dDegrees; }
+
+private:
+    double m_dDegrees;
+    std::vector<double> m_vdConverted;
+    std::span<const double> m_vdX;
+};
 
 } // namespace
 
@@ -207,8 +234,9 @@ void QRelationshipItemModel::averageValues(std::span<const int> viBins, int iBin
 {
     std::vector<double> vdMeans;
     if (isDirection(nodeX())) {
-        for (const CircularMean& oMean : binMeanDirections(viBins, iBins, m_vdX))
-            vdMeans.push_back(oMean.m_dDirection);
+        const AnglesOfX angles(nodeX(), m_vdX);
+        for (const CircularMean& oMean : binMeanDirections(viBins, iBins, angles.inDegrees()))
+            vdMeans.push_back(angles.stored(oMean.m_dDirection));
     } else {
         vdMeans = binMeans(viBins, iBins, m_vdX);
     }
@@ -218,11 +246,12 @@ void QRelationshipItemModel::averageValues(std::span<const int> viBins, int iBin
 
 void QRelationshipItemModel::averageOrientations(std::span<const int> viBins, int iBins)
 {
-    const std::vector<BinOrientation> vMeans = binMeanPlanes(viBins, iBins, m_vdX, m_vdTadPoles);
+    const AnglesOfX angles(nodeX(), m_vdX);
+    const std::vector<BinOrientation> vMeans = binMeanPlanes(viBins, iBins, angles.inDegrees(), m_vdTadPoles);
     for (int i = 0; i < iBins; ++i) {
         const BinOrientation& oMean = vMeans[static_cast<std::size_t>(i)];
         m_voDecimationAngles.emplace_back(oMean.m_dDip, oMean.m_dAzimuth);
-        m_poDecimation->setCell(i, 1, oMean.m_dDip);
+        m_poDecimation->setCell(i, 1, angles.stored(oMean.m_dDip));
         m_poDecimation->setCell(i, 2, oMean.m_dAzimuth);
     }
 }

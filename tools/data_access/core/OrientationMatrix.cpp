@@ -13,6 +13,8 @@ namespace {
 
 /// Records per block: the rounding of sums grows with the length of a block, not with the number of records.
 constexpr std::size_t g_iBlock = 512;
+/// Dip or plunge of what is vertical, degrees.
+constexpr double g_dSteepest = 90.0;
 
 enum Sum
 {
@@ -81,6 +83,7 @@ struct Columns
 template <bool bPlanes>
 void addBlock(const Columns& oColumns, std::size_t iFirst, std::size_t iEnd, Sums& adSums, OrientationSums& oResult)
 {
+    constexpr double dFlattest = bPlanes ? 0.0 : -g_dSteepest;
     for (std::size_t i = iFirst; i < iEnd; ++i) {
         if (!isTaken(oColumns.m_vbMask, i)) {
             continue;
@@ -90,11 +93,13 @@ void addBlock(const Columns& oColumns, std::size_t iFirst, std::size_t iEnd, Sum
             ++oResult.m_iMissing;
             continue;
         }
-        const auto [dSine, dCosine] = sineCosine(oColumns.m_vdAngles[i]);
+        const double dAngle = oColumns.m_vdAngles[i];
+        const auto [dSine, dCosine] = sineCosine(dAngle);
         addVector(adSums, bPlanes ? -dSine : dCosine, bPlanes ? dCosine : dSine, oColumns.m_vdAzimuths[i], dWeight);
         adSums[SumWeight] += dWeight;
         adSums[SumWeightSquare] += dWeight * dWeight;
         ++oResult.m_iCount;
+        oResult.m_iOutOfRange += static_cast<std::size_t>(dAngle < dFlattest) | (dAngle > g_dSteepest);
     }
 }
 
@@ -121,6 +126,7 @@ OrientationSums orientationSums(OrientationType eType, std::span<const double> v
     }
     if (!(adTotal[SumWeight] > 0.0)) {
         oResult.m_iMissing += std::exchange(oResult.m_iCount, 0);
+        oResult.m_iOutOfRange = 0;
         return oResult;
     }
     const double dScale = static_cast<double>(oResult.m_iCount) / adTotal[SumWeight];

@@ -16,6 +16,7 @@ struct OrientationSums
 {
     std::size_t m_iCount = 0;             ///< records taken
     std::size_t m_iMissing = 0;           ///< records of the mask that an empty angle, or a weight, leaves out
+    std::size_t m_iOutOfRange = 0;        ///< of the records taken: dips not from 0 to 90, plunges not from −90 to 90
     gdfVertex m_oResultant;               ///< sum of the unit vectors
     std::array<double, 6> m_adProducts{}; ///< sums of the products xx, xy, xz, yy, yz, zz; the trace is m_iCount
     double m_dEffectiveCount = 0.0;       ///< (Σw)² / Σw² of the weights; m_iCount without weights

@@ -1,19 +1,22 @@
 #include "MatrixDataStrike.h"
 
+#include "AngleUnits.h"
 #include "Angles.h"
 #include "MatrixDataRange.h"
+#include "UnitManager.h"
 
 #include <QDataStream>
 
 #include <cmath>
+#include <utility>
 
 namespace gkBase {
 
 namespace {
 
-double strikeOf(double dAzimuth)
+double strikeOf(double dAzimuth, double dRightAngle)
 {
-    return std::isnan(dAzimuth) ? g_dEmptyCell : wrapAngle(dAzimuth - 90.0, 360.0);
+    return std::isnan(dAzimuth) ? g_dEmptyCell : wrapAngle(dAzimuth - dRightAngle, 4.0 * dRightAngle);
 }
 
 } // namespace
@@ -64,6 +67,16 @@ void MatrixDataStrike::link(MatrixData* poAzimuth)
     touch();
 }
 
+double MatrixDataStrike::rightAngle(const MatrixData& azimuth) const
+{
+    boost::shared_ptr<UnitManager> poUnit = azimuth.unitManager();
+    if (poUnit != m_poAngleUnit) {
+        m_poAngleUnit = std::move(poUnit);
+        m_dRightAngle = 90.0 / degreesPerUnit(azimuth);
+    }
+    return m_dRightAngle;
+}
+
 MatrixData* MatrixDataStrike::azimuth() const
 {
     MatrixData* poAzimuth = m_poAzimuth.get();
@@ -91,7 +104,8 @@ QVariant MatrixDataStrike::cellValue(int iRecord, int iColumn) const
 double MatrixDataStrike::cellNumber(int iRecord, int iColumn) const
 {
     const MatrixData* poAzimuth = azimuth();
-    return poAzimuth && iColumn == 0 ? strikeOf(poAzimuth->recordNumber(iRecord)) : g_dEmptyCell;
+    return poAzimuth && iColumn == 0 ? strikeOf(poAzimuth->recordNumber(iRecord), rightAngle(*poAzimuth))
+                                     : g_dEmptyCell;
 }
 
 const MatrixColumn& MatrixDataStrike::column(int iColumn) const
@@ -100,10 +114,12 @@ const MatrixColumn& MatrixDataStrike::column(int iColumn) const
         return MatrixData::column(-1);
     if (!m_bCellsKnown || m_iCellsRevision != revision()) {
         std::vector<double> vdCells;
-        if (const MatrixData* poAzimuth = azimuth())
+        if (const MatrixData* poAzimuth = azimuth()) {
+            const double dRightAngle = rightAngle(*poAzimuth);
             vdCells = poAzimuth->column(0).numbers();
-        for (double& dCell : vdCells)
-            dCell = strikeOf(dCell);
+            for (double& dCell : vdCells)
+                dCell = strikeOf(dCell, dRightAngle);
+        }
         m_oCells = MatrixColumn::fromDoubles(std::move(vdCells));
         m_iCellsRevision = revision();
         m_bCellsKnown = true;
@@ -123,8 +139,9 @@ bool MatrixDataStrike::writeDerived(int iRecord, int iColumn, const QVariant& qV
         return true;
     const double dStrike = qValue.toDouble();
     const bool bEmpty = !qValue.isValid() || isMissing(dStrike);
+    const double dRightAngle = rightAngle(*poAzimuth);
     poAzimuth->setValue(iRecord + poAzimuth->rowOffSet(), 0,
-                        bEmpty ? QVariant() : QVariant(wrapAngle(dStrike + 90.0, 360.0)));
+                        bEmpty ? QVariant() : QVariant(wrapAngle(dStrike + dRightAngle, 4.0 * dRightAngle)));
     return true;
 }
 

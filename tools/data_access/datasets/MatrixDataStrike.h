@@ -5,9 +5,10 @@
 
 namespace gkBase {
 
-/// The strike of planes by the right-hand rule, linked to their dip azimuth: value = azimuth − 90 in [0, 360).
+/// The strike of planes by the right-hand rule, linked to their dip azimuth: value = azimuth − 90° in [0°, 360°), in
+/// the unit of the azimuth.
 ///
-/// It stores no values of its own; reading asks the azimuth, writing a strike s writes azimuth s + 90. When the
+/// It stores no values of its own; reading asks the azimuth, writing a strike s writes azimuth s + 90°. When the
 /// azimuth is removed the link is dropped and the attribute reads as missing until undo puts the azimuth back. In a
 /// copied data set the link leads to the copy's azimuth; a stream names the azimuth, which is looked up among the
 /// siblings of the strike that was read.
@@ -46,8 +47,12 @@ protected:
 
 private:
     void link(MatrixData* poAzimuth);
+    /// In the unit of the azimuth; asked for every cell, hence kept.
+    double rightAngle(const MatrixData& azimuth) const;
 
-    MatrixDataPointer m_poAzimuth; ///< not owned
+    MatrixDataPointer m_poAzimuth;                        ///< not owned
+    mutable boost::shared_ptr<UnitManager> m_poAngleUnit; ///< of m_dRightAngle
+    mutable double m_dRightAngle = 90.0;
     QString m_sWantedAzimuth;      ///< read from a stream, until the siblings are there
     mutable MatrixColumn m_oCells; ///< computed when column() is asked for
     mutable quint64 m_iCellsRevision = 0;
