@@ -166,6 +166,36 @@ private slots:
         QVERIFY(m_poRoot->isIdenticalTo(*poBefore));
     }
 
+    void resultsOfOtherDataSetsStandApart()
+    {
+        showOrientations();
+        m_model.rotateDataAboutRotationAxis(nullptr, {0.0, 90.0}, 60.0, true);
+        MatrixData* poDip = addRotatedAttributes(*m_poRoot, m_model);
+        // What the user made of the unit does not hold for the degrees that are written next.
+        poDip->setUnitManager(m_registry.managerForUnit(QStringLiteral("rad")));
+        QCOMPARE(addRotatedAttributes(*m_poRoot, m_model), poDip);
+        QCOMPARE(poDip->unitManager()->modelUnit(), m_poDip->unitManager()->modelUnit());
+
+        std::unique_ptr<MatrixData> poOther(m_poWell->clone());
+        poOther->setName(QStringLiteral("Other Well"));
+        MatrixData* poOtherWell = poOther.get();
+        m_poRoot->appendChild(poOther.release(), false);
+        QRelationshipItemModel other;
+        other.takeNewDataSet(-1, QRelationshipItemModel::OrientationDisplay, poOtherWell->child(1),
+                             poOtherWell->child(2), nullptr, nullptr, false, {});
+        other.rotateDataAboutRotationAxis(nullptr, {0.0, 0.0}, 20.0, true);
+        const MatrixData* poOtherDip = addRotatedAttributes(*m_poRoot, other);
+        QCOMPARE(poOtherDip->owner()->name(), QStringLiteral("Orientation Data_1"));
+        QCOMPARE(addRotatedAttributes(*m_poRoot, m_model), poDip);
+        QCOMPARE(addRotatedAttributes(*m_poRoot, other), poOtherDip);
+
+        // What was turned already goes back to where it stands.
+        other.takeNewDataSet(-1, QRelationshipItemModel::OrientationDisplay, poDip, poDip->owner()->child(1), nullptr,
+                             nullptr, false, {});
+        other.rotateDataAboutRotationAxis(nullptr, {0.0, 0.0}, 20.0, true);
+        QCOMPARE(addRotatedAttributes(*m_poRoot, other), poDip);
+    }
+
     void replaceMakesRoomForOtherBins()
     {
         decimate(5.0);

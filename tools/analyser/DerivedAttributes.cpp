@@ -1,5 +1,6 @@
 #include "DerivedAttributes.h"
 
+#include "AngleUnits.h"
 #include "DepthLineField.h"
 #include "MatrixDataArray.h"
 #include "MatrixDataNotifier.h"
@@ -28,7 +29,6 @@ constexpr char g_rotatedAzimuth[] = "Rotated:Dip Azimuth";
 constexpr char g_decimatedPrefix[] = "Decimated:";
 constexpr char g_countSuffix[] = "_Count";
 constexpr char g_dimensionless[] = "dimensionless";
-constexpr char g_orientation[] = "orientation";
 constexpr char g_fraction[] = "fraction";
 
 MatrixColumn column(std::span<const double> vdValues)
@@ -43,8 +43,8 @@ MatrixColumn column(std::span<const double> vdValues)
 struct DecimatedColumns
 {
     std::vector<double> m_vdDepths;
-    std::vector<double> m_vdValues; ///< dips of orientations
-    std::vector<double> m_vdAzimuths;
+    std::vector<double> m_vdValues;   ///< of orientations their dips, in degrees
+    std::vector<double> m_vdAzimuths; ///< degrees
     std::vector<double> m_vdCounts;
 };
 
@@ -52,6 +52,7 @@ DecimatedColumns decimatedColumns(const QRelationshipItemModel& model, bool bBin
 {
     const MatrixDataArray& oBins = *model.decimationData();
     const bool bOrientations = !model.decimationAngle().empty();
+    const double dDegrees = bOrientations && model.nodeX() ? degreesPerUnit(*model.nodeX()) : 1.0;
     DecimatedColumns columns;
     for (int i = 0; i < oBins.arrayRows(); ++i) {
         const auto n = static_cast<std::size_t>(i);
@@ -59,16 +60,42 @@ DecimatedColumns decimatedColumns(const QRelationshipItemModel& model, bool bBin
         const double dLower = model.decimationBoundaries()[n];
         columns.m_vdDepths.push_back((dLower + model.decimationBoundaries()[n + 1]) * 0.5);
         columns.m_vdCounts.push_back(model.decimationCount()->recordNumber(i));
-        double dValue = oBins.cell(i, 1);
+        double dValue = bOrientations ? model.decimationAngle()[n].x() : oBins.cell(i, 1);
         double dAzimuth = bOrientations ? model.decimationAngle()[n].y() : g_dMissingValue;
         if (!bBinAverage) {
-            dValue = iRecord < 0 ? g_dMissingValue : model.x()[static_cast<std::size_t>(iRecord)];
+            dValue = iRecord < 0 ? g_dMissingValue : dDegrees * model.x()[static_cast<std::size_t>(iRecord)];
             dAzimuth = iRecord < 0 ? g_dMissingValue : model.azimuthTadPole(iRecord);
         }
         columns.m_vdValues.push_back(dValue);
         columns.m_vdAzimuths.push_back(dAzimuth);
     }
     return columns;
+}
+
+// Which data set the attributes of a group come from, by identifiers. Known as long as the root lives, which its
+// notifier does; it is not saved.
+constexpr int g_iUnknown = -1;
+
+QByteArray sourceKey(const MatrixData& dataSet)
+{
+    return "sourceOfDataSet" + QByteArray::number(dataSet.globalID());
+}
+
+int sourceOf(MatrixData& root, const MatrixData& dataSet)
+{
+    const QVariant qSource = root.notifier()->property(sourceKey(dataSet).constData());
+    return qSource.isValid() ? qSource.toInt() : g_iUnknown;
+}
+
+void noteSource(MatrixData& root, const MatrixData& dataSet, int iSource)
+{
+    root.notifier()->setProperty(sourceKey(dataSet).constData(), iSource);
+}
+
+/// The data set of the points of a model.
+const MatrixData* sourceOf(const QRelationshipItemModel& model)
+{
+    return model.nodeX() ? model.nodeX()->owner() : nullptr;
 }
 
 bool isText(const MatrixData& attribute, int iRecord, const QString& sText)
@@ -169,15 +196,26 @@ MatrixData* DerivedAttributes::newDataSet(const QString& sGroup)
     return poNew;
 }
 
-MatrixData* DerivedAttributes::dataSet(const QString& sGroup, int iRecords)
+MatrixData* DerivedAttributes::dataSet(const QString& sGroup, int iRecords, const MatrixData* poSource)
 {
+    const int iSource = poSource ? poSource->globalID() : g_iUnknown;
+    MatrixData* poFound = nullptr;
     for (int i = 0; i < m_root.childCount(); ++i) {
         MatrixData* poDataSet = m_root.child(i);
-        if (!poDataSet->isAttribute() && isGroupName(poDataSet->name(), sGroup) && poDataSet->childCount() > 0 &&
-            poDataSet->child(0)->recordCount() == iRecords)
+        if (poDataSet->isAttribute() || !isGroupName(poDataSet->name(), sGroup) || poDataSet->childCount() == 0 ||
+            poDataSet->child(0)->recordCount() != iRecords)
+            continue;
+        const int iKnown = sourceOf(m_root, *poDataSet);
+        if (poDataSet == poSource || (iSource != g_iUnknown && iKnown == iSource))
             return poDataSet;
+        if (!poFound && (iKnown == g_iUnknown || iSource == g_iUnknown))
+            poFound = poDataSet;
     }
-    return newDataSet(sGroup);
+    if (!poFound)
+        poFound = newDataSet(sGroup);
+    if (iSource != g_iUnknown)
+        noteSource(m_root, *poFound, iSource);
+    return poFound;
 }
 
 MatrixData* DerivedAttributes::dataSetAt(const QString& sGroup, const QString& sDepthName, const MatrixColumn& oDepths,
@@ -210,6 +248,8 @@ MatrixData* DerivedAttributes::setAttribute(MatrixData& dataSet, const QString& 
         if (poAttribute->name() == sName && !poAttribute->isDerived()) {
             addRecord(*poAttribute).storeContents(poAttribute);
             poAttribute->setColumn(0, std::move(oValues));
+            if (poUnit) // the former values may have had another
+                poAttribute->setUnitManager(std::move(poUnit));
             return poAttribute;
         }
     }
@@ -235,6 +275,11 @@ MatrixData* DerivedAttributes::setAttribute(MatrixData& dataSet, const QString& 
     return poAttribute;
 }
 
+MatrixData* DerivedAttributes::setAngles(MatrixData& dataSet, const QString& sName, std::span<const double> vdDegrees)
+{
+    return setAttribute(dataSet, sName, column(vdDegrees), degreeUnit(m_root.registry()));
+}
+
 MatrixData* addClusterAttribute(MatrixData& root, const QString& sName, const QRelationshipItemModel& model)
 {
     const std::span<const int> viClusters = model.clusterIDs();
@@ -248,7 +293,7 @@ MatrixData* addClusterAttribute(MatrixData& root, const QString& sName, const QR
 
     const MatrixDataNotifier::Batch batch(&root);
     DerivedAttributes derived(root, QStringLiteral("Create Cluster Attribute: ") + sName);
-    MatrixData* poDataSet = derived.dataSet(QLatin1String(g_clusterGroup), iRecords);
+    MatrixData* poDataSet = derived.dataSet(QLatin1String(g_clusterGroup), iRecords, sourceOf(model));
     return derived.setAttribute(*poDataSet, sName, std::move(oIds), QLatin1String(g_dimensionless));
 }
 
@@ -273,10 +318,8 @@ MatrixData* addDecimationAttributes(MatrixData& root, const QRelationshipItemMod
         poResult = derived.setAttribute(*poDataSet, sPrefix + poValues->name(), column(columns.m_vdValues),
                                         poValues->unitManager());
     } else {
-        poResult = derived.setAttribute(*poDataSet, sPrefix + QStringLiteral("dip"), column(columns.m_vdValues),
-                                        QLatin1String(g_orientation));
-        derived.setAttribute(*poDataSet, sPrefix + QStringLiteral("azimuth"), column(columns.m_vdAzimuths),
-                             QLatin1String(g_orientation));
+        poResult = derived.setAngles(*poDataSet, sPrefix + QStringLiteral("dip"), columns.m_vdValues);
+        derived.setAngles(*poDataSet, sPrefix + QStringLiteral("azimuth"), columns.m_vdAzimuths);
     }
     derived.setAttribute(*poDataSet, poValues->name() + QLatin1String(g_countSuffix),
                          column(columns.m_vdCounts).converted(QMetaType::Int), QLatin1String(g_dimensionless));
@@ -289,10 +332,9 @@ MatrixData* addRotatedAttributes(MatrixData& root, const QRelationshipItemModel&
         return nullptr;
     const MatrixDataNotifier::Batch batch(&root);
     DerivedAttributes derived(root, QStringLiteral("Create Rotated Attributes"));
-    MatrixData* poDataSet = derived.dataSet(QLatin1String(g_orientationGroup), model.numberOfPoints());
-    MatrixData* poDip =
-        derived.setAttribute(*poDataSet, QLatin1String(g_rotatedDip), column(model.x()), QLatin1String(g_orientation));
-    derived.setAttribute(*poDataSet, QLatin1String(g_rotatedAzimuth), column(model.y()), QLatin1String(g_orientation));
+    MatrixData* poDataSet = derived.dataSet(QLatin1String(g_orientationGroup), model.numberOfPoints(), sourceOf(model));
+    MatrixData* poDip = derived.setAngles(*poDataSet, QLatin1String(g_rotatedDip), model.x());
+    derived.setAngles(*poDataSet, QLatin1String(g_rotatedAzimuth), model.y());
     return poDip;
 }
 
@@ -302,7 +344,7 @@ MatrixData* addBiasWeightAttribute(MatrixData& root, const QString& sName, const
         return nullptr;
     const MatrixDataNotifier::Batch batch(&root);
     DerivedAttributes derived(root, QStringLiteral("Create Bias Weight Attribute: ") + sName);
-    MatrixData* poDataSet = derived.dataSet(QLatin1String(g_orientationGroup), model.numberOfPoints());
+    MatrixData* poDataSet = derived.dataSet(QLatin1String(g_orientationGroup), model.numberOfPoints(), sourceOf(model));
     return derived.setAttribute(*poDataSet, sName, column(model.biasWeights()), QLatin1String(g_fraction));
 }
 

@@ -8,6 +8,7 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <span>
 #include <vector>
 
 namespace gkBase {
@@ -18,15 +19,17 @@ class UnitManager;
 
 /// Puts attributes that were derived in a chart into the tree, all of them as one undo step. They live in a data set
 /// of their group's name under the root, which is found or made; group names of data sets whose number of records
-/// differs get a running number.
+/// or source differs get a running number.
 class GKBASETOOLS_EXPORT DerivedAttributes
 {
 public:
     /// Begins the undo step with its text, or (bNewStep false) joins the step before.
     DerivedAttributes(MatrixData& root, const QString& sUndoText, bool bNewStep = true);
 
-    /// The data set of that name, or of name_1, name_2 …, with that many records.
-    MatrixData* dataSet(const QString& sGroup, int iRecords);
+    /// The data set of that name, or of name_1, name_2 …, with that many records, for what comes from poSource: one
+    /// that holds attributes of another source is left alone. Those of data sets that were read from a file are not
+    /// known to have one; the first that writes there is it. Null: any will do.
+    MatrixData* dataSet(const QString& sGroup, int iRecords, const MatrixData* poSource);
     /// As above, but the first attribute has these values, or the data set is a new one. With bReplace a data set of
     /// exactly that name with other values makes room.
     MatrixData* dataSetAt(const QString& sGroup, const QString& sDepthName, const MatrixColumn& oDepths,
@@ -36,6 +39,8 @@ public:
                              boost::shared_ptr<UnitManager> poUnit);
     MatrixData* setAttribute(MatrixData& dataSet, const QString& sName, MatrixColumn oValues,
                              const QString& sUnitCategory);
+    /// The same for angles.
+    MatrixData* setAngles(MatrixData& dataSet, const QString& sName, std::span<const double> vdDegrees);
 
 private:
     MatrixDataRestore& addRecord(MatrixData& node, bool bRemoval = false);
@@ -61,8 +66,8 @@ GKBASETOOLS_EXPORT MatrixData* addDecimationAttributes(MatrixData& root, const Q
                                                        bool bNewStep);
 
 /// Writes the turned orientations of a model as "Rotated:Dip" and "Rotated:Dip Azimuth" (of lines their plunge and
-/// azimuth), in degrees; records without a point stay empty. Earlier ones of a data set with as many records are
-/// overwritten. Returns the dips; null, and nothing is written, without a rotation.
+/// azimuth), in degrees; records without a point stay empty. Earlier ones of the same data set are overwritten. Returns
+/// the dips; null, and nothing is written, without a rotation.
 GKBASETOOLS_EXPORT MatrixData* addRotatedAttributes(MatrixData& root, const QRelationshipItemModel& model);
 
 /// Writes the bias weight of each record, which add up to the number of records, as an attribute of that name, as
