@@ -191,6 +191,30 @@ private slots:
         QVERIFY(iTracks > 0);
     }
 
+    void thinnedTableDoesNotCutWhatAChartSelected()
+    {
+        m_pqDialog->vertexItemModel()->updateModel(3, {}); // records 0, 2, 5, 8
+        const auto showsAfterRefill = [this](int iRecords) {
+            showTable();
+            showHistogram();
+            const int iInHistogram = histogramModel()->numberOfPoints();
+            showPage(m_pqDialog->crossPlot());
+            const int iInCrossPlot = m_pqDialog->crossPlot()->numberOfSelectedRows();
+            return iInHistogram == iRecords && iInCrossPlot == iRecords % 10;
+        };
+        select({1, 2, 3});
+        QCOMPARE(m_pqDialog->vertexTable()->selectedRecords(), std::vector<int>{2});
+        QVERIFY(showsAfterRefill(3));
+        select({3, 4}); // the table shows none of them
+        QVERIFY(m_pqDialog->vertexTable()->selectedRecords().empty());
+        QVERIFY(showsAfterRefill(2));
+        m_pqDialog->clearAllSelections();
+        QVERIFY(showsAfterRefill(10));
+        select({1, 2, 3});
+        m_pqDialog->selectInverse(); // in the table
+        QVERIFY(showsAfterRefill(3));
+    }
+
     void resultsBecomeAttributesUntilUndo()
     {
         const std::unique_ptr<MatrixData> poBefore(m_poRoot->clone());

@@ -95,6 +95,7 @@ void QDataAnalyserDialog::changeDataRoot(MatrixData* poRoot)
     for (const QMetaObject::Connection& connection : m_lRootConnections)
         disconnect(connection);
     m_lRootConnections.clear();
+    m_oGesture.reset();
     m_poDataRoot = poRoot;
     if (m_poDataRoot && m_poRegistry)
         m_poDataRoot->setRegistry(m_poRegistry);
@@ -250,7 +251,7 @@ void QDataAnalyserDialog::updateHistogramData()
     if (!m_pqHistogramChart)
         return;
     m_pCharts->unmark(AnalyserChartPages::Histogram);
-    const bool bRebuilt = m_pqHistogramChart->setSelectedRows(vertexTable()->selectedRecords());
+    const bool bRebuilt = m_pqHistogramChart->setSelectedRows(selectedRecords());
     if (!m_pqHistogramChart->currentSelectedDataSet() && m_pCharts->isUnused(AnalyserChartPages::Histogram))
         m_pqHistogramChart->setDataSet(firstCountableAttribute());
     else if (!bRebuilt)
@@ -268,6 +269,7 @@ void QDataAnalyserDialog::resetChartsUpdateNeeded()
 
 void QDataAnalyserDialog::markSelectionChanged()
 {
+    m_oGesture.reset();
     m_iRowsInCharts = vertexTable()->selectedRowCount();
     m_pCharts->markAll(AnalyserChartPages::Need::Selection);
 }
@@ -387,6 +389,18 @@ void QDataAnalyserDialog::setNewRowSelectionFromGraphicalSelection(bool* pvFlags
         return;
     vertexTable()->setNewRowSelection(pvFlags, iCount);
     markSelectionChanged();
+    Gesture gesture{{}, vertexTable()->selectedRecords()};
+    for (int i = 0; i < iCount; ++i)
+        if (pvFlags[i])
+            gesture.m_viRecords.push_back(i);
+    if (gesture.m_viRecords != gesture.m_viInTable)
+        m_oGesture = std::move(gesture);
+}
+
+std::vector<int> QDataAnalyserDialog::selectedRecords() const
+{
+    std::vector<int> viInTable = vertexTable()->selectedRecords();
+    return m_oGesture && m_oGesture->m_viInTable == viInTable ? m_oGesture->m_viRecords : viInTable;
 }
 
 void QDataAnalyserDialog::selectInverse()
@@ -408,6 +422,8 @@ void QDataAnalyserDialog::clearAllSelections()
 void QDataAnalyserDialog::accept_ClearSelection()
 {
     m_pqTablePage->clearSelection();
+    if (m_oGesture)
+        markSelectionChanged();
     checkResetChartsUpdateNeeded();
 }
 

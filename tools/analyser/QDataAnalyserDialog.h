@@ -12,6 +12,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 class QPrinter;
@@ -42,9 +43,10 @@ enum class MarkerKind;
 
 /// The attribute analyser: the tree of data sets beside pages with the attribute table and the charts.
 ///
-/// The rows selected in the table are the one selection. A chart that selects hands its records over; a chart that
-/// shows is refilled from the table's rows, at once when it is visible (as a page or torn off), otherwise when it is
-/// next shown, and once for any number of changes.
+/// The rows selected in the table are the one selection. A chart that selects hands its records over; where a thinned
+/// table has no rows for some of them, the charts keep them all until something else is selected. A chart that shows is
+/// refilled from the table's rows, at once when it is visible (as a page or torn off), otherwise when it is next shown,
+/// and once for any number of changes.
 ///
 /// A host constructs the dialog, calls initialize(), gives it the root and the unit registry (both owned by the host)
 /// and listens to dataModified(). It may destroy the root at any time: the dialog is then empty.
@@ -243,6 +245,16 @@ private:
     void showDerived(bool bAdded);
     void changeMarkers(MarkerKind eKind, const QString& sType, bool bVisible);
 
+    /// The records that charts show as selected: those of the table, or of the last gesture in a chart.
+    std::vector<int> selectedRecords() const;
+
+    /// A selection made in a chart that the table shows in part only.
+    struct Gesture
+    {
+        std::vector<int> m_viRecords;
+        std::vector<int> m_viInTable; ///< those that the table could select
+    };
+
     MatrixData* m_poDataRoot = nullptr;   ///< not owned
     UnitRegistry* m_poRegistry = nullptr; ///< not owned
     QString m_sFileName;
@@ -275,6 +287,7 @@ private:
     AnalyserChartPages* m_pCharts = nullptr;
     bool m_bDecimating = false; ///< a click is decimating several tracks
     int m_iRowsInCharts = 0;    ///< selected rows when the charts were last marked
+    std::optional<Gesture> m_oGesture;
     QList<QMetaObject::Connection> m_lRootConnections;
 };
 

@@ -45,7 +45,7 @@ void QDataAnalyserDialog::updateBarChart()
     if (!m_pqBarChart)
         return;
     m_pCharts->unmark(AnalyserChartPages::BarChart);
-    const bool bRebuilt = m_pqBarChart->setSelectedRows(vertexTable()->selectedRecords());
+    const bool bRebuilt = m_pqBarChart->setSelectedRows(selectedRecords());
     if (!m_pqBarChart->currentSelectedDataSet() && m_pCharts->isUnused(AnalyserChartPages::BarChart)) {
         const MatrixData* poAttribute = m_poDataRoot ? m_poDataRoot->getFirstChildWithData() : nullptr;
         m_pqBarChart->setDataSet(poAttribute ? poAttribute->owner() : nullptr);
@@ -65,7 +65,7 @@ void QDataAnalyserDialog::updateRelationshipData()
         m_pqCrossPlot->setDataSet(firstDataSet(false));
     m_pCharts->noteShown(AnalyserChartPages::CrossPlot, showsAttribute());
     m_pqCrossPlot->updateCrossPlot();
-    m_pqCrossPlot->setSelectedRows(vertexTable()->selectedRecords());
+    m_pqCrossPlot->setSelectedRows(selectedRecords());
 }
 
 void QDataAnalyserDialog::updateDepthPlotData()
@@ -77,7 +77,7 @@ void QDataAnalyserDialog::updateDepthPlotData()
         m_pqDepthPlot->setDataSet(firstDataSet(true));
     m_pCharts->noteShown(AnalyserChartPages::DepthPlot, m_pqDepthPlot->currentSelectedDataSet());
     m_pqDepthPlot->updateDepthPlot();
-    m_pqDepthPlot->setSelectedRows(vertexTable()->selectedRecords());
+    m_pqDepthPlot->setSelectedRows(selectedRecords());
 }
 
 void QDataAnalyserDialog::setCurrentSymbolItem(int iGlobalID)

@@ -47,7 +47,7 @@ void QDataAnalyserDialog::updateRoseChartData()
     if (!m_pqRoseChart)
         return;
     m_pCharts->unmark(AnalyserChartPages::RosePlot);
-    const bool bRebuilt = m_pqRoseChart->setSelectedRows(vertexTable()->selectedRecords());
+    const bool bRebuilt = m_pqRoseChart->setSelectedRows(selectedRecords());
     if (!m_pqRoseChart->currentSelectedDataSet() && m_pCharts->isUnused(AnalyserChartPages::RosePlot))
         m_pqRoseChart->setDataSet(firstDirection());
     else if (!bRebuilt)
@@ -65,7 +65,7 @@ void QDataAnalyserDialog::updateOrientationChart(int iChart, QStereoChartWidget*
         pqPanel->setDataSet(firstOrientations());
     m_pCharts->noteShown(eChart, pqPanel->nodeAngle());
     pqPanel->updateStereoChart();
-    pqPanel->setSelectedRows(vertexTable()->selectedRecords());
+    pqPanel->setSelectedRows(selectedRecords());
 }
 
 void QDataAnalyserDialog::updateStereoChartData()

@@ -205,7 +205,7 @@ void QDataAnalyserDialog::addChartPage(int iChart, Panel* pqPanel, const QString
     page.m_eChart = static_cast<AnalyserChartPages::Chart>(iChart);
     page.m_pqPage = pqPanel;
     page.m_fnRefill = std::move(fnRefill);
-    page.m_fnSelect = [this, pqPanel] { pqPanel->setSelectedRows(vertexTable()->selectedRecords()); };
+    page.m_fnSelect = [this, pqPanel] { pqPanel->setSelectedRows(selectedRecords()); };
     page.m_fnCopy = [pqPanel] { pqPanel->copyToClipboard(); };
     page.m_fnSetRoot = [pqPanel](MatrixData* poRoot) { pqPanel->setDataRoot(poRoot); };
     page.m_fnUpdateChooser = [pqPanel] { pqPanel->updateDataSetSelectionBox(); };
