@@ -9,8 +9,8 @@
 #include <gkBase/MissingValue.h>
 #include <gkBase/OrientationStatistics.h>
 #include <gkBase/PointStyle.h>
+#include <gkBase/QRelationshipItemModel.h>
 #include <gkBase/QWoodcockHelpWidget.h>
-#include <gkBase/RelationshipClasses.h>
 
 #include <QPainter>
 
@@ -53,9 +53,11 @@ gkBase::ClusterShape shapeOf(const OrientationInput& orientations, const Subset&
 
 /// One shape per class that has records; those without a class are in none.
 std::vector<gkBase::ClusterShape> shapesOfClasses(const OrientationInput& orientations,
-                                                  const gkBase::MatrixData& classAttribute)
+                                                  gkBase::MatrixData& classAttribute)
 {
-    const gkBase::RelationshipClasses classes(&classAttribute, {});
+    gkBase::QRelationshipItemModel model; // names its classes as charts do, in display units
+    model.setColorAttribute(&classAttribute);
+    const gkBase::RelationshipClasses& classes = model.colorClasses();
     std::vector<Subset> vSubsets(static_cast<std::size_t>(classes.highestId() + 1));
     const std::size_t iRecords = std::min(orientations.m_vdAngles.size(), orientations.m_vdAzimuths.size());
     for (std::size_t i = 0; i < iRecords; ++i) {
@@ -66,7 +68,7 @@ std::vector<gkBase::ClusterShape> shapesOfClasses(const OrientationInput& orient
     std::vector<gkBase::ClusterShape> vShapes;
     for (int iClass = 1; iClass <= classes.highestId(); ++iClass) {
         gkBase::ClusterShape shape =
-            shapeOf(orientations, vSubsets[static_cast<std::size_t>(iClass)], classes.names().value(iClass).toString());
+            shapeOf(orientations, vSubsets[static_cast<std::size_t>(iClass)], model.getColorName(iClass));
         shape.m_oColor = classes.color(iClass);
         shape.m_iSymbol = g_aiStyles[vShapes.size() % g_aiStyles.size()];
         if (shape.m_iCount > 0) {
@@ -76,8 +78,7 @@ std::vector<gkBase::ClusterShape> shapesOfClasses(const OrientationInput& orient
     return vShapes;
 }
 
-std::vector<gkBase::ClusterShape> shapesOf(const OrientationInput& orientations,
-                                           const gkBase::MatrixData* poClassAttribute)
+std::vector<gkBase::ClusterShape> shapesOf(const OrientationInput& orientations, gkBase::MatrixData* poClassAttribute)
 {
     if (poClassAttribute) {
         return shapesOfClasses(orientations, *poClassAttribute);
@@ -126,7 +127,7 @@ std::optional<CommandResult> renderWoodcock(CommandInput& input, const QString& 
     std::optional<CommandResult> oError;
     const bool bBlack = blackBackground(input, oError);
     const OrientationInput orientations = loadedOrientations(input, oError);
-    const gkBase::MatrixData* poClasses =
+    gkBase::MatrixData* poClasses =
         oError ? nullptr : classAttribute(input, QStringLiteral("color-by"), *orientations.m_poAngle, oError);
     if (oError)
         return oError;
