@@ -346,6 +346,16 @@ void tst_Density::labelsKeepTheirDistance()
         }
     }
     QVERIFY(contourLabels(vContours, 0.0).empty());
+
+    // What is refused keeps nothing away: a half without room leaves the other half as full of labels as it can be.
+    const auto isEast = [](const ContourLabel& oLabel) { return oLabel.m_oPoint.m_dX > 0.0; };
+    const std::vector<ContourLabel> vEast = contourLabels(vContours, dDistance, isEast);
+    QVERIFY(std::all_of(vEast.begin(), vEast.end(), isEast));
+    for (const ContourLabel& oLabel : vLabels) {
+        QVERIFY(!isEast(oLabel) || std::any_of(vEast.begin(), vEast.end(), [&](const ContourLabel& oKept) {
+            return distance(oKept.m_oPoint, oLabel.m_oPoint) <= dDistance;
+        }));
+    }
 }
 
 QTEST_APPLESS_MAIN(tst_Density)

@@ -23,6 +23,8 @@ public:
     /// Takes a box without asking: something that labels shall not cover.
     void block(const QRectF& oBox);
     bool isFree(const QRectF& oBox) const;
+    /// All boxes so far, each with the gap around it.
+    std::span<const QRectF> taken() const { return m_voTaken; }
     /// The first of these boxes that is free and inside the area, which is taken by that; a null rectangle for none.
     QRectF place(std::span<const QRectF> voBoxes);
     /// A box of the size beside the anchor: to its right, left, above, below, then at its corners.

@@ -17,6 +17,7 @@
 #include <QPointF>
 #include <QPointer>
 #include <QPolygonF>
+#include <QRectF>
 #include <QString>
 
 #include <span>
@@ -35,7 +36,7 @@ class QRelationshipItemModel;
 /// adds) or a click and, in the pick mode, looks at the plane whose pole lies under the cursor.
 ///
 /// Drawn from below: contours, net, great circles, points of the first, the second and the lineation data, contour
-/// labels, results, centroids, frame. All of the data is clipped to the disc.
+/// labels, results with their labels, centroids, frame. All of the data is clipped to the disc.
 ///
 /// Chart units are (dip, dip azimuth) of planes or (plunge, azimuth) of lines, by the projection target of the
 /// settings; cursorPos() tells them, or (99999.0, 99999.0) beyond the rim.
@@ -184,6 +185,12 @@ private:
         PointPainter m_oPainter;
         GreatCirclePainter m_oGreatCircles;
     };
+    /// A label with its box in pixels.
+    struct PlacedText
+    {
+        QString m_sText;
+        QRectF m_oBox;
+    };
     /// A result in pixels.
     struct ResultShape
     {
@@ -214,7 +221,11 @@ private:
     void drawGreatCirclesOf(QPainter* pPainter, const QRelationshipItemModel& model, const QColor& oColor,
                             GreatCirclePainter& curves);
     void drawAverageOrientation(QPainter* pPainter);
-    void drawResultLabels(QPainter* pPainter, LabelPlacement& placement);
+    void blockResults(LabelPlacement& placement) const;
+    /// A box for the label of each result, null for none.
+    std::vector<QRectF> placeResultLabels(const QPainter& painter, LabelPlacement& placement) const;
+    void drawResultLabels(QPainter* pPainter, const std::vector<QRectF>& voBoxes);
+    void updateContourLabels(const QPainter& painter, LabelPlacement& placement);
     QPolygonF centroids(bool bPoles) const;
     void drawPick(QPainter& painter);
 
@@ -247,10 +258,11 @@ private:
     std::vector<ContourLevel> m_vLevels;
     quint64 m_iContourKey = 0;
     std::vector<ContourPath> m_vContourPaths;
-    std::vector<ContourLabel> m_vContourLabels;
     quint64 m_iPathKey = 0;
     quint64 m_iPathSerial = 0; ///< grows with every change of the paths
-    QImage m_oContourPicture;  ///< drawn before, for m_iContourPictureKey
+    std::vector<PlacedText> m_vContourLabels;
+    quint64 m_iContourLabelKey = 0;
+    QImage m_oContourPicture; ///< drawn before, for m_iContourPictureKey
     QPoint m_oContourPictureTopLeft;
     quint64 m_iContourPictureKey = 0;
 

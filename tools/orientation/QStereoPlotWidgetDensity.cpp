@@ -12,8 +12,6 @@ namespace gkBase {
 
 namespace {
 
-constexpr double g_dLabelDistance = 50.0; ///< pixels between contour labels
-
 /// Node (i, j) of column i from the west and row j from the north.
 void copyCounts(const DensityGrid& oGrid, MatrixDataArray& array)
 {
@@ -148,7 +146,6 @@ void QStereoPlotWidget::layOutContours()
         m_iPathKey = iKey;
         ++m_iPathSerial;
         m_vContourPaths = contourPaths(m_vContours, netFrame());
-        m_vContourLabels = contourLabels(m_vContours, radius() > 0 ? g_dLabelDistance / radius() : 0.0);
     }
 }
 

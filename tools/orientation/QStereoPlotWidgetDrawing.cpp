@@ -31,6 +31,7 @@ constexpr int g_iOpenCircleSize = 5;
 constexpr double g_dResultExtent = 7.0; ///< half the side of the framed square of a result
 constexpr double g_dCentroidExtent = 10.0;
 constexpr double g_dSmallestPlunge = 0.005;
+constexpr double g_dContourLabelDistance = 50.0;
 
 /// Saves the painter and restores it.
 class PainterState
@@ -80,25 +81,14 @@ void QStereoPlotWidget::drawChart(QPainter& painter)
         drawCyclographicTraces(&painter);
         drawLayers(&painter);
     }
-    drawAverageOrientation(&painter);
-
-    // Labels of results come before those of contours where there is no room for both.
+    // Labels of contours lie under the results, but leave room for those and their labels.
     LabelPlacement placement(m_oPlotRect);
-    for (const ResultShape& shape : m_vResults) {
-        if (shape.m_oItem.m_eKind != StereoResultItem::Kind::GreatCircle && isPoint(shape.m_oPoint)) {
-            placement.block(around(shape.m_oPoint, g_dResultExtent));
-        }
-    }
-    for (const bool bPoles : {true, false}) {
-        if (bPoles ? clusterPoleCentroidsOn() : clusterAzimuthCentroidsOn()) {
-            for (const QPointF& oCentroid : centroids(bPoles && model() && !model()->linesAreShown())) {
-                placement.block(around(oCentroid, g_dCentroidExtent));
-            }
-        }
-    }
-    drawMeanOrientation(&painter);
-    drawResultLabels(&painter, placement);
+    blockResults(placement);
+    const std::vector<QRectF> voResultLabels = placeResultLabels(painter, placement);
     drawContourLabels(&painter, placement);
+    drawAverageOrientation(&painter);
+    drawMeanOrientation(&painter);
+    drawResultLabels(&painter, voResultLabels);
     if (clusterPoleCentroidsOn()) {
         drawPoleCentroids(&painter);
     }
@@ -185,15 +175,46 @@ void QStereoPlotWidget::drawContourLabels(QPainter* pPainter, LabelPlacement& pl
         return;
     }
     const PainterState state(pPainter);
-    for (const ContourLabel& label : m_vContourLabels) {
-        const QString sText = QString::number(label.m_dLevel, 'f', 2) + QLatin1Char('%');
-        const NetPoint oPixel = netFrame().toPixel(label.m_oPoint);
-        const QSizeF oSize = labelBoxSize(*pPainter, sText);
-        const QRectF oBox(QPointF(oPixel.m_dX - oSize.width() / 2.0, oPixel.m_dY - oSize.height() / 2.0), oSize);
-        if (isInsideNet(netFrame(), oBox) && !placement.place(std::array{oBox}).isNull()) {
-            drawLabelBox(*pPainter, oBox, sText, m_oLabelColor, m_oBackgroundColor);
-        }
+    updateContourLabels(*pPainter, placement);
+    for (const PlacedText& label : m_vContourLabels) {
+        drawLabelBox(*pPainter, label.m_oBox, label.m_sText, m_oLabelColor, m_oBackgroundColor);
     }
+}
+
+void QStereoPlotWidget::updateContourLabels(const QPainter& painter, LabelPlacement& placement)
+{
+    const QSizeF oSample = labelBoxSize(painter, QStringLiteral("0123456789.%"));
+    std::vector<double> vdLayout{oSample.width(), oSample.height()};
+    for (const QRectF& oBox : placement.taken()) {
+        vdLayout.insert(vdLayout.end(), {oBox.left(), oBox.top(), oBox.right(), oBox.bottom()});
+    }
+    Fingerprint print;
+    print.add(m_iPathSerial);
+    print.add(std::span<const double>(vdLayout));
+    const quint64 iKey = print.value() | 1U;
+    if (iKey == m_iContourLabelKey) {
+        return;
+    }
+    m_iContourLabelKey = iKey;
+    m_vContourLabels.clear();
+    // A label without room lets the next segment of its line try.
+    PlacedText label;
+    QSizeF oSize;
+    double dLevel = g_dMissingValue;
+    contourLabels(m_vContours, g_dContourLabelDistance / radius(), [&](const ContourLabel& candidate) {
+        if (candidate.m_dLevel != dLevel) {
+            dLevel = candidate.m_dLevel;
+            label.m_sText = QString::number(dLevel, 'f', 2) + QLatin1Char('%');
+            oSize = labelBoxSize(painter, label.m_sText);
+        }
+        const NetPoint oPixel = netFrame().toPixel(candidate.m_oPoint);
+        label.m_oBox = {QPointF(oPixel.m_dX - oSize.width() / 2.0, oPixel.m_dY - oSize.height() / 2.0), oSize};
+        const bool bFits = isInsideNet(netFrame(), label.m_oBox) && !placement.place(std::array{label.m_oBox}).isNull();
+        if (bFits) {
+            m_vContourLabels.push_back(label);
+        }
+        return bFits;
+    });
 }
 
 // ---- net ------------------------------------------------------------------------------------------------------------
@@ -358,23 +379,46 @@ void QStereoPlotWidget::drawMeanOrientation(QPainter* pPainter)
     }
 }
 
-void QStereoPlotWidget::drawResultLabels(QPainter* pPainter, LabelPlacement& placement)
+void QStereoPlotWidget::blockResults(LabelPlacement& placement) const
 {
-    if (!m_settings.m_bResultLabels) {
-        return;
-    }
-    const PainterState state(pPainter);
     for (const ResultShape& shape : m_vResults) {
-        if (!isPoint(shape.m_oPoint)) {
-            continue;
+        if (shape.m_oItem.m_eKind != StereoResultItem::Kind::GreatCircle && isPoint(shape.m_oPoint)) {
+            placement.block(around(shape.m_oPoint, g_dResultExtent));
         }
-        const bool bPlane = shape.m_oItem.m_eKind == StereoResultItem::Kind::GreatCircle;
-        const QRectF oAnchor = around(shape.m_oPoint, bPlane ? shape.m_oItem.m_oStyle.m_iWidth / 2.0 : g_dResultExtent);
-        const QRectF oBox = placeOnNet(placement, netFrame(), oAnchor, labelBoxSize(*pPainter, shape.m_oItem.m_sLabel));
-        if (!oBox.isNull()) {
-            const QColor oColor = readable(shape.m_oItem.m_oStyle.m_oColor);
-            drawLabelLeader(*pPainter, oBox, shape.m_oPoint, oColor);
-            drawLabelBox(*pPainter, oBox, shape.m_oItem.m_sLabel, oColor, m_oBackgroundColor);
+    }
+    for (const bool bPoles : {true, false}) {
+        if (bPoles ? clusterPoleCentroidsOn() : clusterAzimuthCentroidsOn()) {
+            for (const QPointF& oCentroid : centroids(bPoles && model() && !model()->linesAreShown())) {
+                placement.block(around(oCentroid, g_dCentroidExtent));
+            }
+        }
+    }
+}
+
+std::vector<QRectF> QStereoPlotWidget::placeResultLabels(const QPainter& painter, LabelPlacement& placement) const
+{
+    std::vector<QRectF> voBoxes(m_vResults.size());
+    for (std::size_t i = 0; m_settings.m_bResultLabels && i < m_vResults.size(); ++i) {
+        const ResultShape& shape = m_vResults[i];
+        if (isPoint(shape.m_oPoint)) {
+            const bool bPlane = shape.m_oItem.m_eKind == StereoResultItem::Kind::GreatCircle;
+            const double dExtent = bPlane ? shape.m_oItem.m_oStyle.m_iWidth / 2.0 : g_dResultExtent;
+            voBoxes[i] = placeOnNet(placement, netFrame(), around(shape.m_oPoint, dExtent),
+                                    labelBoxSize(painter, shape.m_oItem.m_sLabel));
+        }
+    }
+    return voBoxes;
+}
+
+void QStereoPlotWidget::drawResultLabels(QPainter* pPainter, const std::vector<QRectF>& voBoxes)
+{
+    const PainterState state(pPainter);
+    for (std::size_t i = 0; i < voBoxes.size(); ++i) {
+        if (!voBoxes[i].isNull()) {
+            const StereoResultItem& item = m_vResults[i].m_oItem;
+            const QColor oColor = readable(item.m_oStyle.m_oColor);
+            drawLabelLeader(*pPainter, voBoxes[i], m_vResults[i].m_oPoint, oColor);
+            drawLabelBox(*pPainter, voBoxes[i], item.m_sLabel, oColor, m_oBackgroundColor);
         }
     }
 }

@@ -267,8 +267,8 @@ public:
     {
     }
 
-    /// Keeps the point unless a kept one lies within the distance.
-    bool keep(const NetPoint& oPoint)
+    /// No kept point lies within the distance.
+    bool isFree(const NetPoint& oPoint)
     {
         const int iX = bucketOf(oPoint.m_dX);
         const int iY = bucketOf(oPoint.m_dY);
@@ -282,9 +282,9 @@ public:
                 }
             }
         }
-        bucket(iX, iY).push_back(oPoint);
         return true;
     }
+    void keep(const NetPoint& oPoint) { bucket(bucketOf(oPoint.m_dX), bucketOf(oPoint.m_dY)).push_back(oPoint); }
 
 private:
     int bucketOf(double dPosition) const
@@ -368,7 +368,8 @@ std::vector<DensityContour> densityContours(const DensityGrid& oGrid, std::span<
     return vContours;
 }
 
-std::vector<ContourLabel> contourLabels(std::span<const DensityContour> vContours, double dDistance)
+std::vector<ContourLabel> contourLabels(std::span<const DensityContour> vContours, double dDistance,
+                                        const std::function<bool(const ContourLabel&)>& fnFits)
 {
     std::vector<ContourLabel> vLabels;
     if (!(dDistance > 0.0) || !std::isfinite(dDistance)) {
@@ -381,8 +382,10 @@ std::vector<ContourLabel> contourLabels(std::span<const DensityContour> vContour
             for (std::size_t i = 1; i < vLine.size(); ++i) {
                 const NetPoint oMiddle{0.5 * (vLine[i - 1].m_dX + vLine[i].m_dX),
                                        0.5 * (vLine[i - 1].m_dY + vLine[i].m_dY)};
-                if (oKept.keep(oMiddle)) {
-                    vLabels.push_back({oMiddle, oContour.m_dLevel});
+                const ContourLabel oLabel{oMiddle, oContour.m_dLevel};
+                if (oKept.isFree(oMiddle) && (!fnFits || fnFits(oLabel))) {
+                    oKept.keep(oMiddle);
+                    vLabels.push_back(oLabel);
                 }
             }
         }

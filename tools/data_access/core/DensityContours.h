@@ -5,6 +5,7 @@
 #include "NetCurves.h"
 #include "gkBaseCoreExport.h"
 
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -54,8 +55,10 @@ struct ContourLabel
 };
 
 /// Label positions: the middle of every segment of an isoline is a candidate, from the highest level down,
-/// and is kept when no kept one lies within dDistance (in units of the radius of the net: 50 pixels are 50 / radius).
-/// Found through buckets of that size: linear in the number of segments. Empty for a distance not above 0.
-GKBASECORE_EXPORT std::vector<ContourLabel> contourLabels(std::span<const DensityContour> vContours, double dDistance);
+/// and is kept when no kept one lies within dDistance (in units of the radius of the net: 50 pixels are 50 / radius)
+/// and fnFits, asked last, has room for it; what it refuses keeps no other label away. Found through buckets of that
+/// size: linear in the number of segments. Empty for a distance not above 0.
+GKBASECORE_EXPORT std::vector<ContourLabel> contourLabels(std::span<const DensityContour> vContours, double dDistance,
+                                                          const std::function<bool(const ContourLabel&)>& fnFits = {});
 
 } // namespace gkBase
