@@ -220,6 +220,9 @@ void QChartDrawingArea::wheelEvent(QWheelEvent* pEvent)
         return;
     }
     pEvent->accept();
+    // What a gesture drew so far stands in pixels of the widget, and would no longer lie where it was drawn.
+    if (pEvent->buttons() != Qt::NoButton)
+        return;
     const double dZoom = ChartViewport::wheelZoom(zoomFactor(), iDelta);
     if (dZoom == zoomFactor())
         return;
