@@ -21,8 +21,8 @@ public:
     /// The part of a device to write into, and the net in the pixels of the chart.
     CurveRaster(const PointTarget& target, const NetFrame& oFrame);
 
-    /// Below what was written before. The colour is premultiplied.
-    void write(std::span<const NetPolyline> vLines, QRgb oColor);
+    /// Below what was written before, so many device pixels wide, one at least. The colour is premultiplied.
+    void write(std::span<const NetPolyline> vLines, QRgb oColor, double dWidth = 1.0);
     /// Nothing that is written from now on would be seen.
     bool isFull() const { return m_iFree == 0; }
     /// Takes a place on the net: true for the first that asks for its pixel. Always true when the net has more pixels
@@ -36,13 +36,16 @@ public:
 private:
     void freeDisc();
     bool tilesAreFull(int iLeft, int iTop, int iRight, int iBottom) const;
-    void writeSegment(double dX1, double dY1, double dX2, double dY2, QRgb oColor);
+    void writeSegment(double dX1, double dY1, double dX2, double dY2, QRgb oColor, double dWidth);
+    void writePixel(int iX, int iY, QRgb oColor);
 
     QRect m_oRect;
     double m_dCentreX; ///< of the net, in pixels of the picture
     double m_dCentreY;
     double m_dRadius;
     QImage m_oPicture;
+    QRgb* m_pPixels = nullptr;
+    qsizetype m_iStride = 0;            ///< pixels from row to row
     std::vector<std::uint8_t> m_vbFree; ///< pixels of the disc without colour
     std::size_t m_iFree = 0;
     int m_iTileColumns = 0;

@@ -19,6 +19,8 @@ namespace gkBase {
 
 namespace {
 
+constexpr double g_dSelectedPen = 2.0;
+
 enum class Part
 {
     All, ///< as if none were selected
@@ -117,11 +119,12 @@ CurveRaster raster(const GreatCircleBatch& batch, const PointTarget& target, Par
     CurveRaster curves(target, batch.m_oFrame);
     const SeenCap cap(batch.m_oProjection, batch.m_oFrame, target);
     const double dStep = curveStep(batch.m_oFrame);
+    const double dWidth = ePart == Part::Selected ? g_dSelectedPen * target.m_dScale : 1.0;
     for (std::size_t i = batch.size(); i-- > 0 && !curves.isFull();) {
         if (belongs(batch, ePart, i) && cap.isCrossedBy(batch.m_vdDips[i], batch.m_vdDipAzimuths[i]) &&
             curves.take(batch.m_oProjection.pole(batch.m_vdDips[i], batch.m_vdDipAzimuths[i]))) {
             curves.write(greatCircle(batch.m_oProjection, batch.m_vdDips[i], batch.m_vdDipAzimuths[i], dStep),
-                         qPremultiply(colorOf(batch, ePart, i).rgba()));
+                         qPremultiply(colorOf(batch, ePart, i).rgba()), dWidth);
         }
     }
     return curves;
@@ -142,7 +145,7 @@ void drawOutlines(QPainter* pPainter, const GreatCircleBatch& batch, Part ePart)
     pPainter->setRenderHint(QPainter::Antialiasing);
     pPainter->setBrush(Qt::NoBrush);
     for (auto it = viPlanes.rbegin(); it != viPlanes.rend(); ++it) {
-        pPainter->setPen(QPen(colorOf(batch, ePart, *it), ePart == Part::Selected ? 2.0 : 1.0));
+        pPainter->setPen(QPen(colorOf(batch, ePart, *it), ePart == Part::Selected ? g_dSelectedPen : 1.0));
         pPainter->drawPath(
             greatCirclePath(batch.m_oProjection, batch.m_oFrame, batch.m_vdDips[*it], batch.m_vdDipAzimuths[*it]));
     }

@@ -36,7 +36,7 @@ struct GKBASETOOLS_EXPORT GreatCircleBatch
 };
 
 /// Draws great circles as thin curves, later planes above earlier ones, selected ones above all in a colour of their
-/// own.
+/// own and twice as wide.
 ///
 /// A few are smooth outlines. From s_iMostOutlines on, screens and images get one picture whose pixels the curves are
 /// written into from the last plane to the first, each pixel once; of planes whose poles share a pixel one is written,
