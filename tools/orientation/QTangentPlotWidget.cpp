@@ -8,6 +8,7 @@
 #include "RecordMask.h"
 #include "StereoLabels.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPen>
@@ -177,8 +178,13 @@ void QTangentPlotWidget::dragFoldAxis(const QPointF& oPosition)
 
 void QTangentPlotWidget::mousePressEvent(QMouseEvent* pEvent)
 {
-    if (pEvent->button() == Qt::LeftButton && isOnFoldAxis(pEvent->position())) {
+    // Another button does not disturb the drag.
+    if (m_bDragging && (pEvent->buttons() & Qt::LeftButton) && pEvent->button() != Qt::LeftButton) {
+        return;
+    }
+    if (pEvent->button() == Qt::LeftButton && pEvent->buttons() == Qt::LeftButton && isOnFoldAxis(pEvent->position())) {
         m_bDragging = true;
+        m_oAxisBefore = foldAxis();
         setCursor(Qt::ClosedHandCursor);
         return;
     }
@@ -206,6 +212,18 @@ void QTangentPlotWidget::mouseReleaseEvent(QMouseEvent* pEvent)
         return;
     }
     QStereoPlotWidget::mouseReleaseEvent(pEvent);
+}
+
+void QTangentPlotWidget::keyPressEvent(QKeyEvent* pEvent)
+{
+    if (pEvent->key() == Qt::Key_Escape && m_bDragging) {
+        m_bDragging = false;
+        setCursor(Qt::CrossCursor);
+        setFoldAxis(m_oAxisBefore.x(), m_oAxisBefore.y());
+        emit foldAxisMoved(foldAxis());
+    } else {
+        QStereoPlotWidget::keyPressEvent(pEvent);
+    }
 }
 
 } // namespace gkBase

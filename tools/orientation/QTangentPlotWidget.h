@@ -51,6 +51,8 @@ protected:
     void mousePressEvent(QMouseEvent* pEvent) override;
     void mouseMoveEvent(QMouseEvent* pEvent) override;
     void mouseReleaseEvent(QMouseEvent* pEvent) override;
+    /// Escape brings a dragged axis back to where it was.
+    void keyPressEvent(QKeyEvent* pEvent) override;
 
     NetPaths netPaths() const override;
     void drawFoldAxis(QPainter* pPainter) override;
@@ -67,6 +69,7 @@ private:
     double m_dAzimuth = 0.0;
     bool m_bShowFoldAxis = false;
     bool m_bDragging = false;
+    QPointF m_oAxisBefore; ///< (plunge, azimuth) before it was dragged
 };
 
 } // namespace gkBase
