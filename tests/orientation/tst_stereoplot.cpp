@@ -13,7 +13,9 @@
 #include <QSignalSpy>
 #include <QSvgGenerator>
 #include <QTest>
+#include <QWheelEvent>
 
+#include <algorithm>
 #include <numeric>
 
 using namespace gkBase;
@@ -83,6 +85,7 @@ private slots:
     void lassoSelectsWhatLiesInside_data();
     void lassoSelectsWhatLiesInside();
     void pressClearsAndCtrlAdds();
+    void wheelLeavesALassoAlone();
     void cursorTellsOrientations();
     void pickIsShownWhileTheButtonIsDown();
     void contoursLieUnderPointsAndNet();
@@ -195,6 +198,8 @@ void TestStereoPlot::countsAreFourPerRecord()
     QVERIFY(poCounts->cell(14, 17) > 0.0);
     QCOMPARE(net.contourLevels().size(), std::size_t{20});
     QCOMPARE(net.contourLevels().front().m_dPercent, 0.0);
+    QCOMPARE(net.contourMinimum(), 0.0);
+    QCOMPARE(net.contourMaximum(), *std::max_element(vdCounts.begin(), vdCounts.end()));
     QVERIFY(net.contourLevels().front().m_oColor != net.contourLevels().back().m_oColor);
 
     // 36 upright planes: every pole on the rim is counted on both sides.
@@ -264,6 +269,7 @@ void TestStereoPlot::nothingIsCountedAgainForNothing()
     net.m_choice.m_dInterval = 1.5;
     net.choose();
     QVERIFY(isSame());
+    QCOMPARE(records.m_model.contourGridPoles()->intervalSize(), 1.5);
     records.m_model.setPartSelection(true);
     QVERIFY(!isSame());
 }
@@ -338,6 +344,32 @@ void TestStereoPlot::pressClearsAndCtrlAdds()
     gkTest::dragMouse(net, {{20.0, 20.0}});
     QCOMPARE(records.m_model.numberOfSelectedPoints(), 0);
     QVERIFY(net.pointToolTip(2).contains(QStringLiteral("Dip Azimuth: 270")));
+    records.m_model.rotateDataAboutRotationAxis(nullptr, {90.0, 0.0}, 10.0, true);
+    QVERIFY(net.pointToolTip(2).contains(QStringLiteral("Rotated:Dip Azimuth: 280")));
+
+    // What is not shown takes part in no gesture.
+    records.m_model.setSelectedRecords({1});
+    net.m_choice.m_bPoints = false;
+    net.choose();
+    QCOMPARE(click(0, Qt::NoModifier), std::vector<int>{1});
+    net.m_choice.m_bGreatCircles = true;
+    net.choose();
+    QCOMPARE(click(0, Qt::NoModifier), std::vector<int>{0});
+}
+
+void TestStereoPlot::wheelLeavesALassoAlone()
+{
+    StereoRecords records = StereoRecords::even(10);
+    Net net(&records.m_model);
+    const auto turn = [&](Qt::MouseButtons eButtons) {
+        QWheelEvent event({100.0, 100.0}, {100.0, 100.0}, {}, {0, 120}, eButtons, Qt::NoModifier, Qt::NoScrollPhase,
+                          false);
+        QCoreApplication::sendEvent(&net, &event);
+        return net.zoomFactor();
+    };
+    net.enableMouseZoom(true);
+    QCOMPARE(turn(Qt::LeftButton), 1.0);
+    QVERIFY(turn(Qt::NoButton) > 1.0);
 }
 
 void TestStereoPlot::cursorTellsOrientations()
@@ -505,6 +537,9 @@ void TestStereoPlot::vectorCopiesHaveTheSameParts()
     const QByteArray sWithout = svgOf(net);
     for (const char* pText : {"Mean Principal Plane", "L Pole", "%", "points = "})
         QVERIFY2(sWithout.contains(pText), pText);
+    // Results lie above the labels of contours.
+    QVERIFY(sWithout.lastIndexOf("%<") < sWithout.indexOf("Mean Principal Plane"));
+    QVERIFY(sWithout.lastIndexOf("%<") < sWithout.indexOf("L Pole"));
     // Every great circle is a curve of its own.
     net.m_choice.m_bGreatCircles = true;
     net.choose();

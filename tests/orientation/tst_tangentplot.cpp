@@ -7,6 +7,8 @@
 #include <gkBase/QTangentPlotWidget.h>
 
 #include <QImage>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -50,6 +52,7 @@ private slots:
     void linesEndOutsideTheClearedDisc();
     void foldLiesOnTheLineOfItsAxis();
     void axisIsDragged();
+    void pickStaysOnTheDisc();
 };
 
 void TestTangentPlot::anglesGoThereAndBack()
@@ -169,6 +172,42 @@ void TestTangentPlot::axisIsDragged()
     QVERIFY(distance(diagram.foldAxis(), {60.0, 180.0}) < 1e-6);
     gkTest::dragMouse(diagram, {{199.0, 359.0}, {199.0, 199.0}});
     QVERIFY(distance(diagram.foldAxis(), {0.0, 180.0}) < 1e-6);
+
+    // Another button changes nothing, and Escape brings the axis back.
+    gkTest::sendMouse(diagram, QEvent::MouseButtonPress, {199.0, 199.0});
+    gkTest::sendMouse(diagram, QEvent::MouseMove, {250.0, 199.0});
+    QMouseEvent second(QEvent::MouseButtonPress, {250.0, 199.0}, {250.0, 199.0}, Qt::MiddleButton,
+                       Qt::LeftButton | Qt::MiddleButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&diagram, &second);
+    QCOMPARE(records.m_model.selectedRecords(), std::vector<int>{0});
+    QVERIFY(diagram.foldAxis().x() > 10.0);
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QCoreApplication::sendEvent(&diagram, &escape);
+    QVERIFY(distance(diagram.foldAxis(), {0.0, 180.0}) < 1e-6);
+    QCOMPARE(moved.last().front().toPointF(), diagram.foldAxis());
+    gkTest::sendMouse(diagram, QEvent::MouseButtonRelease, {250.0, 199.0});
+    QCOMPARE(records.m_model.selectedRecords(), std::vector<int>{0});
+}
+
+void TestTangentPlot::pickStaysOnTheDisc()
+{
+    // Planes whose dip point lies beyond the rim; at the centre it lies nowhere.
+    Diagram diagram;
+    diagram.setMouseMode(QStereoPlotWidget::MouseMode::Pick);
+    QImage oBefore(diagram.size(), QImage::Format_RGB32);
+    diagram.render(&oBefore);
+    for (const QPointF& oPosition : {QPointF(199.0, 199.0), QPointF(215.0, 199.0)}) {
+        gkTest::sendMouse(diagram, QEvent::MouseButtonPress, oPosition);
+        QImage oHeld(diagram.size(), QImage::Format_RGB32);
+        diagram.render(&oHeld);
+        gkTest::sendMouse(diagram, QEvent::MouseButtonRelease, oPosition);
+        int iChanged = 0;
+        for (int y = 0; y < 190; ++y)
+            for (int x = 0; x < 400; ++x)
+                if (std::hypot(x - 199.0, y - 199.0) > 165.0)
+                    iChanged += oHeld.pixel(x, y) != oBefore.pixel(x, y) ? 1 : 0;
+        QCOMPARE(iChanged, 0);
+    }
 }
 
 QTEST_MAIN(TestTangentPlot)

@@ -1,6 +1,7 @@
 // The drawing of points, labels and grid that all charts share.
 
 #include "MissingValue.h"
+#include "PainterState.h"
 #include "QChartDrawingArea.h"
 #include "SymbolGeometry.h"
 
@@ -19,23 +20,6 @@ constexpr int g_iIconSymbolSize = 5;
 constexpr double g_dLabelGap = 6.0;
 constexpr int g_iCentroidSize = 7;
 constexpr int g_iResultPointSize = 5;
-
-/// Restores the painter's state at the end of a scope.
-class PainterState
-{
-public:
-    explicit PainterState(QPainter* pPainter)
-        : m_pPainter(pPainter)
-    {
-        m_pPainter->save();
-    }
-    ~PainterState() { m_pPainter->restore(); }
-    PainterState(const PainterState&) = delete;
-    PainterState& operator=(const PainterState&) = delete;
-
-private:
-    QPainter* m_pPainter;
-};
 
 /// What fills a style whose inside is drawn in oFill on a background; invalid for none.
 QColor fillOf(int iStyle, const QColor& oFill, const QColor& oBackground)

@@ -92,6 +92,15 @@ QPolygonF polygonAtOrigin(Shape eShape, int iSize)
     }
 }
 
+/// The whole pixel that a position lies in when halves go up, as far as integers reach with room for a symbol. Charts
+/// whose scales have no end hold positions beyond that; NaN becomes the farthest pixel to the left or above.
+int wholePixel(double dPosition)
+{
+    constexpr int iFarthest = 1 << 30;
+    return dPosition > -iFarthest ? static_cast<int>(std::floor(std::min(dPosition, double(iFarthest)) + 0.5))
+                                  : -iFarthest;
+}
+
 } // namespace
 
 bool isPointStyle(int iStyle)
@@ -119,7 +128,7 @@ QList<PointStyle> offeredPointStyles(bool bAll)
 
 QPoint symbolCentre(const QPointF& oCentre)
 {
-    return {static_cast<int>(std::floor(oCentre.x() + 0.5)), static_cast<int>(std::floor(oCentre.y() + 0.5))};
+    return {wholePixel(oCentre.x()), wholePixel(oCentre.y())};
 }
 
 QRectF symbolSquare(const QPointF& oCentre, int iSize)

@@ -32,7 +32,8 @@ GKBASETOOLS_EXPORT QString pointStyleName(int iStyle);
 /// The order in which combo boxes offer the styles; bAll adds the seven variants that differ in their fill only.
 GKBASETOOLS_EXPORT QList<PointStyle> offeredPointStyles(bool bAll);
 
-/// The centre on whole pixels (halves go to the right and down).
+/// The centre on whole pixels (halves go to the right and down); what lies too far away for integers is brought
+/// nearer, still far beyond any picture.
 GKBASETOOLS_EXPORT QPoint symbolCentre(const QPointF& oCentre);
 
 /// The square (x − s, y − s)–(x + s, y + s) around the rounded centre; a negative size counts as 0.

@@ -183,6 +183,21 @@ bool QStereoPlotWidget::polesAreShown(const QRelationshipItemModel& model) const
     return polesAreShown() && !model.linesAreShown();
 }
 
+bool QStereoPlotWidget::isOnDisc(const QPointF& oPixel) const
+{
+    return radius() > 0 && isOnNet(netFrame().toNet(oPixel.x(), oPixel.y()));
+}
+
+bool QStereoPlotWidget::colorAttributeIsOn()
+{
+    return model() && model()->colorAttributeIsOn();
+}
+
+bool QStereoPlotWidget::symbolAttributeIsOn()
+{
+    return model() && model()->symbolAttributeIsOn();
+}
+
 // ---- layout ---------------------------------------------------------------------------------------------------------
 
 void QStereoPlotWidget::layoutChart()
@@ -252,7 +267,7 @@ QPointF QStereoPlotWidget::pointOf(const StereoResultItem& item) const
 {
     const QPointF oPixel = item.m_eKind == StereoResultItem::Kind::Pole ? poleInPixel(item.m_oOrientation)
                                                                         : dipDirectionInPixel(item.m_oOrientation);
-    return isOnNet(netFrame().toNet(oPixel.x(), oPixel.y())) ? oPixel : QPointF(g_dEmptyCell, g_dEmptyCell);
+    return isOnDisc(oPixel) ? oPixel : QPointF(g_dEmptyCell, g_dEmptyCell);
 }
 
 QColor QStereoPlotWidget::readable(const QColor& oColor) const

@@ -33,7 +33,8 @@ class QRelationshipItemModel;
 
 /// The stereonet: orientations projected onto the lower hemisphere, equal-area (Schmidt) or equal-angle (Wulff), with
 /// reference net, density contours, great circles, results and clusters. The user selects records with a lasso (Ctrl
-/// adds) or a click and, in the pick mode, looks at the plane whose pole lies under the cursor.
+/// adds) or a click and, in the pick mode, looks at the plane whose pole lies under the cursor. Only the first data set
+/// reacts to the mouse, and only while its points or great circles are shown.
 ///
 /// Drawn from below: contours, net, great circles, points of the first, the second and the lineation data, contour
 /// labels, results with their labels, centroids, frame. All of the data is clipped to the disc.
@@ -103,6 +104,9 @@ public:
     /// taken. In the present projection and with the weights of the model. The counts also go to the contour grids of
     /// the model.
     const DensityGrid& density();
+    /// The smallest and the largest node of the last counting pass; 0 before it, and where it took nothing.
+    double contourMinimum() const { return m_dContourMinimum; }
+    double contourMaximum() const { return m_dContourMaximum; }
     /// Levels in per cent with the colours that bands and legend use; empty without contours.
     struct ContourLevel
     {
@@ -110,6 +114,9 @@ public:
         QColor m_oColor;
     };
     const std::vector<ContourLevel>& contourLevels();
+
+    bool colorAttributeIsOn() override;
+    bool symbolAttributeIsOn() override;
 
     void layoutChart() override;
     void drawChart(QPainter& painter) override;
@@ -134,6 +141,10 @@ protected:
     QPointF chartPixel(const QPointF& oPosition) const { return oPosition + pixmapRect().topLeft(); }
     /// Chart units under the mouse, as cursorPos() tells them.
     QPointF cursorValue(const QPointF& oPosition) const;
+    /// A pixel of the chart lies within the rim or on it; not for NaN.
+    bool isOnDisc(const QPointF& oPixel) const;
+    /// The net shows records that can be selected: points or great circles of the first data set.
+    bool recordsAreSeen() const;
     /// A colour that shows on the background; the label colour for an invalid one.
     QColor readable(const QColor& oColor) const;
     /// The record drawn nearest to a position in chart pixels, within reach of a click; −1 for none.
@@ -152,6 +163,7 @@ protected:
     void drawCyclographicTrace(QPainter* pPainter, const double& dDip, const double& dDipAzimuth, bool bDiameter);
     /// Great circles of all planes of the first and, where it is shown, of the second data set.
     void drawCyclographicTraces(QPainter* pPainter);
+    /// Poles and lines beyond the rim, which only tangent diagrams have, are not drawn.
     void drawPole(QPainter* pPainter, const QPointF& oPlane);
     /// A point for a line. Lines with |plunge| below 0.005 are not drawn: a zero plunge is treated as no value.
     void drawDipDirection(QPainter* pPainter, const QPointF& oLine);
@@ -172,7 +184,7 @@ protected:
     /// −1 takes the size of the grid; null writes nothing. bPoles false takes the records as lines.
     void countingOutProjections(int iColumns, int iRows, MatrixDataArray* poGrid, bool bPoles,
                                 bool bBiasCorrected) const;
-    /// The same for the grid that the contours show.
+    /// The same for the grid that the contours show, until records, weights, projection or number of nodes change.
     void countingOutProjections(int iColumns, int iRows, bool bPoles, bool bBiasCorrected);
 
 private:
@@ -204,6 +216,8 @@ private:
     /// Of a second data set: planes follow the first data set.
     bool polesAreShown(const QRelationshipItemModel& model) const;
     DensityGrid count(int iColumns, int iRows, bool bPoles, bool bBiasCorrected) const;
+    /// The grid of the model, which must be set, that takes the counts.
+    MatrixDataArray* contourGrid() const;
     void updateDensity();
     void updateContours();
     quint64 densityKey() const;
@@ -252,6 +266,8 @@ private:
 
     // Density: counts, contours on the net of radius 1, the same in pixels.
     DensityGrid m_oDensity;
+    double m_dContourMinimum = 0.0;
+    double m_dContourMaximum = 0.0;
     QPointer<QRelationshipItemModel> m_pCountedModel; ///< not owned
     quint64 m_iDensityKey = 0;                        ///< of what was counted; 0: nothing
     std::vector<DensityContour> m_vContours;

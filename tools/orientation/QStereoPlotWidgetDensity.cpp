@@ -67,6 +67,15 @@ void QStereoPlotWidget::countingOutProjections(int iColumns, int iRows, bool bPo
     if (m_oDensity.m_iRecords == 0) {
         m_oDensity = DensityGrid();
     }
+    m_iContourKey = 0;
+    m_dContourMinimum = 0.0;
+    m_dContourMaximum = 0.0;
+    if (!m_oDensity.isEmpty()) {
+        const auto [itMinimum, itMaximum] =
+            std::minmax_element(m_oDensity.m_vdCounts.begin(), m_oDensity.m_vdCounts.end());
+        m_dContourMinimum = *itMinimum;
+        m_dContourMaximum = *itMaximum;
+    }
 }
 
 quint64 QStereoPlotWidget::densityKey() const
@@ -98,13 +107,15 @@ void QStereoPlotWidget::updateDensity()
     }
     m_iDensityKey = iKey;
     m_pCountedModel = model();
-    m_iContourKey = 0;
     const int iNodes =
         std::clamp(m_settings.m_iNodes, StereoNetSettings::s_iFewestNodes, StereoNetSettings::s_iMostNodes);
     countingOutProjections(iNodes, iNodes, polesAreShown(), model()->biasCorrectionIsOn());
-    MatrixDataArray& grid = *(polesAreShown() ? model()->contourGridPoles() : model()->contourGridDipDir());
-    grid.setIntervalSize(m_settings.m_dInterval);
-    copyCounts(m_oDensity, grid);
+    copyCounts(m_oDensity, *contourGrid());
+}
+
+MatrixDataArray* QStereoPlotWidget::contourGrid() const
+{
+    return polesAreShown() ? model()->contourGridPoles() : model()->contourGridDipDir();
 }
 
 void QStereoPlotWidget::updateContours()
@@ -123,6 +134,9 @@ void QStereoPlotWidget::updateContours()
     }
     m_iContourKey = iKey;
     m_iPathKey = 0;
+    if (model()) {
+        contourGrid()->setIntervalSize(m_settings.m_dInterval);
+    }
     const std::vector<double> vdLevels = gkBase::contourLevels(m_oDensity, m_settings.m_dInterval);
     m_vContours = densityContours(m_oDensity, vdLevels);
     const std::vector<QColor> voColors = m_settings.m_bContourFill && !m_settings.m_bContourColorFill

@@ -5,6 +5,7 @@
 #include "LabelPlacement.h"
 #include "MatrixDataArray.h"
 #include "MissingValue.h"
+#include "PainterState.h"
 #include "QRelationshipItemModel.h"
 #include "QStereoPlotWidget.h"
 #include "StereoLabels.h"
@@ -32,23 +33,6 @@ constexpr double g_dResultExtent = 7.0; ///< half the side of the framed square 
 constexpr double g_dCentroidExtent = 10.0;
 constexpr double g_dSmallestPlunge = 0.005;
 constexpr double g_dContourLabelDistance = 50.0;
-
-/// Saves the painter and restores it.
-class PainterState
-{
-public:
-    explicit PainterState(QPainter* pPainter)
-        : m_pPainter(pPainter)
-    {
-        m_pPainter->save();
-    }
-    ~PainterState() { m_pPainter->restore(); }
-    PainterState(const PainterState&) = delete;
-    PainterState& operator=(const PainterState&) = delete;
-
-private:
-    QPainter* m_pPainter;
-};
 
 QRectF around(const QPointF& oPoint, double dHalf)
 {
@@ -309,30 +293,37 @@ void QStereoPlotWidget::drawLayers(QPainter* pPainter)
 
 void QStereoPlotWidget::drawPole(QPainter* pPainter, const QPointF& oPlane)
 {
-    drawCircle(pPainter, poleInPixel(oPlane), g_iPoleSize);
+    const QPointF oPixel = poleInPixel(oPlane);
+    if (isOnDisc(oPixel)) {
+        drawCircle(pPainter, oPixel, g_iPoleSize);
+    }
 }
 
 void QStereoPlotWidget::drawDipDirection(QPainter* pPainter, const QPointF& oLine)
 {
     // A zero plunge is treated as no value.
-    if (std::abs(oLine.x()) >= g_dSmallestPlunge && !isMissing(oLine.x())) {
-        drawCircle(pPainter, dipDirectionInPixel(oLine), g_iLineSize);
+    const QPointF oPixel = dipDirectionInPixel(oLine);
+    if (std::abs(oLine.x()) >= g_dSmallestPlunge && isOnDisc(oPixel)) {
+        drawCircle(pPainter, oPixel, g_iLineSize);
     }
 }
 
 void QStereoPlotWidget::drawDipDirection(QPainter* pPainter, const QPointF& oLine, PointStyle eStyle, bool bHighlight)
 {
-    if (std::abs(oLine.x()) >= g_dSmallestPlunge && !isMissing(oLine.x())) {
-        drawOneSymbol(pPainter, dipDirectionInPixel(oLine), eStyle, bHighlight ? m_oHighlightColor : m_oLineColor,
-                      g_iPoleSize);
+    const QPointF oPixel = dipDirectionInPixel(oLine);
+    if (std::abs(oLine.x()) >= g_dSmallestPlunge && isOnDisc(oPixel)) {
+        drawOneSymbol(pPainter, oPixel, eStyle, bHighlight ? m_oHighlightColor : m_oLineColor, g_iPoleSize);
     }
 }
 
 void QStereoPlotWidget::drawDipDirectionAsBigCircle(QPainter* pPainter, const QPointF& oLine)
 {
-    const PainterState state(pPainter);
-    pPainter->setBrush(Qt::NoBrush);
-    drawCircle(pPainter, dipDirectionInPixel(oLine), g_iOpenCircleSize);
+    const QPointF oPixel = dipDirectionInPixel(oLine);
+    if (isOnDisc(oPixel)) {
+        const PainterState state(pPainter);
+        pPainter->setBrush(Qt::NoBrush);
+        drawCircle(pPainter, oPixel, g_iOpenCircleSize);
+    }
 }
 
 // ---- results --------------------------------------------------------------------------------------------------------
@@ -430,7 +421,7 @@ QPolygonF QStereoPlotWidget::centroids(bool bPoles) const
     for (int iRow = 0; poCentroids && iRow < poCentroids->arrayRows(); ++iRow) {
         const QPointF oCentroid(poCentroids->cell(iRow, 0), poCentroids->cell(iRow, 1));
         const QPointF oPixel = bPoles ? poleInPixel(oCentroid) : dipDirectionInPixel(oCentroid);
-        if (isPoint(oPixel) && isOnNet(netFrame().toNet(oPixel.x(), oPixel.y()))) {
+        if (isOnDisc(oPixel)) {
             oPixels << oPixel;
         }
     }

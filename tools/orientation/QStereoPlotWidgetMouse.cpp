@@ -63,8 +63,7 @@ void QStereoPlotWidget::setMousePickingPos(QMouseEvent* pEvent)
 QPointF QStereoPlotWidget::cursorValue(const QPointF& oPosition) const
 {
     const QPointF oPixel = chartPixel(oPosition);
-    const bool bOnNet = radius() > 0 && isOnNet(netFrame().toNet(oPixel.x(), oPixel.y()));
-    return bOnNet ? transformInDataPoint(oPixel) : QPointF(g_dMissingValue, g_dMissingValue);
+    return isOnDisc(oPixel) ? transformInDataPoint(oPixel) : QPointF(g_dMissingValue, g_dMissingValue);
 }
 
 // ---- buttons --------------------------------------------------------------------------------------------------------
@@ -80,7 +79,7 @@ void QStereoPlotWidget::mousePressEvent(QMouseEvent* pEvent)
     setMousePickingPos(pEvent);
     if (m_eMouseMode == MouseMode::Pick) {
         m_bPicking = true;
-    } else {
+    } else if (recordsAreSeen()) {
         m_vSelectionPath = {pEvent->position()};
         if (m_oSelectionGesture.begin(model(), pEvent->modifiers())) {
             scheduleRedraw();
@@ -136,6 +135,12 @@ void QStereoPlotWidget::keyPressEvent(QKeyEvent* pEvent)
 }
 
 // ---- selection ------------------------------------------------------------------------------------------------------
+
+bool QStereoPlotWidget::recordsAreSeen() const
+{
+    return model() && ((m_settings.m_bPoints && model()->drawSymbols()) ||
+                       (m_settings.m_bGreatCircles && !model()->linesAreShown()));
+}
 
 int QStereoPlotWidget::recordAt(const QPointF& oPixel)
 {
@@ -193,9 +198,11 @@ QString QStereoPlotWidget::pointToolTip(int iRecord) const
     }
     const auto i = static_cast<std::size_t>(iRecord);
     QStringList lLines;
-    const auto addValue = [&lLines](const MatrixData* poNode, double dValue) {
+    // Named as the attributes that the rotated orientations are written to.
+    const QString sPrefix = model()->isRotated() ? QStringLiteral("Rotated:") : QString();
+    const auto addValue = [&](const MatrixData* poNode, double dValue) {
         if (poNode) {
-            lLines << QStringLiteral("%1: %2").arg(poNode->name(), displayText(poNode, dValue));
+            lLines << QStringLiteral("%1%2: %3").arg(sPrefix, poNode->name(), displayText(poNode, dValue));
         }
     };
     addValue(model()->nodeX(), model()->x()[i]);
@@ -215,8 +222,8 @@ bool QStereoPlotWidget::event(QEvent* pEvent)
         return QPolarPlotWidget::event(pEvent);
     }
     const auto* pHelp = static_cast<QHelpEvent*>(pEvent);
-    const bool bPoints = m_settings.m_bPoints && m_eButton == Qt::NoButton;
-    const QString sText = bPoints ? pointToolTip(recordAt(chartPixel(pHelp->pos()))) : QString();
+    const bool bTip = recordsAreSeen() && m_eButton == Qt::NoButton;
+    const QString sText = bTip ? pointToolTip(recordAt(chartPixel(pHelp->pos()))) : QString();
     // Names and units come from files; the tip shows them as they are.
     QToolTip::showText(pHelp->globalPos(), sText.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>")),
                        this);
