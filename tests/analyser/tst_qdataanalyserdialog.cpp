@@ -208,7 +208,7 @@ private slots:
         select({3, 4}); // the table shows none of them
         QVERIFY(m_pqDialog->vertexTable()->selectedRecords().empty());
         QVERIFY(showsAfterRefill(2));
-        m_pqDialog->clearAllSelections();
+        QTest::keyClick(m_pqDialog->vertexTable(), Qt::Key_Escape);
         QVERIFY(showsAfterRefill(10));
         select({1, 2, 3});
         m_pqDialog->selectInverse(); // in the table

@@ -218,10 +218,8 @@ void QVertexModelTableView::keyPressEvent(QKeyEvent* pEvent)
     } else if (pEvent->key() == Qt::Key_Delete && pEvent->modifiers() == Qt::NoModifier) {
         clearSelectedCells();
     } else if (pEvent->key() == Qt::Key_Escape) {
-        const bool bSelected = !selectedCells().isEmpty();
         clearSelection();
-        if (bSelected)
-            emit selectionChangedByUser();
+        emit selectionChangedByUser(); // also without a selection here: a chart may show one of rows that are not
     } else if (pEvent->key() == Qt::Key_Return || pEvent->key() == Qt::Key_Enter) {
         if (isColorCell(currentIndex()))
             chooseColor(currentIndex());
