@@ -13,7 +13,7 @@ DirectionReport directionReport(const QString& sName, const std::vector<double>&
                                 bool bAxial)
 {
     gkBase::RoseSettings settings;
-    settings.m_iSectorSize = iSectorSize;
+    settings.m_dSectorSize = iSectorSize;
     settings.m_bBidirectional = bAxial;
     return {sName, bAxial, bAxial ? gkBase::axialMean(vdAzimuths) : gkBase::circularMean(vdAzimuths),
             gkBase::roseBins(vdAzimuths, settings)};
@@ -43,19 +43,18 @@ QString DirectionReport::toText() const
     report.addLine(m_bAxial ? text("mean axis") : text("mean direction"), shownNumber(m_oMean.m_dDirection));
     report.addLine(text("mean length, 0 to 1"),
                    m_oMean.m_iCount > 0 ? shownNumber(m_oMean.m_dResultantLength) : gkBase::undefinedText());
-    report.addLine(text("sector size"), QString::number(m_oBins.m_iSectorSize));
+    report.addLine(text("sector size"), QString::number(m_oBins.m_dSectorSize));
     report.addRow(QStringLiteral("%1 %2 %3 %4")
                       .arg(text("from"), 6)
                       .arg(text("to"), 6)
                       .arg(text("count"), 9)
                       .arg(text("per cent"), 9));
-    const double dDirections = m_oBins.m_dWeight * (m_bAxial ? 2.0 : 1.0);
     const auto addRow = [&](const QString& sFrom, const QString& sTo, double dCount) {
         report.addRow(QStringLiteral("%1 %2 %3 %4")
                           .arg(sFrom, 6)
                           .arg(sTo, 6)
                           .arg(dCount, 9, 'f', 0)
-                          .arg(dDirections > 0.0 ? 100.0 * dCount / dDirections : 0.0, 9, 'f', 2));
+                          .arg(m_oBins.percent(dCount), 9, 'f', 2));
     };
     for (int i = 0; i < m_oBins.sectors(); ++i) {
         addRow(QString::number(m_oBins.sectorStart(i)), QString::number(m_oBins.sectorStart(i + 1)),
@@ -65,7 +64,10 @@ QString DirectionReport::toText() const
     if (dCovered < 360.0) {
         addRow(QString::number(dCovered), QStringLiteral("360"), m_oBins.m_dUncoveredWeight);
         report.addNote(
-            text("%1 degrees do not divide the circle: the last row belongs to no sector").arg(m_oBins.m_iSectorSize));
+            text("%1 degrees do not divide the circle: the last row belongs to no sector").arg(m_oBins.m_dSectorSize));
+    }
+    if (m_bAxial) {
+        report.addNote(text("per cent of %1 records, both ends").arg(m_oBins.m_iRecords));
     }
     return report.toString();
 }

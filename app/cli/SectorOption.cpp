@@ -19,7 +19,7 @@ QCommandLineOption sectorOption()
 
 int sectorSize(const CommandInput& input, std::optional<CommandResult>& oError)
 {
-    const int iDefault = gkBase::RoseSettings().m_iSectorSize;
+    const int iDefault = static_cast<int>(gkBase::RoseSettings().m_dSectorSize);
     const int iSize = input.wholeNumber(QStringLiteral("sector"), oError).value_or(iDefault);
     if (iSize <= g_iFullCircle) {
         return iSize;

@@ -124,6 +124,9 @@ private slots:
         // Axes: 189 is 9.
         json = jsonOf(lStats + QStringList{"--json", "--axial", "--sector", "180"});
         QCOMPARE(json["sectors"], QJsonValue(QJsonArray{5, 5}));
+        const QString sAxes = run(lStats + QStringList{"--axial", "--sector", "180"}).m_sOutput;
+        QVERIFY2(sAxes.contains("180         5     50.00"), qPrintable(sAxes));
+        QVERIFY2(sAxes.contains("per cent of 5 records, both ends"), qPrintable(sAxes));
         QVERIFY(isClose(json["meanDirection"].toDouble(), 6.8, 0.1));
         QVERIFY(json["meanResultantLength"].toDouble() > 0.9);
         json = jsonOf(lStats + QStringList{"--json", "--rows", "6"});

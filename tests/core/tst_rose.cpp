@@ -67,13 +67,13 @@ void tst_Rose::countsAddUp()
     QFETCH(int, sectors);
     const Doubles vdAzimuth = randomAzimuths(2000);
     for (const bool bBidirectional : {false, true}) {
-        const RoseBins oBins = roseBins(vdAzimuth, {size, start, bBidirectional});
+        const RoseBins oBins = roseBins(vdAzimuth, {double(size), start, bBidirectional});
         QCOMPARE(oBins.sectors(), sectors);
         QCOMPARE(oBins.m_iRecords, std::size_t(1960));
         QCOMPARE(oBins.m_iMissing, std::size_t(40));
         QCOMPARE(sum(oBins.m_vdCounts) + double(oBins.m_iUncovered), bBidirectional ? 3920.0 : 1960.0);
-        QCOMPARE(oBins.m_iUncovered > 0, 360 % oBins.m_iSectorSize != 0);
-        if (bBidirectional && 180 % oBins.m_iSectorSize == 0) { // opposite sectors are equal
+        QCOMPARE(oBins.m_iUncovered > 0, 360 % int(oBins.m_dSectorSize) != 0);
+        if (bBidirectional && 180 % int(oBins.m_dSectorSize) == 0) { // opposite sectors are equal
             for (int i = 0; i < sectors / 2; ++i) {
                 QCOMPARE(oBins.m_vdCounts[std::size_t(i)], oBins.m_vdCounts[std::size_t(i + sectors / 2)]);
             }
@@ -90,6 +90,12 @@ void tst_Rose::boundaries()
     QCOMPARE(oRest.m_vdCounts.back(), 1.0);
     QCOMPARE(roseBins(vdAzimuth, {20, 350.0, false}).m_vdCounts.front(), 5.0);
     QCOMPARE(roseBins({}, {}).maximum(), 0.0);
+    // Sectors that are no whole degrees, and fewer than the circle holds.
+    QCOMPARE(roseBins(vdAzimuth, {0.1, 0.0, false}).sectors(), 3600);
+    const RoseBins oHalf = roseBins(vdAzimuth, {22.5, 0.0, true, 8});
+    QCOMPARE(oHalf.m_vdCounts, (Doubles{5, 0, 0, 0, 0, 0, 0, 3}));
+    QCOMPARE(oHalf.m_iUncovered, std::size_t(8));
+    QCOMPARE(oHalf.percent(5.0), 31.25);
 }
 
 void tst_Rose::classesAndWeights()
@@ -156,7 +162,7 @@ void tst_Rose::petals()
     const Doubles vdAzimuth = randomAzimuths(300);
     std::vector<int> viClasses(300);
     std::generate(viClasses.begin(), viClasses.end(), [i = 0]() mutable { return i++ * 7 % 5; }); // 3, 4: no class
-    const RoseBins oBins = roseBins(vdAzimuth, {size, 15.0, false}, {}, {}, viClasses, classes);
+    const RoseBins oBins = roseBins(vdAzimuth, {double(size), 15.0, false}, {}, {}, viClasses, classes);
     const std::vector<RosePetal> vPetals = rosePetals(oBins, {oBins.maximum(), true, zeroCircle});
     double dCount = 0.0;
     for (std::size_t i = 0; i < vPetals.size(); ++i) {
@@ -194,7 +200,7 @@ void tst_Rose::referenceSectors()
         for (const auto& value : expected["sectors"].toArray()) {
             const QJsonObject sectors = value.toObject();
             for (const bool bBidirectional : {false, true}) {
-                const RoseBins oBins = roseBins(vdAzimuth, {sectors["size"].toInt(), 0.0, bBidirectional});
+                const RoseBins oBins = roseBins(vdAzimuth, {sectors["size"].toDouble(), 0.0, bBidirectional});
                 QCOMPARE(oBins.m_vdCounts,
                          gkTest::toDoubles(sectors[bBidirectional ? "bidirectional" : "unidirectional"].toArray()));
                 if (!bBidirectional) {

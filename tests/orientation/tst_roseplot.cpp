@@ -49,7 +49,7 @@ struct Rose
     void count()
     {
         const bool bClassified = m_model.colorAttributeIsOn();
-        const RoseSettings settings{m_iSectorSize, 0.0, !m_plot.isUnidirectional()};
+        const RoseSettings settings{double(m_iSectorSize), 0.0, !m_plot.isUnidirectional()};
         m_plot.setRoseData(roseBins(m_model.x(), settings, m_plot.takenMask(), {},
                                     bClassified ? m_model.colorClasses().ids() : std::span<const int>(),
                                     bClassified ? m_model.colorClasses().highestId() + 1 : 0),
@@ -268,6 +268,12 @@ void tst_RosePlot::readOut()
     QCOMPARE(text(150.0, 0.9), QString("100° – 200°: 5 (31.3 % of 16)"));
     QCOMPARE(text(330.0, 0.5), QString("300° – 360°: no sector"));
     QVERIFY(text(45.0, 1.1).isEmpty());
+    // Of bidirectional records both ends count: 11 of 32 directions lie between 0° and 90°.
+    Rose axes;
+    axes.m_plot.setUnidirectional(false);
+    axes.count();
+    QCOMPARE(axes.m_plot.sectorText(axes.m_plot.pointAt(45.0, 20.0)),
+             QString("0° – 90°: 11 (34.4 % of 16 records, both ends)"));
     // The part that is seen moves with the view.
     rose.m_plot.zoom(4.0);
     rose.m_plot.updateChart();

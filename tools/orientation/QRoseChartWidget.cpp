@@ -283,8 +283,9 @@ void QRoseChartWidget::initializeNewRoseChartData()
     const bool bClassified = m_pModel->colorAttributeIsOn();
     const std::span<const int> viClasses = bClassified ? m_pModel->colorClasses().ids() : std::span<const int>();
     const int iClasses = bClassified ? m_pModel->colorClasses().highestId() + 1 : 0;
-    const RoseBins bins = roseBins(m_pModel->x(), {wanted.m_iSectorSize, 0.0, !wanted.m_bUnidirectional},
-                                   m_pqPlot->takenMask(), {}, viClasses, iClasses);
+    const RoseBins bins =
+        roseBins(m_pModel->x(), {static_cast<double>(wanted.m_iSectorSize), 0.0, !wanted.m_bUnidirectional},
+                 m_pqPlot->takenMask(), {}, viClasses, iClasses);
     m_pqPlot->setRoseData(bins, m_means);
     m_pqPlot->setMessage(problem());
     m_pqDisplaySettingsPage->setGridCircleDistance(m_pqPlot->getGridCircleDistance(),

@@ -18,7 +18,6 @@ namespace {
 /// Degrees between the corners of arcs.
 constexpr double g_dArcStep = 1.0;
 constexpr int g_iGridShare = 5;
-constexpr double g_dPercent = 100.0;
 
 } // namespace
 
@@ -128,14 +127,14 @@ QString QRosePlotWidget::sectorText(const QPointF& oPosition) const
         return tr("%1° – 360°: no sector").arg(m_bins.sectorStart(m_bins.sectors()));
     const double dStart = m_bins.sectorStart(iSector);
     const auto shareText = [this](double dCount) {
-        return tr("%1 (%2 % of %3)")
+        return (m_bins.m_bBidirectional ? tr("%1 (%2 % of %3 records, both ends)") : tr("%1 (%2 % of %3)"))
             .arg(dCount, 0, 'f', 0)
-            .arg(g_dPercent * dCount / m_bins.m_dWeight, 0, 'f', 1)
+            .arg(m_bins.percent(dCount), 0, 'f', 1)
             .arg(m_bins.m_dWeight, 0, 'f', 0);
     };
     QString sText = tr("%1° – %2°: %3")
                         .arg(dStart)
-                        .arg(dStart + m_bins.m_iSectorSize)
+                        .arg(dStart + m_bins.m_dSectorSize)
                         .arg(shareText(m_bins.m_vdCounts[static_cast<std::size_t>(iSector)]));
     const int iPetal = m_bRosePlot ? petalAt(m_vPetals, oPoint) : -1;
     if (iPetal >= 0 && m_bins.m_iClasses > 0 && model()) {

@@ -100,7 +100,7 @@ void QRosePlotWidget::drawBinBoundaryCircles(QPainter* pPainter)
         pPainter->setPen(QPen(oColor, 1.0));
         drawCircle(pPainter, iRadius);
         pPainter->setPen(QPen(oColor, 2.0));
-        const QPointF oTip = pointAt(m_bins.sectorStart(iSector) + 0.5 * m_bins.m_iSectorSize, iRadius);
+        const QPointF oTip = pointAt(m_bins.sectorStart(iSector) + 0.5 * m_bins.m_dSectorSize, iRadius);
         pPainter->drawLine(QPointF(centre()), oTip);
         drawArrow(pPainter, oTip);
     }
@@ -141,7 +141,7 @@ double QRosePlotWidget::quietDirection() const
     if (!m_bTickMarks) {
         vdDirections.clear();
         for (int i = 0; i < m_bins.sectors(); ++i)
-            vdDirections.push_back(m_bins.sectorStart(i) + 0.5 * m_bins.m_iSectorSize);
+            vdDirections.push_back(m_bins.sectorStart(i) + 0.5 * m_bins.m_dSectorSize);
     }
     return *std::min_element(vdDirections.begin(), vdDirections.end(),
                              [&count](double dA, double dB) { return count(dA) < count(dB); });

@@ -99,14 +99,14 @@ void RoseResultGroup::showResults(const RoseBins& bins, const CircularMeans& mea
     showMean(means.m_oAxis, m_pqAxisDirectionLabel, m_pqAxisLengthLabel);
     m_pqNumberOfPointsLabel->setText(QString::number(bins.m_iRecords));
     m_pqMissingLabel->setText(QString::number(bins.m_iMissing));
-    const int iRest = bins.m_iSectorSize * bins.sectors();
+    const double dRest = bins.m_dSectorSize * bins.sectors();
     m_pqUncoveredLabel->setText(QString::number(bins.m_iUncovered));
     m_pqUncoveredLabel->setToolTip(
-        tr("Directions from %1° to 360°, the rest of the circle that the sectors leave uncovered").arg(iRest));
+        tr("Directions from %1° to 360°, the rest of the circle that the sectors leave uncovered").arg(dRest));
     showRow(m_pqAxisDirectionLabel, !bUnidirectional);
     showRow(m_pqAxisLengthLabel, !bUnidirectional);
     showRow(m_pqMissingLabel, bins.m_iMissing > 0);
-    showRow(m_pqUncoveredLabel, bins.sectors() > 0 && iRest < 360);
+    showRow(m_pqUncoveredLabel, bins.sectors() > 0 && dRest < 360.0);
 }
 
 void RoseResultGroup::writeTo(RoseChartSettings& settings) const

@@ -11,13 +11,18 @@ namespace gkBase {
 
 namespace {
 
+constexpr int g_iMostSectors = 100000;
+
 /// The sector of an azimuth counted from the start, the number of sectors or more for one in the uncovered rest.
 std::size_t sectorOf(double dFromStart, const RoseBins& oBins)
 {
-    // The quotient may round up to the next sector; the product decides, which is exact.
-    auto iSector = static_cast<std::size_t>(dFromStart / oBins.m_iSectorSize);
-    if (static_cast<double>(iSector) * oBins.m_iSectorSize > dFromStart) {
+    // The quotient may round to the next sector; the limits themselves decide.
+    const double dSize = oBins.m_dSectorSize;
+    auto iSector = static_cast<std::size_t>(std::min(dFromStart / dSize, static_cast<double>(oBins.m_vdCounts.size())));
+    if (static_cast<double>(iSector) * dSize > dFromStart) {
         --iSector;
+    } else if (static_cast<double>(iSector + 1) * dSize <= dFromStart) {
+        ++iSector;
     }
     return iSector;
 }
@@ -64,13 +69,27 @@ private:
     std::span<const int> m_viClasses;
 };
 
+int numberOfSectors(int iWanted, double dSize)
+{
+    if (iWanted > 0) {
+        return std::min(iWanted, g_iMostSectors);
+    }
+    auto iSectors = static_cast<int>(std::min(360.0 / dSize, static_cast<double>(g_iMostSectors)));
+    // As many as end within the circle, whatever the quotient was rounded to.
+    if (iSectors < g_iMostSectors && (iSectors + 1) * dSize <= 360.0) {
+        ++iSectors;
+    }
+    return iSectors;
+}
+
 RoseBins emptyBins(const RoseSettings& oSettings, int iClasses)
 {
     RoseBins oBins;
-    oBins.m_iSectorSize = std::clamp(oSettings.m_iSectorSize, 1, 360);
+    oBins.m_dSectorSize = oSettings.m_dSectorSize > 0.0 ? std::min(oSettings.m_dSectorSize, 360.0) : 1.0;
+    oBins.m_bBidirectional = oSettings.m_bBidirectional;
     oBins.m_dStart = isMissing(oSettings.m_dStart) ? 0.0 : wrapAzimuth(oSettings.m_dStart);
     oBins.m_iClasses = std::max(0, iClasses);
-    const auto iSectors = static_cast<std::size_t>(360 / oBins.m_iSectorSize);
+    const auto iSectors = static_cast<std::size_t>(numberOfSectors(oSettings.m_iSectors, oBins.m_dSectorSize));
     oBins.m_vdCounts.assign(iSectors, 0.0);
     oBins.m_vdClassCount.assign(iSectors * static_cast<std::size_t>(oBins.m_iClasses), 0.0);
     return oBins;

@@ -12,16 +12,18 @@ namespace gkBase {
 /// How directions are counted into the sectors of a rose.
 struct RoseSettings
 {
-    int m_iSectorSize = 20;        ///< whole degrees, brought to 1 … 360
+    double m_dSectorSize = 20.0;   ///< degrees; 1 when it is not above 0, 360 at most
     double m_dStart = 0.0;         ///< azimuth where the first sector begins
     bool m_bBidirectional = false; ///< every record counts at its azimuth and at the opposite one
+    int m_iSectors = 0;            ///< 0: all that the circle holds, 100000 at most
 };
 
-/// Directions counted in equal sectors. The 360 / size whole sectors follow each other clockwise from the start; where
-/// the size does not divide 360 they leave the rest of the circle uncovered.
+/// Directions counted in equal sectors, which follow each other clockwise from the start. Where they do not fill the
+/// circle they leave the rest of it uncovered.
 struct GKBASECORE_EXPORT RoseBins
 {
-    int m_iSectorSize = 20;
+    double m_dSectorSize = 20.0;
+    bool m_bBidirectional = false;
     double m_dStart = 0.0;
     int m_iClasses = 0;                 ///< 0 for a rose without classes
     std::vector<double> m_vdCounts;     ///< one per sector: records, or the sum of their weights
@@ -32,8 +34,16 @@ struct GKBASECORE_EXPORT RoseBins
     double m_dWeight = 0.0;             ///< sum of the weights of the records used
     double m_dUncoveredWeight = 0.0;    ///< sum of the weights of the directions in no sector
 
+    /// Of all directions, of which bidirectional records have two; shares of sectors and rest add up to 100. 0 without
+    /// records.
+    double percent(double dCount) const
+    {
+        const double dDirections = m_bBidirectional ? 2.0 * m_dWeight : m_dWeight;
+        return dDirections > 0.0 ? 100.0 * dCount / dDirections : 0.0;
+    }
+
     int sectors() const { return static_cast<int>(m_vdCounts.size()); }
-    double sectorStart(int iSector) const { return m_dStart + static_cast<double>(iSector) * m_iSectorSize; }
+    double sectorStart(int iSector) const { return m_dStart + static_cast<double>(iSector) * m_dSectorSize; }
     double classCount(int iSector, int iClass) const
     {
         return m_vdClassCount[static_cast<std::size_t>(iSector) * static_cast<std::size_t>(m_iClasses) +

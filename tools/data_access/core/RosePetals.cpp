@@ -57,8 +57,7 @@ std::vector<RosePetal> rosePetals(const RoseBins& oBins, const RoseScale& oScale
         const double dTotal = oBins.m_vdCounts[static_cast<std::size_t>(iSector)];
         BandStack oBands(vPetals, oScale);
         const auto band = [&](int iClass, double dCount) {
-            return RosePetal{iSector, iClass, dCount, oBins.sectorStart(iSector), double(oBins.m_iSectorSize),
-                             0.0,     0.0};
+            return RosePetal{iSector, iClass, dCount, oBins.sectorStart(iSector), oBins.m_dSectorSize, 0.0, 0.0};
         };
         double dUnclassed = dTotal;
         for (int iClass = 0; iClass < oBins.m_iClasses; ++iClass) {

@@ -1,7 +1,7 @@
-#include "Angles.h"
 #include "ColumnNumbers.h"
 #include "FrequencyClasses.h"
 #include "MatrixData.h"
+#include "RoseBins.h"
 #include "SummaryStatistics.h"
 
 #include <QCoreApplication>
@@ -134,37 +134,39 @@ QString heightTitle(MatrixData::HistogramType eType)
     return QCoreApplication::translate("MatrixData", "Frequency");
 }
 
-/// The sectors of a circle from a start on. An angle on a limit belongs to the sector that begins there.
-class Sectors
+/// How often each record of a list counts; empty for a list that means all.
+std::vector<double> multiplicities(const RecordValues& oValues)
 {
-public:
-    Sectors(double dStart, double dSize, int iCount)
-        : m_dStart(dStart)
-        , m_dSize(dSize)
-        , m_iCount(iCount)
-    {
+    std::vector<double> vdTimes;
+    if (oValues.hasRecordList()) {
+        vdTimes.assign(oValues.columnSize(), 0.0);
+        oValues.forEachRecord([&vdTimes](std::size_t iRecord, double) { vdTimes[iRecord] += 1.0; });
     }
+    return vdTimes;
+}
 
-    /// −1 for an angle that lies behind the last sector.
-    int sectorOf(double dAngle) const
-    {
-        const double dOffset = wrapAngle(dAngle - m_dStart, 360.0);
-        int iSector = static_cast<int>(std::min(dOffset / m_dSize, static_cast<double>(m_iCount)));
-        // The limits themselves decide, not the rounding of the quotient.
-        while (iSector < m_iCount && dOffset >= m_dSize * (iSector + 1)) {
-            ++iSector;
-        }
-        while (iSector > 0 && dOffset < m_dSize * iSector) {
-            --iSector;
-        }
-        return iSector < m_iCount ? iSector : -1;
+Counts wholeCounts(std::span<const double> vdCounts)
+{
+    Counts viCounts;
+    viCounts.reserve(vdCounts.size());
+    for (const double dCount : vdCounts) {
+        viCounts.push_back(static_cast<std::size_t>(dCount));
     }
+    return viCounts;
+}
 
-private:
-    double m_dStart;
-    double m_dSize;
-    int m_iCount;
-};
+/// Counts of one rose per group (index id − 1) and sector.
+std::vector<Counts> groupCounts(const RoseBins& oBins, const Groups& oGroups)
+{
+    std::vector<Counts> vviCounts(static_cast<std::size_t>(oGroups.count()));
+    for (int iId = 1; iId <= oGroups.count(); ++iId) {
+        Counts& viCounts = vviCounts[static_cast<std::size_t>(iId) - 1];
+        for (int iSector = 0; iSector < oBins.sectors(); ++iSector) {
+            viCounts.push_back(static_cast<std::size_t>(oBins.classCount(iSector, iId)));
+        }
+    }
+    return vviCounts;
+}
 
 MatrixColumn columnOfNames(const Groups& oGroups)
 {
@@ -228,32 +230,21 @@ MatrixData* MatrixData::newFrequencyData(double dIntervalSize, int iClasses, dou
 {
     const bool bUsable = dIntervalSize > 0.0 && std::isfinite(dIntervalSize) && std::isfinite(dStart);
     iClasses = bUsable ? std::clamp(iClasses, 0, FrequencyClasses::s_iMaximumCount) : 0;
-    const Sectors oSectors(dStart, dIntervalSize, iClasses);
-    const auto sectorsOf = [&](double dValue, auto&& count) {
-        for (const double dAngle : {dValue, dValue + 180.0}) {
-            const int iSector = oSectors.sectorOf(dAngle);
-            if (iSector >= 0) {
-                count(iSector);
-            }
-            if (bUnidirectional) {
-                return;
-            }
-        }
-    };
     const ColumnNumbers oNumbers(column(0));
     const RecordValues oValues = oNumbers.values(viRecords);
-    Counts viCounts(static_cast<std::size_t>(iClasses), 0);
+    const Groups oGroups = iClasses > 0 ? groupsOf(poColorAttribute) : Groups();
+    RoseBins oBins;
     if (iClasses > 0) {
-        oValues.forEach([&](double dValue) {
-            sectorsOf(dValue, [&viCounts](int iSector) { ++viCounts[static_cast<std::size_t>(iSector)]; });
-        });
+        const RoseSettings oSettings{dIntervalSize, dStart, !bUnidirectional, iClasses};
+        oBins = roseBins(oNumbers.cells(), oSettings, {}, multiplicities(oValues), oGroups.m_viIdOfRecord,
+                         oGroups.count() + 1); // id 0 stands for records without a group
     }
+    const Counts viCounts = wholeCounts(oBins.m_vdCounts);
     const std::size_t iTotal = sum(viCounts);
     auto poTable = std::make_unique<MatrixData>(name(), 0, 1, QMetaType::Double, 0);
     poTable->setColumn(0, MatrixColumn::fromDoubles(heights(viCounts, iTotal, eType)));
     QStringList lHeaders{heightTitle(eType)};
-    const Groups oGroups = iClasses > 0 ? groupsOf(poColorAttribute) : Groups();
-    appendGroupColumns(*poTable, lHeaders, countGroups(oValues, oGroups, iClasses, sectorsOf), oGroups, iTotal, eType);
+    appendGroupColumns(*poTable, lHeaders, groupCounts(oBins, oGroups), oGroups, iTotal, eType);
     if (poClassValues) {
         poClassValues->setColumn(0, columnOfNames(oGroups));
     }
