@@ -92,6 +92,7 @@ private slots:
     void pansLeaveNothingBehind();
     void picturesContainTitleBoxAndNorthArrow();
     void firstPictureMakesRoomForTheCount();
+    void cornersKeepClearOfTheCircle();
 };
 
 void tst_PolarPlot::circleFitsTheChart_data()
@@ -338,6 +339,32 @@ void tst_PolarPlot::firstPictureMakesRoomForTheCount()
     const int iAsked = polar.m_iAsked;
     polar.grab();
     QCOMPARE(polar.m_iAsked, iAsked);
+}
+
+void tst_PolarPlot::cornersKeepClearOfTheCircle()
+{
+    const auto texts = [](const QSize& oSize, int iPointSize) {
+        Polar polar(oSize);
+        QFont oFont = polar.font();
+        oFont.setPointSize(iPointSize);
+        polar.setFont(oFont);
+        polar.changeHeaderTitle(QStringLiteral("Azimuth of joints"));
+        polar.setShowPointsCount(true);
+        const QVector<RecordedText> vTexts = recorded(polar, oSize).m_vTexts;
+        QStringList lTexts;
+        for (const RecordedText& text : vTexts) {
+            const QPointF oNearest(std::clamp<double>(polar.centre().x(), text.m_oBox.left(), text.m_oBox.right()),
+                                   std::clamp<double>(polar.centre().y(), text.m_oBox.top(), text.m_oBox.bottom()));
+            if (distance(oNearest, polar.centre()) < polar.radius() + 2.0)
+                return QStringList(QStringLiteral("in the circle: ") + text.m_sText);
+            lTexts << text.m_sText;
+        }
+        return lTexts;
+    };
+    // Large texts shrink, and the data's title is worth more than the name of the chart.
+    QVERIFY(texts(QSize(500, 500), 30).contains(QStringLiteral("points = 0")));
+    QVERIFY(texts(QSize(300, 200), 9).contains(QStringLiteral("Azimuth of joints")));
+    QVERIFY(texts(QSize(1200, 500), 30).contains(QStringLiteral("Rose Diagram: Azimuth of joints")));
 }
 
 QTEST_MAIN(tst_PolarPlot)

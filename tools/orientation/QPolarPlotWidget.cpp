@@ -38,6 +38,12 @@ constexpr double g_dArcDeviation = 0.2;
 constexpr QPointF g_oTitleCorner(10.0, 5.0);
 constexpr double g_dTitleHeight = 14.0;
 constexpr double g_dBoxDistance = 6.0;
+constexpr double g_dCircleDistance = 2.0;
+/// Texts in the corners are not made smaller than this for the sake of the circle.
+constexpr double g_dOrdinaryPointSize = 9.0;
+constexpr double g_dOrdinaryPixelSize = 12.0;
+/// Of the width, for the box at the top right.
+constexpr double g_dLargestInfoShare = 0.4;
 
 double capHeight(const QFontMetricsF& metrics)
 {
@@ -391,11 +397,40 @@ void QPolarPlotWidget::drawVisibleFrame(QPainter& painter, const QRect&)
     painter.restore();
 }
 
+bool QPolarPlotWidget::covers(const QRectF& oBox) const
+{
+    const QPointF oCentre = centre();
+    const QPointF oNearest(std::clamp(oCentre.x(), oBox.left(), oBox.right()),
+                           std::clamp(oCentre.y(), oBox.top(), oBox.bottom()));
+    return isWholeChart() &&
+           std::hypot(oNearest.x() - oCentre.x(), oNearest.y() - oCentre.y()) < radius() + g_dCircleDistance;
+}
+
+QFont QPolarPlotWidget::cornerFont(const QPainter& painter) const
+{
+    const QFont oFont = painter.font();
+    const QFontMetricsF metrics(oFont, painter.device());
+    const double dTitle = metrics.horizontalAdvance(headerTitle());
+    const double dInfo = m_bShowPointsCount ? topRightInfoWidth(metrics) : 0.0;
+    const QPointF oInfoCorner(pixmapRect().width() - dInfo, g_oTitleCorner.y());
+    if (!covers({g_oTitleCorner, QSizeF(dTitle, metrics.height())}) &&
+        !covers({oInfoCorner, QSizeF(dInfo, metrics.height())}))
+        return oFont;
+    double dFactor = (m_oPlotRect.top() - g_dTickLength - g_oTitleCorner.y()) / metrics.height();
+    if (dInfo > 0.0)
+        dFactor = std::min(dFactor, g_dLargestInfoShare * pixmapRect().width() / dInfo);
+    const bool bPoints = oFont.pointSizeF() > 0.0;
+    const double dSmallest =
+        bPoints ? g_dOrdinaryPointSize / oFont.pointSizeF() : g_dOrdinaryPixelSize / std::max(1, oFont.pixelSize());
+    dFactor = std::max(dFactor, dSmallest);
+    return dFactor < 1.0 ? resized(oFont, dFactor) : oFont;
+}
+
 QRectF QPolarPlotWidget::titleBox(const QPainter& painter) const
 {
     if (headerTitle().isEmpty())
         return {};
-    const QFontMetricsF metrics(painter.font(), painter.device());
+    const QFontMetricsF metrics(cornerFont(painter), painter.device());
     QRectF oBox(g_oTitleCorner,
                 QSizeF(metrics.horizontalAdvance(headerTitle()) + 5.0, std::max(g_dTitleHeight, metrics.height())));
     double dRight = titleLimit(painter);
@@ -423,16 +458,33 @@ void QPolarPlotWidget::drawTitle(QPainter* pPainter)
     // The title is written in the label colour, which is seen on the chart's background whatever the desktop's is.
     if (!m_bTransparentBackground)
         pPainter->fillRect(oBox, m_oBackgroundColor);
+    pPainter->save();
+    pPainter->setFont(cornerFont(*pPainter));
     const QFontMetricsF metrics(pPainter->font(), pPainter->device());
-    pPainter->drawText(oBox, Qt::AlignCenter, metrics.elidedText(headerTitle(), Qt::ElideRight, oBox.width()));
+    pPainter->drawText(oBox, Qt::AlignCenter, titleText(metrics, oBox.width()));
+    pPainter->restore();
+}
+
+QString QPolarPlotWidget::titleText(const QFontMetricsF& metrics, double dWidth) const
+{
+    if (metrics.horizontalAdvance(headerTitle()) <= dWidth)
+        return headerTitle();
+    const QString sName = chartName() + QLatin1String(": ");
+    const QString sTitle = headerTitle().startsWith(sName) ? headerTitle().mid(sName.size()) : headerTitle();
+    return metrics.elidedText(sTitle, Qt::ElideRight, dWidth);
+}
+
+/// Measured on a fixed text, so that the box does not jump when the count changes.
+double QPolarPlotWidget::topRightInfoWidth(const QFontMetricsF& metrics) const
+{
+    return std::max(metrics.horizontalAdvance(QStringLiteral("drawTopRightInfo")),
+                    metrics.horizontalAdvance(m_sTopRightInfo) + 1.0);
 }
 
 QRectF QPolarPlotWidget::topRightInfoBox(const QPainter& painter) const
 {
-    const QFontMetricsF metrics(painter.font(), painter.device());
-    // Measured on a fixed text, so that the box does not jump when the count changes.
-    const double dWidth = std::max(metrics.horizontalAdvance(QStringLiteral("drawTopRightInfo")),
-                                   metrics.horizontalAdvance(m_sTopRightInfo) + 1.0);
+    const QFontMetricsF metrics(cornerFont(painter), painter.device());
+    const double dWidth = topRightInfoWidth(metrics);
     const double dRight = pixmapRect().width() - 1.0;
     QRectF oBox(QPointF(dRight - dWidth - 8.0, g_oTitleCorner.y()),
                 QPointF(dRight - 9.0, g_oTitleCorner.y() + metrics.height() + 30.0));
@@ -449,7 +501,10 @@ void QPolarPlotWidget::drawTopRightInfo(QPainter* pPainter)
     pPainter->setPen(QPen(m_oLabelColor, 1.0));
     if (!m_bTransparentBackground)
         pPainter->fillRect(oBox, m_oBackgroundColor);
+    pPainter->save();
+    pPainter->setFont(cornerFont(*pPainter));
     pPainter->drawText(oBox, Qt::AlignLeft | Qt::AlignBottom, m_sTopRightInfo);
+    pPainter->restore();
 }
 
 QRectF QPolarPlotWidget::northBox(const QPainter& painter) const

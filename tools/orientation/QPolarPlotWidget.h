@@ -116,6 +116,11 @@ protected:
     /// Where the title and the box stand in the visible part; empty for none. Their text may be cut to it.
     QRectF titleBox(const QPainter& painter) const;
     QRectF topRightInfoBox(const QPainter& painter) const;
+    /// The font of what stands in the corners: the painter's or, where texts in it would reach into the circle, a
+    /// smaller one, down to the size of ordinary texts.
+    QFont cornerFont(const QPainter& painter) const;
+    /// The whole chart is seen, and a box in the view stands in the way of the circle.
+    bool covers(const QRectF& oBox) const;
     /// Where a title ends at the latest: before whatever stands to its right.
     virtual double titleLimit(const QPainter& painter) const;
     /// The boxes of all that sticks to the view; labels that they would cover are left out while the whole chart is
@@ -153,6 +158,9 @@ private:
     std::vector<RimLabel> angleLabels(const QPainter& painter) const;
     std::vector<RimLabel> compassLabels(const QPainter& painter) const;
     QRectF northBox(const QPainter& painter) const;
+    /// The header title, that of the data where there is no room for the name of the chart, or what fits of it.
+    QString titleText(const QFontMetricsF& metrics, double dWidth) const;
+    double topRightInfoWidth(const QFontMetricsF& metrics) const;
 
     bool m_bLabelAsAngle = true;
     bool m_bLabelAsDirection = false;

@@ -119,7 +119,6 @@ private:
     Caption countCaption(const QPainter& painter) const;
     Caption meanCaption(const QPainter& painter) const;
     Caption caption(const QPainter& painter, const QStringList& lLines, double dSample, bool bTopRight) const;
-    bool covers(const QRectF& oBox) const;
     void drawMeanCaption(QPainter& painter) const;
     void selectSector(int iSector, bool bAdd);
 

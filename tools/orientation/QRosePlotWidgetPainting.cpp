@@ -229,7 +229,7 @@ QRosePlotWidget::Caption QRosePlotWidget::caption(const QPainter& painter, const
 {
     if (lLines.isEmpty())
         return {};
-    const QFontMetricsF metrics(painter.font(), painter.device());
+    const QFontMetricsF metrics(cornerFont(painter), painter.device());
     double dWidth = 0.0;
     for (const QString& sLine : lLines)
         dWidth = std::max(dWidth, metrics.horizontalAdvance(sLine));
@@ -244,15 +244,6 @@ QRosePlotWidget::Caption QRosePlotWidget::caption(const QPainter& painter, const
             oBox = oBelow;
     }
     return {covers(oBox) || oBox.width() > oView.width() ? QRectF() : oBox, lLines};
-}
-
-/// The box stands in the way of the circle.
-bool QRosePlotWidget::covers(const QRectF& oBox) const
-{
-    const QPointF oCentre = centre();
-    const QPointF oNearest(std::clamp(oCentre.x(), oBox.left(), oBox.right()),
-                           std::clamp(oCentre.y(), oBox.top(), oBox.bottom()));
-    return isWholeChart() && std::hypot(oNearest.x() - oCentre.x(), oNearest.y() - oCentre.y()) < radius() + 2.0;
 }
 
 QRosePlotWidget::Caption QRosePlotWidget::countCaption(const QPainter& painter) const
@@ -303,6 +294,8 @@ void QRosePlotWidget::drawMeanCaption(QPainter& painter) const
     const Caption means = meanCaption(painter);
     if (means.m_oBox.isEmpty())
         return;
+    painter.save();
+    painter.setFont(cornerFont(painter));
     const double dLine = means.m_oBox.height() / static_cast<double>(means.m_lLines.size());
     for (qsizetype i = 0; i < means.m_lLines.size(); ++i) {
         QRectF oLine(means.m_oBox.left(), means.m_oBox.top() + static_cast<double>(i) * dLine, means.m_oBox.width(),
@@ -318,6 +311,7 @@ void QRosePlotWidget::drawMeanCaption(QPainter& painter) const
         painter.setPen(m_oLabelColor);
         painter.drawText(oLine, Qt::AlignLeft | Qt::AlignVCenter, means.m_lLines[i]);
     }
+    painter.restore();
 }
 
 void QRosePlotWidget::drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea)
@@ -330,12 +324,14 @@ void QRosePlotWidget::drawVisibleFrame(QPainter& painter, const QRect& oVisibleA
     // Of a magnified chart anything may lie under the captions.
     for (const QRectF& oBox : {counts.m_oBox, meanCaption(painter).m_oBox})
         painter.fillRect(oBox, m_oBackgroundColor);
-    if (!counts.m_oBox.isEmpty())
-        painter.drawText(counts.m_oBox, Qt::AlignLeft | Qt::AlignBottom, counts.m_lLines.join(QLatin1Char('\n')));
     drawMeanCaption(painter);
+    painter.setPen(m_oLabelColor);
     if (m_bins.m_iRecords == 0)
         painter.drawText(QRectF(QPointF(0, 0), QSizeF(oVisibleArea.size())), Qt::AlignCenter | Qt::TextWordWrap,
                          m_sMessage);
+    painter.setFont(cornerFont(painter));
+    if (!counts.m_oBox.isEmpty())
+        painter.drawText(counts.m_oBox, Qt::AlignLeft | Qt::AlignBottom, counts.m_lLines.join(QLatin1Char('\n')));
     painter.restore();
 }
 
