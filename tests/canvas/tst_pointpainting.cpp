@@ -146,6 +146,7 @@ private slots:
     void lastRecordLiesOnTopAndSelectedOnesAbove();
     void selectionDoesNotDependOnWhatWasDrawnBefore();
     void vectorFilesHoldEveryPoint();
+    void vectorFilesHoldNoCoveredPoint();
     void modelMayGoFirst();
     void labelsNeverCollide();
 };
@@ -364,6 +365,47 @@ void TestPointPainting::vectorFilesHoldEveryPoint()
     points.m_poX->setValue(points.m_poX->rowOffSet() + 1, -1e12);
     points.m_model.refresh();
     QCOMPARE(metafile(), oBeside);
+}
+
+void TestPointPainting::vectorFilesHoldNoCoveredPoint()
+{
+    const auto svg = [](const PointBatch& batch) {
+        QBuffer buffer;
+        QSvgGenerator generator;
+        generator.setOutputDevice(&buffer);
+        QPainter painter(&generator);
+        PointPainter().draw(&painter, batch);
+        painter.end();
+        return buffer.data();
+    };
+    // Many points on 20 pixels: what a file holds of them is what it holds of the last on each.
+    const std::size_t iMany = PointPainter::s_iMostOutlines + 50;
+    std::vector<QPointF> voPixels;
+    std::vector<int> viClasses;
+    for (std::size_t i = 0; i < iMany; ++i) {
+        voPixels.emplace_back(30.0 + 2.0 * static_cast<double>(i % 20) + 0.4, 20.0);
+        viClasses.push_back(static_cast<int>(i % 7));
+    }
+    PointBatch batch;
+    batch.m_voColors = {Qt::red, Qt::green, Qt::blue, Qt::cyan, Qt::magenta, Qt::black, Qt::gray};
+    batch.m_oLook = {Square, Qt::darkBlue, {}, 3};
+    batch.m_voPixels = voPixels;
+    batch.m_viColors = viClasses;
+    const QByteArray sMany = svg(batch);
+    batch.m_voPixels = std::span(voPixels).last(20);
+    batch.m_viColors = std::span<const int>(viClasses).last(20);
+    QCOMPARE(sMany, svg(batch));
+    // A few are all there, covered or not.
+    batch.m_voPixels = std::span(voPixels).last(40);
+    batch.m_viColors = std::span<const int>(viClasses).last(40);
+    QVERIFY(svg(batch).size() > sMany.size());
+    // A selected point and one that is not on its pixel are both there.
+    std::vector<unsigned char> vbSelected(iMany);
+    vbSelected[3] = 1;
+    batch.m_voPixels = voPixels;
+    batch.m_viColors = viClasses;
+    batch.m_vbSelected = vbSelected;
+    QVERIFY(svg(batch).size() > sMany.size());
 }
 
 void TestPointPainting::modelMayGoFirst()

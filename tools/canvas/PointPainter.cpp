@@ -7,6 +7,11 @@
 #include <QPainter>
 #include <QPen>
 
+#include <algorithm>
+#include <span>
+#include <tuple>
+#include <vector>
+
 namespace gkBase {
 
 namespace {
@@ -40,16 +45,56 @@ QRectF shownArea(const QPainter& painter, const PointBatch& batch)
     return oArea.adjusted(-dReach, -dReach, dReach, dReach);
 }
 
-/// Every point as an outline; selected ones in the look of the function, or with null the others.
-void drawOutlines(QPainter* pPainter, const PointBatch& batch, LookOf lookOf)
+std::vector<std::size_t> shownPoints(const QPainter& painter, const PointBatch& batch)
 {
-    const QRectF oShown = shownArea(*pPainter, batch);
+    const QRectF oShown = shownArea(painter, batch);
+    std::vector<std::size_t> viPoints;
     for (std::size_t i = 0; i < batch.m_voPixels.size(); ++i) {
         const QPointF& oPoint = batch.m_voPixels[i];
         // Written so that NaN fails.
-        const bool bShown = oPoint.x() >= oShown.left() && oPoint.x() <= oShown.right() && oPoint.y() >= oShown.top() &&
-                            oPoint.y() <= oShown.bottom();
-        if (bShown && batch.isSelected(i) == (lookOf != nullptr)) {
+        if (oPoint.x() >= oShown.left() && oPoint.x() <= oShown.right() && oPoint.y() >= oShown.top() &&
+            oPoint.y() <= oShown.bottom()) {
+            viPoints.push_back(i);
+        }
+    }
+    return viPoints;
+}
+
+/// Of points whose symbols cover each other exactly the last. Symbols stand on whole pixels: those of one style on one
+/// pixel do.
+void removeCovered(const PointBatch& batch, std::vector<std::size_t>& viPoints)
+{
+    struct Place
+    {
+        QPoint m_oPixel;
+        int m_iStyle;
+        bool m_bSelected;
+        std::size_t m_iPoint;
+
+        auto key() const { return std::tuple(m_oPixel.y(), m_oPixel.x(), m_iStyle, m_bSelected); }
+    };
+    std::vector<Place> vPlaces;
+    vPlaces.reserve(viPoints.size());
+    for (const std::size_t i : viPoints) {
+        vPlaces.push_back({symbolCentre(batch.m_voPixels[i]), batch.style(i), batch.isSelected(i), i});
+    }
+    std::sort(vPlaces.begin(), vPlaces.end(), [](const Place& a, const Place& b) {
+        return std::tuple_cat(a.key(), std::tuple(a.m_iPoint)) < std::tuple_cat(b.key(), std::tuple(b.m_iPoint));
+    });
+    viPoints.clear();
+    for (std::size_t i = 0; i < vPlaces.size(); ++i) {
+        if (i + 1 == vPlaces.size() || vPlaces[i].key() != vPlaces[i + 1].key()) {
+            viPoints.push_back(vPlaces[i].m_iPoint);
+        }
+    }
+    std::sort(viPoints.begin(), viPoints.end());
+}
+
+/// These points as outlines; selected ones in the look of the function, or with null the others.
+void drawOutlines(QPainter* pPainter, const PointBatch& batch, std::span<const std::size_t> viPoints, LookOf lookOf)
+{
+    for (const std::size_t i : viPoints) {
+        if (batch.isSelected(i) == (lookOf != nullptr)) {
             drawPoint(pPainter, batch, i, lookOf ? lookOf(batch, batch.look(i)) : batch.look(i));
         }
     }
@@ -59,11 +104,18 @@ void drawOutlines(QPainter* pPainter, const PointBatch& batch, LookOf lookOf)
 void drawOutlines(QPainter* pPainter, const PointBatch& batch)
 {
     pPainter->save();
-    drawOutlines(pPainter, batch, nullptr);
+    std::vector<std::size_t> viPoints = shownPoints(*pPainter, batch);
+    // Tails point anywhere: the heads do not tell whether tadpoles cover each other.
+    if (viPoints.size() > PointPainter::s_iMostOutlines && !batch.m_bTadPoles) {
+        removeCovered(batch, viPoints);
+    }
+    drawOutlines(pPainter, batch, viPoints, nullptr);
     if (batch.hasSelection()) {
-        drawOutlines(pPainter, batch, [](const PointBatch& b, const SymbolLook& look) { return b.haloLook(look); });
-        drawOutlines(pPainter, batch, [](const PointBatch& b, const SymbolLook& look) { return b.edgeLook(look); });
-        drawOutlines(pPainter, batch,
+        drawOutlines(pPainter, batch, viPoints,
+                     [](const PointBatch& b, const SymbolLook& look) { return b.haloLook(look); });
+        drawOutlines(pPainter, batch, viPoints,
+                     [](const PointBatch& b, const SymbolLook& look) { return b.edgeLook(look); });
+        drawOutlines(pPainter, batch, viPoints,
                      [](const PointBatch&, const SymbolLook& look) { return PointBatch::selectedLook(look); });
     }
     pPainter->restore();

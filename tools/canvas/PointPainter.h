@@ -7,6 +7,7 @@
 
 #include <QImage>
 
+#include <cstddef>
 #include <cstdint>
 
 class QPainter;
@@ -19,10 +20,13 @@ namespace gkBase {
 /// On screens and images the points are written as pixels, points of one style on one pixel once, in the look of the
 /// last of them: that is what drawing all of them leaves to be seen. A picture without selection that fills a
 /// quarter of its device is kept, so that a new selection writes only the selected points. On vector devices (SVG, PDF)
-/// and through painters that turn or scale, every point that the clip leaves in sight is drawn as an outline.
+/// and through painters that turn or scale, every point that the clip leaves in sight is drawn as an outline, of more
+/// than s_iMostOutlines only those whose symbol no later one of the same style covers.
 class GKBASETOOLS_EXPORT PointPainter
 {
 public:
+    static constexpr std::size_t s_iMostOutlines = 20000;
+
     void draw(QPainter* pPainter, const PointBatch& batch);
     /// Forgets the kept picture.
     void clear() { m_oKept = QImage(); }
