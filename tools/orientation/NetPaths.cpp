@@ -26,15 +26,11 @@ double lengthOf(NetPoint oPoint)
 /// Where a line from a to b crosses the circle, as fractions of the line; rising, only those strictly between.
 std::vector<double> crossings(NetPoint a, NetPoint b, double dRadius)
 {
-    const double dX = b.m_dX - a.m_dX;
-    const double dY = b.m_dY - a.m_dY;
-    const double dSquare = dX * dX + dY * dY;
-    const double dHalf = a.m_dX * dX + a.m_dY * dY;
-    const double dRest = dHalf * dHalf - dSquare * (a.m_dX * a.m_dX + a.m_dY * a.m_dY - dRadius * dRadius);
     std::vector<double> vdFractions;
-    if (dSquare > 0.0 && dRest > 0.0) {
-        const double dRoot = std::sqrt(dRest);
-        for (const double dFraction : {(-dHalf - dRoot) / dSquare, (-dHalf + dRoot) / dSquare}) {
+    double dEnter = 0.0;
+    double dLeave = 0.0;
+    if (circleCrossings(a, b, dRadius, dEnter, dLeave)) {
+        for (const double dFraction : {dEnter, dLeave}) {
             if (dFraction > 0.0 && dFraction < 1.0) {
                 vdFractions.push_back(dFraction);
             }

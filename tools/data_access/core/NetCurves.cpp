@@ -112,24 +112,6 @@ private:
     SineCosine m_oAngle;
 };
 
-/// Shares of the segment at which it enters and leaves the circle of radius 1; false when it misses it.
-bool rimCrossings(const NetPoint& oFrom, const NetPoint& oTo, double& dEnter, double& dLeave)
-{
-    const double dX = oTo.m_dX - oFrom.m_dX;
-    const double dY = oTo.m_dY - oFrom.m_dY;
-    const double dA = dX * dX + dY * dY;
-    const double dHalfB = oFrom.m_dX * dX + oFrom.m_dY * dY;
-    const double dC = oFrom.m_dX * oFrom.m_dX + oFrom.m_dY * oFrom.m_dY - 1.0;
-    const double dDiscriminant = dHalfB * dHalfB - dA * dC;
-    if (!(dA > 0.0) || !(dDiscriminant > 0.0)) {
-        return false;
-    }
-    const double dRoot = std::sqrt(dDiscriminant);
-    dEnter = (-dHalfB - dRoot) / dA;
-    dLeave = (-dHalfB + dRoot) / dA;
-    return true;
-}
-
 NetPoint between(const NetPoint& oFrom, const NetPoint& oTo, double dShare)
 {
     return {std::lerp(oFrom.m_dX, oTo.m_dX, dShare), std::lerp(oFrom.m_dY, oTo.m_dY, dShare)};
@@ -212,6 +194,23 @@ std::vector<NetPolyline> smallCircle(const NetProjection& oProjection, double dP
     return vPieces;
 }
 
+bool circleCrossings(const NetPoint& oFrom, const NetPoint& oTo, double dRadius, double& dEnter, double& dLeave)
+{
+    const double dX = oTo.m_dX - oFrom.m_dX;
+    const double dY = oTo.m_dY - oFrom.m_dY;
+    const double dA = dX * dX + dY * dY;
+    const double dHalfB = oFrom.m_dX * dX + oFrom.m_dY * dY;
+    const double dC = oFrom.m_dX * oFrom.m_dX + oFrom.m_dY * oFrom.m_dY - dRadius * dRadius;
+    const double dDiscriminant = dHalfB * dHalfB - dA * dC;
+    if (!(dA > 0.0) || !(dDiscriminant > 0.0)) {
+        return false;
+    }
+    const double dRoot = std::sqrt(dDiscriminant);
+    dEnter = (-dHalfB - dRoot) / dA;
+    dLeave = (-dHalfB + dRoot) / dA;
+    return true;
+}
+
 std::vector<NetPolyline> clippedToNet(std::span<const NetPoint> vLine)
 {
     std::vector<NetPolyline> vPieces;
@@ -224,7 +223,7 @@ std::vector<NetPolyline> clippedToNet(std::span<const NetPoint> vLine)
         double dEnter = 0.0;
         double dLeave = 1.0;
         if (!(bFromOn && bToOn)) {
-            if (!rimCrossings(oFrom, oTo, dEnter, dLeave)) {
+            if (!circleCrossings(oFrom, oTo, 1.0, dEnter, dLeave)) {
                 bOpen = false;
                 continue;
             }

@@ -44,6 +44,11 @@ GKBASECORE_EXPORT NetCircle greatCircleArc(double dDip, double dDipAzimuth);
 GKBASECORE_EXPORT std::vector<NetPolyline> smallCircle(const NetProjection& oProjection, double dPlunge,
                                                        double dAzimuth, double dAngle, double dStep = g_dCurveStep);
 
+/// Shares of the way along a segment's line, 0 at oFrom and 1 at oTo, at which it enters and leaves the circle of a
+/// radius about the centre; false when the line misses or only touches it, and for ends that coincide.
+GKBASECORE_EXPORT bool circleCrossings(const NetPoint& oFrom, const NetPoint& oTo, double dRadius, double& dEnter,
+                                       double& dLeave);
+
 /// The pieces of a line that lie on the net; where it crosses the rim a piece ends on it. Points without a position
 /// break the line.
 GKBASECORE_EXPORT std::vector<NetPolyline> clippedToNet(std::span<const NetPoint> vLine);
