@@ -156,6 +156,8 @@ protected:
     virtual NetPaths netPaths() const;
     /// The net, and the cross at its centre.
     virtual void drawNet(QPainter* pPainter);
+    /// The net alone.
+    void drawNetLines(QPainter* pPainter);
     /// Nothing here. Drawn over the chart at each paint, so that it can be moved without drawing the chart again.
     virtual void drawFoldAxis(QPainter* pPainter);
     /// The great circle of a plane in the present pen. bDiameter: and the vertical diameter of the net, in the label

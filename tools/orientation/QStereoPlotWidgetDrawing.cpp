@@ -203,7 +203,7 @@ void QStereoPlotWidget::updateContourLabels(const QPainter& painter, LabelPlacem
 
 // ---- net ------------------------------------------------------------------------------------------------------------
 
-void QStereoPlotWidget::drawNet(QPainter* pPainter)
+void QStereoPlotWidget::drawNetLines(QPainter* pPainter)
 {
     const PainterState state(pPainter);
     const QPen oFinePen(readable(m_settings.m_oFineNetColor), g_dFineNetPen);
@@ -215,6 +215,12 @@ void QStereoPlotWidget::drawNet(QPainter* pPainter)
     pPainter->drawPath(m_oNet.m_oCoarse);
     pPainter->setPen(m_settings.m_bCoarseNet ? oCoarsePen : oFinePen);
     pPainter->drawPath(m_oNet.m_oAxes);
+}
+
+void QStereoPlotWidget::drawNet(QPainter* pPainter)
+{
+    drawNetLines(pPainter);
+    const PainterState state(pPainter);
     pPainter->setPen(QPen(readable(Qt::darkGreen), g_dCentreCrossPen));
     const QPointF oCentre = centre();
     pPainter->drawLine(oCentre - QPointF(g_dCentreCross, 0.0), oCentre + QPointF(g_dCentreCross, 0.0));

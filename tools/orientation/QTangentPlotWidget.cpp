@@ -84,6 +84,11 @@ NetPaths QTangentPlotWidget::netPaths() const
     return tangentNetPaths(projection(), netFrame(), settings().m_bFineNet, settings().m_bCoarseNet);
 }
 
+void QTangentPlotWidget::drawNet(QPainter* pPainter)
+{
+    drawNetLines(pPainter);
+}
+
 // ---- fold axis ------------------------------------------------------------------------------------------------------
 
 void QTangentPlotWidget::setFoldAxis(double dPlunge, double dAzimuth)

@@ -55,6 +55,8 @@ protected:
     void keyPressEvent(QKeyEvent* pEvent) override;
 
     NetPaths netPaths() const override;
+    /// The net, whose radial lines mark the centre; without a net nothing does.
+    void drawNet(QPainter* pPainter) override;
     void drawFoldAxis(QPainter* pPainter) override;
 
 private:
