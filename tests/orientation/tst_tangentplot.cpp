@@ -1,7 +1,9 @@
 // The tangent diagram: its projection, its net, and the fold axis.
 
+#include "RecordingDevice.h"
 #include "StereoRecords.h"
 
+#include <gkBase/GreatCirclePainter.h>
 #include <gkBase/LineInPlane.h>
 #include <gkBase/NetPaths.h>
 #include <gkBase/QTangentPlotWidget.h>
@@ -9,8 +11,11 @@
 #include <QImage>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
+
+#include <array>
 
 using namespace gkBase;
 
@@ -53,6 +58,7 @@ private slots:
     void foldLiesOnTheLineOfItsAxis();
     void axisIsDragged();
     void pickStaysOnTheDisc();
+    void curvesOfOnePlaceAreDrawnOnce();
 };
 
 void TestTangentPlot::anglesGoThereAndBack()
@@ -208,6 +214,29 @@ void TestTangentPlot::pickStaysOnTheDisc()
                     iChanged += oHeld.pixel(x, y) != oBefore.pixel(x, y) ? 1 : 0;
         QCOMPARE(iChanged, 0);
     }
+}
+
+void TestTangentPlot::curvesOfOnePlaceAreDrawnOnce()
+{
+    // Bundles of planes, flat ones whose poles lie far beyond the rim among them: one curve of each goes into files.
+    std::vector<double> vdDips;
+    std::vector<double> vdAzimuths;
+    for (int i = 0; i < 2000; ++i) {
+        vdDips.push_back(std::array{2.0, 20.0, 55.0, 75.0, 88.0}[static_cast<std::size_t>(i % 5)] + 1e-6 * i);
+        vdAzimuths.push_back(40.0 + 1e-6 * i);
+    }
+    GreatCircleBatch batch;
+    batch.m_vdDips = vdDips;
+    batch.m_vdDipAzimuths = vdAzimuths;
+    batch.m_oColor = Qt::red;
+    batch.m_oProjection = NetProjection(NetLayout::Tangent, 60.0);
+    batch.m_oFrame = {199.3, 199.3, 160.0};
+    gkTest::RecordingDevice device(QSize(400, 400));
+    QPainter painter(&device);
+    GreatCirclePainter().draw(&painter, batch);
+    painter.end();
+    const auto iCurves = device.recording().m_voShapes.size();
+    QVERIFY2(iCurves >= 5 && iCurves <= 10, qPrintable(QString::number(iCurves)));
 }
 
 QTEST_MAIN(TestTangentPlot)

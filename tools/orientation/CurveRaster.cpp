@@ -7,7 +7,6 @@ namespace gkBase {
 
 namespace {
 
-constexpr std::size_t g_iMostTakenSide = 8192; // 8 MB of bits
 constexpr int g_iTileSide = 32;
 
 } // namespace
@@ -24,10 +23,6 @@ CurveRaster::CurveRaster(const PointTarget& target, const NetFrame& oFrame)
         m_pPixels = reinterpret_cast<QRgb*>(m_oPicture.bits());
         m_iStride = m_oPicture.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb));
         freeDisc();
-    }
-    m_iTakenSide = static_cast<std::size_t>(std::max(std::ceil(2.0 * m_dRadius), 0.0)) + 1;
-    if (m_iTakenSide <= g_iMostTakenSide) {
-        m_vbTaken.resize(m_iTakenSide * m_iTakenSide);
     }
 }
 
@@ -66,20 +61,6 @@ bool CurveRaster::tilesAreFull(int iLeft, int iTop, int iRight, int iBottom) con
         }
     }
     return true;
-}
-
-bool CurveRaster::take(NetPoint oPoint)
-{
-    const double dX = (oPoint.m_dX + 1.0) * m_dRadius;
-    const double dY = (oPoint.m_dY + 1.0) * m_dRadius;
-    const auto dSide = static_cast<double>(m_iTakenSide);
-    if (m_vbTaken.empty() || !(dX >= 0.0 && dY >= 0.0 && dX < dSide && dY < dSide)) {
-        return true;
-    }
-    const std::size_t i = static_cast<std::size_t>(dY) * m_iTakenSide + static_cast<std::size_t>(dX);
-    const bool bFirst = !m_vbTaken[i];
-    m_vbTaken[i] = true;
-    return bFirst;
 }
 
 void CurveRaster::write(std::span<const NetPolyline> vLines, QRgb oColor, double dWidth)

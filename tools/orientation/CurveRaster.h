@@ -25,9 +25,6 @@ public:
     void write(std::span<const NetPolyline> vLines, QRgb oColor, double dWidth = 1.0);
     /// Nothing that is written from now on would be seen.
     bool isFull() const { return m_iFree == 0; }
-    /// Takes a place on the net: true for the first that asks for its pixel. Always true when the net has more pixels
-    /// than can be kept in mind.
-    bool take(NetPoint oPoint);
 
     const QImage& picture() const { return m_oPicture; }
     /// The device pixel of the picture's upper left corner.
@@ -50,8 +47,6 @@ private:
     std::size_t m_iFree = 0;
     int m_iTileColumns = 0;
     std::vector<std::uint16_t> m_viTileFree; ///< how many of a tile are free: full ones are not looked at again
-    std::vector<bool> m_vbTaken;             ///< pixels of the net, row by row; empty: too many
-    std::size_t m_iTakenSide = 0;
 };
 
 } // namespace gkBase

@@ -7,6 +7,7 @@
 #include "MissingValue.h"
 #include "NetPaths.h"
 #include "PointBatch.h"
+#include "TakenPixels.h"
 
 #include <QPainter>
 #include <QPen>
@@ -114,15 +115,47 @@ private:
     bool m_bAll = true;
 };
 
+/// The places at which great circles stand on a net. Circles that share a pixel there lie less than about a pixel from
+/// each other everywhere. On a stereonet it is the pole. Poles of a tangent net may lie beyond any bounds: there it is
+/// the far end of the circle's diameter through the centre, which beyond the rim goes from 1 / distance to 0 as the
+/// place goes from one radius to two.
+class CirclePlaces
+{
+public:
+    CirclePlaces(const NetProjection& oProjection, double dRadius)
+        : m_oProjection(oProjection)
+        , m_taken(dRadius, isTangent() ? 2.0 : 1.0)
+    {
+    }
+    /// True for the first circle at its place.
+    bool take(double dDip, double dDipAzimuth)
+    {
+        if (!isTangent()) {
+            return m_taken.take(m_oProjection.pole(dDip, dDipAzimuth));
+        }
+        const double dDiameter = m_oProjection.lineRadius(dDip);
+        const double dDistance = dDiameter <= 1.0 ? dDiameter : 2.0 - 1.0 / dDiameter;
+        const SineCosine oAzimuth = sineCosine(dDipAzimuth);
+        return m_taken.take({dDistance * oAzimuth.m_dSine, dDistance * oAzimuth.m_dCosine});
+    }
+
+private:
+    bool isTangent() const { return m_oProjection.layout() == NetLayout::Tangent; }
+
+    NetProjection m_oProjection;
+    TakenPixels m_taken;
+};
+
 CurveRaster raster(const GreatCircleBatch& batch, const PointTarget& target, Part ePart)
 {
     CurveRaster curves(target, batch.m_oFrame);
+    CirclePlaces places(batch.m_oProjection, batch.m_oFrame.m_dRadius * target.m_dScale);
     const SeenCap cap(batch.m_oProjection, batch.m_oFrame, target);
     const double dStep = curveStep(batch.m_oFrame);
     const double dWidth = ePart == Part::Selected ? g_dSelectedPen * target.m_dScale : 1.0;
     for (std::size_t i = batch.size(); i-- > 0 && !curves.isFull();) {
         if (belongs(batch, ePart, i) && cap.isCrossedBy(batch.m_vdDips[i], batch.m_vdDipAzimuths[i]) &&
-            curves.take(batch.m_oProjection.pole(batch.m_vdDips[i], batch.m_vdDipAzimuths[i]))) {
+            places.take(batch.m_vdDips[i], batch.m_vdDipAzimuths[i])) {
             curves.write(greatCircle(batch.m_oProjection, batch.m_vdDips[i], batch.m_vdDipAzimuths[i], dStep),
                          qPremultiply(colorOf(batch, ePart, i).rgba()), dWidth);
         }
@@ -130,14 +163,13 @@ CurveRaster raster(const GreatCircleBatch& batch, const PointTarget& target, Par
     return curves;
 }
 
-/// Curves as the painter strokes them; on vector devices one for each pixel of poles.
+/// Curves as the painter strokes them; on vector devices one for each place.
 void drawOutlines(QPainter* pPainter, const GreatCircleBatch& batch, Part ePart)
 {
     std::vector<std::size_t> viPlanes;
-    CurveRaster poles(PointTarget(), batch.m_oFrame);
+    CirclePlaces places(batch.m_oProjection, batch.m_oFrame.m_dRadius);
     for (std::size_t i = batch.size(); i-- > 0;) {
-        if (belongs(batch, ePart, i) &&
-            poles.take(batch.m_oProjection.pole(batch.m_vdDips[i], batch.m_vdDipAzimuths[i]))) {
+        if (belongs(batch, ePart, i) && places.take(batch.m_vdDips[i], batch.m_vdDipAzimuths[i])) {
             viPlanes.push_back(i);
         }
     }

@@ -39,9 +39,9 @@ struct GKBASETOOLS_EXPORT GreatCircleBatch
 /// own and twice as wide.
 ///
 /// A few are smooth outlines. From s_iMostOutlines on, screens and images get one picture whose pixels the curves are
-/// written into from the last plane to the first, each pixel once; of planes whose poles share a pixel one is written,
-/// and no more once the net is full. The picture is kept, so that a new selection writes only the selected planes.
-/// Vector devices get every curve of a plane whose pole has a pixel of its own.
+/// written into from the last plane to the first, each pixel once; of planes whose curves lie within a pixel one is
+/// written, and no more once the net is full. The picture is kept, so that a new selection writes only the selected
+/// planes. Vector devices get one curve of those that lie within a pixel.
 class GKBASETOOLS_EXPORT GreatCirclePainter
 {
 public:
