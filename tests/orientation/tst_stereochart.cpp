@@ -137,6 +137,9 @@ private slots:
     void initTestCase();
     void choosersOfferOrientations();
     void namesTellPlanesFromLines();
+    void anglesKeepTheirOwnAzimuths();
+    void planesStayPolesBesideLines();
+    void linesGetNoWeights();
     void whatCannotBeShownIsSaid();
     void selectionDecidesWhatCounts();
     void pressOnTheNetLeavesNone();
@@ -187,13 +190,88 @@ void TestStereoChart::namesTellPlanesFromLines()
     QCOMPARE(f.m_panel.statistics().size(), std::size_t(2)); // of poles and of dip lines
     f.m_panel.setDataSet(f.node("Lineations"));
     QVERIFY(f.model().linesAreShown());
-    QCOMPARE(f.m_panel.drawingArea()->settings().m_iProjectionTarget, 1);
+    QVERIFY(f.entries("m_pqRecordsComboBox").contains(QStringLiteral("Automatic (lines)")));
+    QVERIFY(!f.m_panel.drawingArea()->polesAreShown());
     QCOMPARE(f.m_panel.statistics().size(), std::size_t(1));
     f.pick("m_pqRecordsComboBox", QStringLiteral("Planes"));
     QVERIFY(!f.model().linesAreShown());
-    QCOMPARE(f.m_panel.drawingArea()->settings().m_iProjectionTarget, 0);
+    QVERIFY(f.m_panel.drawingArea()->polesAreShown());
     f.m_panel.setAttributes(f.node("Beds")->dipAttribute(), f.node("Beds")->azimuthAttribute(), true);
     QVERIFY(f.model().linesAreShown());
+    QVERIFY(f.entries("m_pqRecordsComboBox").contains(QStringLiteral("Automatic (planes)")));
+
+    f.pick("m_pqRecordsComboBox", QStringLiteral("Automatic (planes)"));
+    addDataSet(*f.m_poRoot, QStringLiteral("Wells"),
+               {angles(QStringLiteral("Inclination"), {10.0, 20.0}), angles(QStringLiteral("Trend"), {30.0, 40.0})});
+    f.m_panel.setAttributes(f.node("Inclination"), f.node("Trend"), true);
+    QVERIFY(f.model().linesAreShown());
+    QCOMPARE(f.m_panel.settings().m_eRecords, StereoChartSettings::Records::Automatic);
+}
+
+void TestStereoChart::anglesKeepTheirOwnAzimuths()
+{
+    Fixture f;
+    // As many records as the beds, but others.
+    const std::vector<double> vdDips(g_iRecords, 45.0);
+    addDataSet(*f.m_poRoot, QStringLiteral("Derived"),
+               {angles(QStringLiteral("Rotated:Dip"), vdDips), angles(QStringLiteral("Rotated:Dip Azimuth"), vdDips)});
+    f.node("Beds")->appendChild(angles(QStringLiteral("Apparent Dip"), vdDips), true);
+    f.m_panel.updateDataSetSelectionBox();
+    f.pick("m_pqAngleChooser", QStringLiteral("Beds: Apparent Dip"));
+    QCOMPARE(f.m_panel.nodeAzimuth(), f.node("Dip Azimuth"));
+    f.pick("m_pqAngleChooser", QStringLiteral("Derived: Rotated:Dip"));
+    QCOMPARE(f.m_panel.nodeAngle(), f.node("Rotated:Dip"));
+    QCOMPARE(f.m_panel.nodeAzimuth(), f.node("Rotated:Dip Azimuth"));
+}
+
+void TestStereoChart::planesStayPolesBesideLines()
+{
+    Fixture f;
+    f.m_panel.setDataSet(f.node("Lineations"));
+    auto* pqPlanesAs = f.control<QComboBox>("m_pqPlanesAsComboBox");
+    QVERIFY(!pqPlanesAs->isEnabled()); // no planes
+    f.m_panel.setSecondDataSet(f.node("Joints"));
+    QVERIFY(pqPlanesAs->isEnabled());
+    StereoNetSettings net = f.m_panel.settings().m_oNet;
+    net.m_oPointColor = Qt::blue;
+    net.m_oSecondPointColor = Qt::red;
+    f.m_panel.setSettings(net);
+
+    // The joints dip by 80 degrees and more: their poles lie near the rim in the south, their dip lines in the north.
+    QStereoPlotWidget* pqNet = f.m_panel.drawingArea();
+    const auto isRedNear = [pqNet](const QPointF& oPixel) {
+        const QImage oPicture = pqNet->grab().toImage();
+        const QPoint oAt = (oPixel - pqNet->pixmapRect().topLeft()).toPoint();
+        return QColor(oPicture.pixel(oAt)) == QColor(Qt::red);
+    };
+    f.m_panel.resize(900, 600);
+    f.m_panel.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&f.m_panel));
+    pqNet->grab();
+    QVERIFY(isRedNear(pqNet->poleInPixel({80.0, 10.0})));
+    // The lines are lines, and so are the numbers under the cursor.
+    QCOMPARE(pqNet->transformInPixelPoint({12.0, 5.0}), pqNet->dipDirectionInPixel({12.0, 5.0}));
+    const QPointF oUnderCursor = pqNet->transformInDataPoint(pqNet->dipDirectionInPixel({12.0, 5.0}));
+    QVERIFY((oUnderCursor - QPointF(12.0, 5.0)).manhattanLength() < 1e-6);
+
+    net.m_iProjectionTarget = 1;
+    f.m_panel.setSettings(net);
+    QVERIFY(isRedNear(pqNet->dipDirectionInPixel({80.0, 10.0})));
+}
+
+void TestStereoChart::linesGetNoWeights()
+{
+    Fixture f;
+    auto* pqWeights = f.control<QAbstractButton>("m_pqBiasWeightsCheckBox");
+    pqWeights->click();
+    QVERIFY(!f.model().appliedWeights().empty());
+    f.m_panel.setDataSet(f.node("Lineations"));
+    QVERIFY(f.model().appliedWeights().empty());
+    QVERIFY(!pqWeights->isEnabled() && !f.control<QPushButton>("m_pqApplyBiasBtn")->isEnabled());
+    QVERIFY(!f.control<QLabel>("m_pqNoWeightsLabel")->isHidden());
+    f.m_panel.setDataSet(f.node("Beds"));
+    QVERIFY(pqWeights->isEnabled() && pqWeights->isChecked());
+    QVERIFY(!f.model().appliedWeights().empty());
 }
 
 void TestStereoChart::whatCannotBeShownIsSaid()
@@ -443,6 +521,7 @@ void TestStereoChart::settingsComeBack()
     QCOMPARE(second.m_panel.settings(), wanted);
     QCOMPARE(second.m_panel.drawingArea()->mouseMode(), QStereoPlotWidget::MouseMode::Pick);
     QVERIFY(second.model().linesAreShown());
+    second.pick("m_pqRecordsComboBox", QStringLiteral("Planes"));
     QVERIFY(second.model().biasCorrectionIsOn());
 }
 

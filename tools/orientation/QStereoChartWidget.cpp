@@ -360,10 +360,7 @@ void QStereoChartWidget::writeSettings(const QString& sGroup) const
 void QStereoChartWidget::slotLooksChanged()
 {
     m_oSettings = settings();
-    StereoNetSettings net = m_oSettings.m_oNet;
-    if (relationshipItemModel()->linesAreShown())
-        net.m_iProjectionTarget = 1;
-    m_pqPlot->setSettings(net);
+    m_pqPlot->setSettings(m_oSettings.m_oNet);
     for (const Layer& oLayer : m_aLayers) {
         oLayer.m_pModel->setPointStyle(m_oSettings.m_ePointStyle);
         oLayer.m_pModel->setPointPixelSize(m_oSettings.m_iPointSize);

@@ -233,6 +233,7 @@ private:
     void showChosen();
     QString problem() const;
     void showMessage(const QString& sMessage);
+    void showWhatApplies();
     void readPoints();
     void readFurtherLayer(LayerIndex eLayer);
     void selectInFurtherLayers();

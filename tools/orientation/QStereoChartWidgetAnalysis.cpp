@@ -204,7 +204,7 @@ void QStereoChartWidget::applyScanLine()
 {
     QRelationshipItemModel& model = *relationshipItemModel();
     model.setScanline(m_pqBiasPage->plunge(), m_pqBiasPage->azimuth(), m_pqBiasPage->limitAngle());
-    model.setBiasCorrectionOn(m_pqBiasPage->weightsAreOn());
+    model.setBiasCorrectionOn(m_pqBiasPage->weightsAreOn() && !model.linesAreShown());
 }
 
 void QStereoChartWidget::slotScanLineChanged()
@@ -220,6 +220,8 @@ void QStereoChartWidget::slotApplyCreateBiasWeightAttribute()
     QRelationshipItemModel& model = *relationshipItemModel();
     if (m_bReadNeeded)
         updateStereoChart();
+    if (model.linesAreShown())
+        return;
     slotScanLineChanged();
     model.setBiasAttributeName(QLatin1String(g_biasAttribute));
     emit createBiasWeightAttribute(model.biasAttributeName(), &model);

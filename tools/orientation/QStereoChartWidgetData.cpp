@@ -42,10 +42,13 @@ std::vector<AttributeEntry> orientationDataSets(const MatrixData* poRoot)
     return vEntries;
 }
 
-/// The angle is one of lines by its name.
-bool isPlunge(const MatrixData* poAngle)
+/// The attributes are those of lines by their names: a plunge, or an angle with a trend.
+bool areOfLines(const MatrixData* poAngle, const MatrixData* poAzimuth)
 {
-    return poAngle && poAngle->name().contains(QLatin1String("plunge"), Qt::CaseInsensitive);
+    const auto isNamed = [](const MatrixData* poNode, const char* pWord) {
+        return poNode && poNode->name().contains(QLatin1String(pWord), Qt::CaseInsensitive);
+    };
+    return isNamed(poAngle, "plunge") || isNamed(poAzimuth, "trend");
 }
 
 MatrixData* dataSetOf(const MatrixData* poAttribute)
@@ -111,6 +114,10 @@ void QStereoChartWidget::showChosen()
     m_pqDataGroup->choose(StereoRole::DataSet, dataSetOf(nodeAngle()));
     m_pqDataGroup->choose(StereoRole::Angle, nodeAngle());
     m_pqDataGroup->choose(StereoRole::Azimuth, nodeAzimuth());
+    using Records = StereoChartSettings::Records;
+    m_pqDataGroup->showAutomatic(!nodeAngle()                             ? Records::Automatic
+                                 : areOfLines(nodeAngle(), nodeAzimuth()) ? Records::Lines
+                                                                          : Records::Planes);
     m_pqDataGroup->choose(StereoRole::SecondDataSet, dataSetOf(layer(Second).m_poAngle.get()));
     m_pqDataGroup->choose(StereoRole::Lineations, dataSetOf(layer(Lineations).m_poAngle.get()));
     m_pqPointPage->chooseColor(relationshipItemModel()->colorAttribute());
@@ -132,7 +139,8 @@ void QStereoChartWidget::slotNodeChosen(StereoRole eRole, int iGlobalID)
         chooseDataSet(poNode);
         break;
     case StereoRole::Angle:
-        if (dataSetRecords(poNode) == dataSetRecords(nodeAzimuth()))
+        // As many records do not make one data set: the azimuths of another one belong to other records.
+        if (dataSetOf(poNode) && dataSetOf(poNode) == dataSetOf(nodeAzimuth()))
             chooseAttributes(poNode, nodeAzimuth());
         else
             chooseAttributes(poNode, dataSetOf(poNode) ? dataSetOf(poNode)->azimuthAttribute() : nullptr);
@@ -174,9 +182,9 @@ void QStereoChartWidget::setAttributes(MatrixData* poAngle, MatrixData* poAzimut
     if (linesWanted() != bLines) {
         using Records = StereoChartSettings::Records;
         StereoChartSettings wanted = settings();
-        wanted.m_eRecords = isPlunge(poAngle) == bLines ? Records::Automatic
-                            : bLines                    ? Records::Lines
-                                                        : Records::Planes;
+        wanted.m_eRecords = areOfLines(poAngle, poAzimuth) == bLines ? Records::Automatic
+                            : bLines                                 ? Records::Lines
+                                                                     : Records::Planes;
         m_pqDataGroup->setSettings(wanted);
         m_bReadNeeded = true;
     }
@@ -220,6 +228,7 @@ void QStereoChartWidget::chooseFurtherDataSet(LayerIndex eLayer, MatrixData* poD
     further.m_poAzimuth = MatrixDataPointer(poDataSet ? poDataSet->azimuthAttribute() : nullptr);
     readFurtherLayer(eLayer);
     showChosen();
+    showWhatApplies();
     updateChart();
 }
 
@@ -259,7 +268,7 @@ bool QStereoChartWidget::linesWanted() const
 {
     using Records = StereoChartSettings::Records;
     const Records eRecords = m_pqDataGroup->records();
-    return eRecords == Records::Automatic ? isPlunge(nodeAngle()) : eRecords == Records::Lines;
+    return eRecords == Records::Automatic ? areOfLines(nodeAngle(), nodeAzimuth()) : eRecords == Records::Lines;
 }
 
 void QStereoChartWidget::slotRecordsChosen()
@@ -300,8 +309,8 @@ void QStereoChartWidget::updateStereoChart()
         return;
     const QRelationshipItemModel& model = *relationshipItemModel();
     slotLooksChanged();
-    m_pqNetPage->setLines(model.linesAreShown());
-    m_pqResultPage->setLines(model.linesAreShown());
+    showWhatApplies();
+    applyScanLine();
     m_pqClusterPage->setApplicable(model.numberOfValidPoints() > 0);
     m_pqClusterPage->showClusters(model, convention());
     m_pqRotationPage->showRotations(model.numberOfValidPoints() > 0, m_lRotations);
@@ -310,6 +319,16 @@ void QStereoChartWidget::updateStereoChart()
     updateCursorPosLabel({g_dMissingValue, g_dMissingValue});
     updateObservationStatistics();
     updateChart();
+}
+
+/// Lines have neither poles nor great circles, and no scan line misses them as it misses planes.
+void QStereoChartWidget::showWhatApplies()
+{
+    const bool bLines = relationshipItemModel()->linesAreShown();
+    const bool bSecondPlanes = secondModel()->numberOfPoints() > 0 && !secondModel()->linesAreShown();
+    m_pqNetPage->setPlanes(!bLines || bSecondPlanes);
+    m_pqResultPage->setLines(bLines);
+    m_pqBiasPage->setLines(bLines);
 }
 
 void QStereoChartWidget::readPoints()
@@ -352,8 +371,8 @@ void QStereoChartWidget::readFurtherLayer(LayerIndex eLayer)
     const bool bUsable = isNumericAttribute(poAngle) && isNumericAttribute(poAzimuth);
     const quint64 iPoints = model.pointsRevision();
     model.takeNewDataSet(-1, QRelationshipItemModel::OrientationDisplay, bUsable ? poAngle : nullptr,
-                         bUsable ? poAzimuth : nullptr, nullptr, nullptr, eLayer == Lineations || isPlunge(poAngle),
-                         {});
+                         bUsable ? poAzimuth : nullptr, nullptr, nullptr,
+                         eLayer == Lineations || areOfLines(poAngle, poAzimuth), {});
     if (model.pointsRevision() == iPoints)
         return;
     // All data sets stand in one frame: what came later is turned as the others were.

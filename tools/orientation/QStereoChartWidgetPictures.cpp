@@ -73,7 +73,7 @@ void QStereoChartWidget::updateCursorPosLabel(QPointF oPosition)
         m_pqFrame->setCursorText(tr("Line: %1   Plane: %1").arg(undefinedText()));
         return;
     }
-    if (m_pqPlot->settings().m_iProjectionTarget == 0) {
+    if (m_pqPlot->polesAreShown()) {
         const PlaneOrientation oPlane{oPosition.x(), oPosition.y()};
         m_pqFrame->setCursorText(tr("Line: %1   Plane with this pole: %2")
                                      .arg(lineText(poleOfPlane(oPlane)), planeText(oPlane, convention())));

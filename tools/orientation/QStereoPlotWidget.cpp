@@ -113,14 +113,10 @@ QPointF QStereoPlotWidget::dipDirectionInPixel(const QPointF& oLine) const
 
 QPointF QStereoPlotWidget::transformInPixelPoint(const QPointF& oPoint)
 {
-    switch (m_settings.m_iProjectionTarget) {
-    case 0:
-        return poleInPixel(oPoint);
-    case 1:
-        return dipDirectionInPixel(oPoint);
-    default:
+    if (m_settings.m_iProjectionTarget != 0 && m_settings.m_iProjectionTarget != 1) {
         return {0.0, 0.0};
     }
+    return polesAreShown() ? poleInPixel(oPoint) : dipDirectionInPixel(oPoint);
 }
 
 void QStereoPlotWidget::transformPoints(std::span<const double> vdX, std::span<const double> vdY,
@@ -180,7 +176,12 @@ QString QStereoPlotWidget::transformInStrikeDipConvention(const double& dDipAzim
 
 bool QStereoPlotWidget::polesAreShown(const QRelationshipItemModel& model) const
 {
-    return polesAreShown() && !model.linesAreShown();
+    return m_settings.m_iProjectionTarget == 0 && !model.linesAreShown();
+}
+
+bool QStereoPlotWidget::polesAreShown() const
+{
+    return model() ? polesAreShown(*model()) : m_settings.m_iProjectionTarget == 0;
 }
 
 bool QStereoPlotWidget::isOnDisc(const QPointF& oPixel) const

@@ -39,8 +39,8 @@ class QRelationshipItemModel;
 /// Drawn from below: contours, net, great circles, points of the first, the second and the lineation data, contour
 /// labels, results with their labels, centroids, frame. All of the data is clipped to the disc.
 ///
-/// Chart units are (dip, dip azimuth) of planes or (plunge, azimuth) of lines, by the projection target of the
-/// settings; cursorPos() tells them, or (99999.0, 99999.0) beyond the rim.
+/// Chart units are (dip, dip azimuth) of planes or (plunge, azimuth) of lines, by polesAreShown(); cursorPos() tells
+/// them, or (99999.0, 99999.0) beyond the rim.
 ///
 /// The models are not owned. model() has the first data set; its results are drawn. What changes in a model or in the
 /// settings is shown after updateChart(). What did not change is not worked out again: records are projected when
@@ -56,6 +56,10 @@ public:
     /// Everything that the user chose; draws nothing by itself.
     virtual void setSettings(const StereoNetSettings& settings);
     const StereoNetSettings& settings() const { return m_settings; }
+
+    /// Records of the first data set are drawn as poles: they are planes, or there are none, and the settings ask for
+    /// it. Else as lines.
+    bool polesAreShown() const;
 
     void setSecondModel(QRelationshipItemModel* pModel);
     void setLineationModel(QRelationshipItemModel* pModel);
@@ -82,7 +86,7 @@ public:
     double equalAngleCenterPoleDistance(double dDip) const;
     QPointF poleInPixel(const QPointF& oPlane) const;
     QPointF dipDirectionInPixel(const QPointF& oLine) const;
-    /// By the projection target: poleInPixel() (0), dipDirectionInPixel() (1), or (0, 0).
+    /// poleInPixel() or dipDirectionInPixel(), by polesAreShown(); (0, 0) for a projection target that does not exist.
     QPointF transformInPixelPoint(const QPointF& oPoint) override;
     void transformPoints(std::span<const double> vdX, std::span<const double> vdY,
                          std::vector<QPointF>& voPixels) override;
@@ -214,8 +218,7 @@ private:
     };
 
     bool contoursAreOn() const;
-    bool polesAreShown() const { return m_settings.m_iProjectionTarget == 0; }
-    /// Of a second data set: planes follow the first data set.
+    /// The same of a further data set.
     bool polesAreShown(const QRelationshipItemModel& model) const;
     DensityGrid count(int iColumns, int iRows, bool bPoles, bool bBiasCorrected) const;
     /// The grid of the model, which must be set, that takes the counts.

@@ -116,7 +116,7 @@ void QTangentChartWidget::showFit()
 
 void QTangentChartWidget::updateCursorPosLabel(QPointF oPosition)
 {
-    if (drawingArea()->settings().m_iProjectionTarget == 0) {
+    if (drawingArea()->polesAreShown()) {
         const PlaneOrientation oPlane = planeOfPole(LineOrientation{oPosition.x(), oPosition.y()});
         oPosition = {oPlane.m_dDip, oPlane.m_dDipAzimuth};
     }

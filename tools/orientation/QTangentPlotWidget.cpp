@@ -45,7 +45,7 @@ int QTangentPlotWidget::pointsBeyondRim() const
 {
     if (!model())
         return 0;
-    const bool bPoles = settings().m_iProjectionTarget == 0;
+    const bool bPoles = polesAreShown();
     const double dLimit = maximumAngle() + NetProjection::s_dRimTolerance;
     const std::span<const double> vdAngles = model()->x();
     const std::span<const unsigned char> vbTaken = model()->takenMask();
@@ -115,7 +115,7 @@ QPointF QTangentPlotWidget::foldAxisPixel() const
 
 QPainterPath QTangentPlotWidget::foldPath() const
 {
-    if (settings().m_iProjectionTarget == 0) {
+    if (polesAreShown()) {
         const PlaneOrientation oAcross = planeOfPole(LineOrientation{m_dPlunge, m_dAzimuth});
         return greatCirclePath(projection(), netFrame(), oAcross.m_dDip, oAcross.m_dDipAzimuth);
     }

@@ -24,6 +24,8 @@ StereoBiasPage::StereoBiasPage(QWidget* pqParent)
                                       tr("Planes that a scan line misses because they run along it count for more"),
                                       "m_pqBiasWeightsCheckBox"))
     , m_pqEffectiveLabel(newValueLabel(tr("Effective Number of Records")))
+    , m_pqLinesLabel(new QLabel(tr("These records are lines. A scan line misses planes that run along it; lines have "
+                                   "no such bias and get no weights.")))
     , m_pqApplyBtn(new QPushButton(tr("Apply")))
 {
     auto* pqForm = new QFormLayout;
@@ -40,7 +42,11 @@ StereoBiasPage::StereoBiasPage(QWidget* pqParent)
     m_pqEffectiveLabel->setObjectName(QStringLiteral("m_pqEffectiveNumberLabel"));
     m_pqApplyBtn->setObjectName(QStringLiteral("m_pqApplyBiasBtn"));
     m_pqApplyBtn->setToolTip(tr("Write the weight of each record as the attribute \"Bias Weights\""));
+    m_pqLinesLabel->setObjectName(QStringLiteral("m_pqNoWeightsLabel"));
+    m_pqLinesLabel->setWordWrap(true);
+    m_pqLinesLabel->hide();
     auto* pqLayout = new QVBoxLayout(this);
+    pqLayout->addWidget(m_pqLinesLabel);
     pqLayout->addLayout(pqForm);
     pqLayout->addWidget(m_pqApplyBtn);
     pqLayout->addStretch(1);
@@ -68,6 +74,15 @@ QDoubleSpinBoxWithSlider* StereoBiasPage::newSpinBox(QFormLayout& form, const QS
     pqSpinBox->setSuffix(QStringLiteral("°"));
     form.addRow(sName, pqSpinBox);
     return pqSpinBox;
+}
+
+void StereoBiasPage::setLines(bool bLines)
+{
+    m_bLines = bLines;
+    m_pqLinesLabel->setVisible(bLines);
+    m_pqWeightsCheckBox->setEnabled(!bLines);
+    for (QDoubleSpinBoxWithSlider* pqBox : {m_pqPlungeSpinBox, m_pqAzimuthSpinBox, m_pqLimitAngleSpinBox})
+        pqBox->setEnabled(!bLines);
 }
 
 double StereoBiasPage::plunge() const
@@ -111,10 +126,11 @@ void StereoBiasPage::setSettings(const StereoChartSettings& settings)
 
 void StereoBiasPage::showEffectiveCount(std::size_t iRecords, double dEffective)
 {
-    m_pqApplyBtn->setEnabled(iRecords > 0);
-    if (!weightsAreOn() || iRecords == 0) {
+    m_pqApplyBtn->setEnabled(iRecords > 0 && !m_bLines);
+    if (!weightsAreOn() || iRecords == 0 || m_bLines) {
         m_pqEffectiveLabel->setText(undefinedText());
         m_pqEffectiveLabel->setToolTip(iRecords == 0 ? tr("There are no records")
+                                       : m_bLines    ? tr("Lines get no weights")
                                                      : tr("All records count alike while they are not weighed"));
         return;
     }

@@ -22,6 +22,9 @@ class GKBASETOOLS_EXPORT StereoBiasPage : public QWidget
 public:
     explicit StereoBiasPage(QWidget* pqParent = nullptr);
 
+    /// Lines get no weights: nothing can be chosen then, and the page says why.
+    void setLines(bool bLines);
+
     /// Degrees.
     double plunge() const;
     double azimuth() const;
@@ -50,7 +53,9 @@ private:
     QDoubleSpinBoxWithSlider* m_pqLimitAngleSpinBox = nullptr;
     QCheckBox* m_pqWeightsCheckBox;
     QLabel* m_pqEffectiveLabel;
+    QLabel* m_pqLinesLabel; ///< says why there are no weights
     QPushButton* m_pqApplyBtn;
+    bool m_bLines = false;
 };
 
 } // namespace gkBase

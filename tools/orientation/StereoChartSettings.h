@@ -20,7 +20,7 @@ struct GKBASETOOLS_EXPORT StereoChartSettings
     /// What the records of the first data set are.
     enum class Records
     {
-        Automatic, ///< lines when the angle is named a plunge, else planes
+        Automatic, ///< lines when the angle is named a plunge or the azimuth a trend, else planes
         Planes,
         Lines
     };

@@ -13,7 +13,7 @@ StereoDataGroup::StereoDataGroup(QWidget* pqParent)
     , m_pqRecordsComboBox(
           newChooser(tr("Records Are"),
                      tr("Planes by dip and dip azimuth, drawn as poles; lines by plunge and azimuth. Automatic: lines "
-                        "when the angle is named a plunge"),
+                        "when the angle is named a plunge or the azimuth a trend"),
                      QStringLiteral("m_pqRecordsComboBox")))
     , m_pqSelectedOnlyCheckBox(newCheckBox(
           tr("Selected Records Only"),
@@ -86,6 +86,15 @@ void StereoDataGroup::choose(StereoRole eRole, const MatrixData* poNode)
 StereoChartSettings::Records StereoDataGroup::records() const
 {
     return static_cast<StereoChartSettings::Records>(m_pqRecordsComboBox->currentIndex());
+}
+
+void StereoDataGroup::showAutomatic(StereoChartSettings::Records eFound)
+{
+    using Records = StereoChartSettings::Records;
+    m_pqRecordsComboBox->setItemText(static_cast<int>(Records::Automatic),
+                                     eFound == Records::Lines    ? tr("Automatic (lines)")
+                                     : eFound == Records::Planes ? tr("Automatic (planes)")
+                                                                 : tr("Automatic"));
 }
 
 void StereoDataGroup::writeTo(StereoChartSettings& settings) const

@@ -43,6 +43,9 @@ public:
     void choose(StereoRole eRole, const MatrixData* poNode);
 
     StereoChartSettings::Records records() const;
+    /// What the records are by the names of their attributes, which is what Automatic takes; Automatic while there are
+    /// none.
+    void showAutomatic(StereoChartSettings::Records eFound);
     /// Writes what stands here into the settings; the rest of them stays.
     void writeTo(StereoChartSettings& settings) const;
     /// Emits nothing.

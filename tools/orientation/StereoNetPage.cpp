@@ -70,10 +70,10 @@ void StereoNetPage::setSettings(const StereoNetSettings& net)
     m_pqFineNetColorBtn->setColor(net.m_oFineNetColor);
 }
 
-void StereoNetPage::setLines(bool bLines)
+void StereoNetPage::setPlanes(bool bPlanes)
 {
-    m_pqPlanesAsComboBox->setEnabled(!bLines);
-    m_pqGreatCirclesCheckBox->setEnabled(!bLines);
+    m_pqPlanesAsComboBox->setEnabled(bPlanes);
+    m_pqGreatCirclesCheckBox->setEnabled(bPlanes);
 }
 
 void StereoNetPage::hideProjection()

@@ -24,8 +24,8 @@ public:
     void writeTo(StereoNetSettings& net) const;
     /// Emits nothing.
     void setSettings(const StereoNetSettings& net);
-    /// Lines are points whatever stands here: how planes are drawn cannot be chosen then.
-    void setLines(bool bLines);
+    /// Lines are points whatever stands here: without planes on the net how they are drawn cannot be chosen.
+    void setPlanes(bool bPlanes);
     /// For diagrams with a projection of their own.
     void hideProjection();
 
