@@ -84,6 +84,14 @@ QPainterPath greatCirclePath(const NetProjection& oProjection, const NetFrame& o
     return oPath;
 }
 
+QPainterPath smallCirclePath(const NetProjection& oProjection, const NetFrame& oFrame, const LineOrientation& oAxis,
+                             double dAngle)
+{
+    QPainterPath oPath;
+    addToPath(oPath, oFrame, smallCircle(oProjection, oAxis.m_dPlunge, oAxis.m_dAzimuth, dAngle, curveStep(oFrame)));
+    return oPath;
+}
+
 std::vector<NetPolyline> outsideRadius(std::span<const NetPolyline> vLines, double dRadius)
 {
     std::vector<NetPolyline> vPieces;

@@ -21,6 +21,10 @@ GKBASETOOLS_EXPORT void addToPath(QPainterPath& oPath, const NetFrame& oFrame, s
 GKBASETOOLS_EXPORT QPainterPath greatCirclePath(const NetProjection& oProjection, const NetFrame& oFrame, double dDip,
                                                 double dDipAzimuth);
 
+/// The small circle at dAngle degrees from an axis in pixels, as smallCircle(); empty for missing angles.
+GKBASETOOLS_EXPORT QPainterPath smallCirclePath(const NetProjection& oProjection, const NetFrame& oFrame,
+                                                const LineOrientation& oAxis, double dAngle);
+
 /// The pieces of a line on the net that lie farther from the centre than a radius.
 GKBASETOOLS_EXPORT std::vector<NetPolyline> outsideRadius(std::span<const NetPolyline> vLines, double dRadius);
 

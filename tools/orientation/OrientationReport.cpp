@@ -74,6 +74,8 @@ void Report::addObservations()
     int iRotation = 0;
     for (const Rotation& oRotation : m_data.m_vRotations)
         add(tr("Rotation %1").arg(++iRotation), rotationText(oRotation));
+    if (!m_data.m_sNoStatistics.isEmpty())
+        add(tr("Statistics"), tr("none: %1").arg(m_data.m_sNoStatistics));
 }
 
 void Report::addStatistics(const OrientationStatistics& oStatistics)

@@ -24,6 +24,7 @@ struct OrientationReportData
     bool m_bSelectionOnly = false; ///< some of the records
     /// Of planes those of their poles and of their dip lines, of lines one.
     std::vector<OrientationStatistics> m_vStatistics;
+    QString m_sNoStatistics; ///< why there are none; empty where there are
     bool m_bWeighted = false;
     ScanLine m_oScanLine;               ///< of the weights
     std::vector<Rotation> m_vRotations; ///< of the records, the first one first

@@ -151,10 +151,14 @@ Value Rows::kappa() const
 Value Rows::alpha95() const
 {
     const FisherStatistics& oFisher = m_oStatistics.m_oFisher;
-    return number(oFisher.m_dAlpha95,
-                  oFisher.m_iCount < 2 ? tr("A cone of confidence needs two records at least.")
-                                       : tr("The records scatter too much for a cone of confidence."),
-                  3);
+    Value value = number(oFisher.m_dAlpha95,
+                         oFisher.m_iCount < 2 ? tr("A cone of confidence needs two records at least.")
+                                              : tr("The records scatter too much for a cone of confidence."),
+                         3);
+    if (m_bWeighted && value.m_sReason.isEmpty())
+        value.m_sReason = tr("It knows nothing of the weights: it takes N where the effective N counts, and is too "
+                             "small.");
+    return value;
 }
 
 void Rows::addFisher()

@@ -18,7 +18,7 @@ struct OrientationStatisticsRow
     QString m_sValue;        ///< "---" for what is undefined; may have two lines
     QString m_sToolTip;      ///< what it is and its unit or, for an undefined one, why it is
     bool m_bWarning = false; ///< a hint that takes the whole width: the value is a sentence
-    QString m_sReason;       ///< why there is no number; the last line of the tool tip
+    QString m_sReason;       ///< why there is no number, or why it misleads; the last line of the tool tip
 };
 
 /// What the records of these statistics are: "Poles of Planes", "Lines" or, for lines of a data set of planes, "Dip

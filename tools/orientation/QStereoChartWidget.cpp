@@ -196,6 +196,8 @@ void QStereoChartWidget::fillReportPage()
     report.m_bPlanes = !model.linesAreShown();
     report.m_bSelectionOnly = onlySomeCount(model);
     report.m_vStatistics = statistics();
+    if (report.m_vStatistics.empty())
+        report.m_sNoStatistics = noStatisticsReason();
     report.m_bWeighted = !model.appliedWeights().empty();
     report.m_oScanLine = model.scanLine();
     report.m_vRotations = m_vRotations;
@@ -227,7 +229,8 @@ void QStereoChartWidget::updateContourLegend()
 {
     m_bContourLegendPending = false;
     const StereoNetSettings& net = m_oSettings.m_oNet;
-    if (!m_bShowLegends || !m_oSettings.m_bContourLegend || !(net.m_bContourLines || net.m_bContourFill)) {
+    const bool bContours = net.m_bContourLines || net.m_bContourFill || net.m_bContourLabels;
+    if (!m_bShowLegends || !m_oSettings.m_bContourLegend || !bContours) {
         m_pqContourLegend->setLevels({}, {});
         showLegends();
         return;

@@ -259,6 +259,12 @@ void QStereoPlotWidget::layOutResults()
             if (std::isnan(shape.m_oPoint.x()) && !shape.m_oPath.isEmpty()) {
                 shape.m_oPoint = shape.m_oPath.pointAtPercent(0.5);
             }
+        } else if (item.m_eKind == StereoResultItem::Kind::SmallCircle) {
+            const LineOrientation oAxis{item.m_oOrientation.x(), item.m_oOrientation.y()};
+            shape.m_oPath = smallCirclePath(projection(), netFrame(), oAxis, item.m_dAngle);
+            // The label stands at the circle: the middle of it belongs to the mean.
+            shape.m_oPoint =
+                shape.m_oPath.isEmpty() ? QPointF(g_dEmptyCell, g_dEmptyCell) : QPointF(shape.m_oPath.elementAt(0));
         }
         m_vResults.push_back(std::move(shape));
     }

@@ -213,7 +213,8 @@ private:
     struct ResultShape
     {
         StereoResultItem m_oItem;
-        QPointF m_oPoint; ///< the point, or that of a plane where its label goes, its dip point; NaN beyond the rim
+        QPointF m_oPoint; ///< the point, or where the label of a circle goes, of a plane its dip point; NaN beyond
+                          ///< the rim
         QPainterPath m_oPath;
     };
 

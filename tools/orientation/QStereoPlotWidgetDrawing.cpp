@@ -358,7 +358,7 @@ void QStereoPlotWidget::drawMeanOrientation(QPainter* pPainter)
     const PainterState state(pPainter);
     pPainter->setBrush(Qt::NoBrush);
     for (const ResultShape& shape : m_vResults) {
-        if (shape.m_oItem.m_eKind == StereoResultItem::Kind::GreatCircle) {
+        if (shape.m_oItem.isCircle()) {
             const int iWidth = std::max(shape.m_oItem.m_oStyle.m_iWidth, 1);
             QColor oHalo = m_oBackgroundColor;
             oHalo.setAlpha(g_iHaloAlpha);
@@ -370,7 +370,7 @@ void QStereoPlotWidget::drawMeanOrientation(QPainter* pPainter)
         }
     }
     for (const ResultShape& shape : m_vResults) {
-        if (shape.m_oItem.m_eKind != StereoResultItem::Kind::GreatCircle && isPoint(shape.m_oPoint)) {
+        if (!shape.m_oItem.isCircle() && isPoint(shape.m_oPoint)) {
             drawResultPoint(pPainter, shape.m_oPoint, readable(shape.m_oItem.m_oStyle.m_oColor), QString());
         }
     }
@@ -379,7 +379,7 @@ void QStereoPlotWidget::drawMeanOrientation(QPainter* pPainter)
 void QStereoPlotWidget::blockResults(LabelPlacement& placement) const
 {
     for (const ResultShape& shape : m_vResults) {
-        if (shape.m_oItem.m_eKind != StereoResultItem::Kind::GreatCircle && isPoint(shape.m_oPoint)) {
+        if (!shape.m_oItem.isCircle() && isPoint(shape.m_oPoint)) {
             placement.block(around(shape.m_oPoint, g_dResultExtent));
         }
     }
@@ -398,8 +398,8 @@ std::vector<QRectF> QStereoPlotWidget::placeResultLabels(const QPainter& painter
     for (std::size_t i = 0; m_settings.m_bResultLabels && i < m_vResults.size(); ++i) {
         const ResultShape& shape = m_vResults[i];
         if (isPoint(shape.m_oPoint)) {
-            const bool bPlane = shape.m_oItem.m_eKind == StereoResultItem::Kind::GreatCircle;
-            const double dExtent = bPlane ? shape.m_oItem.m_oStyle.m_iWidth / 2.0 : g_dResultExtent;
+            const bool bCircle = shape.m_oItem.isCircle();
+            const double dExtent = bCircle ? shape.m_oItem.m_oStyle.m_iWidth / 2.0 : g_dResultExtent;
             voBoxes[i] = placeOnNet(placement, netFrame(), around(shape.m_oPoint, dExtent),
                                     labelBoxSize(painter, shape.m_oItem.m_sLabel));
         }

@@ -2,6 +2,7 @@
 
 #include "LabelPlacement.h"
 #include "MissingValue.h"
+#include "OrientationText.h"
 #include "ReadableColor.h"
 #include "SymbolGeometry.h"
 #include "WoodcockGeometry.h"
@@ -258,7 +259,7 @@ QString QWoodcockHelpWidget::toolTipAt(const QPointF& oPosition) const
     if (!m_vsNames[iPoint].isEmpty())
         sText = tr("Subset %1").arg(m_vsNames[iPoint]) + QLatin1Char('\n');
     sText += tr("ln(S1/S2) = %1, ln(S2/S3) = %2").arg(oValues.y(), 0, 'f', 3).arg(oValues.x(), 0, 'f', 3);
-    const QString sK = oValues.x() > 0.0 ? QString::number(oValues.y() / oValues.x(), 'f', 3) : QStringLiteral("---");
+    const QString sK = oValues.x() > 0.0 ? QString::number(oValues.y() / oValues.x(), 'f', 3) : undefinedText();
     sText += QLatin1Char('\n') + tr("K = %1, C = %2").arg(sK).arg(oValues.x() + oValues.y(), 0, 'f', 3);
     if (m_vMarks[i].m_bOutside)
         sText += QLatin1Char('\n') + tr("Lies outside the picture, where the arrow points");

@@ -1,6 +1,7 @@
 #include "RoseResultGroup.h"
 
 #include "ChartPanelControls.h"
+#include "OrientationText.h"
 
 #include <QCheckBox>
 #include <QFormLayout>
@@ -11,11 +12,6 @@ namespace gkBase {
 namespace {
 
 constexpr int g_iDecimals = 2;
-
-QString dashes()
-{
-    return QStringLiteral("---");
-}
 
 QLabel* addResult(QFormLayout& form, const QString& sName, const QString& sToolTip, const char* pObjectName)
 {
@@ -85,9 +81,10 @@ void RoseResultGroup::showMean(const CircularMean& mean, QLabel* pqDirection, QL
     const QString sReason = mean.m_iCount == 0 ? tr("There are no directions")
                             : bDefined         ? QString()
                                                : tr("The directions cancel out: they have no mean");
-    pqDirection->setText(bDefined ? QString::number(mean.m_dDirection, 'f', g_iDecimals) + QChar(0xB0) : dashes());
+    pqDirection->setText(bDefined ? QString::number(mean.m_dDirection, 'f', g_iDecimals) + QChar(0xB0)
+                                  : undefinedText());
     pqDirection->setToolTip(sReason);
-    pqLength->setText(mean.m_iCount > 0 ? QString::number(mean.m_dResultantLength, 'f', g_iDecimals) : dashes());
+    pqLength->setText(mean.m_iCount > 0 ? QString::number(mean.m_dResultantLength, 'f', g_iDecimals) : undefinedText());
     pqLength->setToolTip(mean.m_iCount > 0 ? tr("Mean resultant length: 1 where all directions are equal, 0 where they "
                                                 "cancel out")
                                            : sReason);

@@ -1,5 +1,6 @@
 #include "StereoBiasPage.h"
 
+#include "BiasWeights.h"
 #include "ChartPanelControls.h"
 #include "QDoubleSpinBoxWithSlider.h"
 
@@ -12,12 +13,6 @@
 
 namespace gkBase {
 
-namespace {
-
-constexpr double g_dLargestLimitAngle = 89.9;
-
-} // namespace
-
 StereoBiasPage::StereoBiasPage(QWidget* pqParent)
     : QWidget(pqParent)
     , m_pqWeightsCheckBox(newCheckBox(tr("Weigh Statistics and Contours"),
@@ -29,14 +24,14 @@ StereoBiasPage::StereoBiasPage(QWidget* pqParent)
     , m_pqApplyBtn(new QPushButton(tr("Apply")))
 {
     auto* pqForm = new QFormLayout;
-    m_pqPlungeSpinBox = newSpinBox(*pqForm, tr("Plunge"), tr("Plunge of the scan line or well, 0 to 90 degrees"), 90.0,
-                                   90, "m_pqScanPlungeSpinBox");
+    m_pqPlungeSpinBox = newAngleSpinBox(*pqForm, tr("Plunge"), tr("Plunge of the scan line or well, 0 to 90 degrees"),
+                                        0.0, 90.0, "m_pqScanPlungeSpinBox");
     m_pqAzimuthSpinBox =
-        newSpinBox(*pqForm, tr("Azimuth"), tr("Azimuth of the scan line or well, degrees clockwise from north"), 360.0,
-                   360, "m_pqScanAzimuthSpinBox");
-    m_pqLimitAngleSpinBox = newSpinBox(*pqForm, tr("Limit Angle"),
-                                       tr("Poles at a larger angle to the scan line, in degrees, get no larger weight"),
-                                       g_dLargestLimitAngle, 90, "m_pqLimitAngleSpinBox");
+        newAngleSpinBox(*pqForm, tr("Azimuth"), tr("Azimuth of the scan line or well, degrees clockwise from north"),
+                        0.0, 360.0, "m_pqScanAzimuthSpinBox");
+    m_pqLimitAngleSpinBox = newAngleSpinBox(
+        *pqForm, tr("Limit Angle"), tr("Poles at a larger angle to the scan line, in degrees, get no larger weight"),
+        0.0, ScanLine::s_dLargestLimitAngle, "m_pqLimitAngleSpinBox");
     pqForm->addRow(m_pqWeightsCheckBox);
     pqForm->addRow(tr("Effective Number"), m_pqEffectiveLabel);
     m_pqEffectiveLabel->setObjectName(QStringLiteral("m_pqEffectiveNumberLabel"));
@@ -60,20 +55,6 @@ StereoBiasPage::StereoBiasPage(QWidget* pqParent)
                 emit scanLineChanged();
         });
     connect(m_pqApplyBtn, &QPushButton::clicked, this, &StereoBiasPage::attributeWanted);
-}
-
-QDoubleSpinBoxWithSlider* StereoBiasPage::newSpinBox(QFormLayout& form, const QString& sName, const QString& sToolTip,
-                                                     double dMax, int iSteps, const char* pObjectName)
-{
-    auto* pqSpinBox = new QDoubleSpinBoxWithSlider(0.0, dMax, iSteps);
-    pqSpinBox->setObjectName(QLatin1String(pObjectName));
-    pqSpinBox->setControlName(sName);
-    pqSpinBox->setToolTip(sToolTip);
-    pqSpinBox->setDecimals(1);
-    pqSpinBox->setSingleStep(1.0);
-    pqSpinBox->setSuffix(QStringLiteral("°"));
-    form.addRow(sName, pqSpinBox);
-    return pqSpinBox;
 }
 
 void StereoBiasPage::setLines(bool bLines)

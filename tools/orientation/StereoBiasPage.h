@@ -9,7 +9,6 @@
 
 class QCheckBox;
 class QDoubleSpinBoxWithSlider;
-class QFormLayout;
 class QLabel;
 class QPushButton;
 
@@ -45,9 +44,6 @@ signals:
     void attributeWanted();
 
 private:
-    QDoubleSpinBoxWithSlider* newSpinBox(QFormLayout& form, const QString& sName, const QString& sToolTip, double dMax,
-                                         int iSteps, const char* pObjectName);
-
     QDoubleSpinBoxWithSlider* m_pqPlungeSpinBox = nullptr;
     QDoubleSpinBoxWithSlider* m_pqAzimuthSpinBox = nullptr;
     QDoubleSpinBoxWithSlider* m_pqLimitAngleSpinBox = nullptr;

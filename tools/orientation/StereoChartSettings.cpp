@@ -1,5 +1,6 @@
 #include "StereoChartSettings.h"
 
+#include "BiasWeights.h"
 #include "MissingValue.h"
 
 #include <QSettings>
@@ -13,7 +14,6 @@ namespace {
 
 constexpr double g_dLargestPlunge = 90.0;
 constexpr double g_dFullCircle = 360.0;
-constexpr double g_dLargestLimitAngle = 89.9;
 
 /// Calls what(key, member) for every member; reading and writing cannot forget one of them then.
 template <typename Settings, typename What>
@@ -78,7 +78,9 @@ template <typename Settings, typename What>
 void forEachResultMember(Settings& net, What what)
 {
     for (std::size_t i = 0; i < g_iStereoResults; ++i) {
-        const QString sName = QLatin1String(stereoResultName(static_cast<StereoResult>(i)));
+        const auto eResult = static_cast<StereoResult>(i);
+        const QString sName = eResult == StereoResult::ConfidenceCone ? QStringLiteral("alpha95")
+                                                                      : QLatin1String(stereoResultName(eResult));
         const QByteArray key = "results/" + sName.toLower().replace(QLatin1Char(' '), QLatin1Char('_')).toLatin1();
         what((key + "_show").constData(), net.m_aResults[i].m_bShow);
         what((key + "_color").constData(), net.m_aResults[i].m_oColor);
@@ -168,7 +170,7 @@ void StereoChartSettings::read(const QSettings& settings)
     keepWithin(m_dRotationAngle, before.m_dRotationAngle, -g_dFullCircle, g_dFullCircle);
     keepWithin(m_dScanPlunge, before.m_dScanPlunge, 0.0, g_dLargestPlunge);
     keepWithin(m_dScanAzimuth, before.m_dScanAzimuth, 0.0, g_dFullCircle);
-    keepWithin(m_dLimitAngle, before.m_dLimitAngle, 0.0, g_dLargestLimitAngle);
+    keepWithin(m_dLimitAngle, before.m_dLimitAngle, 0.0, ScanLine::s_dLargestLimitAngle);
 }
 
 void StereoChartSettings::write(QSettings& settings) const

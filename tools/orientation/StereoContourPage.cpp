@@ -2,6 +2,7 @@
 
 #include "ChartPanelControls.h"
 #include "MissingValue.h"
+#include "OrientationText.h"
 #include "QIntSpinBoxWithSlider.h"
 
 #include <QCheckBox>
@@ -52,7 +53,7 @@ StereoContourPage::StereoContourPage(QWidget* pqParent)
     m_pqIntervalSpinBox->setSingleStep(g_dIntervalStep);
     m_pqIntervalSpinBox->setDecimals(2);
     m_pqIntervalSpinBox->setSuffix(tr(" %"));
-    m_pqIntervalSpinBox->setSpecialValueText(QStringLiteral("---"));
+    m_pqIntervalSpinBox->setSpecialValueText(undefinedText());
     m_pqIntervalSpinBox->setKeyboardTracking(false);
     auto* pqForm = new QFormLayout(this);
     for (QCheckBox* pqBox : {m_pqLinesCheckBox, m_pqLabelsCheckBox, m_pqFillCheckBox, m_pqLowestBandCheckBox,

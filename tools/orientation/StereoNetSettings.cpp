@@ -19,6 +19,7 @@ const char* stereoResultName(StereoResult eResult)
         QT_TRANSLATE_NOOP("StereoResult", "Mean Resultant Plane"),
         QT_TRANSLATE_NOOP("StereoResult", "Suggested Section Plane"),
         QT_TRANSLATE_NOOP("StereoResult", "Best-Fit Girdle"),
+        QT_TRANSLATE_NOOP("StereoResult", "α95"),
     };
     const auto i = static_cast<std::size_t>(eResult);
     return i < g_iStereoResults ? apNames[i] : "";

@@ -10,7 +10,7 @@
 
 namespace gkBase {
 
-/// The results that a stereonet can show, in the order in which they are listed: points, then planes.
+/// The results that a stereonet can show, in the order in which they are listed: points, planes, then the cone.
 enum class StereoResult
 {
     MeanResultantPole,
@@ -24,14 +24,15 @@ enum class StereoResult
     MeanPrincipalPlane,
     MeanResultantPlane,
     SuggestedSectionPlane,
-    BestFitGirdle
+    BestFitGirdle,
+    ConfidenceCone ///< α95 about the mean resultant
 };
-inline constexpr std::size_t g_iStereoResults = 12;
+inline constexpr std::size_t g_iStereoResults = 13;
 
-/// The label of a result, in English; shown through tr() in the context "StereoResult".
+/// The label of a result, in English and UTF-8; shown through tr() in the context "StereoResult".
 GKBASETOOLS_EXPORT const char* stereoResultName(StereoResult eResult);
-/// True for results that are drawn as great circles.
-inline constexpr bool isStereoPlane(StereoResult eResult)
+/// True for results that are drawn as great or small circles.
+inline constexpr bool isStereoCircle(StereoResult eResult)
 {
     return eResult >= StereoResult::MeanPrincipalPlane;
 }
@@ -41,7 +42,7 @@ struct StereoResultStyle
 {
     bool m_bShow = false;
     QColor m_oColor;  ///< invalid: the label colour of the chart
-    int m_iWidth = 2; ///< of great circles, pixels
+    int m_iWidth = 2; ///< of circles, pixels
 
     bool operator==(const StereoResultStyle&) const = default;
 };

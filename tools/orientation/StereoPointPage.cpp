@@ -3,6 +3,7 @@
 #include "ChartPanelControls.h"
 #include "ColorButton.h"
 #include "ColorMapEdits.h"
+#include "OrientationText.h"
 #include "QChartDrawingArea.h"
 #include "QIntSpinBoxWithSlider.h"
 
@@ -98,7 +99,7 @@ QGroupBox* StereoPointPage::newColorMapGroup()
     m_pqColorMapGroup = new QGroupBox(tr("Color Map"));
     m_pqColorMapGroup->setToolTip(
         tr("Bands of colors for attributes of numbers; an empty field takes what suits the values"));
-    m_pqColorMapEdits = new ColorMapEdits(tr("Interval"), QStringLiteral("---"));
+    m_pqColorMapEdits = new ColorMapEdits(tr("Interval"), undefinedText());
     m_pqRedToBlueCheckBox =
         newCheckBox(tr("Red to Blue"), tr("Small values are red and large ones blue"), "m_pqClassesRedToBlueCheckBox");
     auto* pqLayout = new QVBoxLayout(m_pqColorMapGroup);

@@ -55,13 +55,13 @@ void StereoResultPage::addRow(QGridLayout& grid, StereoResult eResult)
     grid.addWidget(row.m_pqColor, iRow, g_iColorColumn);
     connect(row.m_pqShow, &QCheckBox::clicked, this, &StereoResultPage::changed);
     connect(row.m_pqColor, &ColorButton::colorPicked, this, &StereoResultPage::changed);
-    if (!isStereoPlane(eResult))
+    if (!isStereoCircle(eResult))
         return;
     row.m_pqWidth = new QSpinBox;
     row.m_pqWidth->setRange(1, StereoChartSettings::s_iWidestResult);
     row.m_pqWidth->setSuffix(tr(" px"));
     row.m_pqWidth->setAccessibleName(tr("Line Width: %1").arg(sName));
-    row.m_pqWidth->setToolTip(tr("Width of the great circle in pixels"));
+    row.m_pqWidth->setToolTip(tr("Width of the circle in pixels"));
     row.m_pqWidth->setObjectName(QLatin1String(objectName) + QLatin1String("WidthSpinBox"));
     grid.addWidget(row.m_pqWidth, iRow, g_iWidthColumn);
     connect(row.m_pqWidth, &QSpinBox::valueChanged, this, &StereoResultPage::changed);
@@ -95,6 +95,9 @@ QString StereoResultPage::toolTipOf(StereoResult eResult)
                   "mean");
     case StereoResult::BestFitGirdle:
         return tr("The great circle nearest to the points; its pole is the fold axis of folded beds");
+    case StereoResult::ConfidenceCone:
+        return tr("The cone that holds the mean resultant of the poles, or of the lines where these are shown, with a "
+                  "confidence of 95 %; records that scatter too much have none, and it knows nothing of bias weights");
     }
     return {};
 }

@@ -15,7 +15,7 @@ namespace gkBase {
 
 class ColorButton;
 
-/// Which results are drawn on the net, in which colour and, of great circles, how wide.
+/// Which results are drawn on the net, in which colour and, of circles, how wide.
 class GKBASETOOLS_EXPORT StereoResultPage : public QWidget
 {
     Q_OBJECT
@@ -37,7 +37,7 @@ private:
     {
         QCheckBox* m_pqShow = nullptr;
         ColorButton* m_pqColor = nullptr;
-        QSpinBox* m_pqWidth = nullptr; ///< of great circles only
+        QSpinBox* m_pqWidth = nullptr; ///< of circles only
     };
 
     void addRow(QGridLayout& grid, StereoResult eResult);

@@ -11,7 +11,10 @@ namespace {
 
 StereoResultItem::Kind kindOf(StereoResult eResult)
 {
-    if (isStereoPlane(eResult)) {
+    if (eResult == StereoResult::ConfidenceCone) {
+        return StereoResultItem::Kind::SmallCircle;
+    }
+    if (isStereoCircle(eResult)) {
         return StereoResultItem::Kind::GreatCircle;
     }
     return eResult < StereoResult::MeanResultantAzimuth ? StereoResultItem::Kind::Pole : StereoResultItem::Kind::Line;
@@ -50,8 +53,32 @@ QPointF orientationOf(const QRelationshipItemModel& model, StereoResult eResult)
         return bLines ? planeAcross(model.suggestedSectionDipDirection()) : model.suggestedSectionPlane();
     case StereoResult::BestFitGirdle:
         return bLines ? planeAcross(model.LdirectionDipDirection()) : model.LdirectionPlane();
+    case StereoResult::ConfidenceCone:
+        break; // needs an angle besides
     }
     return {g_dMissingValue, g_dMissingValue};
+}
+
+QString labelOf(StereoResult eResult)
+{
+    return QCoreApplication::translate("StereoResult", stereoResultName(eResult));
+}
+
+void addCone(std::vector<StereoResultItem>& vItems, const QRelationshipItemModel& model,
+             const StereoNetSettings& settings)
+{
+    const bool bPoles = settings.m_iProjectionTarget == 0 && !model.linesAreShown();
+    const FisherStatistics oFisher = model.orientationStatistics(bPoles, model.partSelection()).m_oFisher;
+    if (isMissing(oFisher.m_dAlpha95) || isMissing(oFisher.m_oMeanLine.m_dPlunge)) {
+        return;
+    }
+    constexpr StereoResult eResult = StereoResult::ConfidenceCone;
+    vItems.push_back({eResult,
+                      kindOf(eResult),
+                      {oFisher.m_oMeanLine.m_dPlunge, oFisher.m_oMeanLine.m_dAzimuth},
+                      settings.result(eResult),
+                      labelOf(eResult),
+                      oFisher.m_dAlpha95});
 }
 
 } // namespace
@@ -62,10 +89,15 @@ std::vector<StereoResultItem> stereoResults(const QRelationshipItemModel& model,
     for (std::size_t i = 0; i < g_iStereoResults; ++i) {
         const auto eResult = static_cast<StereoResult>(i);
         const StereoResultStyle& style = settings.result(eResult);
+        if (eResult == StereoResult::ConfidenceCone) {
+            if (style.m_bShow) {
+                addCone(vItems, model, settings);
+            }
+            continue;
+        }
         const QPointF oOrientation = style.m_bShow ? orientationOf(model, eResult) : QPointF(g_dMissingValue, 0.0);
         if (!isMissing(oOrientation.x()) && !isMissing(oOrientation.y())) {
-            vItems.push_back({eResult, kindOf(eResult), oOrientation, style,
-                              QCoreApplication::translate("StereoResult", stereoResultName(eResult))});
+            vItems.push_back({eResult, kindOf(eResult), oOrientation, style, labelOf(eResult)});
         }
     }
     return vItems;

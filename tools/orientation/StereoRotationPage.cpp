@@ -23,6 +23,7 @@ StereoRotationPage::StereoRotationPage(QWidget* pqParent)
     , m_pqAboutAxisBtn(
           newButton(tr("Rotate About Axis"), tr("Turn the records about the axis by the angle"), "m_pqRotateBtn"))
     , m_pqStateLabel(new QLabel)
+    , m_pqProblemLabel(new QLabel)
     , m_pqUndoBtn(newButton(tr("Undo"), tr("Take the last rotation back"), "m_pqUndoRotationBtn"))
     , m_pqUndoAllBtn(newButton(tr("Undo All"), tr("Take all rotations back"), "m_pqUndoAllRotationsBtn"))
     , m_pqWriteBtn(newButton(tr("Write as Attributes"),
@@ -33,24 +34,28 @@ StereoRotationPage::StereoRotationPage(QWidget* pqParent)
     auto* pqForm = new QFormLayout;
     pqForm->addRow(tr("Mean"), m_pqMeanComboBox);
     pqForm->addRow(m_pqToCenterBtn);
-    m_pqPlungeSpinBox = newSpinBox(*pqForm, tr("Axis Plunge"), tr("Plunge of the rotation axis, 0 to 90 degrees"), 0.0,
-                                   90.0, "m_pqAxisPlungeSpinBox");
+    m_pqPlungeSpinBox = newAngleSpinBox(*pqForm, tr("Axis Plunge"), tr("Plunge of the rotation axis, 0 to 90 degrees"),
+                                        0.0, 90.0, "m_pqAxisPlungeSpinBox");
     m_pqAzimuthSpinBox =
-        newSpinBox(*pqForm, tr("Axis Azimuth"), tr("Azimuth of the rotation axis, degrees clockwise from north"), 0.0,
-                   360.0, "m_pqAxisAzimuthSpinBox");
-    m_pqAngleSpinBox = newSpinBox(*pqForm, tr("Angle"),
-                                  tr("Degrees, clockwise as seen along the axis downwards; negative counterclockwise"),
-                                  -360.0, 360.0, "m_pqRotationAngleSpinBox");
+        newAngleSpinBox(*pqForm, tr("Axis Azimuth"), tr("Azimuth of the rotation axis, degrees clockwise from north"),
+                        0.0, 360.0, "m_pqAxisAzimuthSpinBox");
+    m_pqAngleSpinBox = newAngleSpinBox(
+        *pqForm, tr("Angle"), tr("Degrees, clockwise as seen along the axis downwards; negative counterclockwise"),
+        -360.0, 360.0, "m_pqRotationAngleSpinBox");
     pqForm->addRow(m_pqAboutAxisBtn);
     m_pqStateLabel->setObjectName(QStringLiteral("m_pqRotationLabel"));
-    m_pqStateLabel->setTextFormat(Qt::PlainText);
-    m_pqStateLabel->setWordWrap(true);
-    m_pqStateLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_pqProblemLabel->setObjectName(QStringLiteral("m_pqRotationProblemLabel"));
+    for (QLabel* pqLabel : {m_pqStateLabel, m_pqProblemLabel}) {
+        pqLabel->setTextFormat(Qt::PlainText);
+        pqLabel->setWordWrap(true);
+        pqLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    }
     auto* pqUndo = new QHBoxLayout;
     pqUndo->addWidget(m_pqUndoBtn);
     pqUndo->addWidget(m_pqUndoAllBtn);
     auto* pqLayout = new QVBoxLayout(this);
     pqLayout->addLayout(pqForm);
+    pqLayout->addWidget(m_pqProblemLabel);
     pqLayout->addWidget(m_pqStateLabel);
     pqLayout->addLayout(pqUndo);
     pqLayout->addWidget(m_pqWriteBtn);
@@ -72,21 +77,6 @@ QPushButton* StereoRotationPage::newButton(const QString& sText, const QString& 
     pqBtn->setToolTip(sToolTip);
     pqBtn->setObjectName(QLatin1String(pObjectName));
     return pqBtn;
-}
-
-QDoubleSpinBoxWithSlider* StereoRotationPage::newSpinBox(QFormLayout& form, const QString& sName,
-                                                         const QString& sToolTip, double dMin, double dMax,
-                                                         const char* pObjectName)
-{
-    auto* pqSpinBox = new QDoubleSpinBoxWithSlider(dMin, dMax, static_cast<int>(dMax - dMin));
-    pqSpinBox->setObjectName(QLatin1String(pObjectName));
-    pqSpinBox->setControlName(sName);
-    pqSpinBox->setToolTip(sToolTip);
-    pqSpinBox->setDecimals(1);
-    pqSpinBox->setSingleStep(1.0);
-    pqSpinBox->setSuffix(QStringLiteral("°"));
-    form.addRow(sName, pqSpinBox);
-    return pqSpinBox;
 }
 
 double StereoRotationPage::axisPlunge() const
@@ -127,6 +117,7 @@ void StereoRotationPage::setSettings(const StereoChartSettings& settings)
 
 void StereoRotationPage::showRotations(bool bRecords, const QStringList& lRotations)
 {
+    showProblem({});
     const bool bRotated = !lRotations.isEmpty();
     m_pqStateLabel->setText(bRotated ? tr("Rotated: %1").arg(lRotations.join(tr(", then "))) : tr("Not rotated"));
     m_pqToCenterBtn->setEnabled(bRecords);
@@ -137,7 +128,8 @@ void StereoRotationPage::showRotations(bool bRecords, const QStringList& lRotati
 
 void StereoRotationPage::showProblem(const QString& sProblem)
 {
-    m_pqStateLabel->setText(sProblem);
+    m_pqProblemLabel->setText(sProblem);
+    m_pqProblemLabel->setVisible(!sProblem.isEmpty());
 }
 
 } // namespace gkBase

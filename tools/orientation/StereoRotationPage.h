@@ -8,7 +8,6 @@
 
 class QComboBox;
 class QDoubleSpinBoxWithSlider;
-class QFormLayout;
 class QLabel;
 class QPushButton;
 
@@ -34,7 +33,7 @@ public:
     void setSettings(const StereoChartSettings& settings);
     /// There are records; a line for each rotation that they underwent, the first one first.
     void showRotations(bool bRecords, const QStringList& lRotations);
-    /// A sentence that says why nothing was turned.
+    /// A sentence that says why nothing was turned. It stays until rotations or records change.
     void showProblem(const QString& sProblem);
 
 signals:
@@ -46,9 +45,6 @@ signals:
 
 private:
     QPushButton* newButton(const QString& sText, const QString& sToolTip, const char* pObjectName);
-    QDoubleSpinBoxWithSlider* newSpinBox(QFormLayout& form, const QString& sName, const QString& sToolTip, double dMin,
-                                         double dMax, const char* pObjectName);
-
     QComboBox* m_pqMeanComboBox;
     QPushButton* m_pqToCenterBtn;
     QDoubleSpinBoxWithSlider* m_pqPlungeSpinBox = nullptr;
@@ -56,6 +52,7 @@ private:
     QDoubleSpinBoxWithSlider* m_pqAngleSpinBox = nullptr;
     QPushButton* m_pqAboutAxisBtn;
     QLabel* m_pqStateLabel;
+    QLabel* m_pqProblemLabel;
     QPushButton* m_pqUndoBtn;
     QPushButton* m_pqUndoAllBtn;
     QPushButton* m_pqWriteBtn;

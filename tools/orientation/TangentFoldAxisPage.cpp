@@ -40,15 +40,15 @@ TangentFoldAxisPage::TangentFoldAxisPage(QWidget* pqParent)
 {
     auto* pqForm = new QFormLayout;
     m_pqMaximumAngleSpinBox =
-        newSpinBox(*pqForm, tr("Maximum Angle"), tr("The angle that lies on the rim, 10 to 85 degrees"),
-                   g_dSmallestMaximumAngle, g_dLargestMaximumAngle, "m_pqMaximumAngleSpinBox");
+        newAngleSpinBox(*pqForm, tr("Maximum Angle"), tr("The angle that lies on the rim, 10 to 85 degrees"),
+                        g_dSmallestMaximumAngle, g_dLargestMaximumAngle, "m_pqMaximumAngleSpinBox");
     m_pqMaximumAngleSpinBox->setValue(NetProjection::s_dDefaultMaximumAngle);
     pqForm->addRow(m_pqShowCheckBox);
-    m_pqPlungeSpinBox = newSpinBox(*pqForm, tr("Plunge"), tr("Plunge of the fold axis, 0 to 90 degrees"), 0.0, 90.0,
-                                   "m_pqFoldAxisPlungeSpinBox");
+    m_pqPlungeSpinBox = newAngleSpinBox(*pqForm, tr("Plunge"), tr("Plunge of the fold axis, 0 to 90 degrees"), 0.0,
+                                        90.0, "m_pqFoldAxisPlungeSpinBox");
     m_pqAzimuthSpinBox =
-        newSpinBox(*pqForm, tr("Azimuth"), tr("Azimuth of the fold axis, degrees clockwise from north"), 0.0, 360.0,
-                   "m_pqFoldAxisAzimuthSpinBox");
+        newAngleSpinBox(*pqForm, tr("Azimuth"), tr("Azimuth of the fold axis, degrees clockwise from north"), 0.0,
+                        360.0, "m_pqFoldAxisAzimuthSpinBox");
     pqForm->addRow(tr("Fitted Axis"), m_pqFitLabel);
     pqForm->addRow(tr("Planes"), m_pqPlanesLabel);
     pqForm->addRow(tr("T across the fold axis"), m_pqTransverseLabel);
@@ -72,21 +72,6 @@ TangentFoldAxisPage::TangentFoldAxisPage(QWidget* pqParent)
     connect(m_pqAzimuthSpinBox, &Box::valueChanged, this, &Page::azimuthChanged);
     connect(m_pqShowCheckBox, &QCheckBox::toggled, this, &Page::showToggled);
     connect(m_pqFitBtn, &QPushButton::clicked, this, &Page::fitWanted);
-}
-
-QDoubleSpinBoxWithSlider* TangentFoldAxisPage::newSpinBox(QFormLayout& form, const QString& sName,
-                                                          const QString& sToolTip, double dMin, double dMax,
-                                                          const char* pObjectName)
-{
-    auto* pqSpinBox = new QDoubleSpinBoxWithSlider(dMin, dMax, static_cast<int>(dMax - dMin));
-    pqSpinBox->setObjectName(QLatin1String(pObjectName));
-    pqSpinBox->setControlName(sName);
-    pqSpinBox->setToolTip(sToolTip);
-    pqSpinBox->setDecimals(1);
-    pqSpinBox->setSingleStep(1.0);
-    pqSpinBox->setSuffix(QStringLiteral("°"));
-    form.addRow(sName, pqSpinBox);
-    return pqSpinBox;
 }
 
 // ---- the axis that is shown -----------------------------------------------------------------------------------------

@@ -9,7 +9,6 @@
 
 class QCheckBox;
 class QDoubleSpinBoxWithSlider;
-class QFormLayout;
 class QLabel;
 class QPushButton;
 
@@ -49,9 +48,6 @@ protected:
     void showEvent(QShowEvent* pEvent) override;
 
 private:
-    QDoubleSpinBoxWithSlider* newSpinBox(QFormLayout& form, const QString& sName, const QString& sToolTip, double dMin,
-                                         double dMax, const char* pObjectName);
-
     QCheckBox* m_pqShowCheckBox;
     QDoubleSpinBoxWithSlider* m_pqPlungeSpinBox = nullptr;
     QDoubleSpinBoxWithSlider* m_pqAzimuthSpinBox = nullptr;

@@ -1,9 +1,11 @@
 #include "ChartPanelControls.h"
 
 #include "QDecoratedToolBox.h"
+#include "QDoubleSpinBoxWithSlider.h"
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScrollArea>
@@ -12,6 +14,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cmath>
 
 namespace gkBase {
 
@@ -41,6 +44,20 @@ QCheckBox* newCheckBox(const QString& sText, const QString& sToolTip, const char
     pqBox->setToolTip(sToolTip);
     pqBox->setObjectName(QLatin1String(pObjectName));
     return pqBox;
+}
+
+QDoubleSpinBoxWithSlider* newAngleSpinBox(QFormLayout& form, const QString& sName, const QString& sToolTip, double dMin,
+                                          double dMax, const char* pObjectName)
+{
+    auto* pqSpinBox = new QDoubleSpinBoxWithSlider(dMin, dMax, static_cast<int>(std::lround(dMax - dMin)));
+    pqSpinBox->setObjectName(QLatin1String(pObjectName));
+    pqSpinBox->setControlName(sName);
+    pqSpinBox->setToolTip(sToolTip);
+    pqSpinBox->setDecimals(1);
+    pqSpinBox->setSingleStep(1.0);
+    pqSpinBox->setSuffix(QStringLiteral("°"));
+    form.addRow(sName, pqSpinBox);
+    return pqSpinBox;
 }
 
 int tallestPage(const QDecoratedToolBox& toolBox)

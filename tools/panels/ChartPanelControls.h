@@ -6,6 +6,8 @@
 class QCheckBox;
 class QComboBox;
 class QDecoratedToolBox;
+class QDoubleSpinBoxWithSlider;
+class QFormLayout;
 class QLabel;
 class QSplitter;
 class QWidget;
@@ -22,6 +24,10 @@ QComboBox* newChooser(const QString& sName, const QString& sToolTip, const QStri
 
 /// A check box; pObjectName is for style sheets and scripts.
 QCheckBox* newCheckBox(const QString& sText, const QString& sToolTip, const char* pObjectName);
+
+/// An angle in degrees with a slider, in a row of the form; pObjectName as above.
+QDoubleSpinBoxWithSlider* newAngleSpinBox(QFormLayout& form, const QString& sName, const QString& sToolTip, double dMin,
+                                          double dMax, const char* pObjectName);
 
 /// Height of the tallest page of a tool box.
 int tallestPage(const QDecoratedToolBox& toolBox);

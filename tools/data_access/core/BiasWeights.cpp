@@ -10,12 +10,10 @@ namespace gkBase {
 
 namespace {
 
-constexpr double g_dLargestLimit = 89.9;
-
 double smallestCosine(double dLimitAngle)
 {
     const double dLimit = isMissing(dLimitAngle) ? ScanLine().m_dLimitAngle : dLimitAngle;
-    return std::cos(radians(std::clamp(dLimit, 0.0, g_dLargestLimit)));
+    return std::cos(radians(std::clamp(dLimit, 0.0, ScanLine::s_dLargestLimitAngle)));
 }
 
 /// The formula with what it needs of the scan line.

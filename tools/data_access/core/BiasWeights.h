@@ -14,9 +14,11 @@ namespace gkBase {
 /// A borehole or traverse along which planes were counted.
 struct ScanLine
 {
+    static constexpr double s_dLargestLimitAngle = 89.9; ///< degrees
+
     double m_dPlunge = g_dMissingValue;
     double m_dAzimuth = g_dMissingValue;
-    /// Largest angle between pole and line, 0 … 89.9 degrees, that is corrected: it bounds the weights.
+    /// Largest angle between pole and line, 0 … s_dLargestLimitAngle, that is corrected: it bounds the weights.
     double m_dLimitAngle = 80.0;
 
     bool operator==(const ScanLine&) const = default;
