@@ -295,8 +295,14 @@ void TestStatisticsText::reportOfAnAnalysis()
     showOrientationReport(summary, data);
     const QString sText = summary.textEdit()->document()->toPlainText();
     for (const char* pExpected : {"Fractures <N & S>", "10.00/045.00", "75.00°", "40.00° about the axis 0.00/045.00",
-                                  "20.00° about the axis 5.00/090.00", "K = 1.7229", "C = ---", "Effective N"})
+                                  "20.00° about the axis 5.00/090.00", "K = 1.7229", "C = ---", "Effective N",
+                                  "It knows nothing of the weights"})
         QVERIFY2(sText.contains(pExpected), pExpected);
+
+    data.m_vStatistics.clear();
+    data.m_sNoStatistics = "There are no records";
+    showOrientationReport(summary, data);
+    QVERIFY(summary.textEdit()->document()->toPlainText().contains("none: There are no records"));
 }
 
 void TestStatisticsText::reportIsSaved()

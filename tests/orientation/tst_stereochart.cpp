@@ -8,6 +8,7 @@
 #include <gkBase/QRelationshipItemModel.h>
 #include <gkBase/QStereoChartWidget.h>
 #include <gkBase/QStereoPlotWidget.h>
+#include <gkBase/QUnitLineEdit.h>
 #include <gkBase/UnitManager.h>
 #include <gkBase/UnitRegistry.h>
 
@@ -49,16 +50,19 @@ std::unique_ptr<MatrixData> newRoot()
     auto poRoot = std::make_unique<MatrixData>(QStringLiteral("root"));
     std::vector<double> vdDips;
     std::vector<double> vdAzimuths;
+    std::vector<double> vdSpacings;
     QStringList lLimbs;
     for (int i = 0; i < g_iRecords; ++i) {
         const bool bEast = i % 2 == 0;
         vdDips.push_back((bEast ? 30.0 : 60.0) + i % 5);
         vdAzimuths.push_back((bEast ? 90.0 : 270.0) + i % 7);
+        vdSpacings.push_back(0.25 * i);
         lLimbs << (bEast ? QStringLiteral("east") : QStringLiteral("west"));
     }
     addDataSet(*poRoot, QStringLiteral("Beds"),
                {angles(QStringLiteral("Dip"), vdDips), angles(QStringLiteral("Dip Azimuth"), vdAzimuths),
-                attribute(QStringLiteral("Limb"), QMetaType::QString, lLimbs)});
+                attribute(QStringLiteral("Limb"), QMetaType::QString, lLimbs),
+                attribute(QStringLiteral("Spacing"), vdSpacings)});
     addDataSet(
         *poRoot, QStringLiteral("Joints"),
         {angles(QStringLiteral("Dip"), {80.0, 85.0, 75.0}), angles(QStringLiteral("Dip Azimuth"), {10.0, 20.0, 15.0})});
@@ -128,6 +132,17 @@ std::vector<double> columnOf(std::span<const double> vdValues)
     return {vdValues.begin(), vdValues.end()};
 }
 
+QStringList colorsOf(const QStereoChartWidget& panel)
+{
+    QStringList lColors;
+    for (int i = 0; i < panel.relationshipItemModel()->numberOfPoints(); ++i) {
+        QColor oColor;
+        panel.relationshipItemModel()->getColor(i, oColor);
+        lColors << oColor.name();
+    }
+    return lColors;
+}
+
 } // namespace
 
 class TestStereoChart : public QObject
@@ -150,6 +165,7 @@ private slots:
     void ownerKeepsTheClusters();
     void biasWeightsAreAskedFor();
     void settingsComeBack();
+    void choiceComesBack();
     void brokenSettingsAreIgnored();
     void removedNodesLeaveTheChart();
     void rootMayDieFirst();
@@ -374,7 +390,16 @@ void TestStereoChart::rotationTurnsAllDataSetsAndComesBack()
     f.control<QPushButton>("m_pqWriteRotatedBtn")->click();
     QCOMPARE(wanted.count(), 1);
 
+    // What cannot be done is said beside what was done.
+    settings.m_dRotationAngle = 0.0;
+    f.m_panel.setSettings(settings);
+    f.control<QPushButton>("m_pqRotateBtn")->click();
+    const auto* pqProblem = f.control<QLabel>("m_pqRotationProblemLabel");
+    QVERIFY(pqProblem->text().contains(QStringLiteral("0 turns nothing")));
+    QVERIFY(f.control<QLabel>("m_pqRotationLabel")->text().contains(QStringLiteral("about 0.0/045.0 by 40.0")));
+
     f.control<QPushButton>("m_pqUndoRotationBtn")->click();
+    QVERIFY(pqProblem->isHidden());
     QCOMPARE(columnOf(f.m_panel.secondModel()->x()), vdTurnedJoints);
     f.control<QPushButton>("m_pqUndoAllRotationsBtn")->click();
     QCOMPARE(columnOf(f.model().x()), vdDips);
@@ -499,6 +524,7 @@ void TestStereoChart::settingsComeBack()
     wanted.m_oNet.m_bDirectionsAtRim = true;
     wanted.m_oNet.result(StereoResult::BestFitGirdle) = {true, QColor(4, 5, 6), 5};
     wanted.m_oNet.result(StereoResult::TPole).m_bShow = true;
+    wanted.m_oNet.result(StereoResult::ConfidenceCone) = {true, QColor(7, 8, 9), 4};
     wanted.m_eRecords = StereoChartSettings::Records::Lines;
     wanted.m_eConvention = OrientationConvention::StrikeDip;
     wanted.m_bSelectedOnly = false;
@@ -523,6 +549,59 @@ void TestStereoChart::settingsComeBack()
     QVERIFY(second.model().linesAreShown());
     second.pick("m_pqRecordsComboBox", QStringLiteral("Planes"));
     QVERIFY(second.model().biasCorrectionIsOn());
+}
+
+void TestStereoChart::choiceComesBack()
+{
+    const QString sGroup = QStringLiteral("attribute_analyser/stereo_choice/");
+    Fixture first;
+    first.m_panel.setAttributes(first.node("Dip"), first.node("Dip Azimuth"), false);
+    first.m_panel.setSecondDataSet(first.node("Joints"));
+    first.m_panel.setLineationDataSet(first.node("Lineations"));
+    first.m_panel.setColorAttribute(first.node("Spacing"));
+    first.m_panel.setSymbolAttribute(first.node("Limb"));
+    auto* pqSmallest = first.control<QUnitLineEdit>("m_pqColorMapMinEdit");
+    QVERIFY(pqSmallest);
+    const QStringList lBands = colorsOf(first.m_panel);
+    pqSmallest->setModelValue(6.0, true);
+    const QStringList lWanted = colorsOf(first.m_panel);
+    QVERIFY(lWanted != lBands);
+    first.m_panel.writeSettings(sGroup);
+
+    const auto isBack = [&](QStereoChartWidget& panel, const MatrixData& root) {
+        const auto node = [&root](const char* pName) { return root.getNodeFromName(QLatin1String(pName)); };
+        const QRelationshipItemModel& model = *panel.relationshipItemModel();
+        return panel.nodeAngle() == node("Dip") && panel.nodeAzimuth() == node("Dip Azimuth") &&
+               panel.secondModel()->numberOfPoints() == 3 && panel.lineationModel()->numberOfPoints() == 2 &&
+               model.colorAttribute() == node("Spacing") && model.symbolAttribute() == node("Limb") &&
+               colorsOf(panel) == lWanted;
+    };
+    // Settings before the data, as an application reads them, which writes them again when nothing was looked at.
+    const std::unique_ptr<MatrixData> poRoot = newRoot();
+    QStereoChartWidget early;
+    early.readSettings(sGroup);
+    early.writeSettings(sGroup);
+    early.setDataRoot(poRoot.get());
+    early.updateStereoChart();
+    QVERIFY(isBack(early, *poRoot));
+    // And after them.
+    Fixture late;
+    late.m_panel.setDataSet(late.node("Joints"));
+    late.m_panel.readSettings(sGroup);
+    QVERIFY(isBack(late.m_panel, *late.m_poRoot));
+    // What is chosen meanwhile stays.
+    QStereoChartWidget other;
+    other.readSettings(sGroup);
+    const std::unique_ptr<MatrixData> poOther = std::make_unique<MatrixData>(QStringLiteral("root"));
+    addDataSet(*poOther, QStringLiteral("Veins"),
+               {angles(QStringLiteral("Dip"), {50.0}), angles(QStringLiteral("Dip Azimuth"), {10.0})});
+    other.setDataRoot(poOther.get());
+    QVERIFY(!other.nodeAngle());
+    other.setDataSet(poOther->getNodeFromName(QStringLiteral("Veins")));
+    addDataSet(*poOther, QStringLiteral("Beds"),
+               {angles(QStringLiteral("Dip"), {50.0}), angles(QStringLiteral("Dip Azimuth"), {10.0})});
+    other.updateDataSetSelectionBox();
+    QCOMPARE(other.nodeAngle()->owner()->name(), QStringLiteral("Veins"));
 }
 
 void TestStereoChart::brokenSettingsAreIgnored()

@@ -92,6 +92,7 @@ private slots:
     void dataStaysWithinTheRim();
     void areasEndAtTheRim();
     void girdleOfLinesIsThePlaneAcrossThem();
+    void coneIsDrawnAboutTheMean();
     void pansAddNothing();
     void vectorCopiesHaveTheSameParts();
     void manyGreatCirclesLookLikeFew_data();
@@ -501,6 +502,32 @@ void TestStereoPlot::girdleOfLinesIsThePlaneAcrossThem()
     QVERIFY(bFound);
     StereoRecords none({}, {});
     QVERIFY(stereoResults(none.m_model, settings).empty());
+}
+
+void TestStereoPlot::coneIsDrawnAboutTheMean()
+{
+    StereoRecords records({40.0, 60.0, 50.0, 45.0, 55.0}, {80.0, 100.0, 70.0, 110.0, 90.0});
+    Net net(&records.m_model);
+    net.m_choice.m_bPoints = false;
+    net.m_choice.m_bResultLabels = false;
+    net.m_choice.result(StereoResult::ConfidenceCone) = {true, Qt::blue, 3};
+    for (const int iTarget : {0, 1}) { // about the mean pole and about the mean dip line
+        net.m_choice.m_iProjectionTarget = iTarget;
+        net.choose();
+        const FisherStatistics oFisher = records.m_model.orientationStatistics(iTarget == 0, false).m_oFisher;
+        const LineOrientation& oMean = oFisher.m_oMeanLine;
+        const QImage oPicture = net.picture();
+        // The axis and the circle lie in one upright plane where they have the same azimuth.
+        for (const double dSide : {-1.0, 1.0}) {
+            const QPointF oOn =
+                net.dipDirectionInPixel({oMean.m_dPlunge + dSide * oFisher.m_dAlpha95, oMean.m_dAzimuth});
+            QCOMPARE(QColor(oPicture.pixel(oOn.toPoint())), QColor(Qt::blue));
+        }
+        const QPoint oAxis = net.dipDirectionInPixel({oMean.m_dPlunge, oMean.m_dAzimuth}).toPoint();
+        QVERIFY(QColor(oPicture.pixel(oAxis)) != QColor(Qt::blue));
+    }
+    const StereoRecords single({40.0}, {80.0});
+    QVERIFY(stereoResults(single.m_model, net.m_choice).empty()); // one record has no cone
 }
 
 void TestStereoPlot::pansAddNothing()

@@ -347,6 +347,10 @@ void QStereoChartWidget::readSettings(const QString& sGroup)
     StereoChartSettings wanted = settings();
     wanted.read(stored);
     setSettings(wanted);
+    m_oWanted = StereoChartChoice::read(stored);
+    takeWanted();
+    if (m_poRoot && m_bReadNeeded)
+        updateStereoChart();
     m_pqSplitter->restoreState(stored.value(QLatin1String(g_sideSplitterKey)).toByteArray());
     m_pqLegendSplitter->restore(stored.value(QLatin1String(g_legendSplitterKey)).toByteArray());
 }
@@ -356,6 +360,7 @@ void QStereoChartWidget::writeSettings(const QString& sGroup) const
     QSettings stored;
     stored.beginGroup(sGroup);
     settings().write(stored);
+    choice().write(stored);
     stored.setValue(QLatin1String(g_sideSplitterKey), m_pqSplitter->saveState());
     stored.setValue(QLatin1String(g_legendSplitterKey), m_pqLegendSplitter->saveState());
 }

@@ -4,6 +4,7 @@
 #include "MatrixDataPointer.h"
 #include "OrientationStatistics.h"
 #include "QRelationshipItemModel.h" // complete, so that the signals with models can be queued and recorded
+#include "StereoChartChoice.h"
 #include "StereoChartSettings.h"
 #include "gkBaseToolsExport.h"
 
@@ -102,7 +103,9 @@ public:
     void setSettings(const StereoChartSettings& settings);
     /// Net, points, contours and results alone.
     void setSettings(const StereoNetSettings& net);
-    /// From and to a group of the application's settings, with the places of the splitters.
+    /// From and to a group of the application's settings, with the places of the splitters and the names of what is
+    /// chosen. What the root does not hold yet is chosen when updateDataSetSelectionBox() finds it, unless something
+    /// else was chosen before.
     void readSettings(const QString& sGroup);
     void writeSettings(const QString& sGroup) const;
 
@@ -228,6 +231,10 @@ private:
     bool linesWanted() const;
     void chooseAttributes(MatrixData* poAngle, MatrixData* poAzimuth);
     void chooseFurtherDataSet(LayerIndex eLayer, MatrixData* poDataSet);
+    void assignFurtherDataSet(LayerIndex eLayer, MatrixData* poDataSet);
+    StereoChartChoice choice() const;
+    void takeWanted();
+    void takeWantedClasses();
     void setClassAttribute(bool bColor, MatrixData* poAttribute);
     void fillChoosers();
     void showChosen();
@@ -278,6 +285,7 @@ private:
     QSize pictureSize();
 
     std::array<Layer, s_iLayers> m_aLayers;
+    StereoChartChoice m_oWanted;     ///< from settings, while there is nothing of these names
     StereoChartSettings m_oSettings; ///< as applied last; pages that a subclass adds have no say in it
     QStereoPlotWidget* m_pqPlot = nullptr;
     MatrixData* m_poRoot = nullptr;           ///< not owned; dropped when the notifier announces its end

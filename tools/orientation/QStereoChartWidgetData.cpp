@@ -95,6 +95,10 @@ void QStereoChartWidget::setDataRoot(MatrixData* poRoot)
 void QStereoChartWidget::updateDataSetSelectionBox()
 {
     fillChoosers();
+    const bool bNewChoice = !nodeAngle();
+    takeWanted();
+    if (bNewChoice && nodeAngle() && isVisible())
+        updateStereoChart();
 }
 
 void QStereoChartWidget::fillChoosers()
@@ -194,6 +198,8 @@ void QStereoChartWidget::setAttributes(MatrixData* poAngle, MatrixData* poAzimut
 void QStereoChartWidget::chooseAttributes(MatrixData* poAngle, MatrixData* poAzimuth)
 {
     Layer& first = layer(First);
+    if (poAngle || poAzimuth)
+        m_oWanted.forgetOrientations();
     if (nodeAngle() == poAngle && nodeAzimuth() == poAzimuth)
         return;
     const int iFormerRecords = dataSetRecords(nodeAngle() ? nodeAngle() : nodeAzimuth());
@@ -207,38 +213,49 @@ void QStereoChartWidget::chooseAttributes(MatrixData* poAngle, MatrixData* poAzi
         setClassAttribute(false, nullptr);
         m_poClusters.reset();
         fillChoosers();
+        takeWantedClasses();
     }
     showChosen();
 }
 
 void QStereoChartWidget::setSecondDataSet(MatrixData* poDataSet)
 {
+    m_oWanted.m_sSecondDataSet.clear();
     chooseFurtherDataSet(Second, poDataSet);
 }
 
 void QStereoChartWidget::setLineationDataSet(MatrixData* poDataSet)
 {
+    m_oWanted.m_sLineations.clear();
     chooseFurtherDataSet(Lineations, poDataSet);
 }
 
 void QStereoChartWidget::chooseFurtherDataSet(LayerIndex eLayer, MatrixData* poDataSet)
 {
-    Layer& further = layer(eLayer);
-    further.m_poAngle = MatrixDataPointer(poDataSet ? poDataSet->dipAttribute() : nullptr);
-    further.m_poAzimuth = MatrixDataPointer(poDataSet ? poDataSet->azimuthAttribute() : nullptr);
+    assignFurtherDataSet(eLayer, poDataSet);
     readFurtherLayer(eLayer);
     showChosen();
     showWhatApplies();
     updateChart();
 }
 
+/// Reads nothing.
+void QStereoChartWidget::assignFurtherDataSet(LayerIndex eLayer, MatrixData* poDataSet)
+{
+    Layer& further = layer(eLayer);
+    further.m_poAngle = MatrixDataPointer(poDataSet ? poDataSet->dipAttribute() : nullptr);
+    further.m_poAzimuth = MatrixDataPointer(poDataSet ? poDataSet->azimuthAttribute() : nullptr);
+}
+
 void QStereoChartWidget::setColorAttribute(MatrixData* poAttribute)
 {
+    m_oWanted.m_sColorAttribute.clear();
     setClassAttribute(true, poAttribute);
 }
 
 void QStereoChartWidget::setSymbolAttribute(MatrixData* poAttribute)
 {
+    m_oWanted.m_sSymbolAttribute.clear();
     setClassAttribute(false, poAttribute);
 }
 

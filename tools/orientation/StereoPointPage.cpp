@@ -146,6 +146,11 @@ RelationshipClasses::ColorMap StereoPointPage::colorMap() const
     return map;
 }
 
+void StereoPointPage::setColorMap(const RelationshipClasses::ColorMap& map)
+{
+    m_pqColorMapEdits->setColorMap(map);
+}
+
 void StereoPointPage::setColorAttribute(const MatrixData* poAttribute, bool bBanded)
 {
     m_pqColorMapGroup->setEnabled(poAttribute && bBanded);

@@ -40,6 +40,8 @@ public:
     void chooseSymbol(const MatrixData* poNode) { m_pqSymbolChooser->choose(poNode); }
     /// In model units.
     RelationshipClasses::ColorMap colorMap() const;
+    /// Range and interval of the bands of the colour attribute, in model units. Emits nothing.
+    void setColorMap(const RelationshipClasses::ColorMap& map);
     /// The bands of another attribute come from its values at first; null, or bBanded false, switches the colour map
     /// off. Emits nothing.
     void setColorAttribute(const MatrixData* poAttribute, bool bBanded);
