@@ -189,6 +189,24 @@ private slots:
         }
     }
 
+    void roseFindsItsAttributeInDataThatComeLater()
+    {
+        const QString sKey = QStringLiteral("attribute_analyser/rose_plot/display/rose_plot_selected_data_set");
+        QSettings().setValue(sKey, 1);
+        m_pqDialog.reset(); // before its data go
+        m_poRoot = std::make_unique<MatrixData>(QStringLiteral("root"));
+        m_pqDialog = newDialog(true);
+        m_poDip = gkTest::attribute(QStringLiteral("first azimuth"), {10, 20, 30});
+        m_poAzimuth = gkTest::attribute(QStringLiteral("second azimuth"), {40, 50, 60});
+        gkTest::addDataSet(*m_poRoot, QStringLiteral("Well"), {m_poDip, m_poAzimuth});
+        takeOrientations();
+        m_pqDialog->updateAllViews();
+        showPage(m_pqDialog->roseChart());
+        QCOMPARE(m_pqDialog->roseChart()->currentSelectedDataSet(), m_poAzimuth);
+        m_pqDialog->saveSettings();
+        QCOMPARE(QSettings().value(sKey).toInt(), 1);
+    }
+
     void withoutOrientationCharts()
     {
         takeOrientations();

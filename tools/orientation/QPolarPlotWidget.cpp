@@ -441,6 +441,9 @@ QRectF QPolarPlotWidget::titleBox(const QPainter& painter) const
             dRight = std::min(dRight, oNorth.left() - g_dBoxDistance);
     }
     oBox.setRight(std::max(oBox.left(), std::min(oBox.right(), dRight)));
+    // No wider than what is left of the text, which begins at the corner.
+    const double dText = metrics.horizontalAdvance(titleText(metrics, oBox.width()));
+    oBox.setWidth(std::min(oBox.width(), dText + 5.0));
     return oBox;
 }
 
