@@ -13,6 +13,7 @@
 #include <QPainter>
 #include <QPen>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -30,6 +31,7 @@ constexpr int g_iPoleSize = 4;
 constexpr int g_iLineSize = 2; ///< fits into the open circle
 constexpr int g_iOpenCircleSize = 5;
 constexpr double g_dResultExtent = 7.0; ///< half the side of the framed square of a result
+constexpr double g_dSmallCone = 80.0;   ///< pixels across
 constexpr double g_dCentroidExtent = 10.0;
 constexpr double g_dSmallestPlunge = 0.005;
 constexpr double g_dContourLabelDistance = 50.0;
@@ -400,8 +402,14 @@ std::vector<QRectF> QStereoPlotWidget::placeResultLabels(const QPainter& painter
         if (isPoint(shape.m_oPoint)) {
             const bool bCircle = shape.m_oItem.isCircle();
             const double dExtent = bCircle ? shape.m_oItem.m_oStyle.m_iWidth / 2.0 : g_dResultExtent;
-            voBoxes[i] = placeOnNet(placement, netFrame(), around(shape.m_oPoint, dExtent),
-                                    labelBoxSize(painter, shape.m_oItem.m_sLabel));
+            QRectF oAnchor = around(shape.m_oPoint, dExtent);
+            // The label of a small cone stands beside all of it.
+            const QRectF oCircle = shape.m_oPath.boundingRect();
+            if (shape.m_oItem.m_eKind == StereoResultItem::Kind::SmallCircle &&
+                std::max(oCircle.width(), oCircle.height()) < g_dSmallCone) {
+                oAnchor = oCircle.adjusted(-dExtent, -dExtent, dExtent, dExtent);
+            }
+            voBoxes[i] = placeOnNet(placement, netFrame(), oAnchor, labelBoxSize(painter, shape.m_oItem.m_sLabel));
         }
     }
     return voBoxes;
