@@ -1,7 +1,9 @@
 // The stereonet: its projection in pixels, what it counts and when, what the mouse selects, and what it draws.
 
+#include "RecordingDevice.h"
 #include "StereoRecords.h"
 
+#include <gkBase/DirectionCosines.h>
 #include <gkBase/EMFDevice.h>
 #include <gkBase/PointInPolygon.h>
 #include <gkBase/QStereoPlotWidget.h>
@@ -34,6 +36,7 @@ public:
         setModel(pModel);
         redraw();
     }
+    using QStereoPlotWidget::drawCyclographicTrace;
     using QStereoPlotWidget::pointToolTip;
 
     StereoNetSettings m_choice;
@@ -95,6 +98,7 @@ private slots:
     void coneIsDrawnAboutTheMean();
     void pansAddNothing();
     void vectorCopiesHaveTheSameParts();
+    void tracesAreGreatCircles();
     void manyGreatCirclesLookLikeFew_data();
     void manyGreatCirclesLookLikeFew();
 };
@@ -580,6 +584,29 @@ void TestStereoPlot::vectorCopiesHaveTheSameParts()
     const QByteArray sMetafile = device.metafile();
     const QString sLabel = QStringLiteral("Mean Principal Plane");
     QVERIFY(sMetafile.contains(QByteArray(reinterpret_cast<const char*>(sLabel.utf16()), 2 * sLabel.size())));
+}
+
+void TestStereoPlot::tracesAreGreatCircles()
+{
+    // Whatever way a trace is drawn, its points are lines at 90 degrees from the pole of the plane, to a pixel.
+    Net net;
+    for (const bool bEqualArea : {true, false}) {
+        net.m_choice.m_bEqualArea = bEqualArea;
+        net.choose();
+        for (const double dDip : {0.002, 1.0, 30.0, 89.0, 89.99, 90.0}) {
+            gkTest::RecordingDevice device(net.size());
+            QPainter painter(&device);
+            net.drawCyclographicTrace(&painter, dDip, 65.0, false);
+            painter.end();
+            QCOMPARE(device.recording().m_voShapes.size(), 1);
+            for (const QPointF& oPixel : device.recording().m_voShapes.first()) {
+                const NetPoint oPoint = pulledOntoNet(net.netFrame().toNet(oPixel.x(), oPixel.y()));
+                const LineOrientation oLine = net.projection().lineAt(oPoint);
+                const double dCosine = lineVector(oLine.m_dPlunge, oLine.m_dAzimuth).dot(poleVector(dDip, 65.0));
+                QVERIFY2(std::abs(dCosine) < 0.02, qPrintable(QString::number(dDip)));
+            }
+        }
+    }
 }
 
 void TestStereoPlot::manyGreatCirclesLookLikeFew_data()

@@ -167,6 +167,12 @@ protected:
     /// The great circle of a plane in the present pen. bDiameter: and the vertical diameter of the net, in the label
     /// colour.
     void drawCyclographicTrace(QPainter* pPainter, const double& dDip, const double& dDipAzimuth, bool bDiameter);
+    /// As a line through its lines at small steps, in the projection of the net.
+    void drawEqualAreaCyclographicTrace(QPainter* pPainter, const double& dDip, const double& dDipAzimuth,
+                                        bool bDiameter);
+    /// As the arc through its strike ends and its dip point, which it is on the equal-angle net.
+    void drawEqualAngleCyclographicTrace(QPainter* pPainter, const double& dDip, const double& dDipAzimuth,
+                                         bool bDiameter);
     /// Great circles of all planes of the first and, where it is shown, of the second data set.
     void drawCyclographicTraces(QPainter* pPainter);
     /// Poles and lines beyond the rim, which only tangent diagrams have, are not drawn.
@@ -241,6 +247,7 @@ private:
     void drawGreatCirclesOf(QPainter* pPainter, const QRelationshipItemModel& model, const QColor& oColor,
                             GreatCirclePainter& curves);
     void drawAverageOrientation(QPainter* pPainter);
+    void drawVerticalDiameter(QPainter* pPainter);
     void blockResults(LabelPlacement& placement) const;
     /// A box for the label of each result, null for none.
     std::vector<QRectF> placeResultLabels(const QPainter& painter, LabelPlacement& placement) const;

@@ -234,13 +234,42 @@ void QStereoPlotWidget::drawNet(QPainter* pPainter)
 void QStereoPlotWidget::drawCyclographicTrace(QPainter* pPainter, const double& dDip, const double& dDipAzimuth,
                                               bool bDiameter)
 {
+    const bool bArc =
+        projection().layout() == NetLayout::EqualAngle && dDip >= g_dPlaneTolerance && dDip <= 90.0 - g_dPlaneTolerance;
+    if (bArc) {
+        drawEqualAngleCyclographicTrace(pPainter, dDip, dDipAzimuth, bDiameter);
+    } else {
+        drawEqualAreaCyclographicTrace(pPainter, dDip, dDipAzimuth, bDiameter);
+    }
+}
+
+void QStereoPlotWidget::drawEqualAngleCyclographicTrace(QPainter* pPainter, const double& dDip,
+                                                        const double& dDipAzimuth, bool bDiameter)
+{
+    const PainterState state(pPainter);
+    pPainter->setBrush(Qt::NoBrush);
+    drawSector(pointAt(dDipAzimuth, equalAngleRadius(dDip)), pointAt(dDipAzimuth - 90.0, radius()),
+               pointAt(dDipAzimuth + 90.0, radius()), pPainter, false);
+    if (bDiameter) {
+        drawVerticalDiameter(pPainter);
+    }
+}
+
+void QStereoPlotWidget::drawEqualAreaCyclographicTrace(QPainter* pPainter, const double& dDip,
+                                                       const double& dDipAzimuth, bool bDiameter)
+{
     const PainterState state(pPainter);
     pPainter->setBrush(Qt::NoBrush);
     pPainter->drawPath(greatCirclePath(projection(), netFrame(), dDip, dDipAzimuth));
     if (bDiameter) {
-        pPainter->setPen(QPen(m_oLabelColor, 1.0));
-        pPainter->drawLine(pointAt(0.0, radius()), pointAt(180.0, radius()));
+        drawVerticalDiameter(pPainter);
     }
+}
+
+void QStereoPlotWidget::drawVerticalDiameter(QPainter* pPainter)
+{
+    pPainter->setPen(QPen(m_oLabelColor, 1.0));
+    pPainter->drawLine(pointAt(0.0, radius()), pointAt(180.0, radius()));
 }
 
 void QStereoPlotWidget::drawGreatCirclesOf(QPainter* pPainter, const QRelationshipItemModel& model,
