@@ -445,6 +445,7 @@ void TestStereoPlot::dataStaysWithinTheRim()
     net.m_choice.m_bContourFill = true;
     net.m_choice.m_bContourColorFill = true;
     net.m_choice.m_bAnglesAtRim = false;
+    net.m_choice.m_bHemisphereLabel = false;
     net.choose();
     const QImage oImage = net.picture();
     int iOutside = 0;

@@ -329,6 +329,7 @@ std::vector<QRectF> QPolarPlotWidget::visibleBoxes(const QPainter& painter) cons
         voBoxes.push_back(topRightInfoBox(painter));
     if (hasAnnotation())
         voBoxes.push_back(northBox(painter));
+    voBoxes.push_back(cornerBox(painter));
     return voBoxes;
 }
 
@@ -394,7 +395,42 @@ void QPolarPlotWidget::drawVisibleFrame(QPainter& painter, const QRect&)
     if (m_bShowPointsCount)
         drawTopRightInfo(&painter);
     drawNorth(&painter);
+    drawCornerLines(&painter);
     painter.restore();
+}
+
+QStringList QPolarPlotWidget::cornerLines() const
+{
+    return {};
+}
+
+QRectF QPolarPlotWidget::cornerBox(const QPainter& painter) const
+{
+    const QStringList lLines = cornerLines();
+    if (lLines.isEmpty())
+        return {};
+    const QFontMetricsF metrics(cornerFont(painter), painter.device());
+    double dWidth = 0.0;
+    for (const QString& sLine : lLines)
+        dWidth = std::max(dWidth, metrics.horizontalAdvance(sLine));
+    const QSizeF oSize(std::ceil(dWidth), metrics.lineSpacing() * static_cast<double>(lLines.size()));
+    const QRectF oBox(QPointF(g_oTitleCorner.x(), pixmapRect().height() - g_oTitleCorner.y() - oSize.height()), oSize);
+    return covers(oBox) || oBox.width() > pixmapRect().width() ? QRectF() : oBox;
+}
+
+void QPolarPlotWidget::drawCornerLines(QPainter* pPainter)
+{
+    const QRectF oBox = cornerBox(*pPainter);
+    if (oBox.isEmpty())
+        return;
+    pPainter->save();
+    // Of a magnified chart anything may lie below.
+    if (!m_bTransparentBackground)
+        pPainter->fillRect(oBox, m_oBackgroundColor);
+    pPainter->setFont(cornerFont(*pPainter));
+    pPainter->setPen(m_oLabelColor);
+    pPainter->drawText(oBox, Qt::AlignLeft | Qt::AlignBottom, cornerLines().join(QLatin1Char('\n')));
+    pPainter->restore();
 }
 
 bool QPolarPlotWidget::covers(const QRectF& oBox) const

@@ -10,6 +10,7 @@
 #include <QRectF>
 #include <QRegion>
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -82,6 +83,7 @@ protected:
     void rotation(QPainter* pPainter, const double& dAngle);
     /// What sticks to the view, with (0, 0) at the top left of the visible part.
     void drawNorth(QPainter* pPainter);
+    void drawCornerLines(QPainter* pPainter);
     void drawTitle(QPainter* pPainter);
     void drawTopRightInfo(QPainter* pPainter);
     /// 7 pixels outwards from the circle; nothing without annotation.
@@ -116,6 +118,10 @@ protected:
     /// Where the title and the box stand in the visible part; empty for none. Their text may be cut to it.
     QRectF titleBox(const QPainter& painter) const;
     QRectF topRightInfoBox(const QPainter& painter) const;
+    /// Lines that stand in the bottom-left corner; none here.
+    virtual QStringList cornerLines() const;
+    /// Their box in the visible part; empty without any, or without room for them.
+    QRectF cornerBox(const QPainter& painter) const;
     /// The font of what stands in the corners: the painter's or, where texts in it would reach into the circle, a
     /// smaller one, down to the size of ordinary texts.
     QFont cornerFont(const QPainter& painter) const;

@@ -94,6 +94,7 @@ protected:
     void drawVector(QPainter* pPainter, double dDirection, double dLength, int iExtraLength);
 
     double titleLimit(const QPainter& painter) const override;
+    QStringList cornerLines() const override;
     std::vector<QRectF> visibleBoxes(const QPainter& painter) const override;
     void mouseMoveEvent(QMouseEvent* pEvent) override;
     void mousePressEvent(QMouseEvent* pEvent) override;
@@ -116,9 +117,7 @@ private:
     /// The data set's colour, made to stand out from the background.
     QColor dataColor() const;
     QPen meanPen(bool bAxis) const;
-    Caption countCaption(const QPainter& painter) const;
     Caption meanCaption(const QPainter& painter) const;
-    Caption caption(const QPainter& painter, const QStringList& lLines, double dSample, bool bTopRight) const;
     void drawMeanCaption(QPainter& painter) const;
     void selectSector(int iSector, bool bAdd);
 

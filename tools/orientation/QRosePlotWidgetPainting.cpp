@@ -224,36 +224,14 @@ void QRosePlotWidget::drawMeans(QPainter* pPainter)
 
 // ---- what sticks to the view ----------------------------------------------------------------------------------------
 
-QRosePlotWidget::Caption QRosePlotWidget::caption(const QPainter& painter, const QStringList& lLines, double dSample,
-                                                  bool bTopRight) const
-{
-    if (lLines.isEmpty())
-        return {};
-    const QFontMetricsF metrics(cornerFont(painter), painter.device());
-    double dWidth = 0.0;
-    for (const QString& sLine : lLines)
-        dWidth = std::max(dWidth, metrics.horizontalAdvance(sLine));
-    const QSizeF oSize(std::ceil(dWidth) + dSample, metrics.lineSpacing() * static_cast<double>(lLines.size()));
-    const QSizeF oView = pixmapRect().size();
-    QRectF oBox(QPointF(g_dCaptionMargin, oView.height() - g_dCaptionTop - oSize.height()), oSize);
-    if (bTopRight) {
-        oBox.moveTopLeft(QPointF(oView.width() - g_dCaptionMargin - oSize.width(), g_dCaptionTop));
-        // On narrow charts the title has the first line for itself, where the circle leaves room for a second one.
-        const QRectF oBelow = oBox.translated(0.0, metrics.lineSpacing());
-        if (g_dCaptionMargin + metrics.horizontalAdvance(headerTitle()) + g_dSampleGap > oBox.left() && !covers(oBelow))
-            oBox = oBelow;
-    }
-    return {covers(oBox) || oBox.width() > oView.width() ? QRectF() : oBox, lLines};
-}
-
-QRosePlotWidget::Caption QRosePlotWidget::countCaption(const QPainter& painter) const
+QStringList QRosePlotWidget::cornerLines() const
 {
     if (m_bins.m_iRecords == 0)
         return {};
     QStringList lLines{tr("n = %1").arg(m_bins.m_iRecords), tr("max = %1").arg(maximum(), 0, 'f', 0)};
     if (m_bins.m_iUncovered > 0)
         lLines << tr("outside = %1").arg(m_bins.m_iUncovered);
-    return caption(painter, lLines, 0.0, false);
+    return lLines;
 }
 
 QRosePlotWidget::Caption QRosePlotWidget::meanCaption(const QPainter& painter) const
@@ -270,7 +248,19 @@ QRosePlotWidget::Caption QRosePlotWidget::meanCaption(const QPainter& painter) c
     QStringList lLines{line(tr("mean"), m_means.m_oDirection)};
     if (!m_bUnidirectional)
         lLines << line(tr("axis"), m_means.m_oAxis);
-    return caption(painter, lLines, g_dSampleLength + g_dSampleGap, true);
+    const QFontMetricsF metrics(cornerFont(painter), painter.device());
+    double dWidth = 0.0;
+    for (const QString& sLine : lLines)
+        dWidth = std::max(dWidth, metrics.horizontalAdvance(sLine));
+    const QSizeF oSize(std::ceil(dWidth) + g_dSampleLength + g_dSampleGap,
+                       metrics.lineSpacing() * static_cast<double>(lLines.size()));
+    const double dView = pixmapRect().width();
+    QRectF oBox(QPointF(dView - g_dCaptionMargin - oSize.width(), g_dCaptionTop), oSize);
+    // On narrow charts the title has the first line for itself, where the circle leaves room for a second one.
+    const QRectF oBelow = oBox.translated(0.0, metrics.lineSpacing());
+    if (g_dCaptionMargin + metrics.horizontalAdvance(headerTitle()) + g_dSampleGap > oBox.left() && !covers(oBelow))
+        oBox = oBelow;
+    return {covers(oBox) || oBox.width() > dView ? QRectF() : oBox, lLines};
 }
 
 double QRosePlotWidget::titleLimit(const QPainter& painter) const
@@ -284,7 +274,6 @@ double QRosePlotWidget::titleLimit(const QPainter& painter) const
 std::vector<QRectF> QRosePlotWidget::visibleBoxes(const QPainter& painter) const
 {
     std::vector<QRectF> voBoxes = QPolarPlotWidget::visibleBoxes(painter);
-    voBoxes.push_back(countCaption(painter).m_oBox);
     voBoxes.push_back(meanCaption(painter).m_oBox);
     return voBoxes;
 }
@@ -320,18 +309,12 @@ void QRosePlotWidget::drawVisibleFrame(QPainter& painter, const QRect& oVisibleA
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(m_oLabelColor);
-    const Caption counts = countCaption(painter);
-    // Of a magnified chart anything may lie under the captions.
-    for (const QRectF& oBox : {counts.m_oBox, meanCaption(painter).m_oBox})
-        painter.fillRect(oBox, m_oBackgroundColor);
+    painter.fillRect(meanCaption(painter).m_oBox, m_oBackgroundColor); // a magnified chart may lie below
     drawMeanCaption(painter);
     painter.setPen(m_oLabelColor);
     if (m_bins.m_iRecords == 0)
         painter.drawText(QRectF(QPointF(0, 0), QSizeF(oVisibleArea.size())), Qt::AlignCenter | Qt::TextWordWrap,
                          m_sMessage);
-    painter.setFont(cornerFont(painter));
-    if (!counts.m_oBox.isEmpty())
-        painter.drawText(counts.m_oBox, Qt::AlignLeft | Qt::AlignBottom, counts.m_lLines.join(QLatin1Char('\n')));
     painter.restore();
 }
 

@@ -158,6 +158,8 @@ protected:
 
     // ---- drawing, in pixels of the whole chart ----
     virtual NetPaths netPaths() const;
+    /// The projection, and that it is of the lower hemisphere, as pictures of nets say it.
+    QStringList cornerLines() const override;
     /// The net, and the cross at its centre.
     virtual void drawNet(QPainter* pPainter);
     /// The net alone.

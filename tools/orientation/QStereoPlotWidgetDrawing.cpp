@@ -95,6 +95,23 @@ void QStereoPlotWidget::drawVisibleFrame(QPainter& painter, const QRect& oVisibl
     QPolarPlotWidget::drawVisibleFrame(painter, oVisibleArea);
 }
 
+QStringList QStereoPlotWidget::cornerLines() const
+{
+    if (!m_settings.m_bHemisphereLabel) {
+        return {};
+    }
+    const NetProjection oProjection = projection();
+    switch (oProjection.layout()) {
+    case NetLayout::EqualArea:
+        return {tr("Equal area"), tr("lower hemisphere")};
+    case NetLayout::EqualAngle:
+        return {tr("Equal angle"), tr("lower hemisphere")};
+    case NetLayout::Tangent:
+        return {tr("Tangents, rim %1°").arg(oProjection.maximumAngle(), 0, 'g', 3)};
+    }
+    return {};
+}
+
 // ---- contours -------------------------------------------------------------------------------------------------------
 
 void QStereoPlotWidget::drawContourShapes(QPainter& painter) const

@@ -15,6 +15,8 @@ StereoAnnotationPage::StereoAnnotationPage(QWidget* pqParent)
     , m_pqOffBtn(new QRadioButton(tr("Off")))
     , m_pqCircleFrameCheckBox(
           newCheckBox(tr("Circle Frame"), tr("The circle around the net"), "m_pqCircleFrameCheckBox"))
+    , m_pqHemisphereCheckBox(newCheckBox(tr("Hemisphere"), tr("Projection and hemisphere in the lower left corner"),
+                                         "m_pqHemisphereCheckBox"))
 {
     setTitle(tr("Annotation"));
     m_pqAnglesBtn->setToolTip(tr("Azimuths in degrees around the net"));
@@ -29,11 +31,13 @@ StereoAnnotationPage::StereoAnnotationPage(QWidget* pqParent)
     pqLayout->addWidget(m_pqDirectionsBtn, 0, 1);
     pqLayout->addWidget(m_pqOffBtn, 0, 2);
     pqLayout->addWidget(m_pqCircleFrameCheckBox, 1, 0, 1, 3);
+    pqLayout->addWidget(m_pqHemisphereCheckBox, 2, 0, 1, 3);
     setSettings({});
 
     for (QRadioButton* pqBtn : {m_pqAnglesBtn, m_pqDirectionsBtn, m_pqOffBtn})
         connect(pqBtn, &QRadioButton::clicked, this, &StereoAnnotationPage::changed);
-    connect(m_pqCircleFrameCheckBox, &QCheckBox::clicked, this, &StereoAnnotationPage::changed);
+    for (QCheckBox* pqBox : {m_pqCircleFrameCheckBox, m_pqHemisphereCheckBox})
+        connect(pqBox, &QCheckBox::clicked, this, &StereoAnnotationPage::changed);
 }
 
 void StereoAnnotationPage::writeTo(StereoNetSettings& net) const
@@ -41,6 +45,7 @@ void StereoAnnotationPage::writeTo(StereoNetSettings& net) const
     net.m_bAnglesAtRim = m_pqAnglesBtn->isChecked();
     net.m_bDirectionsAtRim = m_pqDirectionsBtn->isChecked();
     net.m_bCircleFrame = m_pqCircleFrameCheckBox->isChecked();
+    net.m_bHemisphereLabel = m_pqHemisphereCheckBox->isChecked();
 }
 
 void StereoAnnotationPage::setSettings(const StereoNetSettings& net)
@@ -49,6 +54,7 @@ void StereoAnnotationPage::setSettings(const StereoNetSettings& net)
     QRadioButton* pqBtn = net.m_bAnglesAtRim ? m_pqAnglesBtn : net.m_bDirectionsAtRim ? m_pqDirectionsBtn : m_pqOffBtn;
     pqBtn->setChecked(true);
     m_pqCircleFrameCheckBox->setChecked(net.m_bCircleFrame);
+    m_pqHemisphereCheckBox->setChecked(net.m_bHemisphereLabel);
 }
 
 } // namespace gkBase

@@ -30,6 +30,7 @@ private:
     QRadioButton* m_pqDirectionsBtn;
     QRadioButton* m_pqOffBtn;
     QCheckBox* m_pqCircleFrameCheckBox;
+    QCheckBox* m_pqHemisphereCheckBox;
 };
 
 } // namespace gkBase

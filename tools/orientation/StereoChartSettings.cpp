@@ -46,6 +46,7 @@ void forEachNetMember(Settings& net, What what)
     what("display_settings/annotation_angles", net.m_bAnglesAtRim);
     what("display_settings/annotation_directions", net.m_bDirectionsAtRim);
     what("display_settings/circle_frame", net.m_bCircleFrame);
+    what("display_settings/hemisphere_label", net.m_bHemisphereLabel);
 }
 
 template <typename Settings, typename What>

@@ -90,6 +90,7 @@ struct GKBASETOOLS_EXPORT StereoNetSettings
     bool m_bAnglesAtRim = true;      ///< degrees every 10°
     bool m_bDirectionsAtRim = false; ///< compass words
     bool m_bCircleFrame = true;
+    bool m_bHemisphereLabel = true; ///< projection and hemisphere in a corner
 
     StereoResultStyle& result(StereoResult eResult) { return m_aResults[static_cast<std::size_t>(eResult)]; }
     const StereoResultStyle& result(StereoResult eResult) const
