@@ -77,7 +77,7 @@ void rebuild(benchmark::State& state)
     Panel panel(state.range(0) != 0);
     for (auto _ : state) {
         panel.m_poAzimuth->valuesChanged();
-        panel.m_panel.updateRoseChart();
+        panel.m_panel.updateRoseChartData();
     }
     check(state, panel, g_iRecords);
 }
