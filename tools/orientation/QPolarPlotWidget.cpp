@@ -444,7 +444,7 @@ bool QPolarPlotWidget::covers(const QRectF& oBox) const
 
 QFont QPolarPlotWidget::cornerFont(const QPainter& painter) const
 {
-    const QFont oFont = painter.font();
+    const QFont& oFont = painter.font();
     const QFontMetricsF metrics(oFont, painter.device());
     const double dTitle = metrics.horizontalAdvance(headerTitle());
     const double dInfo = m_bShowPointsCount ? topRightInfoWidth(metrics) : 0.0;

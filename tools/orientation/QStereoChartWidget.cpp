@@ -137,7 +137,7 @@ QString QStereoChartWidget::statisticsTitle() const
 {
     const QRelationshipItemModel& model = *relationshipItemModel();
     const MatrixData* poDataSet = nodeAngle() ? nodeAngle()->owner() : nullptr;
-    const QString sName = poDataSet ? poDataSet->name() : QString();
+    QString sName = poDataSet ? poDataSet->name() : QString();
     const int iTaken = model.numberOfUsedPoints();
     if (iTaken == model.numberOfValidPoints())
         return sName;
