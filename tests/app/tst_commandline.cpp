@@ -1,4 +1,5 @@
 #include "CommandLine.h"
+#include "TestFolder.h"
 
 #include <QApplication>
 #include <QFile>
@@ -6,13 +7,12 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 #include <QTest>
 
 using gkHost::CommandLine;
 using gkHost::CommandResult;
 
-class tst_CommandLine : public QObject
+class tst_CommandLine : public QObject, private gkTest::TestFolder
 {
     Q_OBJECT
 
@@ -339,21 +339,6 @@ private slots:
     }
 
 private:
-    QString path(const char* pName) const { return m_folder.filePath(QLatin1String(pName)); }
-
-    static QByteArray content(const QString& sFile)
-    {
-        QFile file(sFile);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
-    void write(const char* pName, const QByteArray& qContent) const
-    {
-        QFile file(path(pName));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(qContent);
-    }
-
     /// 0, 1, … 100 and one empty cell, even and odd.
     static QByteArray evenRows()
     {
@@ -380,8 +365,6 @@ private:
             qWarning().noquote() << result.m_sMessage;
         return QJsonDocument::fromJson(result.m_sOutput.toUtf8()).object();
     }
-
-    QTemporaryDir m_folder;
 };
 
 QTEST_MAIN(tst_CommandLine)

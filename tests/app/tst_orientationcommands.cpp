@@ -1,4 +1,5 @@
 #include "CommandLine.h"
+#include "TestFolder.h"
 
 #include <QApplication>
 #include <QFile>
@@ -6,7 +7,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 #include <QTest>
 
 using gkHost::CommandLine;
@@ -23,7 +23,7 @@ bool isClose(double dActual, double dExpected, double dTolerance)
 
 } // namespace
 
-class tst_OrientationCommands : public QObject
+class tst_OrientationCommands : public QObject, private gkTest::TestFolder
 {
     Q_OBJECT
 
@@ -312,21 +312,6 @@ private slots:
     }
 
 private:
-    QString path(const char* pName) const { return m_folder.filePath(QLatin1String(pName)); }
-
-    static QByteArray content(const QString& sFile)
-    {
-        QFile file(sFile);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
-    void write(const char* pName, const QByteArray& qContent) const
-    {
-        QFile file(path(pName));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(qContent);
-    }
-
     static CommandResult run(const QStringList& lArguments)
     {
         return CommandLine(QStringList{QStringLiteral("gkanalyser")} + lArguments).run();
@@ -339,8 +324,6 @@ private:
             qWarning().noquote() << result.m_sMessage;
         return QJsonDocument::fromJson(result.m_sOutput.toUtf8()).object();
     }
-
-    QTemporaryDir m_folder;
 };
 
 QTEST_MAIN(tst_OrientationCommands)

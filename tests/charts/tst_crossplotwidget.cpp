@@ -1,6 +1,7 @@
 // The cross plot panel on small data sets.
 
 #include "TemporarySettings.h"
+#include "TestControls.h"
 #include "TestDataSets.h"
 
 #include <gkBase/ClassLegends.h>
@@ -90,19 +91,8 @@ struct Fixture
     MatrixData* node(const char* pName) const { return m_poRoot->getNodeFromName(QLatin1String(pName)); }
     QRelationshipItemModel& model() { return *m_panel.relationshipItemModel(); }
     QComboBox* chooser(const char* pName) const { return m_panel.findChild<QComboBox*>(QLatin1String(pName)); }
-    QStringList entries(const char* pName) const
-    {
-        QStringList lTexts;
-        for (int i = 0; i < chooser(pName)->count(); ++i)
-            lTexts << chooser(pName)->itemText(i);
-        return lTexts;
-    }
-    void pick(const char* pName, const QString& sEntry)
-    {
-        QComboBox* pqChooser = chooser(pName);
-        pqChooser->setCurrentIndex(pqChooser->findText(sEntry));
-        emit pqChooser->activated(pqChooser->currentIndex());
-    }
+    QStringList entries(const char* pName) const { return gkTest::entries(m_panel, pName); }
+    void pick(const char* pName, const QString& sEntry) { gkTest::pick(m_panel, pName, sEntry); }
 };
 
 void selectClass(QLegendListView* pqView, int iClass)

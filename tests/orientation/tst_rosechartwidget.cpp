@@ -2,6 +2,7 @@
 
 #include "ReferenceData.h"
 #include "TemporarySettings.h"
+#include "TestControls.h"
 #include "TestDataSets.h"
 
 #include <gkBase/ClassLegends.h>
@@ -70,19 +71,8 @@ struct Fixture
         return m_panel.findChild<Control*>(QLatin1String(pName));
     }
     QString label(const char* pName) const { return control<QLabel>(pName)->text(); }
-    QStringList entries(const char* pName) const
-    {
-        QStringList lTexts;
-        for (int i = 0; i < control<QComboBox>(pName)->count(); ++i)
-            lTexts << control<QComboBox>(pName)->itemText(i);
-        return lTexts;
-    }
-    void pick(const char* pName, const QString& sEntry)
-    {
-        auto* pqBox = control<QComboBox>(pName);
-        pqBox->setCurrentIndex(pqBox->findText(sEntry));
-        emit pqBox->activated(pqBox->currentIndex());
-    }
+    QStringList entries(const char* pName) const { return gkTest::entries(m_panel, pName); }
+    void pick(const char* pName, const QString& sEntry) { gkTest::pick(m_panel, pName, sEntry); }
     const RoseBins& bins() const { return m_panel.drawingArea()->bins(); }
 };
 

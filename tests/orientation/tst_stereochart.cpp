@@ -1,6 +1,7 @@
 // The stereonet panel on small data sets.
 
 #include "TemporarySettings.h"
+#include "TestControls.h"
 #include "TestDataSets.h"
 
 #include <gkBase/MatrixData.h>
@@ -90,19 +91,8 @@ struct Fixture
     {
         return m_panel.findChild<Control*>(QLatin1String(pName));
     }
-    QStringList entries(const char* pName) const
-    {
-        QStringList lTexts;
-        for (int i = 0; i < control<QComboBox>(pName)->count(); ++i)
-            lTexts << control<QComboBox>(pName)->itemText(i);
-        return lTexts;
-    }
-    void pick(const char* pName, const QString& sEntry)
-    {
-        auto* pqChooser = control<QComboBox>(pName);
-        pqChooser->setCurrentIndex(pqChooser->findText(sEntry));
-        emit pqChooser->activated(pqChooser->currentIndex());
-    }
+    QStringList entries(const char* pName) const { return gkTest::entries(m_panel, pName); }
+    void pick(const char* pName, const QString& sEntry) { gkTest::pick(m_panel, pName, sEntry); }
     std::size_t taken() const
     {
         const std::vector<OrientationStatistics> vStatistics = m_panel.statistics();

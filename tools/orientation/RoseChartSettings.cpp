@@ -1,6 +1,6 @@
 #include "RoseChartSettings.h"
 
-#include "MissingValue.h"
+#include "StoredNumber.h"
 
 #include <QSettings>
 #include <QVariant>
@@ -12,7 +12,6 @@ namespace gkBase {
 namespace {
 
 const QString g_sNone = QStringLiteral("None");
-const QString g_sNotSet = QStringLiteral("---");
 
 void keep(const QVariant& qValue, bool& bMember)
 {
@@ -32,20 +31,9 @@ void keep(const QVariant& qValue, int& iMember)
         iMember = iValue;
 }
 
-/// 99999.0 is "---".
 void keep(const QVariant& qValue, double& dMember)
 {
-    bool bNumber = false;
-    const double dValue = qValue.toString().toDouble(&bNumber);
-    if (bNumber)
-        dMember = dValue;
-    else if (qValue.toString() == g_sNotSet)
-        dMember = g_dMissingValue;
-}
-
-QVariant stored(double dValue)
-{
-    return isMissing(dValue) ? g_sNotSet : QString::number(dValue, 'g', 17);
+    dMember = numberFromSettings(qValue.toString(), dMember);
 }
 
 /// Calls what(key, member) for every member that is stored as it is; reading and writing cannot forget one then.
@@ -130,7 +118,7 @@ void RoseChartSettings::write(QSettings& settings) const
 {
     forEachMember(*this, [&settings]<typename Member>(const char* pKey, const Member& member) {
         if constexpr (std::is_same_v<Member, double>)
-            settings.setValue(QLatin1String(pKey), stored(member));
+            settings.setValue(QLatin1String(pKey), storedNumber(member));
         else
             settings.setValue(QLatin1String(pKey), member);
     });

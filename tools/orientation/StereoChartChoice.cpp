@@ -1,12 +1,11 @@
 #include "StereoChartChoice.h"
 
 #include "MissingValue.h"
-#include "OrientationText.h"
+#include "StoredNumber.h"
 
 #include <QSettings>
 #include <QVariant>
 
-#include <cmath>
 #include <type_traits>
 
 namespace gkBase {
@@ -29,13 +28,6 @@ void forEachMember(Choice& choice, What what)
     what("color_map_settings/color_map_interval_size", choice.m_oColorMap.m_dInterval);
 }
 
-double storedNumber(const QString& sText)
-{
-    bool bNumber = false;
-    const double dValue = sText.toDouble(&bNumber);
-    return bNumber && std::isfinite(dValue) ? dValue : g_dMissingValue;
-}
-
 } // namespace
 
 void StereoChartChoice::forgetOrientations()
@@ -51,7 +43,7 @@ StereoChartChoice StereoChartChoice::read(const QSettings& settings)
     forEachMember(choice, [&settings]<typename Member>(const char* pKey, Member& member) {
         const QString sText = settings.value(QLatin1String(pKey)).toString();
         if constexpr (std::is_same_v<Member, double>)
-            member = storedNumber(sText);
+            member = numberFromSettings(sText, g_dMissingValue);
         else
             member = sText;
     });
@@ -62,8 +54,7 @@ void StereoChartChoice::write(QSettings& settings) const
 {
     forEachMember(*this, [&settings]<typename Member>(const char* pKey, const Member& member) {
         if constexpr (std::is_same_v<Member, double>)
-            settings.setValue(QLatin1String(pKey),
-                              isMissing(member) ? undefinedText() : QString::number(member, 'g', 17));
+            settings.setValue(QLatin1String(pKey), storedNumber(member));
         else
             settings.setValue(QLatin1String(pKey), member);
     });
