@@ -54,6 +54,30 @@ void DepthLineField::setName(const QString& sName)
     m_sName = sName;
 }
 
+std::vector<DepthLineField::Line> DepthLineField::lines() const
+{
+    std::vector<Line> vLines;
+    vLines.reserve(m_vdDepths.size());
+    for (std::size_t i = 0; i < m_vdDepths.size(); ++i)
+        vLines.push_back({m_vdDepths[i], m_vdX[i], m_vsNames[i], m_voColors[i], m_veTypes[i], m_voOrientations[i],
+                          m_viOriginalRows[i], m_vbDepthChanged[i], m_vbSelected[i]});
+    return vLines;
+}
+
+void DepthLineField::setLines(const std::vector<Line>& vLines)
+{
+    clearAll();
+    for (const Line& line : vLines) {
+        const int i = insertHorizontalLine(line.m_dDepth, line.m_dX, line.m_sName, line.m_oColor, line.m_eType,
+                                           line.m_oOrientation, line.m_iOriginalRow);
+        if (i < 0)
+            continue;
+        m_vbDepthChanged.back() = line.m_bDepthChanged;
+        m_vbSelected.back() = line.m_bSelected;
+    }
+    m_bModified = true;
+}
+
 std::vector<int> DepthLineField::linesByDepth() const
 {
     std::vector<int> viLines(m_vdDepths.size());

@@ -40,6 +40,22 @@ public:
         AllLineDomains = 3
     };
 
+    /// One line with everything that is kept of it.
+    struct Line
+    {
+        double m_dDepth = 0.0; ///< model units
+        double m_dX = 0.0;
+        QString m_sName;
+        QColor m_oColor;
+        DataType m_eType = Horizon;
+        QPointF m_oOrientation{-1.0, -1.0}; ///< (dip, dip azimuth) in degrees, (−1, −1): not set
+        int m_iOriginalRow = -1;
+        bool m_bDepthChanged = false;
+        bool m_bSelected = false;
+
+        bool operator==(const Line&) const = default;
+    };
+
     explicit DepthLineField(const QString& sName = QString());
     virtual ~DepthLineField() = default;
 
@@ -66,6 +82,10 @@ public:
     const std::vector<int>& originalRowPos() const { return m_viOriginalRows; }
     /// True for a line whose depth changed since it was inserted.
     const std::vector<bool>& originalDepthChanged() const { return m_vbDepthChanged; }
+    /// All lines in the order of insertion, to be kept and put back.
+    std::vector<Line> lines() const;
+    /// Exactly these lines.
+    void setLines(const std::vector<Line>& vLines);
     /// Line numbers in the order of their depths; equal depths keep the order of insertion.
     std::vector<int> linesByDepth() const;
     /// The depths of the lines of a type, rising, each once.
