@@ -194,6 +194,7 @@ void tst_Orientations::apparentDips_data()
     QTest::newRow("vertical, oblique") << 90.0 << 10.0 << 99.0 << 90.0;
     QTest::newRow("vertical, away") << 90.0 << 10.0 << 101.0 << -90.0;
     QTest::newRow("vertical, along strike") << 90.0 << 10.0 << 280.0 << 0.0;
+    QTest::newRow("vertical, along strike but for rounding") << 90.0 << 10.0 << 280.00000000002 << 0.0;
 }
 
 void tst_Orientations::apparentDips()

@@ -15,7 +15,7 @@ double apparentDip(double dDip, double dDipAzimuth, double dDirection)
         return g_dEmptyCell;
     }
     // Along strike the apparent dip is 0, where tan 90° · cos 90° in doubles would give 45 degrees.
-    constexpr double dNoise = 1e-15;
+    constexpr double dNoise = 1e-12;
     const double dTowards = sineCosine(dDirection - dDipAzimuth).m_dCosine;
     if (std::abs(dTowards) < dNoise) {
         return 0.0;

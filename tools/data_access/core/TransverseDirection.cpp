@@ -1,0 +1,248 @@
+#include "TransverseDirection.h"
+
+#include "Angles.h"
+#include "ApparentDip.h"
+#include "SineCosine.h"
+#include "TangentFit.h"
+#include "VectorRegisters.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
+#include <vector>
+
+namespace gkBase {
+
+namespace {
+
+/// A plane, or planes that are nearly alike, by the tangents of their apparent dips towards north and east.
+struct TangentPoint
+{
+    double m_dNorth;
+    double m_dEast;
+    double m_dWeight;
+};
+
+TangentPoint tangentPoint(double dDip, double dDipAzimuth, double dWeight)
+{
+    const SineCosine oAzimuth = sineCosine(dDipAzimuth);
+    const double dTangent = std::tan(radians(dDip));
+    return {dTangent * oAzimuth.m_dCosine, dTangent * oAzimuth.m_dSine, dWeight};
+}
+
+/// Planes gathered by dip and strike, so that a scan of all directions costs the same for any number of them. A plane
+/// and the one that dips as steeply to the other side have the same squares of apparent dips and share a cell.
+class PlaneCells
+{
+public:
+    void add(double dDip, double dDipAzimuth)
+    {
+        const double dPositive = wrapAngle(dDip, 180.0);
+        const double dInclination = std::min(dPositive, 180.0 - dPositive);
+        const double dAxis = wrapAngle(dDipAzimuth, 180.0);
+        const auto iRow = std::min(static_cast<std::size_t>(dInclination / s_dSize), s_iRows - 1);
+        const auto iColumn = std::min(static_cast<std::size_t>(dAxis / s_dSize), s_iColumns - 1);
+        Cell& cell = m_vCells[iRow * s_iColumns + iColumn];
+        cell.m_dCount += 1.0;
+        cell.m_dInclinations += dInclination;
+        cell.m_dAxes += dAxis;
+    }
+
+    /// The means of the cells that hold planes.
+    std::vector<TangentPoint> points() const
+    {
+        std::vector<TangentPoint> vPoints;
+        for (const Cell& cell : m_vCells) {
+            if (cell.m_dCount > 0.0) {
+                vPoints.push_back(
+                    tangentPoint(cell.m_dInclinations / cell.m_dCount, cell.m_dAxes / cell.m_dCount, cell.m_dCount));
+            }
+        }
+        return vPoints;
+    }
+
+private:
+    static constexpr double s_dSize = 2.0;
+    static constexpr std::size_t s_iRows = 45;
+    static constexpr std::size_t s_iColumns = 90;
+
+    struct Cell
+    {
+        double m_dCount = 0.0;
+        double m_dInclinations = 0.0;
+        double m_dAxes = 0.0;
+    };
+    std::vector<Cell> m_vCells = std::vector<Cell>(s_iRows * s_iColumns);
+};
+
+/// Sum of the squared apparent dips, radians, towards a direction, and how it changes with the direction.
+struct SquareSum
+{
+    double m_dSum = 0.0;
+    double m_dSlope = 0.0;
+    double m_dCurvature = 0.0;
+};
+
+double sumOfSquares(const std::vector<TangentPoint>& vPoints, double dDirection)
+{
+    const SineCosine oTowards = sineCosine(dDirection);
+    double dSum = 0.0;
+    for (const TangentPoint& point : vPoints) {
+        const double dDip = std::atan(point.m_dNorth * oTowards.m_dCosine + point.m_dEast * oTowards.m_dSine);
+        dSum += point.m_dWeight * dDip * dDip;
+    }
+    return dSum;
+}
+
+SquareSum squareSum(const std::vector<TangentPoint>& vPoints, double dDirection)
+{
+    const SineCosine oTowards = sineCosine(dDirection);
+    SquareSum oSum;
+    for (const TangentPoint& point : vPoints) {
+        const double dTangent = point.m_dNorth * oTowards.m_dCosine + point.m_dEast * oTowards.m_dSine;
+        const double dTurned = point.m_dEast * oTowards.m_dCosine - point.m_dNorth * oTowards.m_dSine;
+        const double dDip = std::atan(dTangent);
+        const double dScale = 1.0 / (1.0 + dTangent * dTangent);
+        const double dSlope = dTurned * dScale; // of the apparent dip
+        oSum.m_dSum += point.m_dWeight * dDip * dDip;
+        oSum.m_dSlope += point.m_dWeight * 2.0 * dDip * dSlope;
+        oSum.m_dCurvature +=
+            point.m_dWeight * 2.0 * (dSlope * dSlope - dDip * dTangent * (dScale + 2.0 * dSlope * dSlope));
+    }
+    return oSum;
+}
+
+/// The direction of the largest sum of squares within a degree of dDirection: Newton's method for the zero of the
+/// slope, halving the range where that leads astray. Missing where the sum does not depend on the direction.
+double maximumNear(const std::vector<TangentPoint>& vPoints, double dDirection)
+{
+    constexpr double dReach = 1.0;
+    constexpr double dPrecision = 1e-6; // the error after a last step of this size is far smaller
+    constexpr double dNoise = 1e-9;
+    constexpr int iMost = 40;
+    double dLow = dDirection - dReach;
+    double dHigh = dDirection + dReach;
+    for (int i = 0; i < iMost; ++i) {
+        const SquareSum oSum = squareSum(vPoints, dDirection);
+        if (std::abs(oSum.m_dSlope) <= dNoise * oSum.m_dSum && std::abs(oSum.m_dCurvature) <= dNoise * oSum.m_dSum) {
+            return g_dMissingValue;
+        }
+        (oSum.m_dSlope > 0.0 ? dLow : dHigh) = dDirection;
+        double dNext = dDirection - degrees(oSum.m_dSlope / oSum.m_dCurvature);
+        if (!(oSum.m_dCurvature < 0.0 && dNext > dLow && dNext < dHigh)) {
+            dNext = 0.5 * (dLow + dHigh);
+        }
+        const double dStep = std::abs(dNext - dDirection);
+        dDirection = dNext;
+        if (dStep < dPrecision) {
+            break;
+        }
+    }
+    return dDirection;
+}
+
+/// The whole degree from 0 to 179 with the largest sum of squares.
+double bestWholeDegree(const std::vector<TangentPoint>& vPoints)
+{
+    constexpr int iDirections = 180;
+    constexpr double dRounding = 1e-12;
+    double dBest = 0.0;
+    double dLargest = -1.0;
+    for (int i = 0; i < iDirections; ++i) {
+        const double dSum = sumOfSquares(vPoints, i);
+        if (dSum > dLargest * (1.0 + dRounding)) {
+            dLargest = dSum;
+            dBest = i;
+        }
+    }
+    return dBest;
+}
+
+/// Calls fn(dip, dip azimuth) for the planes of the mask; tells how many there were, and how many miss an angle.
+template <typename Function>
+TransverseDirections forEachPlane(std::span<const double> vdDips, std::span<const double> vdDipAzimuths,
+                                  std::span<const unsigned char> vbMask, Function&& fn)
+{
+    TransverseDirections oCounts;
+    const std::size_t iRecords = std::min(vdDips.size(), vdDipAzimuths.size());
+    clearVectorRegisters();
+    for (std::size_t i = 0; i < iRecords; ++i) {
+        if (!isTaken(vbMask, i)) {
+            continue;
+        }
+        if (isMissing(vdDips[i]) || isMissing(vdDipAzimuths[i])) {
+            ++oCounts.m_iMissing;
+        } else {
+            ++oCounts.m_iCount;
+            fn(vdDips[i], vdDipAzimuths[i]);
+        }
+    }
+    return oCounts;
+}
+
+} // namespace
+
+TransverseDirections directionsByTangentLine(std::span<const double> vdDips, std::span<const double> vdDipAzimuths,
+                                             std::span<const unsigned char> vbMask)
+{
+    constexpr double dSteepest = 85.0;
+    const TangentFit oFit = tangentFit(vdDips, vdDipAzimuths, dSteepest, vbMask);
+    TransverseDirections oDirections;
+    oDirections.m_iCount = oFit.m_iCount + oFit.m_iTooSteep;
+    oDirections.m_iMissing = oFit.m_iMissing;
+    if (!isMissing(oFit.m_dTransverse)) {
+        oDirections.m_dTransverse = positiveSide(oFit.m_dTransverse, vdDips, vdDipAzimuths, vbMask);
+        oDirections.m_dLongitudinal = positiveSide(oFit.m_dTransverse + 90.0, vdDips, vdDipAzimuths, vbMask);
+    }
+    return oDirections;
+}
+
+TransverseDirections directionsByRootMeanSquare(std::span<const double> vdDips, std::span<const double> vdDipAzimuths,
+                                                std::span<const unsigned char> vbMask)
+{
+    PlaneCells cells;
+    std::vector<TangentPoint> vPlanes;
+    vPlanes.reserve(std::min(vdDips.size(), vdDipAzimuths.size()));
+    TransverseDirections oDirections =
+        forEachPlane(vdDips, vdDipAzimuths, vbMask, [&](double dDip, double dDipAzimuth) {
+            cells.add(dDip, dDipAzimuth);
+            vPlanes.push_back(tangentPoint(dDip, dDipAzimuth, 1.0));
+        });
+    if (oDirections.m_iCount < 2) {
+        return oDirections;
+    }
+    // The cells lead so close to the maximum of the planes that one or two passes over these remain.
+    const std::vector<TangentPoint> vCells = cells.points();
+    const double dOfCells = maximumNear(vCells, bestWholeDegree(vCells));
+    const double dTransverse = isMissing(dOfCells) ? g_dMissingValue : maximumNear(vPlanes, dOfCells);
+    if (!isMissing(dTransverse)) {
+        oDirections.m_dTransverse = positiveSide(dTransverse, vdDips, vdDipAzimuths, vbMask);
+        oDirections.m_dLongitudinal = positiveSide(dTransverse + 90.0, vdDips, vdDipAzimuths, vbMask);
+    }
+    return oDirections;
+}
+
+double positiveSide(double dDirection, std::span<const double> vdDips, std::span<const double> vdDipAzimuths,
+                    std::span<const unsigned char> vbMask)
+{
+    if (isMissing(dDirection)) {
+        return g_dMissingValue;
+    }
+    constexpr double dFlat = 1e-9;
+    std::ptrdiff_t iBalance = 0; // planes that dip towards the direction, less those that dip away
+    double dSum = 0.0;
+    const TransverseDirections oCounts =
+        forEachPlane(vdDips, vdDipAzimuths, vbMask, [&](double dDip, double dDipAzimuth) {
+            const double dApparent = apparentDip(dDip, dDipAzimuth, dDirection);
+            iBalance += (dApparent > dFlat ? 1 : 0) - (dApparent < -dFlat ? 1 : 0);
+            dSum += dApparent;
+        });
+    if (iBalance == 0 && std::abs(dSum) <= dFlat * static_cast<double>(oCounts.m_iCount)) {
+        return wrapAngle(dDirection, 180.0);
+    }
+    const bool bAway = iBalance == 0 ? dSum < 0.0 : iBalance < 0;
+    return wrapAngle(bAway ? dDirection + 180.0 : dDirection, 360.0);
+}
+
+} // namespace gkBase
