@@ -159,6 +159,10 @@ void AnalyserWindow::createViewMenu()
     pqMenu->addSeparator();
     m_pqUnitsMenu = pqMenu->addMenu(tr("&Display Units"));
     connect(pqMenu, &QMenu::aboutToShow, this, &AnalyserWindow::fillUnitsMenu);
+    QAction* pqMarkers = pqMenu->addAction(tr("&Marker Visibility…"), m_pqAnalyser,
+                                           &gkBase::QDataAnalyserDialog::showMarkerVisibilityDlg);
+    connect(pqMenu, &QMenu::aboutToShow, pqMarkers,
+            [this, pqMarkers] { pqMarkers->setEnabled(m_pqAnalyser->hasMarkerVisibility()); });
 }
 
 void AnalyserWindow::createWindowMenu()

@@ -211,38 +211,6 @@ private slots:
         QVERIFY(m_poRoot->isIdenticalTo(*poBefore));
     }
 
-    void markersAreSwitchedByKind()
-    {
-        QVERIFY2(!setMarkersVisible(*m_poRoot, MarkerKind::Top, {}, true), "no $V, nothing to switch");
-        auto poMarkers = std::make_unique<MatrixData>(QStringLiteral("Markers"), -1, -1, QMetaType::Double, 3);
-        MatrixData* poSet = poMarkers.get();
-        m_poRoot->appendChild(poMarkers.release(), false);
-        const auto addTexts = [poSet](const char* pName, const QStringList& lTexts) {
-            auto poNode = std::make_unique<MatrixData>(QLatin1String(pName), 0, 1, QMetaType::QString, 3);
-            MatrixColumn oColumn(QMetaType::QString);
-            for (const QString& sText : lTexts)
-                oColumn.appendValue(sText.isEmpty() ? QVariant() : QVariant(sText));
-            poNode->setColumn(0, std::move(oColumn));
-            poSet->appendChild(poNode.release(), true);
-        };
-        addTexts("Type", {"Top", "Fault", "Axial Plane", ""});
-        addTexts("Horizon", {"", "", "", "Base"});
-        auto poVisibleNode = std::make_unique<MatrixData>(QStringLiteral("$V"), 4, 1, QMetaType::Bool, 3);
-        MatrixData* poVisible = poVisibleNode.get();
-        poSet->appendChild(poVisibleNode.release(), true);
-
-        QVERIFY(setMarkersVisible(*m_poRoot, MarkerKind::Type, QStringLiteral("fault"), true));
-        QVERIFY(setMarkersVisible(*m_poRoot, MarkerKind::Scat, {}, true));
-        QVERIFY(setMarkersVisible(*m_poRoot, MarkerKind::Top, {}, false));
-        QVERIFY2(!setMarkersVisible(*m_poRoot, MarkerKind::Scat, {}, true), "nothing left to change");
-        QCOMPARE(poVisible->column().isMissing(0), true);
-        QCOMPARE(poVisible->recordNumber(1), 1.0);
-        QCOMPARE(poVisible->recordNumber(2), 1.0);
-        QCOMPARE(poVisible->recordNumber(3), 0.0);
-        QVERIFY(m_poRoot->undo());
-        QVERIFY(poVisible->column().isMissing(3));
-    }
-
 private:
     MatrixData* addAttribute(const QString& sName, std::vector<double> vdValues, const QString& sCategory)
     {

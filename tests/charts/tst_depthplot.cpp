@@ -504,10 +504,15 @@ void TestDepthPlot::visibilityFlagsRule()
                 texts(QStringLiteral("Top"), {"a", "b", "c"}), poVisible});
     const auto shown = [&well] { return markerTexts(collectDepthMarkers(&well.m_root, well.node("Depth"), {})); };
     QCOMPARE(shown(), (QStringList{"0 1001 a", "0 1003 c"}));
-    poVisible->setDefaultValue1(false);
+    poVisible->setDefaultValue1(markerDefaultOfRows());
     QCOMPARE(shown(), (QStringList{"0 1001 a"}));
-    poVisible->setDefaultValue1(true);
-    QCOMPARE(shown().size(), 2);
+    addDataSet(well.m_root, QStringLiteral("Well Tops"),
+               {attribute(QStringLiteral("Depth"), {1004}, "depth", "m"), texts(QStringLiteral("Top"), {"d"})});
+    QCOMPARE(shown(), (QStringList{"0 1001 a", "0 1004 d"})); // without cells nothing was switched
+    poVisible->setDefaultValue1(markerDefaultOfAll(false));
+    QCOMPARE(shown(), QStringList());
+    poVisible->setDefaultValue1(markerDefaultOfAll(true));
+    QCOMPARE(shown().size(), 4);
 }
 
 void TestDepthPlot::decimatedDipsAreTadpoles()

@@ -1,13 +1,13 @@
 #include "DerivedAttributes.h"
 
 #include "AngleUnits.h"
-#include "DepthLineField.h"
 #include "MatrixDataArray.h"
 #include "MatrixDataNotifier.h"
 #include "MatrixDataRestore.h"
 #include "MissingValue.h"
 #include "QRelationshipItemModel.h"
 #include "UnitManager.h"
+#include "WellDataSets.h"
 
 #include <QCoreApplication>
 
@@ -72,89 +72,13 @@ DecimatedColumns decimatedColumns(const QRelationshipItemModel& model, bool bBin
     return columns;
 }
 
-// Which data set the attributes of a group come from, by identifiers. Known as long as the root lives, which its
-// notifier does; it is not saved.
-constexpr int g_iUnknown = -1;
-
-QByteArray sourceKey(const MatrixData& dataSet)
-{
-    return "sourceOfDataSet" + QByteArray::number(dataSet.globalID());
-}
-
-int sourceOf(MatrixData& root, const MatrixData& dataSet)
-{
-    const QVariant qSource = root.notifier()->property(sourceKey(dataSet).constData());
-    return qSource.isValid() ? qSource.toInt() : g_iUnknown;
-}
-
-void noteSource(MatrixData& root, const MatrixData& dataSet, int iSource)
-{
-    root.notifier()->setProperty(sourceKey(dataSet).constData(), iSource);
-}
+constexpr int g_iUnknown = -1; ///< no source was noted
 
 /// The data set of the points of a model.
 const MatrixData* sourceOf(const QRelationshipItemModel& model)
 {
     return model.nodeX() ? model.nodeX()->owner() : nullptr;
 }
-
-bool isText(const MatrixData& attribute, int iRecord, const QString& sText)
-{
-    return attribute.column().text(iRecord).compare(sText, Qt::CaseInsensitive) == 0;
-}
-
-bool isStructuralPlaneName(const QString& sType)
-{
-    return !sType.isEmpty() && DepthLineField::isStructuralPlane(DepthLineField::type(sType));
-}
-
-MatrixData* sibling(const MatrixData& dataSet, const QString& sName)
-{
-    return dataSet.getNodeFromName(sName);
-}
-
-/// Whether a record of the marker data set is of the kind.
-class MarkerTest
-{
-public:
-    MarkerTest(const MatrixData& dataSet, MarkerKind eKind, const QString& sType)
-        : m_eKind(eKind)
-        , m_sType(sType)
-        , m_poType(sibling(dataSet, QStringLiteral("Type")))
-        , m_poDip(sibling(dataSet, QStringLiteral("Decimated:dip")))
-        , m_poAzimuth(sibling(dataSet, QStringLiteral("Decimated:azimuth")))
-        , m_poHorizon(sibling(dataSet, QStringLiteral("Horizon")))
-    {
-    }
-
-    bool operator()(int iRecord) const
-    {
-        switch (m_eKind) {
-        case MarkerKind::Scat:
-            return m_poType && isStructuralPlaneName(m_poType->column().text(iRecord));
-        case MarkerKind::Type:
-            return m_poType && isText(*m_poType, iRecord, m_sType);
-        case MarkerKind::Decimated:
-            return hasValue(m_poDip, iRecord) || hasValue(m_poAzimuth, iRecord);
-        case MarkerKind::Top:
-            return hasValue(m_poHorizon, iRecord);
-        }
-        return false;
-    }
-
-private:
-    static bool hasValue(const MatrixData* poAttribute, int iRecord)
-    {
-        return poAttribute && iRecord < poAttribute->recordCount() && !poAttribute->column().isMissing(iRecord);
-    }
-
-    MarkerKind m_eKind;
-    QString m_sType;
-    const MatrixData* m_poType;
-    const MatrixData* m_poDip;
-    const MatrixData* m_poAzimuth;
-    const MatrixData* m_poHorizon;
-};
 
 } // namespace
 
@@ -185,15 +109,23 @@ bool DerivedAttributes::isGroupName(const QString& sName, const QString& sGroup)
     return bNumber;
 }
 
-MatrixData* DerivedAttributes::newDataSet(const QString& sGroup)
+MatrixData* DerivedAttributes::newDataSet(const QString& sName, const MatrixData* poSource)
 {
-    QString sName = sGroup;
-    m_root.createUniqueName(sName);
-    auto poDataSet = std::make_unique<MatrixData>(sName, -1, -1, QMetaType::Double, m_root.rowOffSet());
+    QString sUnique = sName;
+    m_root.createUniqueName(sUnique);
+    auto poDataSet = std::make_unique<MatrixData>(sUnique, -1, -1, QMetaType::Double, m_root.rowOffSet());
     MatrixData* poNew = poDataSet.get();
     m_root.appendChild(poDataSet.release(), false);
     addRecord(*poNew).storeInsertion(poNew);
+    if (poSource)
+        noteSource(*poNew, *poSource);
     return poNew;
+}
+
+void DerivedAttributes::remove(MatrixData& node)
+{
+    addRecord(node, true);
+    m_root.removeChild(&node);
 }
 
 MatrixData* DerivedAttributes::dataSet(const QString& sGroup, int iRecords, const MatrixData* poSource)
@@ -205,37 +137,44 @@ MatrixData* DerivedAttributes::dataSet(const QString& sGroup, int iRecords, cons
         if (poDataSet->isAttribute() || !isGroupName(poDataSet->name(), sGroup) || poDataSet->childCount() == 0 ||
             poDataSet->child(0)->recordCount() != iRecords)
             continue;
-        const int iKnown = sourceOf(m_root, *poDataSet);
+        const int iKnown = sourceID(*poDataSet);
         if (poDataSet == poSource || (iSource != g_iUnknown && iKnown == iSource))
             return poDataSet;
         if (!poFound && (iKnown == g_iUnknown || iSource == g_iUnknown))
             poFound = poDataSet;
     }
     if (!poFound)
-        poFound = newDataSet(sGroup);
-    if (iSource != g_iUnknown)
-        noteSource(m_root, *poFound, iSource);
+        poFound = newDataSet(sGroup, poSource);
+    else if (poSource)
+        noteSource(*poFound, *poSource);
     return poFound;
 }
 
 MatrixData* DerivedAttributes::dataSetAt(const QString& sGroup, const QString& sDepthName, const MatrixColumn& oDepths,
-                                         boost::shared_ptr<UnitManager> poUnit, bool bReplace)
+                                         boost::shared_ptr<UnitManager> poUnit, bool bReplace,
+                                         const MatrixData* poSource)
 {
+    const auto isOfOther = [poSource](MatrixData& dataSet) {
+        const int iKnown = sourceID(dataSet);
+        return poSource && iKnown != g_iUnknown && iKnown != poSource->globalID();
+    };
     MatrixData* poNamed = nullptr;
     for (int i = 0; i < m_root.childCount(); ++i) {
         MatrixData* poDataSet = m_root.child(i);
-        if (poDataSet->isAttribute() || !isGroupName(poDataSet->name(), sGroup) || poDataSet->childCount() == 0)
+        if (poDataSet->isAttribute() || !isGroupName(poDataSet->name(), sGroup) || poDataSet->childCount() == 0 ||
+            isOfOther(*poDataSet))
             continue;
-        if (poDataSet->child(0)->name() == sDepthName && poDataSet->child(0)->column() == oDepths)
+        if (poDataSet->child(0)->name() == sDepthName && poDataSet->child(0)->column() == oDepths) {
+            if (poSource)
+                noteSource(*poDataSet, *poSource);
             return poDataSet;
+        }
         if (poDataSet->name() == sGroup)
             poNamed = poDataSet;
     }
-    if (bReplace && poNamed) {
-        addRecord(*poNamed, true);
-        m_root.removeChild(poNamed);
-    }
-    MatrixData* poDataSet = newDataSet(sGroup);
+    if (bReplace && poNamed)
+        remove(*poNamed);
+    MatrixData* poDataSet = newDataSet(sGroup, poSource);
     setAttribute(*poDataSet, sDepthName, oDepths, std::move(poUnit));
     return poDataSet;
 }
@@ -311,8 +250,9 @@ MatrixData* addDecimationAttributes(MatrixData& root, const QRelationshipItemMod
     const MatrixDataNotifier::Batch batch(&root);
     const QString sPrefix = QLatin1String(g_decimatedPrefix);
     DerivedAttributes derived(root, QStringLiteral("Create Decimated Data: ") + poValues->name(), bNewStep);
-    MatrixData* poDataSet = derived.dataSetAt(QLatin1String(g_decimationGroup), sPrefix + poDepth->name(),
-                                              column(columns.m_vdDepths), poDepth->unitManager(), bReplace);
+    MatrixData* poDataSet =
+        derived.dataSetAt(QLatin1String(g_decimationGroup), sPrefix + poDepth->name(), column(columns.m_vdDepths),
+                          poDepth->unitManager(), bReplace, poDepth->owner());
     MatrixData* poResult = nullptr;
     if (model.decimationAngle().empty()) {
         poResult = derived.setAttribute(*poDataSet, sPrefix + poValues->name(), column(columns.m_vdValues),
@@ -346,33 +286,6 @@ MatrixData* addBiasWeightAttribute(MatrixData& root, const QString& sName, const
     DerivedAttributes derived(root, QStringLiteral("Create Bias Weight Attribute: ") + sName);
     MatrixData* poDataSet = derived.dataSet(QLatin1String(g_orientationGroup), model.numberOfPoints(), sourceOf(model));
     return derived.setAttribute(*poDataSet, sName, column(model.biasWeights()), QLatin1String(g_fraction));
-}
-
-bool setMarkersVisible(MatrixData& root, MarkerKind eKind, const QString& sType, bool bVisible)
-{
-    MatrixData* poVisible = root.getNodeFromName(QStringLiteral("$V"));
-    const MatrixData* poDataSet = poVisible ? poVisible->parentNode() : nullptr;
-    if (!poDataSet)
-        return false;
-    const MarkerTest isOfKind(*poDataSet, eKind, sType);
-    const QVariant qVisible = QVariant::fromValue(bVisible);
-    std::vector<int> viRecords;
-    for (int i = 0; i < poDataSet->child(0)->recordCount(); ++i) {
-        const bool bShown = poVisible->value(i + poVisible->rowOffSet(), 0).toBool();
-        const bool bSet = i < poVisible->recordCount() && !poVisible->column().isMissing(i);
-        if (isOfKind(i) && (!bSet || bShown != bVisible))
-            viRecords.push_back(i);
-    }
-    if (viRecords.empty())
-        return false;
-    auto poRestore = std::make_unique<MatrixDataRestore>(poVisible, QStringLiteral("Marker Visibility"));
-    poRestore->storeRowCount(poVisible);
-    poRestore->storeRecords(poVisible, 0, viRecords);
-    root.appendUndoAction(poRestore.release(), true);
-    const MatrixDataNotifier::Batch batch(&root);
-    for (const int iRecord : viRecords)
-        poVisible->setValue(iRecord + poVisible->rowOffSet(), 0, qVisible);
-    return true;
 }
 
 } // namespace gkBase

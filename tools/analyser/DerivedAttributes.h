@@ -31,9 +31,13 @@ public:
     /// known to have one; the first that writes there is it. Null: any will do.
     MatrixData* dataSet(const QString& sGroup, int iRecords, const MatrixData* poSource);
     /// As above, but the first attribute has these values, or the data set is a new one. With bReplace a data set of
-    /// exactly that name with other values makes room.
+    /// exactly that name with other values makes room. Data sets of other sources are left alone here too.
     MatrixData* dataSetAt(const QString& sGroup, const QString& sDepthName, const MatrixColumn& oDepths,
-                          boost::shared_ptr<UnitManager> poUnit, bool bReplace);
+                          boost::shared_ptr<UnitManager> poUnit, bool bReplace, const MatrixData* poSource = nullptr);
+    /// A new data set under the root of that name, made unique, that comes from poSource (may be null).
+    MatrixData* newDataSet(const QString& sName, const MatrixData* poSource);
+    /// Takes a data set or an attribute out of the tree.
+    void remove(MatrixData& node);
     /// The data set's attribute of that name gets the values; it is made, and switched on, when there is none.
     MatrixData* setAttribute(MatrixData& dataSet, const QString& sName, MatrixColumn oValues,
                              boost::shared_ptr<UnitManager> poUnit);
@@ -44,7 +48,6 @@ public:
 
 private:
     MatrixDataRestore& addRecord(MatrixData& node, bool bRemoval = false);
-    MatrixData* newDataSet(const QString& sGroup);
     static bool isGroupName(const QString& sName, const QString& sGroup);
 
     MatrixData& m_root;
@@ -74,17 +77,5 @@ GKBASETOOLS_EXPORT MatrixData* addRotatedAttributes(MatrixData& root, const QRel
 /// above. Null, and nothing is written, without a scan line.
 GKBASETOOLS_EXPORT MatrixData* addBiasWeightAttribute(MatrixData& root, const QString& sName,
                                                       const QRelationshipItemModel& model);
-
-/// Which markers a switch of visibility is for.
-enum class MarkerKind
-{
-    Scat,      ///< rows whose "Type" is that of a structural plane
-    Decimated, ///< rows with a value of "Decimated:dip" or "Decimated:azimuth"
-    Type,      ///< rows whose "Type" has a given text
-    Top        ///< rows with a text in "Horizon"
-};
-
-/// Writes "$V" in the rows of the kind, as one undo step; tells whether a row changed. False without "$V".
-GKBASETOOLS_EXPORT bool setMarkersVisible(MatrixData& root, MarkerKind eKind, const QString& sType, bool bVisible);
 
 } // namespace gkBase

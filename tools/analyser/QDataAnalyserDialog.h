@@ -22,6 +22,7 @@ namespace gkBase {
 
 class AnalyserChartPages;
 class AnalyserTablePage;
+class DepthLineField;
 class QAttributeTreeView;
 class QCrossPlotWidget;
 class QDepthPlotWidget;
@@ -126,9 +127,16 @@ public:
     /// By the page's object name ("TABLE", "HISTOGRAM", …); an unknown name does nothing.
     void hideTab(const QString& sName);
     void showTab(const QString& sName);
-    /// Switches markers of the depth plot by the attribute "$V": all of them through its default value, or, with that
-    /// default off, the rows of the chosen kinds. Nothing without such an attribute.
+    /// Whether the data have an attribute "$V", without which setMarkerVisibility() does nothing.
+    bool hasMarkerVisibility() const;
+    /// Switches markers of the depth plot by the attributes "$V": all of them through its default value, or, with a
+    /// default that hides, the rows of the chosen kinds (see MarkerVisibility.h), and then the kinds of the depth plot
+    /// as well. One undo step.
     void setMarkerVisibility(bool bAll, bool bScat, bool bDecimated, bool bTops, bool bFaults, bool bVisible);
+    /// Makes the markers of the well of a depth those lines, or takes them away, as the functions in WellMarkers.h do,
+    /// shows them and tells the host.
+    void createWellMarkers(const DepthLineField& lines, const MatrixData& depth);
+    void deleteWellMarkers(const MatrixData& depth);
     /// Switches the depth plot's structural planes, and writes "$V", when the data have it, in the rows whose "Type" is
     /// one.
     void setAllScatMarkersVisibility(bool bVisible);
@@ -155,6 +163,8 @@ public slots:
     void copyToClipboard();
     void showSelectValueCellsDlg();
     void showModifyCellsDlg();
+    /// Asks which markers to show or hide, and does so. Nothing without "$V".
+    void showMarkerVisibilityDlg();
     void selectInverse();
     /// Reads the whole tree again after outside changes.
     void updateAllViews();

@@ -2,12 +2,15 @@
 
 #include "AnalyserChartPages.h"
 #include "DerivedAttributes.h"
+#include "MarkerVisibility.h"
 #include "QCrossPlotWidget.h"
 #include "QDataAnalyserDialog.h"
 #include "QDepthPlotWidget.h"
+#include "QMarkerVisibilityDlg.h"
 #include "QRelationshipItemModel.h"
 #include "QTRNBarChartWidget.h"
 #include "QVertexModelTableView.h"
+#include "WellMarkers.h"
 
 #include <QTimer>
 
@@ -132,30 +135,49 @@ void QDataAnalyserDialog::createDataDecimationAttribute(QRelationshipItemModel* 
 
 // ---- markers -------------------------------------------------------------------------------------------------------
 
+bool QDataAnalyserDialog::hasMarkerVisibility() const
+{
+    return gkBase::hasMarkerVisibility(m_poDataRoot);
+}
+
 void QDataAnalyserDialog::setMarkerVisibility(bool bAll, bool bScat, bool bDecimated, bool bTops, bool bFaults,
                                               bool bVisible)
 {
-    MatrixData* poVisible = m_poDataRoot ? m_poDataRoot->getNodeFromName(QStringLiteral("$V")) : nullptr;
-    if (!poVisible)
+    if (!hasMarkerVisibility())
         return;
-    const QVariant qDefault(bAll && bVisible);
-    if (poVisible->defaultValue1() != qDefault) {
-        poVisible->setDefaultValue1(qDefault);
-        emit dataModified(true);
-    }
-    if (!bAll) {
+    if (!bAll && m_pqDepthPlot) {
         if (bScat)
-            setAllScatMarkersVisibility(bVisible);
+            m_pqDepthPlot->setAllScatMarkersVisibility(bVisible);
         if (bDecimated)
-            setAllDecimatedDipAzimuthMarkersVisibility(bVisible);
-        if (bTops) {
-            setAllTypeMarkersVisibility(QStringLiteral("Top"), bVisible);
-            setAllTopMarkersVisibility(bVisible);
-        }
+            m_pqDepthPlot->setAllDecimatedDipAzimuthMarkersVisibility(bVisible);
+        if (bTops)
+            m_pqDepthPlot->setAllTopMarkersVisibility(bVisible);
         if (bFaults)
-            setAllTypeMarkersVisibility(QStringLiteral("Fault"), bVisible);
+            m_pqDepthPlot->setAllTypeMarkersVisibility(QStringLiteral("Fault"), bVisible);
     }
+    if (gkBase::setMarkerVisibility(*m_poDataRoot, {bAll, bScat, bDecimated, bTops, bFaults, bVisible}))
+        emit dataModified(true);
     m_pCharts->mark(AnalyserChartPages::DepthPlot);
+}
+
+void QDataAnalyserDialog::showMarkerVisibilityDlg()
+{
+    if (!hasMarkerVisibility())
+        return;
+    QMarkerVisibilityDlg dialog(QString(), !areMarkersHidden(*m_poDataRoot), this);
+    if (dialog.exec() == QDialog::Accepted)
+        setMarkerVisibility(dialog.allMarkers(), dialog.scatMarkers(), dialog.decimatedDipAzimuthMarkers(),
+                            dialog.topMarkers(), dialog.faultMarkers(), dialog.visibilityValue());
+}
+
+void QDataAnalyserDialog::createWellMarkers(const DepthLineField& lines, const MatrixData& depth)
+{
+    showDerived(m_poDataRoot && gkBase::createWellMarkers(*m_poDataRoot, lines, depth));
+}
+
+void QDataAnalyserDialog::deleteWellMarkers(const MatrixData& depth)
+{
+    showDerived(m_poDataRoot && gkBase::deleteWellMarkers(*m_poDataRoot, depth));
 }
 
 void QDataAnalyserDialog::setAllScatMarkersVisibility(bool bVisible)

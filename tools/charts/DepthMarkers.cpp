@@ -1,12 +1,12 @@
 #include "DepthMarkers.h"
 
-#include "DepthLineField.h"
+#include "MarkerColumns.h"
 #include "MatrixData.h"
 #include "MissingValue.h"
 #include "UnitManager.h"
+#include "WellDataSets.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace gkBase {
@@ -15,80 +15,24 @@ namespace {
 
 // Names of data, the same in every language.
 constexpr QLatin1String g_visibility("$V");
-constexpr QLatin1String g_type("Type");
-constexpr QLatin1String g_name("Name");
 constexpr QLatin1String g_decimated("Decimated:");
-constexpr int g_iNoKind = -1;
-
-/// The attributes that name markers, by kind.
-struct NamingAttribute
-{
-    DepthMarker::Kind m_eKind;
-    QString m_sName;
-};
-
-const std::array<NamingAttribute, 3>& namingAttributes()
-{
-    static const std::array<NamingAttribute, 3> attributes{{{DepthMarker::Top, QStringLiteral("Top")},
-                                                            {DepthMarker::Horizon, QStringLiteral("Horizon")},
-                                                            {DepthMarker::Fault, QStringLiteral("Fault")}}};
-    return attributes;
-}
-
-/// The kind that a text of "Type" names, −1 for none.
-int kindOfType(const QString& sType)
-{
-    for (const NamingAttribute& attribute : namingAttributes()) {
-        if (sType.compare(attribute.m_sName, Qt::CaseInsensitive) == 0)
-            return attribute.m_eKind;
-    }
-    const bool bScat = sType.startsWith(QLatin1String("SCAT"), Qt::CaseInsensitive) ||
-                       DepthLineField::isStructuralPlane(DepthLineField::type(sType));
-    return bScat ? static_cast<int>(DepthMarker::Scat) : g_iNoKind;
-}
-
-/// The parents of the attributes below a node, each once, in tree order.
-std::vector<MatrixData*> dataSetsOf(const MatrixData* poRoot)
-{
-    std::vector<MatrixData*> vpDataSets;
-    if (!poRoot)
-        return vpDataSets;
-    for (const MatrixData* poLeaf : poRoot->leafs()) {
-        MatrixData* poDataSet = poLeaf->parentNode();
-        if (poDataSet && (vpDataSets.empty() || vpDataSets.back() != poDataSet))
-            vpDataSets.push_back(poDataSet);
-    }
-    return vpDataSets;
-}
-
-MatrixData* attributeNamed(const MatrixData& dataSet, const QString& sName,
-                           Qt::CaseSensitivity eCase = Qt::CaseSensitive)
-{
-    for (int i = 0; i < dataSet.childCount(); ++i) {
-        MatrixData* poChild = dataSet.child(i);
-        if (poChild->isAttribute() && poChild->name().compare(sName, eCase) == 0)
-            return poChild;
-    }
-    return nullptr;
-}
-
-const MatrixColumn* textColumn(const MatrixData& dataSet, const QString& sName)
-{
-    const MatrixData* poNode = attributeNamed(dataSet, sName);
-    return poNode && poNode->column().type() == QMetaType::QString ? &poNode->column() : nullptr;
-}
 
 /// Which records of a data set are shown.
 class RecordVisibility
 {
 public:
-    explicit RecordVisibility(const MatrixData& dataSet)
+    RecordVisibility(const MatrixData& root, const MatrixData& dataSet)
     {
-        const MatrixData* poNode = attributeNamed(dataSet, g_visibility);
+        const MatrixData* poOwn = attributeNamed(dataSet, g_visibility);
+        const MatrixData* poNode = poOwn ? poOwn : root.getNodeFromName(g_visibility);
         if (!poNode)
             return;
-        m_pCells = &poNode->column();
-        m_bDefault = !poNode->defaultValue1().isValid() || poNode->defaultValue1().toBool();
+        const QVariant qDefault = poNode->defaultValue1();
+        const bool bForAll = isMarkerDefaultOfAll(qDefault);
+        if (bForAll || poOwn)
+            m_bDefault = !qDefault.isValid() || qDefault.toBool();
+        if (!bForAll && poOwn)
+            m_pCells = &poOwn->column();
     }
 
     bool isVisible(int iRecord) const
@@ -104,7 +48,7 @@ public:
     }
 
 private:
-    const MatrixColumn* m_pCells = nullptr;
+    const MatrixColumn* m_pCells = nullptr; ///< null: all follow the default
     bool m_bDefault = true;
 };
 
@@ -152,60 +96,6 @@ bool isShown(DepthMarker::Kind eKind, const DepthMarkerSwitches& switches)
     }
 }
 
-/// The columns of a data set that make markers of its records.
-class MarkerColumns
-{
-public:
-    explicit MarkerColumns(const MatrixData& dataSet)
-        : m_pType(textColumn(dataSet, g_type))
-        , m_pName(textColumn(dataSet, g_name))
-    {
-        for (const NamingAttribute& attribute : namingAttributes()) {
-            if (const MatrixColumn* pColumn = textColumn(dataSet, attribute.m_sName))
-                m_vNaming.emplace_back(attribute.m_eKind, pColumn);
-        }
-        if (!m_pType)
-            return;
-        for (const QString& sType : m_pType->texts())
-            m_viKinds.push_back(kindOfType(sType));
-    }
-
-    bool isEmpty() const { return m_vNaming.empty() && !m_pType; }
-    int recordCount() const
-    {
-        int iRecords = m_pType ? m_pType->size() : 0;
-        for (const auto& [eKind, pColumn] : m_vNaming)
-            iRecords = std::max(iRecords, pColumn->size());
-        return iRecords;
-    }
-
-    /// Calls fn(kind, name) for every marker of a record.
-    template <typename Function>
-    void forEachMarker(int iRecord, Function&& fn) const
-    {
-        bool bNamed = false;
-        for (const auto& [eKind, pColumn] : m_vNaming) {
-            if (pColumn->isMissing(iRecord) || pColumn->text(iRecord).isEmpty())
-                continue;
-            bNamed = true;
-            fn(eKind, pColumn->text(iRecord));
-        }
-        if (bNamed || !m_pType || m_pType->isMissing(iRecord))
-            return;
-        const int iKind = m_viKinds[static_cast<std::size_t>(m_pType->textCodes()[static_cast<std::size_t>(iRecord)])];
-        if (iKind == g_iNoKind)
-            return;
-        const bool bHasName = m_pName && !m_pName->isMissing(iRecord) && !m_pName->text(iRecord).isEmpty();
-        fn(static_cast<DepthMarker::Kind>(iKind), bHasName ? m_pName->text(iRecord) : m_pType->text(iRecord));
-    }
-
-private:
-    const MatrixColumn* m_pType;
-    const MatrixColumn* m_pName;
-    std::vector<std::pair<DepthMarker::Kind, const MatrixColumn*>> m_vNaming;
-    std::vector<int> m_viKinds; ///< by code of "Type"
-};
-
 void collectLines(const MatrixData& dataSet, const ConvertedDepths& depths, const RecordVisibility& visibility,
                   const DepthMarkerSwitches& switches, std::vector<DepthMarker>& vLines)
 {
@@ -242,7 +132,28 @@ void collectTadpoles(const MatrixData& dataSet, const ConvertedDepths& depths, c
     }
 }
 
+/// Whether the markers of a data set are those of the well.
+bool belongsTo(MatrixData& dataSet, const MatrixData& wellData, const MatrixData* poWell)
+{
+    return &dataSet == &wellData || (poWell && wellOf(dataSet) == poWell);
+}
+
 } // namespace
+
+QVariant markerDefaultOfAll(bool bVisible)
+{
+    return {bVisible};
+}
+
+QVariant markerDefaultOfRows()
+{
+    return {0};
+}
+
+bool isMarkerDefaultOfAll(const QVariant& qDefault)
+{
+    return qDefault.typeId() == QMetaType::Bool;
+}
 
 DepthMarkers collectDepthMarkers(const MatrixData* poRoot, const MatrixData* poDepth,
                                  const DepthMarkerSwitches& switches)
@@ -250,11 +161,15 @@ DepthMarkers collectDepthMarkers(const MatrixData* poRoot, const MatrixData* poD
     DepthMarkers markers;
     if (!poRoot || !poDepth)
         return markers;
-    for (const MatrixData* poDataSet : dataSetsOf(poRoot)) {
+    MatrixData* poWellData = poDepth->owner() ? poDepth->owner() : poDepth->parentNode();
+    if (!poWellData)
+        return markers;
+    const MatrixData* poWell = wellOf(*poWellData);
+    for (MatrixData* poDataSet : dataSetsBelow(*poRoot)) {
         const ConvertedDepths depths(*poDataSet, *poDepth);
-        if (!depths.isValid())
+        if (!depths.isValid() || !belongsTo(*poDataSet, *poWellData, poWell))
             continue;
-        const RecordVisibility visibility(*poDataSet);
+        const RecordVisibility visibility(*poRoot, *poDataSet);
         collectLines(*poDataSet, depths, visibility, switches, markers.m_vLines);
         if (switches.m_bDecimated)
             collectTadpoles(*poDataSet, depths, visibility, markers.m_vTadpoles);

@@ -43,8 +43,9 @@ std::uint64_t markerKey(const MatrixData* poRoot, const MatrixData* poDepth, con
         print.add(static_cast<std::uint64_t>(poLeaf->globalID()));
         print.add(poLeaf->revision());
         print.add(qHash(poLeaf->name()));
-        print.add(poLeaf->defaultValue1().isValid());
+        print.add(static_cast<std::uint64_t>(poLeaf->defaultValue1().typeId()));
         print.add(poLeaf->defaultValue1().toBool());
+        print.add(poLeaf->parentNode() ? qHash(poLeaf->parentNode()->name()) : 0); // which well it is of
     }
     return print.value();
 }

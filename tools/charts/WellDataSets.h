@@ -1,0 +1,42 @@
+#pragma once
+
+#include "gkBaseToolsExport.h"
+
+#include <QString>
+#include <Qt>
+
+#include <vector>
+
+namespace gkBase {
+
+class MatrixData;
+
+/// The parents of the attributes below a node, each once, in tree order.
+GKBASETOOLS_EXPORT std::vector<MatrixData*> dataSetsBelow(const MatrixData& node);
+
+/// The attribute of that name in a data set, null when there is none.
+GKBASETOOLS_EXPORT MatrixData* attributeNamed(const MatrixData& dataSet, const QString& sName,
+                                              Qt::CaseSensitivity eCase = Qt::CaseSensitive);
+
+/// Notes that the rows of a data set were derived from those of another one. Known as long as the root lives; it is
+/// neither saved nor copied.
+GKBASETOOLS_EXPORT void noteSource(MatrixData& dataSet, const MatrixData& source);
+/// The identifier (MatrixData::globalID()) of that other data set, −1 when none was noted.
+GKBASETOOLS_EXPORT int sourceID(MatrixData& dataSet);
+
+/// True for a data set whose rows mark places along a well instead of being measurements: one of decimated data, or
+/// one with a marker attribute ("Top", "Horizon", "Fault", "Type", as texts) that either holds no numbers but depths
+/// and "$V", or has both "Type" and "$V".
+GKBASETOOLS_EXPORT bool isMarkerTable(const MatrixData& dataSet);
+
+/// The data set of measurements that stands for the well of a data set:
+/// - the well of the data set that its rows were derived from (noteSource()),
+/// - the well of the data set that it stands below in the tree,
+/// - of a marker table the data set whose name, and a blank, its own begins with, the longest of them ("A Tops" and
+///   "A Markers" go with "A", and "A Tops_1" with "A_1" when there is one), among those with the same parent,
+/// - of a marker table that names no data set the only well of its branch of the tree,
+/// - itself, if it is no marker table.
+/// Null for a marker table that may be of several wells, or of none.
+GKBASETOOLS_EXPORT MatrixData* wellOf(MatrixData& dataSet);
+
+} // namespace gkBase
