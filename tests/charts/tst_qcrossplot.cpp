@@ -23,8 +23,6 @@
 
 using namespace gkBase;
 
-Q_DECLARE_METATYPE(std::vector<int>)
-
 namespace {
 
 std::unique_ptr<MatrixData> numbers(const char* pName, std::vector<double> vdValues)
@@ -43,12 +41,19 @@ void send(QWidget& widget, QEvent::Type eType, const QPointF& oPosition, Qt::Mou
     QCoreApplication::sendEvent(&widget, &event);
 }
 
-void drag(QWidget& widget, const std::vector<QPointF>& voPath, Qt::MouseButton eButton = Qt::LeftButton,
-          Qt::KeyboardModifiers eModifiers = Qt::NoModifier)
+/// A drag without its release.
+void press(QWidget& widget, const std::vector<QPointF>& voPath, Qt::MouseButton eButton = Qt::LeftButton,
+           Qt::KeyboardModifiers eModifiers = Qt::NoModifier)
 {
     send(widget, QEvent::MouseButtonPress, voPath.front(), eButton, eModifiers);
     for (std::size_t i = 1; i < voPath.size(); ++i)
         send(widget, QEvent::MouseMove, voPath[i], eButton, eModifiers);
+}
+
+void drag(QWidget& widget, const std::vector<QPointF>& voPath, Qt::MouseButton eButton = Qt::LeftButton,
+          Qt::KeyboardModifiers eModifiers = Qt::NoModifier)
+{
+    press(widget, voPath, eButton, eModifiers);
     send(widget, QEvent::MouseButtonRelease, voPath.back(), eButton, eModifiers);
 }
 
@@ -62,13 +67,6 @@ std::vector<QPointF> box(double dLeft, double dTop, double dRight, double dBotto
 {
     return {{dLeft, dTop}, {dRight, dTop}, {dRight, dBottom}, {dLeft, dBottom}};
 }
-
-class TipPlot : public QCrossPlot
-{
-public:
-    using QCrossPlot::pointToolTip;
-    using QCrossPlot::QCrossPlot;
-};
 
 /// Random points in 0 … 100 on a canvas of 400 × 300 whose y grows upwards.
 struct Plot
@@ -97,13 +95,71 @@ struct Plot
             m_model.addStructuralTopsSenario(QStringLiteral("Tops"));
         return *m_model.structuralTops();
     }
+    void addLines(const std::vector<double>& vdDepths)
+    {
+        for (const double dDepth : vdDepths)
+            tops().insertHorizontalLine(dDepth, 0.0, QStringLiteral("Top"), Qt::red, DepthLineField::Horizon);
+    }
     /// The row of the widget at a y in chart units.
     double rowAt(double dY) { return m_plot.transformInPixelPoint({0.0, dY}).y() - m_plot.pixmapRect().top(); }
 
     std::unique_ptr<MatrixData> m_poX;
     std::unique_ptr<MatrixData> m_poY;
     QRelationshipItemModel m_model;
-    TipPlot m_plot;
+    QCrossPlot m_plot;
+};
+
+/// Applies what the canvas asks for, and writes it down; steps that follow each other as their sum.
+struct LineReceiver
+{
+    explicit LineReceiver(Plot& plot)
+        : m_tops(plot.tops())
+    {
+        QObject* pqContext = &m_context;
+        QObject::connect(&plot.m_plot, &QCrossPlot::sendScatPickPos, pqContext,
+                         [this](const std::vector<int>& viLines) {
+                             m_lLog << QStringLiteral("pick");
+                             for (const int iLine : viLines)
+                                 m_lLog.last() += QStringLiteral(" %1").arg(iLine);
+                             if (!m_bAdd)
+                                 m_tops.deselectAll();
+                             m_tops.setSelected(viLines);
+                         });
+        QObject::connect(&plot.m_plot, &QCrossPlot::sendMoveSelectedUpdate, pqContext,
+                         [this, &plot](const QPointF& oStep) {
+                             if (m_dMoved == 0.0) {
+                                 m_before = m_tops;
+                                 m_lLog << QString();
+                             }
+                             m_dMoved += oStep.y();
+                             m_lLog.last() = QStringLiteral("move %1").arg(m_dMoved);
+                             m_tops.moveSelectedLines(oStep);
+                             plot.m_plot.updateLines();
+                         });
+        QObject::connect(&plot.m_plot, &QCrossPlot::sendMoveSelectedUpdateStop, pqContext, [this] { end("stop"); });
+        QObject::connect(&plot.m_plot, &QCrossPlot::sendMoveSelectedCancel, pqContext, [this] {
+            m_tops = m_before;
+            end("cancel");
+        });
+        QObject::connect(&plot.m_plot, &QCrossPlot::sendInsertScatUpdate, pqContext, [this](const QPointF& oPosition) {
+            m_lLog << QStringLiteral("insert %1").arg(oPosition.y());
+            m_tops.deselectAll();
+            m_tops.setSelected(
+                m_tops.insertHorizontalLine(oPosition.y(), 0.0, QString(), Qt::blue, DepthLineField::Horizon), true);
+        });
+    }
+    void end(const char* pText)
+    {
+        m_dMoved = 0.0;
+        m_lLog << QString::fromLatin1(pText);
+    }
+
+    DepthLineField& m_tops;
+    DepthLineField m_before;
+    bool m_bAdd = false; ///< Ctrl is held
+    double m_dMoved = 0.0;
+    QStringList m_lLog;
+    QObject m_context;
 };
 
 } // namespace
@@ -121,13 +177,16 @@ private slots:
     void modifiersAndButtons();
     void clickSelectsTheNearestPoint();
     void escapeBringsTheSelectionBack();
-    void movedLinesKeepTheirDistances();
-    void onlyAHeldButtonOnPickedLinesMovesThem();
-    void pressesOnLines();
+    void draggedLinesKeepTheirDistances_data();
+    void draggedLinesKeepTheirDistances();
+    void onlyAHeldButtonMovesLines();
+    void picksReplaceAddAndReduce_data();
+    void picksReplaceAddAndReduce();
+    void gripsAreReachable();
+    void boundariesAreRemovedByPress();
     void linesFollowTheirFlags();
     void regressionIsDrawnAndNamed();
     void menuOffersLinesOnlyWhenPicked();
-    void tipNamesThePoint();
     void cursorIsToldInChartUnits();
     void picturesShowNoGesture();
 };
@@ -289,48 +348,79 @@ void TestQCrossPlot::escapeBringsTheSelectionBack()
     QCOMPARE(spy.count(), 0);
 }
 
-void TestQCrossPlot::movedLinesKeepTheirDistances()
+void TestQCrossPlot::draggedLinesKeepTheirDistances_data()
 {
+    QTest::addColumn<bool>("receiver");
+    QTest::addColumn<int>("domains");
+    QTest::newRow("the canvas moves") << false << 0;
+    QTest::newRow("a receiver moves") << true << 0;
+    QTest::newRow("over domains") << true << int(DepthLineField::AllLineDomains);
+}
+
+void TestQCrossPlot::draggedLinesKeepTheirDistances()
+{
+    QFETCH(bool, receiver);
+    QFETCH(int, domains);
     Plot plot;
+    const std::vector<double> vdDepths{20.0, 35.5, 70.0};
+    plot.addLines(vdDepths);
     DepthLineField& tops = plot.tops();
-    for (const double dDepth : {20.0, 35.5, 70.0})
-        tops.insertHorizontalLine(dDepth, 0.0, QStringLiteral("Top"), Qt::red, DepthLineField::Horizon);
-    tops.setSelected(0, true);
-    tops.setSelected(1, true);
+    tops.setDomainType(static_cast<DepthLineField::DomainType>(domains));
+    tops.setSelected({0, 1});
+    tops.setModified(false);
     plot.m_plot.setDataCreationType(QCrossPlot::StructuralTopCreation);
     plot.m_plot.setStructuralTopsMovable(true);
-    double dTold = 0.0;
-    connect(&plot.m_plot, &QCrossPlot::sendMoveSelectedUpdate, this, [&](QPointF oStep) { dTold += oStep.y(); });
-    QSignalSpy stopped(&plot.m_plot, &QCrossPlot::sendMoveSelectedUpdateStop);
-    // Picked beside the line, within the reach of the press.
+    std::unique_ptr<LineReceiver> pReceiver(receiver ? new LineReceiver(plot) : nullptr);
+    const QImage oAtRest = plot.m_plot.grab().toImage();
+    // Pressed beside the line, within reach.
     std::vector<QPointF> voPath{{50.0, plot.rowAt(20.0) + 3.0}};
     for (int i = 1; i <= 25; ++i)
         voPath.push_back(voPath.front() - QPointF(0.0, 3.0 * i));
-    drag(plot.m_plot, voPath);
+    press(plot.m_plot, voPath);
     const double dMoved = 75.0 * 100.0 / 299.0;
     QVERIFY(std::abs(tops.lineDepths()[0] - (20.0 + dMoved)) < 1e-9);
     QVERIFY(std::abs(tops.lineDepths()[1] - tops.lineDepths()[0] - 15.5) < 1e-9);
     QCOMPARE(tops.lineDepths()[2], 70.0);
-    QVERIFY(std::abs(dTold - dMoved) < 1e-9);
-    QCOMPARE(stopped.count(), 1);
+    QVERIFY(plot.m_plot.grab().toImage() != oAtRest);
+
+    // A second button is no release, Escape gives all steps up, and the release after it means nothing.
+    send(plot.m_plot, QEvent::MouseButtonPress, voPath.back(), Qt::RightButton);
+    pressKey(plot.m_plot, Qt::Key_Escape);
+    QCOMPARE(tops.lineDepths(), vdDepths);
+    QVERIFY(receiver || !tops.modified());
+    send(plot.m_plot, QEvent::MouseButtonRelease, voPath.back());
+    if (receiver)
+        QCOMPARE(pReceiver->m_lLog, (QStringList{"pick 0 1", "move 25.0836", "cancel"}));
+    drag(plot.m_plot, voPath);
+    QVERIFY(std::abs(tops.lineDepths()[0] - (20.0 + dMoved)) < 1e-9);
+    QCOMPARE(tops.selectedLines(), (std::vector<int>{0, 1}));
+    if (receiver)
+        QCOMPARE(pReceiver->m_lLog.mid(3), (QStringList{"pick 0 1", "move 25.0836", "stop"}));
+    // One pixel up.
+    QKeyEvent nudge(QEvent::KeyPress, Qt::Key_Up, Qt::AltModifier);
+    QCoreApplication::sendEvent(&plot.m_plot, &nudge);
+    QVERIFY(std::abs(tops.lineDepths()[1] - (35.5 + dMoved + 100.0 / 299.0)) < 1e-9);
 }
 
-void TestQCrossPlot::onlyAHeldButtonOnPickedLinesMovesThem()
+void TestQCrossPlot::onlyAHeldButtonMovesLines()
 {
     Plot plot;
-    DepthLineField& tops = plot.tops();
-    tops.insertHorizontalLine(20.0, 0.0, QStringLiteral("Hidden"), Qt::red, DepthLineField::Fault);
-    tops.insertHorizontalLine(20.5, 0.0, QStringLiteral("Shown"), Qt::red, DepthLineField::Horizon);
-    tops.setShowFaults(false);
+    plot.addLines({20.5});
+    const DepthLineField& tops = plot.tops();
     plot.m_plot.setDataCreationType(QCrossPlot::StructuralTopCreation);
     plot.m_plot.setStructuralTopsMovable(true);
     // The release goes to a dialog that the press opened.
     send(plot.m_plot, QEvent::MouseButtonPress, {50.0, plot.rowAt(20.0)});
-    QCOMPARE(tops.selectedLines(), std::vector<int>{1});
+    QCOMPARE(tops.selectedLines(), std::vector<int>{0});
     send(plot.m_plot, QEvent::MouseMove, {50.0, 10.0}, Qt::NoButton);
-    QCOMPARE(tops.lineDepths()[1], 20.5);
+    QCOMPARE(tops.lineDepths()[0], 20.5);
+    // A press beside all lines drags none, but the one that is inserted there.
     drag(plot.m_plot, {{50.0, plot.rowAt(70.0)}, {50.0, plot.rowAt(80.0)}});
-    QCOMPARE(tops.lineDepths()[1], 20.5);
+    QCOMPARE(tops.lineDepths()[0], 20.5);
+    const LineReceiver receiver(plot);
+    drag(plot.m_plot, {{50.0, plot.rowAt(40.0)}, {50.0, plot.rowAt(50.0)}});
+    QCOMPARE(receiver.m_lLog, (QStringList{"insert 40", "move 10", "stop"}));
+    QCOMPARE(tops.lineDepths(), (std::vector<double>{20.5, 50.0}));
 
     // An outline whose release was lost is given up.
     plot.m_plot.setDataCreationType(QCrossPlot::NoCreation);
@@ -341,27 +431,86 @@ void TestQCrossPlot::onlyAHeldButtonOnPickedLinesMovesThem()
     QCOMPARE(plot.m_model.selectedRecords(), std::vector<int>{3});
 }
 
-void TestQCrossPlot::pressesOnLines()
+void TestQCrossPlot::picksReplaceAddAndReduce_data()
 {
+    QTest::addColumn<bool>("receiver");
+    QTest::newRow("the canvas picks") << false;
+    QTest::newRow("a receiver picks") << true;
+}
+
+void TestQCrossPlot::picksReplaceAddAndReduce()
+{
+    QFETCH(bool, receiver);
     Plot plot;
+    plot.addLines({20.0, 60.0, 61.0, 80.0});
     DepthLineField& tops = plot.tops();
-    tops.insertHorizontalLine(20.0, 0.0, QStringLiteral("A"), Qt::red, DepthLineField::Horizon);
-    tops.insertHorizontalLine(60.0, 0.0, QStringLiteral("B"), Qt::red, DepthLineField::Horizon);
+    tops.insertHorizontalLine(60.0, 0.0, QStringLiteral("hidden"), Qt::red, DepthLineField::Fault);
+    tops.setShowFaults(false);
     plot.m_plot.setDataCreationType(QCrossPlot::StructuralTopCreation);
-    QSignalSpy picked(&plot.m_plot, &QCrossPlot::sendScatPickPos);
-    QSignalSpy inserted(&plot.m_plot, &QCrossPlot::sendInsertScatUpdate);
+    plot.m_plot.setStructuralTopsMovable(true);
+    const std::unique_ptr<LineReceiver> pReceiver(receiver ? new LineReceiver(plot) : nullptr);
+    const auto click = [&](double dY, Qt::KeyboardModifiers eModifiers = Qt::NoModifier,
+                           Qt::MouseButton eButton = Qt::LeftButton) {
+        if (pReceiver)
+            pReceiver->m_bAdd = eModifiers == Qt::ControlModifier;
+        drag(plot.m_plot, {{200.0, plot.rowAt(dY)}}, eButton, eModifiers);
+        return tops.selectedLines();
+    };
+    QCOMPARE(click(20.0), std::vector<int>{0});
+    QCOMPARE(click(60.3), std::vector<int>{1}); // the nearest of two within reach
+    QCOMPARE(click(60.7), std::vector<int>{2});
+    QCOMPARE(click(20.0, Qt::ControlModifier), (std::vector<int>{0, 2}));
+    QCOMPARE(click(20.0, Qt::ControlModifier), (std::vector<int>{0, 2}));
+    QCOMPARE(click(20.0), std::vector<int>{0});
+    // The menu is for the line under it, or for all picked ones, and leaves points alone.
+    plot.m_model.setSelectedRecords({3});
+    QCOMPARE(click(80.0, {}, Qt::RightButton), std::vector<int>{3});
+    QCOMPARE(click(20.0, Qt::ControlModifier), (std::vector<int>{0, 3}));
+    QCOMPARE(click(80.0, {}, Qt::RightButton), (std::vector<int>{0, 3}));
+    QCOMPARE(click(40.0, {}, Qt::RightButton), (std::vector<int>{0, 3}));
+    QCOMPARE(plot.m_model.selectedRecords(), std::vector<int>{3});
+    // Who hears of cleared points and unpicks the lines for that leaves the new pick.
+    connect(&plot.m_plot, &QCrossPlot::dataPointsSelection, this, [&tops] { tops.deselectAll(); });
+    QCOMPARE(click(60.0), std::vector<int>{1});
+
     QSignalSpy deleted(&plot.m_plot, &QCrossPlot::sendDeleteSelectedUpdate);
-    drag(plot.m_plot, {{10.0, plot.rowAt(20.0)}});
-    drag(plot.m_plot, {{10.0, plot.rowAt(60.0)}}, Qt::LeftButton, Qt::ControlModifier);
-    QCOMPARE(tops.selectedLines(), (std::vector<int>{0, 1}));
-    drag(plot.m_plot, {{10.0, plot.rowAt(60.0)}});
-    QCOMPARE(picked.count(), 3);
     pressKey(plot.m_plot, Qt::Key_Delete);
     QCOMPARE(deleted.count(), 1);
-    drag(plot.m_plot, {{100.0, plot.rowAt(40.0)}});
-    QCOMPARE(inserted.count(), 1);
-    QVERIFY(std::abs(inserted[0][0].toPointF().y() - 40.0) < 1e-9);
+}
 
+void TestQCrossPlot::gripsAreReachable()
+{
+    Plot plot;
+    // Upwards: the first lies at the bottom. Four within one grip's height, two at the same depth.
+    plot.addLines({50.0, 50.5, 51.0, 51.0, 0.0, 100.0});
+    DepthLineField& tops = plot.tops();
+    plot.m_plot.setDataCreationType(QCrossPlot::NoCreation);
+    plot.m_plot.setStructuralTopsMovable(true);
+    const std::vector<std::pair<int, QRectF>> vHandles = plot.m_plot.lineHandles();
+    QCOMPARE(int(vHandles.size()), tops.count());
+    for (const auto& [iLine, oRect] : vHandles) {
+        QVERIFY(QRectF(plot.m_plot.rect()).contains(oRect));
+        for (const auto& [iOther, oOther] : vHandles)
+            QVERIFY(iOther == iLine || !oOther.intersects(oRect));
+        drag(plot.m_plot, {oRect.center()});
+        QCOMPARE(tops.selectedLines(), std::vector<int>{iLine});
+    }
+    // Beside the grip the line is no obstacle to an outline; on it the line is dragged.
+    plot.m_model.setSelectedRecords({});
+    drag(plot.m_plot, {{200.0, plot.rowAt(50.0)}, {399.0, plot.rowAt(50.0)}, {399.0, 0.0}, {200.0, 0.0}});
+    QVERIFY(plot.m_model.numberOfSelectedPoints() > 100);
+    const QPointF oGrip = plot.m_plot.lineHandles().front().second.center();
+    const int iLine = plot.m_plot.lineAt(oGrip);
+    const double dBefore = tops.lineDepths()[static_cast<std::size_t>(iLine)];
+    drag(plot.m_plot, {oGrip, oGrip + QPointF(0.0, 29.9)});
+    QVERIFY(std::abs(tops.lineDepths()[static_cast<std::size_t>(iLine)] - (dBefore - 10.0)) < 1e-9);
+    plot.m_plot.setStructuralTopsMovable(false);
+    QCOMPARE(plot.m_plot.lineAt(plot.m_plot.lineHandles().front().second.center()), -1);
+}
+
+void TestQCrossPlot::boundariesAreRemovedByPress()
+{
+    Plot plot;
     plot.m_model.generateNumberOfIntervalFilter(4, 0.0, 100.0);
     QSignalSpy changed(&plot.m_plot, &QCrossPlot::intervalBoundariesChanged);
     plot.m_plot.setDataCreationType(QCrossPlot::IntervalBoundaryRemoval);
@@ -385,7 +534,7 @@ void TestQCrossPlot::linesFollowTheirFlags()
     QStringList lLabels;
     for (const CrossPlotDepthLine& line : crossPlotDepthLines(field, oMap, oChart))
         lLabels << QStringLiteral("%1@%2").arg(line.m_sLabel).arg(line.m_dY);
-    QCOMPARE(lLabels, (QStringList{"F@10", "H1 35/120@30", "A@40", "H2@80"}));
+    QCOMPARE(lLabels, (QStringList{"F@10", "H1@30", "A@40", "H2@80"}));
     field.setShowFaults(false);
     field.setShowAverageOrientations(false);
     field.setShowHorizonLables(false);
@@ -452,17 +601,6 @@ void TestQCrossPlot::menuOffersLinesOnlyWhenPicked()
         lTexts << pqAction->text();
     lTexts.removeAll(QString());
     QCOMPARE(lTexts, (QStringList{"Rename...", "Modify Colour...", "Modify Orientation", "Delete"}));
-}
-
-void TestQCrossPlot::tipNamesThePoint()
-{
-    Plot plot(10);
-    const QString sTip = plot.m_plot.pointToolTip(3);
-    QVERIFY(sTip.startsWith("Porosity: "));
-    QVERIFY(sTip.contains("\nDensity: "));
-    QVERIFY(sTip.endsWith("Record 4"));
-    QVERIFY(plot.m_plot.pointToolTip(5).isEmpty());
-    QVERIFY(plot.m_plot.pointToolTip(-1).isEmpty());
 }
 
 void TestQCrossPlot::cursorIsToldInChartUnits()

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <set>
 #include <utility>
 
@@ -14,17 +15,25 @@ namespace {
 /// Pixel spans up to this have no length.
 constexpr double g_dSmallestSpan = 0.0005;
 
+/// Grips do not spread over more of the chart than this.
+constexpr double g_dHandleShare = 0.5;
+constexpr double g_dHandleMargin = 2.0;
+constexpr double g_dHandleGap = 1.0;
+
+bool hasOrientation(const QPointF& oDipAndAzimuth)
+{
+    const auto isSet = [](double dAngle) { return !isMissing(dAngle) && dAngle >= 0.0; };
+    return isSet(oDipAndAzimuth.x()) && isSet(oDipAndAzimuth.y());
+}
+
+/// An average orientation is named by what it is; other lines have a mark for it.
 QString labelOf(const DepthLineField& oField, std::size_t iLine)
 {
     const QString& sName = oField.lineNames()[iLine];
-    const QPointF& oOrientation = oField.lineOrientations()[iLine];
-    const auto isSet = [](double dAngle) { return !isMissing(dAngle) && dAngle >= 0.0; };
-    if (!isSet(oOrientation.x()) || !isSet(oOrientation.y())) {
+    if (oField.lineTypes()[iLine] != DepthLineField::AverageOrientation) {
         return sName;
     }
-    const QString sOrientation = QStringLiteral("%1/%2").arg(QString::number(oOrientation.x(), 'f', 0),
-                                                             QString::number(oOrientation.y(), 'f', 0));
-    return sName.isEmpty() ? sOrientation : sName + QLatin1Char(' ') + sOrientation;
+    return (sName + QLatin1Char(' ') + lineOrientationText(oField.lineOrientations()[iLine])).trimmed();
 }
 
 bool boundsDomains(DepthLineField::DomainType eDomains, DepthLineField::DataType eType)
@@ -45,12 +54,12 @@ CrossPlotDepthLine depthLine(const DepthLineField& oField, std::size_t iLine, do
 {
     const DepthLineField::DataType eType = oField.lineTypes()[iLine];
     CrossPlotDepthLine line;
+    line.m_iLine = static_cast<int>(iLine);
+    line.m_eType = eType;
     line.m_dY = dY;
     line.m_oColor = oField.lineColors()[iLine];
     line.m_iWidth = oField.lineWidth();
     line.m_bSelected = oField.isSelected(static_cast<int>(iLine));
-    line.m_bDashed = DepthLineField::isStructuralPlane(eType);
-    line.m_bDotted = eType == DepthLineField::AverageOrientation;
     if (oField.isLabelShown(eType)) {
         line.m_sLabel = labelOf(oField, iLine);
     }
@@ -126,15 +135,14 @@ std::vector<CrossPlotDepthLine> crossPlotDepthLines(const DepthLineField& oField
                                                     const QSize& oChart)
 {
     std::vector<CrossPlotDepthLine> vLines;
-    std::set<int> rows; // that hold a plain line
+    std::set<int> rows; // that hold a boundary
     for (std::size_t i = 0; i < oField.lineDepths().size(); ++i) {
         const double dY = oMap.m_oY.toPixel(oField.lineDepths()[i]);
         if (!oField.isShown(oField.lineTypes()[i]) || !(dY >= -1.0 && dY <= oChart.height())) {
             continue;
         }
-        CrossPlotDepthLine line = depthLine(oField, i, dY);
-        if (line.m_bSelected || !line.m_sLabel.isEmpty() || rows.insert(qRound(dY)).second) {
-            vLines.push_back(std::move(line));
+        if (oField.lineTypes()[i] != DepthLineField::IntervalBoundary || rows.insert(qRound(dY)).second) {
+            vLines.push_back(depthLine(oField, i, dY));
         }
     }
     std::stable_sort(vLines.begin(), vLines.end(),
@@ -169,6 +177,151 @@ std::vector<CrossPlotDomain> crossPlotDomains(const DepthLineField& oField, cons
     return vDomains;
 }
 
-// ---- mouse ----------------------------------------------------------------------------------------------------------
+// ---- grips and marks ------------------------------------------------------------------------------------------------
+
+int nearestShownLine(const DepthLineField& oField, double dDepth, double dTolerance)
+{
+    int iNearest = -1;
+    double dNearest = dTolerance;
+    for (std::size_t i = 0; i < oField.lineDepths().size(); ++i) {
+        const double dDistance = std::abs(oField.lineDepths()[i] - dDepth);
+        if (dDistance <= dNearest && oField.isShown(oField.lineTypes()[i])) {
+            dNearest = dDistance;
+            iNearest = static_cast<int>(i);
+        }
+    }
+    return iNearest;
+}
+
+QString lineTypeLetter(DepthLineField::DataType eType)
+{
+    switch (eType) {
+    case DepthLineField::CrestalPlane:
+        return QStringLiteral("C");
+    case DepthLineField::AxialPlane:
+        return QStringLiteral("A");
+    case DepthLineField::InflectionPlane:
+        return QStringLiteral("I");
+    case DepthLineField::Horizon:
+        return QStringLiteral("H");
+    case DepthLineField::Fault:
+        return QStringLiteral("F");
+    default:
+        return {};
+    }
+}
+
+namespace {
+
+/// Columns of grips, each with the upper edges of its grips, rising.
+class HandleColumns
+{
+public:
+    explicit HandleColumns(double dWidth)
+        : m_vdTops(static_cast<std::size_t>(std::max(1.0, std::floor(dWidth / (CrossPlotLineHandle::s_dSize + 2.0)))))
+    {
+    }
+
+    /// The first column with room for a grip there, or the one where it covers least; takes the place.
+    std::size_t take(double dTop)
+    {
+        std::size_t iBest = 0;
+        double dFarthest = -1.0;
+        for (std::size_t i = 0; i < m_vdTops.size() && dFarthest < CrossPlotLineHandle::s_dSize + g_dHandleGap; ++i) {
+            const double dDistance = distance(m_vdTops[i], dTop);
+            if (dDistance > dFarthest) {
+                dFarthest = dDistance;
+                iBest = i;
+            }
+        }
+        std::vector<double>& vdTops = m_vdTops[iBest];
+        vdTops.insert(std::upper_bound(vdTops.begin(), vdTops.end(), dTop), dTop);
+        return iBest;
+    }
+
+private:
+    static double distance(const std::vector<double>& vdTops, double dTop)
+    {
+        const auto next = std::lower_bound(vdTops.begin(), vdTops.end(), dTop);
+        const double dBelow = next == vdTops.end() ? HUGE_VAL : *next - dTop;
+        return next == vdTops.begin() ? dBelow : std::min(dBelow, dTop - *(next - 1));
+    }
+
+    std::vector<std::vector<double>> m_vdTops;
+};
+
+} // namespace
+
+std::vector<CrossPlotLineHandle> crossPlotLineHandles(std::span<const CrossPlotDepthLine> vLines, const QRect& oVisible)
+{
+    constexpr double dSize = CrossPlotLineHandle::s_dSize;
+    // In the order of insertion: neither a pick nor a move of a line lets the grips of earlier ones jump.
+    std::vector<std::size_t> viOrder(vLines.size());
+    std::iota(viOrder.begin(), viOrder.end(), std::size_t{0});
+    std::sort(viOrder.begin(), viOrder.end(),
+              [&vLines](std::size_t a, std::size_t b) { return vLines[a].m_iLine < vLines[b].m_iLine; });
+    std::vector<CrossPlotLineHandle> vHandles;
+    HandleColumns columns(oVisible.width() * g_dHandleShare);
+    for (const std::size_t i : viOrder) {
+        const double dY = std::round(vLines[i].m_dY) - oVisible.top();
+        if (dY < 0.0 || dY >= oVisible.height()) {
+            continue;
+        }
+        const double dTop = std::clamp(dY - std::floor(dSize / 2.0), 0.0, std::max(0.0, oVisible.height() - dSize));
+        const double dLeft = g_dHandleMargin + static_cast<double>(columns.take(dTop)) * (dSize + 2.0);
+        vHandles.push_back({i, QRectF(dLeft, dTop, dSize, dSize)});
+    }
+    std::stable_partition(vHandles.begin(), vHandles.end(), [&vLines](const CrossPlotLineHandle& handle) {
+        return !vLines[handle.m_iShape].m_bSelected;
+    });
+    return vHandles;
+}
+
+int lineHandleAt(std::span<const CrossPlotLineHandle> vHandles, const QPointF& oPosition)
+{
+    for (std::size_t i = vHandles.size(); i-- > 0;) {
+        if (vHandles[i].m_oRect.contains(oPosition)) {
+            return static_cast<int>(vHandles[i].m_iShape);
+        }
+    }
+    return -1;
+}
+
+std::vector<CrossPlotOrientationMark>
+crossPlotOrientationMarks(const DepthLineField& oField, std::span<const CrossPlotDepthLine> vLines,
+                          const std::function<double(const QPointF& oDipAndAzimuth)>& position,
+                          const CrossPlotScale& oX, const QRect& oVisible)
+{
+    std::vector<CrossPlotOrientationMark> vMarks;
+    if (!position || !oField.showAverageOrientations()) {
+        return vMarks;
+    }
+    for (const CrossPlotDepthLine& line : vLines) {
+        const QPointF& oOrientation = oField.lineOrientations()[static_cast<std::size_t>(line.m_iLine)];
+        const double dY = line.m_dY - oVisible.top();
+        if (!hasOrientation(oOrientation) || dY < 0.0 || dY >= oVisible.height()) {
+            continue;
+        }
+        const double dX = oX.toPixel(position(oOrientation));
+        if (!std::isfinite(dX)) {
+            continue;
+        }
+        const bool bBeyond = dX < 0.0 || dX > oX.m_dLastPixel;
+        const double dInset = bBeyond ? CrossPlotOrientationMark::s_iRadius + g_dHandleMargin : 0.0;
+        const double dShown = std::clamp(dX, dInset, std::max(dInset, oX.m_dLastPixel - dInset));
+        vMarks.push_back({QPointF(dShown - oVisible.left(), dY), oOrientation.y(), bBeyond, line.m_oColor,
+                          oField.showAverageOrientationLabels() ? lineOrientationText(oOrientation) : QString()});
+    }
+    return vMarks;
+}
+
+QString lineOrientationText(const QPointF& oDipAndAzimuth)
+{
+    if (!hasOrientation(oDipAndAzimuth)) {
+        return {};
+    }
+    const int iAzimuth = qRound(oDipAndAzimuth.y()) % 360;
+    return QStringLiteral("%1/%2").arg(qRound(oDipAndAzimuth.x())).arg(iAzimuth, 3, 10, QLatin1Char('0'));
+}
 
 } // namespace gkBase

@@ -1,10 +1,14 @@
 #include "CrossPlotPainting.h"
 
 #include "LabelPlacement.h"
+#include "PainterState.h"
 #include "PointSelection.h"
 #include "ReadableColor.h"
+#include "SymbolGeometry.h"
 
+#include <QFont>
 #include <QFontMetricsF>
+#include <QList>
 #include <QPainter>
 #include <QPen>
 
@@ -12,6 +16,7 @@
 #include <array>
 #include <cmath>
 #include <numeric>
+#include <optional>
 
 namespace gkBase {
 
@@ -24,6 +29,13 @@ constexpr double g_dPadding = 3.0;
 constexpr double g_dStripe = 4.0;
 constexpr double g_dMargin = 6.0;
 constexpr int g_iBoxAlpha = 225;
+constexpr double g_dBroader = 2.0; ///< what faults exceed other lines by
+constexpr double g_dHoverBand = 8.0;
+constexpr int g_iHoverAlpha = 70;
+constexpr int g_iHandleFont = 9; ///< pixels
+constexpr int g_iDarkGray = 140;
+constexpr double g_dMarkPen = 2.0;
+constexpr double g_dLabelShare = 0.7; ///< of the width, for the longest name
 
 void drawLineWithHalo(QPainter& painter, const QLineF& oLine, const QPen& pen, const CrossPlotStyle& style)
 {
@@ -55,12 +67,41 @@ QSizeF boxSize(const QPainter& painter, const QString& sText)
     return {std::ceil(oText.width()) + 2.0 * g_dPadding, std::ceil(oText.height())};
 }
 
-Qt::PenStyle penStyle(const CrossPlotDepthLine& line)
+/// Dashes and gaps in pixels; empty for a solid line.
+QList<qreal> dashesOf(DepthLineField::DataType eType)
 {
-    if (line.m_bDotted) {
-        return Qt::DotLine;
+    switch (eType) {
+    case DepthLineField::CrestalPlane:
+        return {14.0, 5.0};
+    case DepthLineField::AxialPlane:
+        return {9.0, 4.0, 2.0, 4.0};
+    case DepthLineField::InflectionPlane:
+        return {3.0, 3.0};
+    case DepthLineField::AverageOrientation:
+        return {1.0, 2.0};
+    default:
+        return {};
     }
-    return line.m_bDashed ? Qt::DashLine : Qt::SolidLine;
+}
+
+QPen linePen(const CrossPlotDepthLine& line, const QColor& oColor)
+{
+    const double dWidth = line.m_iWidth + (line.m_eType == DepthLineField::Fault ? g_dBroader : 0.0);
+    QPen pen(oColor, dWidth, Qt::SolidLine, Qt::FlatCap);
+    QList<qreal> vdDashes = dashesOf(line.m_eType);
+    if (!vdDashes.isEmpty()) {
+        for (qreal& dLength : vdDashes) {
+            dLength /= dWidth; // pens count in their widths
+        }
+        pen.setDashPattern(vdDashes);
+    }
+    return pen;
+}
+
+/// Black or white, whichever is easier to read on the colour.
+QColor inkOn(const QColor& oColor)
+{
+    return qGray(oColor.rgb()) < g_iDarkGray ? Qt::white : Qt::black;
 }
 
 double distanceToLine(const QPointF& oPoint, const QLineF& oLine)
@@ -101,21 +142,6 @@ void drawCrossPlotBoundaries(QPainter& painter, std::span<const CrossPlotDepthLi
     }
 }
 
-void drawCrossPlotDepthLines(QPainter& painter, std::span<const CrossPlotDepthLine> vLines, const QRectF& oPlot,
-                             const CrossPlotStyle& style)
-{
-    for (const CrossPlotDepthLine& line : vLines) {
-        const QLineF oLine(oPlot.left(), line.m_dY, oPlot.right(), line.m_dY);
-        const QColor oColor = readableColor(line.m_oColor, style.m_oBackground, style.m_oLabel);
-        if (line.m_bSelected) {
-            // Broad, and with an edge of the label colour.
-            painter.setPen(QPen(style.m_oLabel, line.m_iWidth + 2.0 * g_dHalo, Qt::SolidLine, Qt::FlatCap));
-            painter.drawLine(oLine);
-        }
-        drawLineWithHalo(painter, oLine, QPen(oColor, line.m_iWidth, penStyle(line), Qt::FlatCap), style);
-    }
-}
-
 void drawCrossPlotRegression(QPainter& painter, const QLineF& oLine, const CrossPlotStyle& style)
 {
     if (oLine.isNull()) {
@@ -146,19 +172,115 @@ void drawCrossPlotRange(QPainter& painter, const CrossPlotRange& oRange, const C
     }
 }
 
-void drawCrossPlotLabels(QPainter& painter, std::span<const CrossPlotDepthLine> vLines, const QRect& oVisible,
-                         LabelPlacement& placement, const CrossPlotStyle& style)
+void drawCrossPlotDepthLines(QPainter& painter, std::span<const CrossPlotDepthLine> vLines, int iHovered,
+                             const QRect& oVisible, const CrossPlotStyle& style)
+{
+    const PainterState state(&painter);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    for (const CrossPlotDepthLine& line : vLines) {
+        const double dY = line.m_dY - oVisible.top();
+        if (dY < -1.0 || dY > oVisible.height()) {
+            continue;
+        }
+        const QLineF oLine(0.0, dY, oVisible.width(), dY);
+        const QPen pen = linePen(line, readableColor(line.m_oColor, style.m_oBackground, style.m_oLabel));
+        if (line.m_iLine == iHovered) {
+            QColor oBand = style.m_oLabel;
+            oBand.setAlpha(g_iHoverAlpha);
+            painter.setPen(QPen(oBand, pen.widthF() + g_dHoverBand, Qt::SolidLine, Qt::FlatCap));
+            painter.drawLine(oLine);
+        }
+        if (line.m_bSelected) {
+            painter.setPen(QPen(style.m_oLabel, pen.widthF() + 2.0 * g_dHalo, Qt::SolidLine, Qt::FlatCap));
+            painter.drawLine(oLine);
+        }
+        drawLineWithHalo(painter, oLine, pen, style);
+    }
+}
+
+void drawCrossPlotHandles(QPainter& painter, std::span<const CrossPlotLineHandle> vHandles,
+                          std::span<const CrossPlotDepthLine> vLines, int iHovered, LabelPlacement& placement,
+                          const CrossPlotStyle& style)
+{
+    const PainterState state(&painter);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    QFont font = painter.font();
+    font.setPixelSize(g_iHandleFont);
+    font.setBold(true);
+    painter.setFont(font);
+    for (const CrossPlotLineHandle& handle : vHandles) {
+        const CrossPlotDepthLine& line = vLines[handle.m_iShape];
+        const QColor oColor = readableColor(line.m_oColor, style.m_oBackground, style.m_oLabel);
+        const bool bFilled = line.m_bSelected || line.m_iLine == iHovered;
+        const QRectF& oRect = handle.m_oRect;
+        placement.block(oRect);
+        // A rim of the background parts it from its neighbours, a further one marks what is selected.
+        painter.fillRect(oRect.adjusted(-1.0, -1.0, 1.0, 1.0), line.m_bSelected ? style.m_oLabel : style.m_oBackground);
+        painter.fillRect(oRect, oColor);
+        if (!bFilled) {
+            painter.fillRect(oRect.adjusted(1.0, 1.0, -1.0, -1.0), style.m_oBackground);
+        }
+        painter.setPen(bFilled ? inkOn(oColor) : style.m_oLabel);
+        painter.drawText(oRect, Qt::AlignCenter | Qt::TextDontClip, lineTypeLetter(line.m_eType));
+    }
+}
+
+void drawCrossPlotOrientationMarks(QPainter& painter, std::span<const CrossPlotOrientationMark> vMarks,
+                                   LabelPlacement& placement, const CrossPlotStyle& style)
+{
+    const PainterState state(&painter);
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    constexpr int iRadius = CrossPlotOrientationMark::s_iRadius;
+    for (const CrossPlotOrientationMark& mark : vMarks) {
+        const std::optional<QLineF> oTail = tadpoleTail(mark.m_oCentre, mark.m_dAzimuth, iRadius);
+        // Background below, so that it stands out from points.
+        for (const bool bGround : {true, false}) {
+            const double dHalo = bGround ? g_dHalo : 0.0;
+            painter.setPen(QPen(bGround ? style.m_oBackground : style.m_oLabel, g_dMarkPen + dHalo));
+            painter.setBrush(mark.m_bBeyond || bGround ? style.m_oBackground : mark.m_oColor);
+            if (oTail) {
+                painter.drawLine(*oTail);
+            }
+            painter.drawEllipse(mark.m_oCentre, iRadius, iRadius);
+        }
+        placement.block(QRectF(mark.m_oCentre, QSizeF()).adjusted(-iRadius, -iRadius, iRadius, iRadius));
+    }
+}
+
+void drawCrossPlotOrientationLabels(QPainter& painter, std::span<const CrossPlotOrientationMark> vMarks,
+                                    LabelPlacement& placement, const CrossPlotStyle& style)
+{
+    constexpr double dReach = CrossPlotOrientationMark::s_iRadius + g_dPadding;
+    for (const CrossPlotOrientationMark& mark : vMarks) {
+        if (mark.m_sLabel.isEmpty()) {
+            continue;
+        }
+        const QRectF oAnchor = QRectF(mark.m_oCentre, QSizeF()).adjusted(-dReach, -dReach, dReach, dReach);
+        const QRectF oBox = placement.place(oAnchor, boxSize(painter, mark.m_sLabel));
+        if (!oBox.isNull()) {
+            drawBox(painter, oBox, mark.m_sLabel, QColor(), style);
+        }
+    }
+}
+
+void drawCrossPlotLabels(QPainter& painter, std::span<const CrossPlotDepthLine> vLines, int iHovered,
+                         const QRect& oVisible, LabelPlacement& placement, const CrossPlotStyle& style)
 {
     std::vector<std::size_t> viOrder(vLines.size());
     std::iota(viOrder.begin(), viOrder.end(), std::size_t{0});
-    std::stable_partition(viOrder.begin(), viOrder.end(), [&vLines](std::size_t i) { return vLines[i].m_bSelected; });
+    const auto rest = std::stable_partition(viOrder.begin(), viOrder.end(),
+                                            [&](std::size_t i) { return vLines[i].m_iLine == iHovered; });
+    std::stable_partition(rest, viOrder.end(), [&vLines](std::size_t i) { return vLines[i].m_bSelected; });
+    const QFontMetricsF metrics(painter.font(), painter.device());
+    const double dWidest = oVisible.width() * g_dLabelShare;
     for (const std::size_t i : viOrder) {
         const CrossPlotDepthLine& line = vLines[i];
         const double dY = line.m_dY - oVisible.top();
         if (line.m_sLabel.isEmpty() || dY < 0.0 || dY >= oVisible.height()) {
             continue;
         }
-        const QSizeF oSize = boxSize(painter, line.m_sLabel) + QSizeF(g_dStripe, 0.0);
+        const QString sLabel = metrics.elidedText(line.m_sLabel, Qt::ElideRight, dWidest);
+        const QSizeF oSize = boxSize(painter, sLabel) + QSizeF(g_dStripe, 0.0);
         const double dX = oVisible.width() - oSize.width() - g_dMargin;
         // Above the line, or below it where there is no room.
         const std::array<QRectF, 2> voBoxes{QRectF(QPointF(dX, dY - 2.0 - oSize.height()), oSize),
@@ -166,7 +288,7 @@ void drawCrossPlotLabels(QPainter& painter, std::span<const CrossPlotDepthLine> 
         const QRectF oBox = placement.place(voBoxes);
         if (!oBox.isNull()) {
             // The stripe tells which of two lines beside a label is meant.
-            drawBox(painter, oBox.adjusted(g_dStripe, 0.0, 0.0, 0.0), line.m_sLabel,
+            drawBox(painter, oBox.adjusted(g_dStripe, 0.0, 0.0, 0.0), sLabel,
                     line.m_bSelected ? style.m_oLabel : QColor(), style);
             painter.fillRect(QRectF(oBox.topLeft(), QSizeF(g_dStripe, oBox.height())),
                              readableColor(line.m_oColor, style.m_oBackground, style.m_oLabel));

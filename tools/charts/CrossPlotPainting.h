@@ -33,9 +33,6 @@ void drawCrossPlotDomains(QPainter& painter, std::span<const CrossPlotDomain> vD
 /// Thin lines that lie under the data.
 void drawCrossPlotBoundaries(QPainter& painter, std::span<const CrossPlotDepthLine> vLines, const QRectF& oPlot,
                              const CrossPlotStyle& style);
-/// Lines with a halo of the background, so that they stand out from points of any colour.
-void drawCrossPlotDepthLines(QPainter& painter, std::span<const CrossPlotDepthLine> vLines, const QRectF& oPlot,
-                             const CrossPlotStyle& style);
 void drawCrossPlotRegression(QPainter& painter, const QLineF& oLine, const CrossPlotStyle& style);
 void drawCrossPlotRange(QPainter& painter, const CrossPlotRange& oRange, const CrossPlotMap& oMap, const QRectF& oPlot,
                         const CrossPlotStyle& style);
@@ -43,10 +40,26 @@ void drawCrossPlotRange(QPainter& painter, const CrossPlotRange& oRange, const C
 /// Everything below sticks to the visible part: painter and placement are in its co-ordinates, oVisible in chart
 /// pixels. What is drawn first takes its place first.
 
-/// The names of the lines at the right edge; of names that would cover each other the selected line's stays, otherwise
-/// the upper one's.
-void drawCrossPlotLabels(QPainter& painter, std::span<const CrossPlotDepthLine> vLines, const QRect& oVisible,
-                         LabelPlacement& placement, const CrossPlotStyle& style);
+/// Lines with a halo of the background, so that they stand out from points of any colour. Their types are told apart by
+/// dashes and width: crestal planes have long dashes, axial planes dashes and dots, inflection planes short dashes,
+/// horizons are solid and faults solid and broad. Selected lines lie between edges of the label's colour, and the
+/// hovered one (its number in the field, −1 for none) on a pale band.
+void drawCrossPlotDepthLines(QPainter& painter, std::span<const CrossPlotDepthLine> vLines, int iHovered,
+                             const QRect& oVisible, const CrossPlotStyle& style);
+/// The grips with the letters of their types: hollow ones, and filled ones of selected and hovered lines.
+void drawCrossPlotHandles(QPainter& painter, std::span<const CrossPlotLineHandle> vHandles,
+                          std::span<const CrossPlotDepthLine> vLines, int iHovered, LabelPlacement& placement,
+                          const CrossPlotStyle& style);
+/// Large tadpoles, open where they stand at the chart's side in place of one beyond it.
+void drawCrossPlotOrientationMarks(QPainter& painter, std::span<const CrossPlotOrientationMark> vMarks,
+                                   LabelPlacement& placement, const CrossPlotStyle& style);
+/// Their texts, where there is room.
+void drawCrossPlotOrientationLabels(QPainter& painter, std::span<const CrossPlotOrientationMark> vMarks,
+                                    LabelPlacement& placement, const CrossPlotStyle& style);
+/// The names of the lines at the right edge; of names that would cover each other the hovered and the selected lines'
+/// stay, otherwise the upper one's.
+void drawCrossPlotLabels(QPainter& painter, std::span<const CrossPlotDepthLine> vLines, int iHovered,
+                         const QRect& oVisible, LabelPlacement& placement, const CrossPlotStyle& style);
 /// A framed text in the corner that lies farthest from the line.
 void drawCrossPlotText(QPainter& painter, const QString& sText, const QLineF& oLine, const QRect& oVisible,
                        LabelPlacement& placement, const CrossPlotStyle& style);

@@ -122,6 +122,12 @@ void QCrossPlot::setPickingPixels(int iPixels)
     m_iPickingPixels = std::max(iPixels, 0);
 }
 
+void QCrossPlot::setLineOrientationPosition(std::function<double(const QPointF& oDipAndAzimuth)> position)
+{
+    m_linePosition = std::move(position);
+    update();
+}
+
 void QCrossPlot::setShowRegressionLine(bool bShow)
 {
     m_bShowRegression = bShow;
@@ -210,26 +216,37 @@ int QCrossPlot::recordAt(const QPointF& oPixel, double dDistance)
 void QCrossPlot::layoutChart()
 {
     m_oPlotRect = QRectF(QPointF(0, 0), QSizeF(chartSize() - QSize(1, 1)));
-    layOutLines();
+    layOutBoundaries();
+    layOutTops();
     layOutRegression();
     layOutRange();
 }
 
-void QCrossPlot::layOutLines()
+void QCrossPlot::layOutBoundaries()
 {
-    m_vBoundaries.clear();
+    const DepthLineField* pBoundaries = model() ? model()->intervalFilter() : nullptr;
+    m_vBoundaries =
+        pBoundaries ? crossPlotDepthLines(*pBoundaries, map(), chartSize()) : std::vector<CrossPlotDepthLine>();
+}
+
+void QCrossPlot::layOutTops()
+{
     m_vLines.clear();
     m_vDomains.clear();
-    if (!model()) {
-        return;
-    }
-    const CrossPlotMap oMap = map();
-    if (const DepthLineField* pBoundaries = model()->intervalFilter()) {
-        m_vBoundaries = crossPlotDepthLines(*pBoundaries, oMap, chartSize());
-    }
     if (const DepthLineField* pTops = structuralTops()) {
-        m_vLines = crossPlotDepthLines(*pTops, oMap, chartSize());
-        m_vDomains = crossPlotDomains(*pTops, oMap, chartSize());
+        m_vLines = crossPlotDepthLines(*pTops, map(), chartSize());
+        m_vDomains = crossPlotDomains(*pTops, map(), chartSize());
+    }
+}
+
+void QCrossPlot::updateLines()
+{
+    const std::vector<CrossPlotDomain> vDomains = std::exchange(m_vDomains, {});
+    layOutTops();
+    // Domains lie under the points, lines over everything.
+    vDomains == m_vDomains ? update() : scheduleRedraw();
+    if (m_iHoveredLine >= 0 && !gestureIsUnderWay()) {
+        setHoveredLine(lineAt(mousePickingPos()));
     }
 }
 
@@ -295,7 +312,6 @@ void QCrossPlot::drawChart(QPainter& painter)
     drawCrossPlotBoundaries(painter, m_vBoundaries, m_oPlotRect, style());
     drawUnderPoints(painter);
     drawPoints(&painter);
-    drawCrossPlotDepthLines(painter, m_vLines, m_oPlotRect, style());
     if (m_iRangeKey != 0) {
         drawCrossPlotRange(painter, m_oRange, map(), m_oPlotRect, style());
     }
@@ -344,7 +360,7 @@ void QCrossPlot::drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea)
     if (!m_sRegression.isEmpty()) {
         drawCrossPlotText(painter, m_sRegression, m_oRegression, oVisibleArea, placement, style());
     }
-    drawCrossPlotLabels(painter, m_vLines, oVisibleArea, placement, style());
+    drawLines(painter, oVisibleArea, placement);
     if (m_iRangeKey != 0) {
         drawCrossPlotRangeLabels(painter, m_oRange, map(), oVisibleArea, placement, style());
     }
@@ -360,6 +376,22 @@ void QCrossPlot::drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea)
     }
 }
 
+void QCrossPlot::drawLines(QPainter& painter, const QRect& oVisibleArea, LabelPlacement& placement)
+{
+    const DepthLineField* pTops = structuralTops();
+    if (!pTops || m_vLines.empty()) {
+        return;
+    }
+    const std::vector<CrossPlotOrientationMark> vMarks =
+        crossPlotOrientationMarks(*pTops, m_vLines, m_linePosition, map().m_oX, oVisibleArea);
+    drawCrossPlotDepthLines(painter, m_vLines, m_iHoveredLine, oVisibleArea, style());
+    drawCrossPlotOrientationMarks(painter, vMarks, placement, style());
+    drawCrossPlotHandles(painter, crossPlotLineHandles(m_vLines, oVisibleArea), m_vLines, m_iHoveredLine, placement,
+                         style());
+    drawCrossPlotLabels(painter, m_vLines, m_iHoveredLine, oVisibleArea, placement, style());
+    drawCrossPlotOrientationLabels(painter, vMarks, placement, style());
+}
+
 void QCrossPlot::renderWithGrid(QPainter& painter, const QRect& oTarget, const QList<int>& viVertical,
                                 const QList<int>& viHorizontal)
 {
@@ -367,11 +399,13 @@ void QCrossPlot::renderWithGrid(QPainter& painter, const QRect& oTarget, const Q
     const QList<int> viOwnHorizontal = std::exchange(m_viHorizontalGridLines, viHorizontal);
     const double dOwnCursorY = std::exchange(m_dCursorY, g_dMissingValue);
     const QVector<QPointF> voOwnPath = std::exchange(m_vSelectionPath, {});
+    const int iOwnHoveredLine = std::exchange(m_iHoveredLine, -1);
     renderTo(painter, oTarget);
     m_viVerticalGridLines = viOwnVertical;
     m_viHorizontalGridLines = viOwnHorizontal;
     m_dCursorY = dOwnCursorY;
     m_vSelectionPath = voOwnPath;
+    m_iHoveredLine = iOwnHoveredLine;
 }
 
 } // namespace gkBase

@@ -6,12 +6,17 @@
 #include "gkBaseToolsExport.h"
 
 #include <QColor>
+#include <QCursor>
 #include <QList>
 #include <QPointF>
 #include <QPointer>
+#include <QRectF>
 #include <QString>
 
+#include <functional>
+#include <memory>
 #include <span>
+#include <utility>
 #include <vector>
 
 class QAction;
@@ -20,6 +25,7 @@ class QCartesianAxisWidget;
 namespace gkBase {
 
 class DepthLineField;
+class LabelPlacement;
 struct CrossPlotStyle;
 
 /// The canvas of every cartesian point chart: the cross plot and the depth tracks. It draws the points of its model
@@ -52,12 +58,21 @@ public:
     int orientationFlag() const { return m_iOrientation; }
     void setDataCreationType(int iType);
     int dataCreationType() const { return m_iDataCreationType; }
-    /// Picked lines follow the mouse while a button is held. The canvas moves them in the model.
+    /// Picked lines follow the mouse while a button is held, and a press on a line's grip picks it even where other
+    /// presses start an outline (types 2 and 3).
     void setStructuralTopsMovable(bool bMovable) { m_bTopsMovable = bMovable; }
     /// How far (chart units of y) from a line a press still picks it.
     double pickingEpsY() const;
     /// The same when the press has another reach, in pixels.
     void setPickingPixels(int iPixels);
+    /// The structural top that a press at a position of the widget picks, by its number; −1 for none. Its grip comes
+    /// first, then the nearest line, where presses on lines pick them. Hidden lines are not picked.
+    int lineAt(const QPointF& oPosition);
+    /// The grips of the structural tops as they are shown, with the numbers of their lines.
+    std::vector<std::pair<int, QRectF>> lineHandles();
+    /// Where the orientation of a line (dip and azimuth in degrees) stands on x, in chart units; NaN for nowhere.
+    /// Lines with an orientation then bear a large tadpole there, as the field's flags say. Empty at first: none.
+    void setLineOrientationPosition(std::function<double(const QPointF& oDipAndAzimuth)> position);
 
     /// The line of the model's regression with its text in display units.
     void setShowRegressionLine(bool bShow);
@@ -98,15 +113,23 @@ public:
                         const QList<int>& viHorizontal);
 
 signals:
-    /// A press asks for a new line at a position in chart units.
+    // What a gesture asks to do with structural tops is told as an intent. While somebody is connected to
+    // sendScatPickPos() or sendMoveSelectedUpdate(), the canvas leaves picking and moving to the receiver, which
+    // changes the lines of all canvases that show them and calls their updateLines(); otherwise it changes its own
+    // lines.
+
+    /// A press asks for a new line at a position in chart units. A new line that the receiver picks follows the mouse.
     void sendInsertScatUpdate(QPointF oPosition);
-    /// The picked lines were moved by this much, in chart units, since the last signal.
+    /// The picked lines are to be moved by this much, in chart units, since the last signal.
     void sendMoveSelectedUpdate(QPointF oOffset);
     void sendMoveSelectedUpdateStop();
+    /// The move under way was given up: the lines go back to where they were before its first step. Comes instead of
+    /// sendMoveSelectedUpdateStop(). While nobody is connected, a step back and the stop are sent instead.
+    void sendMoveSelectedCancel();
     void sendScatUpdate(QColor oColor);
     void sendScatUpdate(QString sName);
     void sendDeleteSelectedUpdate();
-    /// The lines under a press, which are selected now; nearest first.
+    /// These lines are to be picked: instead of all others, or with Ctrl in addition to them.
     void sendScatPickPos(std::vector<int> viLines);
     void sendModifySelectedOrientation();
     void crossPlotLeaveEvent(QEvent* pEvent);
@@ -115,6 +138,8 @@ signals:
     void intervalBoundariesChanged();
 
 public slots:
+    /// Shows changed structural tops. Cheaper than updateChart(): points are drawn again only where domains changed.
+    void updateLines();
     /// Positions of the axes' ticks, at which the grid is drawn.
     void verticalGridLinesChanged(QList<int> viPositions);
     void horizontalGridLinesChanged(QList<int> viPositions);
@@ -136,9 +161,14 @@ protected:
     void mousePressEvent(QMouseEvent* pEvent) override;
     void mouseMoveEvent(QMouseEvent* pEvent) override;
     void mouseReleaseEvent(QMouseEvent* pEvent) override;
-    /// Delete asks to delete the picked lines, Escape gives up an outline and brings the selection back.
+    /// Delete asks to delete the picked lines, Alt with Up or Down moves them by one pixel, with Shift by ten. Escape
+    /// gives up an outline and brings the selection back, or gives up the move of lines.
     void keyPressEvent(QKeyEvent* pEvent) override;
     void leaveEvent(QEvent* pEvent) override;
+    /// No menu opens during a gesture, whose release it would take.
+    void contextMenuEvent(QContextMenuEvent* pEvent) override;
+    /// A button is held for a gesture of the cross plot.
+    bool gestureIsUnderWay() const { return m_eButton != Qt::NoButton; }
 
 private:
     void createActions();
@@ -146,21 +176,38 @@ private:
     CrossPlotStyle style() const;
     void layOutRegression();
     void layOutRange();
-    void layOutLines();
+    void layOutBoundaries();
+    void layOutTops();
+    void drawLines(QPainter& painter, const QRect& oVisibleArea, LabelPlacement& placement);
     void drawCentroidsOfClusters(QPainter& painter);
     DepthLineField* structuralTops() const;
 
     // Gestures; positions in widget pixels.
     QPointF chartPixel(const QPointF& oPosition) const;
-    void pickLines(const QPointF& oPosition, bool bAdd);
     void removeBoundary(const QPointF& oPosition);
-    void moveLines(const QPointF& oPosition);
     void selectOutline();
     void cancelOutline();
     void endGesture();
     /// As endGesture(), but without selecting by an outline that was never closed.
     void giveUpGesture();
     void tellSelection();
+
+    // Gestures on lines.
+    bool pressPicksLines() const { return m_iDataCreationType == StructuralTopCreation; }
+    bool pressPicksHandles() const;
+    int handleAt(const QPointF& oPosition);
+    int nearLine(const QPointF& oPosition);
+    bool isPicked(int iLine) const;
+    void pressOnLines(const QPointF& oPosition, int iLine, bool bAdd);
+    void pickForMenu(const QPointF& oPosition, bool bAdd);
+    void pick(const std::vector<int>& viLines, bool bAdd);
+    void dragLines(const QPointF& oPosition);
+    void shiftLines(const QPointF& oStep);
+    void nudgeLines(int iPixels);
+    void endLineGesture(bool bReleased);
+    void cancelLineGesture();
+    void setHoveredLine(int iLine);
+    QString lineToolTip(int iLine) const;
 
     QPointF m_oA;
     QPointF m_oB = {1.0, 1.0};
@@ -185,6 +232,7 @@ private:
     std::vector<CrossPlotDepthLine> m_vBoundaries; ///< of intervals
     std::vector<CrossPlotDepthLine> m_vLines;      ///< structural tops
     std::vector<CrossPlotDomain> m_vDomains;
+    std::function<double(const QPointF&)> m_linePosition; ///< of orientations, may be empty
     QLineF m_oRegression;
     QString m_sRegression;
     CrossPlotRange m_oRange;
@@ -195,7 +243,14 @@ private:
     PointSelectionGesture m_oSelectionGesture;
     bool m_bMovingTops = false;
     bool m_bTopsMoved = false;
-    QPointF m_oLastMove; ///< chart units
+    double m_dPressRow = 0.0;                      ///< widget pixels
+    QPointF m_oPressed;                            ///< chart units
+    QPointF m_oLastMove;                           ///< chart units
+    int m_iOnlyLine = -1;                          ///< that stays picked when the button is released without a move
+    std::unique_ptr<DepthLineField> m_pBeforeMove; ///< of lines that the canvas itself moves
+
+    int m_iHoveredLine = -1;
+    QCursor m_oCursorBesideLines;
 };
 
 } // namespace gkBase

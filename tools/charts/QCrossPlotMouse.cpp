@@ -1,4 +1,4 @@
-// Gestures of the cross plot: selection by an outline, picking and moving of lines, context menu, tool tips.
+// Gestures of the cross plot: buttons and keys, selection by an outline, context menu, tool tips.
 
 #include "MatrixData.h"
 #include "MissingValue.h"
@@ -8,6 +8,7 @@
 
 #include <QAction>
 #include <QColorDialog>
+#include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QHelpEvent>
 #include <QInputDialog>
@@ -23,6 +24,12 @@
 
 namespace gkBase {
 
+namespace {
+
+constexpr int g_iLongNudge = 10; ///< pixels
+
+} // namespace
+
 QPointF QCrossPlot::chartPixel(const QPointF& oPosition) const
 {
     return oPosition + pixmapRect().topLeft();
@@ -34,25 +41,29 @@ void QCrossPlot::mousePressEvent(QMouseEvent* pEvent)
 {
     // A second button does not disturb the gesture of the first, unless that one's release went elsewhere.
     const bool bSecond = m_eButton != Qt::NoButton && m_eButton != pEvent->button() && (pEvent->buttons() & m_eButton);
-    if (pEvent->button() == Qt::RightButton || bSecond) {
+    if (bSecond) {
         return;
     }
-    m_vSelectionPath.clear();
+    if (pEvent->button() == Qt::RightButton) {
+        pickForMenu(pEvent->position(), pEvent->modifiers() == Qt::ControlModifier);
+        return;
+    }
+    if (gestureIsUnderWay()) {
+        giveUpGesture();
+    }
     m_eButton = pEvent->button();
     if (m_oSelectionGesture.begin(model(), pEvent->modifiers())) {
         scheduleRedraw();
     }
     setMousePickingPos(pEvent->position());
+    const int iLine = lineAt(pEvent->position());
     if (m_iDataCreationType == IntervalBoundaryRemoval) {
         removeBoundary(pEvent->position());
-    } else if (m_iDataCreationType == StructuralTopCreation) {
-        pickLines(pEvent->position(), m_oSelectionGesture.isAdding());
+    } else if (iLine >= 0 || pressPicksLines()) {
+        pressOnLines(pEvent->position(), iLine, m_oSelectionGesture.isAdding());
     } else {
         m_vSelectionPath = {pEvent->position()};
     }
-    m_bMovingTops = m_bTopsMovable;
-    m_bTopsMoved = false;
-    m_oLastMove = transformInDataPoint(chartPixel(pEvent->position()));
     update();
 }
 
@@ -70,8 +81,10 @@ void QCrossPlot::mouseMoveEvent(QMouseEvent* pEvent)
         update();
     }
     emit cursorPos(transformInDataPoint(chartPixel(oPosition)));
-    if (m_bMovingTops && m_iDataCreationType == StructuralTopCreation) {
-        moveLines(oPosition);
+    if (m_bMovingTops) {
+        dragLines(oPosition);
+    } else if (pEvent->buttons() == Qt::NoButton) {
+        setHoveredLine(lineAt(oPosition));
     }
 }
 
@@ -80,16 +93,14 @@ void QCrossPlot::mouseReleaseEvent(QMouseEvent* pEvent)
     if (pEvent->button() != m_eButton) {
         return;
     }
+    // With Ctrl lines are added to the picked ones, which all stay.
+    endLineGesture(!pEvent->modifiers().testFlag(Qt::ControlModifier));
     endGesture();
 }
 
 void QCrossPlot::endGesture()
 {
     m_eButton = Qt::NoButton;
-    m_bMovingTops = false;
-    if (std::exchange(m_bTopsMoved, false)) {
-        emit sendMoveSelectedUpdateStop();
-    }
     if (!m_vSelectionPath.isEmpty()) {
         selectOutline();
     } else if (m_oSelectionGesture.hasCleared()) {
@@ -102,6 +113,9 @@ void QCrossPlot::leaveEvent(QEvent* pEvent)
 {
     setMousePickingPos(QPointF(g_dMissingValue, g_dMissingValue));
     emit cursorPos(mousePickingPos());
+    if (!gestureIsUnderWay()) {
+        setHoveredLine(-1);
+    }
     emit crossPlotLeaveEvent(pEvent);
     QChartDrawingArea::leaveEvent(pEvent);
 }
@@ -133,6 +147,7 @@ void QCrossPlot::giveUpGesture()
     if (!m_vSelectionPath.isEmpty()) {
         cancelOutline();
     } else {
+        endLineGesture(false);
         endGesture();
     }
 }
@@ -145,32 +160,6 @@ void QCrossPlot::tellSelection()
     }
 }
 
-// ---- lines ----------------------------------------------------------------------------------------------------------
-
-void QCrossPlot::pickLines(const QPointF& oPosition, bool bAdd)
-{
-    const QPointF oData = transformInDataPoint(chartPixel(oPosition));
-    DepthLineField* pTops = structuralTops();
-    std::vector<int> viLines = pTops ? pTops->pickHorizontalLines(oData, pickingEpsY()) : std::vector<int>();
-    std::erase_if(viLines, [pTops](int i) { return !pTops->isShown(pTops->lineTypes()[static_cast<std::size_t>(i)]); });
-    if (viLines.empty()) {
-        if (pTops && !bAdd) {
-            pTops->deselectAll();
-            scheduleRedraw();
-        }
-        emit sendInsertScatUpdate(oData);
-        return;
-    }
-    // A press on a line that is picked already drags all picked ones.
-    const bool bPicked = std::any_of(viLines.begin(), viLines.end(), [pTops](int i) { return pTops->isSelected(i); });
-    if (!bAdd && !bPicked) {
-        pTops->deselectAll();
-    }
-    pTops->setSelected(viLines);
-    scheduleRedraw();
-    emit sendScatPickPos(viLines);
-}
-
 void QCrossPlot::removeBoundary(const QPointF& oPosition)
 {
     const QPointF oData = transformInDataPoint(chartPixel(oPosition));
@@ -180,33 +169,32 @@ void QCrossPlot::removeBoundary(const QPointF& oPosition)
     }
 }
 
-void QCrossPlot::moveLines(const QPointF& oPosition)
-{
-    DepthLineField* pTops = structuralTops();
-    const QPointF oData = transformInDataPoint(chartPixel(oPosition));
-    // The step since the last move, so that lines keep their distances.
-    const QPointF oStep = oData - std::exchange(m_oLastMove, oData);
-    if (!pTops || !pTops->isSomethingSelected() || oStep == QPointF()) {
-        return;
-    }
-    pTops->moveSelectedLines(oStep);
-    m_bTopsMoved = true;
-    scheduleRedraw();
-    emit sendMoveSelectedUpdate(oStep);
-}
-
 // ---- keys and menu --------------------------------------------------------------------------------------------------
 
 void QCrossPlot::keyPressEvent(QKeyEvent* pEvent)
 {
     const bool bLines = structuralTops() && structuralTops()->isSomethingSelected();
+    const bool bUpOrDown = pEvent->key() == Qt::Key_Up || pEvent->key() == Qt::Key_Down;
     if (pEvent->key() == Qt::Key_Escape && !m_vSelectionPath.isEmpty()) {
         cancelOutline();
+    } else if (pEvent->key() == Qt::Key_Escape && m_bMovingTops) {
+        cancelLineGesture();
+    } else if (bUpOrDown && pEvent->modifiers().testFlag(Qt::AltModifier) && bLines && m_bTopsMovable) {
+        const int iPixels = pEvent->modifiers().testFlag(Qt::ShiftModifier) ? g_iLongNudge : 1;
+        nudgeLines(pEvent->key() == Qt::Key_Up ? -iPixels : iPixels);
     } else if (pEvent->key() == Qt::Key_Delete && bLines) {
         slotDeleteSelected();
     } else {
         QChartDrawingArea::keyPressEvent(pEvent);
     }
+}
+
+void QCrossPlot::contextMenuEvent(QContextMenuEvent* pEvent)
+{
+    if (gestureIsUnderWay() && pEvent->reason() == QContextMenuEvent::Mouse) {
+        return;
+    }
+    QChartDrawingArea::contextMenuEvent(pEvent);
 }
 
 void QCrossPlot::addToContextMenuEvent(QMenu* pqMenu)
@@ -291,7 +279,8 @@ bool QCrossPlot::event(QEvent* pEvent)
     }
     const auto* pHelp = static_cast<QHelpEvent*>(pEvent);
     const int iReach = std::max(m_iPickingPixels, model() ? model()->pointPixelSize() : 0);
-    const QString sText = pointToolTip(recordAt(chartPixel(pHelp->pos()), iReach));
+    const int iLine = gestureIsUnderWay() ? -1 : lineAt(pHelp->pos());
+    const QString sText = iLine >= 0 ? lineToolTip(iLine) : pointToolTip(recordAt(chartPixel(pHelp->pos()), iReach));
     // Names and units come from files; the tip shows them as they are.
     QToolTip::showText(pHelp->globalPos(), sText.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>")),
                        this);

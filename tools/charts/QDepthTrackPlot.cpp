@@ -360,6 +360,9 @@ void QDepthTrackPlot::wheelEvent(QWheelEvent* pEvent)
 {
     const int iDelta = pEvent->angleDelta().y() != 0 ? pEvent->angleDelta().y() : pEvent->angleDelta().x();
     pEvent->accept();
+    // An outline stands in pixels of the widget, and would no longer lie where it was drawn.
+    if (!m_vSelectionPath.isEmpty())
+        return;
     if (pEvent->modifiers().testFlag(Qt::ShiftModifier)) {
         emit panAsked(static_cast<int>(-iDelta * height() * g_dPanShare / g_iWheelUnitsPerStep));
         return;
@@ -371,7 +374,11 @@ void QDepthTrackPlot::wheelEvent(QWheelEvent* pEvent)
 
 void QDepthTrackPlot::mousePressEvent(QMouseEvent* pEvent)
 {
+    if (m_bPanning)
+        return;
     if (pEvent->button() == Qt::MiddleButton) {
+        if (gestureIsUnderWay())
+            return;
         m_bPanning = true;
         m_dPanRow = pEvent->position().y();
         m_oCursorBesidePan = cursor();
@@ -414,6 +421,8 @@ void QDepthTrackPlot::mouseReleaseEvent(QMouseEvent* pEvent)
 
 void QDepthTrackPlot::keyPressEvent(QKeyEvent* pEvent)
 {
+    if (pEvent->modifiers().testFlag(Qt::AltModifier))
+        return QCrossPlot::keyPressEvent(pEvent);
     const auto iStep = static_cast<int>(height() * g_dPanShare);
     const double dCentre = height() / 2.0;
     switch (pEvent->key()) {
