@@ -2,12 +2,11 @@
 
 #include "AnalyserApplication.h"
 #include "AnglesDialog.h"
-#include "ExportChartDialog.h"
+#include "ChartOutput.h"
 #include "FileImporter.h"
 #include "ImportOptionsDialog.h"
 #include "ImportReportDialog.h"
 
-#include <gkBase/ChartExporter.h>
 #include <gkBase/DisplayUnitManager.h>
 #include <gkBase/QDataAnalyserDialog.h>
 #include <gkBase/TabWidgetWithFloatingTabs.h>
@@ -25,9 +24,6 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
-#include <QPageLayout>
-#include <QPrintPreviewDialog>
-#include <QPrinter>
 #include <QStatusBar>
 #include <QUrl>
 
@@ -44,11 +40,6 @@ QStringList localFiles(const QMimeData* pMimeData)
         if (url.isLocalFile())
             lFiles << url.toLocalFile();
     return lFiles;
-}
-
-QString withExtension(const QString& sPath, const QString& sExtension)
-{
-    return sPath.isEmpty() || !QFileInfo(sPath).suffix().isEmpty() ? sPath : sPath + QLatin1Char('.') + sExtension;
 }
 
 } // namespace
@@ -300,7 +291,7 @@ bool AnalyserWindow::saveAsCsv()
     if (!pDocument->files().isEmpty())
         sStart +=
             QLatin1Char('/') + QFileInfo(pDocument->files().constFirst()).completeBaseName() + QStringLiteral(".csv");
-    const QString sPath = withExtension(
+    const QString sPath = ChartOutput::withExtension(
         QFileDialog::getSaveFileName(this, tr("Save As CSV"), sStart, QStringLiteral("CSV(Comma delimited)(*.csv)")),
         QStringLiteral("csv"));
     if (sPath.isEmpty())
@@ -324,37 +315,20 @@ void AnalyserWindow::printChart()
 {
     if (!chartIsShown())
         return;
-    QPrinter printer(QPrinter::ScreenResolution);
-    printer.setPageOrientation(QPageLayout::Landscape);
-    printer.setDocName(windowTitle().remove(QStringLiteral("[*]")));
-    QPrintPreviewDialog dialog(&printer, this);
-    dialog.setWindowTitle(tr("Print Chart"));
-    connect(&dialog, &QPrintPreviewDialog::paintRequested, this,
-            [this](QPrinter* pPrinter) { m_pqAnalyser->printActiveChart(*pPrinter); });
-    dialog.exec();
-    if (printer.printerState() == QPrinter::Error)
-        QMessageBox::warning(this, tr("Print Chart"), tr("The printer does not take the chart."));
+    const QString sName = windowTitle().remove(QStringLiteral("[*]"));
+    ChartOutput::print(this, sName, [this](QPrinter& printer) { m_pqAnalyser->printActiveChart(printer); });
 }
 
 void AnalyserWindow::exportChart()
 {
     if (!chartIsShown())
         return;
-    ExportChartDialog dialog(this);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
+    const QString sStart = QStringLiteral("%1/%2.png").arg(lastFolder(), m_pqAnalyser->activePageName().toLower());
     const QString sPath =
-        withExtension(QFileDialog::getSaveFileName(
-                          this, tr("Export Chart"),
-                          QStringLiteral("%1/%2.png").arg(lastFolder(), m_pqAnalyser->activePageName().toLower()),
-                          gkBase::ChartExporter::nameFilters().join(QLatin1String(";;"))),
-                      QStringLiteral("png"));
-    if (sPath.isEmpty())
-        return;
-    QString sError;
-    if (!m_pqAnalyser->exportActiveChart(sPath, dialog.chartSize(), &sError))
-        QMessageBox::warning(this, tr("Export Chart"), sError);
-    else
+        ChartOutput::write(this, sStart, [this](const QString& sFile, const QSize& oSize, QString* psError) {
+            return m_pqAnalyser->exportActiveChart(sFile, oSize, psError);
+        });
+    if (!sPath.isEmpty())
         m_pqStatusLabel->setText(tr("Exported %1").arg(sPath));
 }
 

@@ -215,6 +215,37 @@ private slots:
         QVERIFY(showsAfterRefill(3));
     }
 
+    void selectionIsAnnouncedOncePerChange()
+    {
+        auto* poOther = new MatrixData(QStringLiteral("Other"));
+        m_poRoot->appendChild(poOther, false);
+        poOther->appendChild(newAttribute(QStringLiteral("Value"), 4, 1.0), true);
+        m_pqDialog->vertexItemModel()->updateModel(3, {}); // records 0, 2, 5, 8
+        QCoreApplication::processEvents();
+        const QSignalSpy changed(m_pqDialog, &QDataAnalyserDialog::selectionChanged);
+        const auto announced = [&changed](int iTimes) {
+            QCoreApplication::processEvents();
+            return changed.count() == iTimes;
+        };
+        select({7});
+        select({1, 2, 3});
+        QVERIFY(announced(1));
+        QCOMPARE(m_pqDialog->selectedRecords(), (std::vector<int>{1, 2, 3}));
+        const MatrixData& well = *m_poRoot->child(0);
+        QVERIFY(m_pqDialog->selectsRecordsOf(well) && !m_pqDialog->selectsRecordsOf(*poOther));
+        select({1, 2, 3});
+        QVERIFY(announced(1));
+        m_pqDialog->vertexTable()->clearSelection();
+        m_pqDialog->vertexTable()->setCurrentIndex(m_pqDialog->vertexItemModel()->index(3, 2)); // a cell, no row
+        QVERIFY(announced(2) && m_pqDialog->selectedRecords().empty());
+        QCOMPARE(m_pqDialog->currentDataSet(), poOther);
+        QVERIFY(m_pqDialog->selectsRecordsOf(*poOther) && !m_pqDialog->selectsRecordsOf(well));
+        m_pqDialog->vertexTable()->selectAll();
+        QVERIFY(announced(3));
+        m_pqDialog->clearAllSelections();
+        QVERIFY(announced(4));
+    }
+
     void resultsBecomeAttributesUntilUndo()
     {
         const std::unique_ptr<MatrixData> poBefore(m_poRoot->clone());

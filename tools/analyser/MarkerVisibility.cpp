@@ -82,10 +82,7 @@ std::vector<int> recordsToWrite(const MatrixData& visible, const MarkerKinds& ki
         return viRecords;
     const MatrixData& dataSet = *visible.parentNode();
     const MarkerTest isOfKind(dataSet, kinds);
-    int iRecords = 0;
-    for (int i = 0; i < dataSet.childCount(); ++i)
-        iRecords = std::max(iRecords, dataSet.child(i)->recordCount());
-    for (int i = 0; i < iRecords; ++i) {
+    for (int i = 0; i < recordsOf(dataSet); ++i) {
         const bool bSame = !visible.column().isMissing(i) && visible.column().value(i).toBool() == bVisible;
         if (!bSame && isOfKind(i))
             viRecords.push_back(i);

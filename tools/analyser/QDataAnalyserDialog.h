@@ -98,6 +98,18 @@ public:
     QRoseChartWidget* roseChart() const { return m_pqRoseChart; }
     QStereoChartWidget* stereoChart() const { return m_pqStereoChart; }
     QTangentChartWidget* tangentChart() const { return m_pqTangentChart; }
+    /// The records that charts show as selected, rising: those of the table's rows, whatever rows it leaves out, or of
+    /// the last gesture in a chart.
+    std::vector<int> selectedRecords() const;
+    /// The data set of the table's current column, or of its first one; without columns the first that has attributes.
+    /// Null without data.
+    MatrixData* currentDataSet() const;
+    /// Whether one of the table's columns has the records of a data set: it is one of its attributes, or one of a data
+    /// set of as many records.
+    bool showsRecordsOf(const MatrixData& dataSet) const;
+    /// Whether the selected records are meant as those of a data set: they were selected in a chart of as many records,
+    /// or in the table while its current data set was this one or one of as many records.
+    bool selectsRecordsOf(const MatrixData& dataSet) const;
     /// Object name of the page that the user works on; the torn-off one with the focus, or the current tab.
     QString activePageName() const;
     /// True when that page shows a chart.
@@ -189,6 +201,9 @@ public slots:
 signals:
     void dataModified(bool bModified);
     void signalEnablePasteAction();
+    /// Other records are selected than when the signal was last sent. Sent from the event loop, once for any number of
+    /// changes before.
+    void selectionChanged();
     /// "Save As" wrote the file, or could not.
     void csvWritten(const QString& sPath, bool bOk);
 
@@ -255,8 +270,8 @@ private:
     void showDerived(bool bAdded);
     void changeMarkers(MarkerKind eKind, const QString& sType, bool bVisible);
 
-    /// The records that charts show as selected: those of the table, or of the last gesture in a chart.
-    std::vector<int> selectedRecords() const;
+    void scheduleSelectionCheck();
+    void announceSelection();
 
     /// A selection made in a chart that the table shows in part only.
     struct Gesture
@@ -298,6 +313,9 @@ private:
     bool m_bDecimating = false; ///< a click is decimating several tracks
     int m_iRowsInCharts = 0;    ///< selected rows when the charts were last marked
     std::optional<Gesture> m_oGesture;
+    std::optional<int> m_oiGestureRecords; ///< length of the selection that a chart made
+    std::vector<int> m_viAnnounced;        ///< what was selected at the last selectionChanged()
+    bool m_bSelectionCheckPending = false;
     QList<QMetaObject::Connection> m_lRootConnections;
 };
 

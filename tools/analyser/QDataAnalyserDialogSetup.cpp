@@ -164,6 +164,7 @@ void QDataAnalyserDialog::createTableWidget(int iTableOption)
     connect(pqTable, &QVertexModelTableView::selectedCellsChanged, this, [this, pqTable] {
         if (m_pqModifyCellsAction)
             m_pqModifyCellsAction->setEnabled(pqTable->hasSelectedCells());
+        scheduleSelectionCheck();
     });
     connect(pqTable, &QVertexModelTableView::selectionChangedByUser, this, &QDataAnalyserDialog::markSelectionChanged);
     // Whole columns and vertices are no block of cells that a frame would mark.

@@ -88,13 +88,7 @@ public:
     QString depthName() const { return m_poSet && depthNode() ? depthNode()->name() : m_sDepthName; }
     boost::shared_ptr<UnitManager> depthUnit() const { return m_poDepthUnit; }
 
-    int recordCount() const
-    {
-        int iRecords = 0;
-        for (int i = 0; m_poSet && i < m_poSet->childCount(); ++i)
-            iRecords = std::max(iRecords, m_poSet->child(i)->recordCount());
-        return iRecords;
-    }
+    int recordCount() const { return m_poSet ? recordsOf(*m_poSet) : 0; }
     bool isSent(int iRow) const { return text(g_origin, iRow) == g_scat; }
     QString text(QLatin1String sAttribute, int iRow) const
     {

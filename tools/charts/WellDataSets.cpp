@@ -130,6 +130,15 @@ std::vector<MatrixData*> dataSetsBelow(const MatrixData& node)
     return vpDataSets;
 }
 
+int recordsOf(const MatrixData& dataSet)
+{
+    int iRecords = 0;
+    for (int i = 0; i < dataSet.childCount(); ++i)
+        if (dataSet.child(i)->isAttribute())
+            iRecords = std::max(iRecords, dataSet.child(i)->recordCount());
+    return iRecords;
+}
+
 MatrixData* attributeNamed(const MatrixData& dataSet, const QString& sName, Qt::CaseSensitivity eCase)
 {
     for (int i = 0; i < dataSet.childCount(); ++i) {

@@ -14,6 +14,9 @@ class MatrixData;
 /// The parents of the attributes below a node, each once, in tree order.
 GKBASETOOLS_EXPORT std::vector<MatrixData*> dataSetsBelow(const MatrixData& node);
 
+/// Records of the longest attribute of a data set.
+GKBASETOOLS_EXPORT int recordsOf(const MatrixData& dataSet);
+
 /// The attribute of that name in a data set, null when there is none.
 GKBASETOOLS_EXPORT MatrixData* attributeNamed(const MatrixData& dataSet, const QString& sName,
                                               Qt::CaseSensitivity eCase = Qt::CaseSensitive);
