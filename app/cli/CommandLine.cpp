@@ -6,6 +6,7 @@
 #include "DensityCommand.h"
 #include "RenderCommand.h"
 #include "RotateCommand.h"
+#include "ScatCommand.h"
 #include "StatsCommand.h"
 
 #include <QCoreApplication>
@@ -24,7 +25,7 @@ struct NamedCommand
     CommandResult (*m_fnRun)(const QStringList&);
 };
 
-constexpr std::array<NamedCommand, 7> g_commands = {{
+constexpr std::array<NamedCommand, 8> g_commands = {{
     {"stats", false, runStatsCommand},
     {"render", true, runRenderCommand},
     {"convert", false, runConvertCommand},
@@ -32,6 +33,7 @@ constexpr std::array<NamedCommand, 7> g_commands = {{
     {"decimate", false, runDecimateCommand},
     {"density", false, runDensityCommand},
     {"rotate", false, runRotateCommand},
+    {"scat", false, runScatCommand},
 }};
 
 const NamedCommand* commandNamed(const QString& sName)
@@ -125,6 +127,8 @@ QString CommandLine::helpText()
         "                                             count poles or lines at the nodes of a grid over the net\n"
         "  gkanalyser rotate FILE --dip NAME --azimuth NAME [--lines] --axis PLUNGE/AZIMUTH --angle A --out PATH.csv\n"
         "                                             turn planes or lines about an axis\n"
+        "  gkanalyser scat FILE --depth NAME --dip NAME --azimuth NAME [--t DEG --l DEG] [--out PATH.csv]\n"
+        "                                             find the directions of a fold and its crests along a well\n"
         "  gkanalyser cluster FILE --columns A,B[,C] --k N --out PATH.csv\n"
         "                                             group the records by two or three attributes\n"
         "  gkanalyser decimate FILE --depth NAME --step X|--bins N --columns A,B --out PATH.csv\n"

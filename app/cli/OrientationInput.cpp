@@ -8,21 +8,6 @@
 
 namespace gkHost {
 
-namespace {
-
-/// Strikes are 90 degrees off. The dip azimuth that belongs to one is an attribute too.
-std::optional<CommandResult> strikeForAzimuth(const CommandInput& input, const gkBase::MatrixData& attribute)
-{
-    const auto* poStrike = dynamic_cast<const gkBase::MatrixDataStrike*>(&attribute);
-    if (!poStrike || !poStrike->azimuth()) {
-        return std::nullopt;
-    }
-    return CommandResult::badInput(text("%1: \"%2\" is a strike; the dip azimuth that belongs to it is \"%3\"")
-                                       .arg(input.filePath(), attribute.name(), poStrike->azimuth()->name()));
-}
-
-} // namespace
-
 void addOrientationOptions(QCommandLineParser& parser)
 {
     parser.addOptions({{QStringLiteral("dip"), text("The dip of planes, or plunge of lines."), QStringLiteral("NAME")},
@@ -46,7 +31,7 @@ OrientationInput loadedOrientations(CommandInput& input, std::optional<CommandRe
     const std::vector<gkBase::MatrixData*> vpAngles =
         input.numericAttributes({input.value(sDip), input.value(sAzimuth)}, oError);
     if (!oError) {
-        oError = strikeForAzimuth(input, *vpAngles[1]);
+        requireDipAzimuth(input, *vpAngles[1], oError);
     }
     if (oError) {
         return {};
@@ -70,11 +55,26 @@ void requireAngles(const CommandInput& input, const gkBase::MatrixData& attribut
     }
 }
 
+void requireDipAzimuth(const CommandInput& input, const gkBase::MatrixData& attribute,
+                       std::optional<CommandResult>& oError)
+{
+    const auto* poStrike = dynamic_cast<const gkBase::MatrixDataStrike*>(&attribute);
+    if (!oError && poStrike && poStrike->azimuth()) {
+        oError = CommandResult::badInput(text("%1: \"%2\" is a strike; the dip azimuth that belongs to it is \"%3\"")
+                                             .arg(input.filePath(), attribute.name(), poStrike->azimuth()->name()));
+    }
+}
+
 std::vector<double> anglesInDegrees(const CommandInput& input, const gkBase::MatrixData& attribute,
                                     std::optional<CommandResult>& oError)
 {
     requireAngles(input, attribute, oError);
     return gkBase::isOtherThanAngle(attribute) ? std::vector<double>() : gkBase::numbersInDegrees(attribute);
+}
+
+boost::shared_ptr<gkBase::UnitManager> unitInDegrees(const gkBase::MatrixData& attribute)
+{
+    return gkBase::degreesPerUnit(attribute) == 1.0 ? attribute.unitManager() : gkBase::degreeUnit();
 }
 
 QCommandLineOption projectionOption()

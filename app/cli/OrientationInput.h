@@ -33,9 +33,16 @@ OrientationInput loadedOrientations(CommandInput& input, std::optional<CommandRe
 void requireAngles(const CommandInput& input, const gkBase::MatrixData& attribute,
                    std::optional<CommandResult>& oError);
 
+/// The same for a strike, which is 90 degrees off; the dip azimuth that belongs to one is an attribute too.
+void requireDipAzimuth(const CommandInput& input, const gkBase::MatrixData& attribute,
+                       std::optional<CommandResult>& oError);
+
 /// The angles of an attribute in degrees, NaN where missing; values without a unit are degrees. A message as above.
 std::vector<double> anglesInDegrees(const CommandInput& input, const gkBase::MatrixData& attribute,
                                     std::optional<CommandResult>& oError);
+
+/// The unit of results in degrees that come from an attribute: its own one, unless that is another one than degrees.
+boost::shared_ptr<gkBase::UnitManager> unitInDegrees(const gkBase::MatrixData& attribute);
 
 /// --projection equal-area|equal-angle, and what it says.
 QCommandLineOption projectionOption();

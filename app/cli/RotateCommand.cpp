@@ -4,11 +4,9 @@
 #include "CsvOutput.h"
 #include "OrientationInput.h"
 
-#include <gkBase/AngleUnits.h>
 #include <gkBase/MissingValue.h>
 #include <gkBase/OrientationText.h>
 #include <gkBase/Rotation.h>
-#include <gkBase/UnitManager.h>
 
 #include <algorithm>
 
@@ -36,14 +34,10 @@ gkBase::LineOrientation rotationAxis(const CommandInput& input, std::optional<Co
 }
 
 /// An attribute beside those of the input, with the unit of its angles unless they were turned to degrees.
-void appendAngles(gkBase::MatrixData& dataSet, QString sName, const gkBase::MatrixData& source,
+void appendAngles(gkBase::MatrixData& dataSet, const QString& sName, const gkBase::MatrixData& source,
                   std::vector<double> vdAngles)
 {
-    dataSet.createUniqueName(sName);
-    auto poAttribute = std::make_unique<gkBase::MatrixData>(sName, 0, 1);
-    poAttribute->setUnitManager(gkBase::degreesPerUnit(source) == 1.0 ? source.unitManager() : gkBase::degreeUnit());
-    poAttribute->setColumn(0, gkBase::MatrixColumn::fromDoubles(std::move(vdAngles)));
-    dataSet.appendChild(poAttribute.release(), true);
+    appendAttribute(dataSet, sName, unitInDegrees(source), gkBase::MatrixColumn::fromDoubles(std::move(vdAngles)));
 }
 
 /// Appends the rotated orientations; returns how many records were turned.

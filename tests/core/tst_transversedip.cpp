@@ -64,7 +64,6 @@ class tst_TransverseDip : public QObject
     Q_OBJECT
 private slots:
     void directionsOfFold();
-    void directionsOfReferenceWell();
     void rootMeanSquareIsLargest();
     void directionsOfOddPlanes();
     void masksAndGaps();
@@ -86,16 +85,6 @@ void tst_TransverseDip::directionsOfFold()
     const TransverseDirections oSquares = directionsByRootMeanSquare(g_vdDips, g_vdAzimuths);
     QVERIFY(std::abs(oSquares.m_dTransverse - 307.18) < 0.01);
     QVERIFY(std::abs(oSquares.m_dLongitudinal - 217.18) < 0.01);
-}
-
-void tst_TransverseDip::directionsOfReferenceWell()
-{
-    GK_REQUIRE_REFERENCE();
-    const auto columns = gkTest::referenceColumns("fold_well_a");
-    const TransverseDirections oLine = directionsByTangentLine(columns["dip"], columns["dip_azimuth"]);
-    QVERIFY(std::abs(oLine.m_dTransverse - 70.0) < 0.01);
-    QVERIFY(std::abs(oLine.m_dLongitudinal - 340.0) < 0.01);
-    QCOMPARE(oLine.m_iCount + oLine.m_iMissing, columns["dip"].size());
 }
 
 void tst_TransverseDip::rootMeanSquareIsLargest()

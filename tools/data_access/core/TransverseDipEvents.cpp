@@ -257,14 +257,14 @@ TransverseDipEvents transverseDipEvents(std::span<const double> vdDepths, std::s
     while (iReach < iWidest && noise(iReach) > g_dLeastLimit) {
         ++iReach;
     }
-    const std::vector<double> vdMedians =
-        runningMedian(averaged.m_vdValues, std::min<std::size_t>(2, oEvents.m_iCount / g_iFewRecords));
+    const std::size_t iMedianReach = std::min<std::size_t>(2, oEvents.m_iCount / g_iFewRecords);
+    const std::vector<double> vdMedians = runningMedian(averaged.m_vdValues, iMedianReach);
     SmoothCurve curve;
     curve.m_vdDips = locallyFitted(averaged.m_vdPositions, vdMedians, iReach);
     curve.m_vdDepths = std::move(averaged.m_vdPositions);
     curve.m_dNoise = noise(iReach);
     curve.m_dLimit = std::max(g_dLeastLimit, curve.m_dNoise);
-    oEvents.m_iWindow = 2 * iReach + 1;
+    oEvents.m_iWindow = 2 * (iReach + iMedianReach) + 1;
     oEvents.m_dLeastChange = 2.0 * curve.m_dLimit;
     oEvents.m_vdCrests = crestsOf(curve);
     oEvents.m_vdInflections = inflectionsOf(curve);
