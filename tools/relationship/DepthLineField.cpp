@@ -1,5 +1,6 @@
 #include "DepthLineField.h"
 
+#include "DepthLineFile.h"
 #include "MissingValue.h"
 
 #include <algorithm>
@@ -14,6 +15,11 @@ namespace {
 // In the order of DepthLineField::DataType; files and marker tables keep these names.
 constexpr std::array<const char*, 7> g_typeNames = {
     "Crestal Plane", "Axial Plane", "Inflection Plane", "Horizon", "Fault", "Interval Boundary", "Average Orientation"};
+
+bool isFinite(const QPointF& oPoint)
+{
+    return std::isfinite(oPoint.x()) && std::isfinite(oPoint.y());
+}
 
 template <typename T>
 void keep(std::vector<T>& vValues, const std::vector<bool>& vbKeep)
@@ -109,11 +115,11 @@ int DepthLineField::insertHorizontalLine(const double& dDepth, const double& dX,
         if (m_veTypes[i] == eType && std::abs(m_vdDepths[i] - dDepth) < dTolerance)
             return -1;
     m_vdDepths.push_back(dDepth);
-    m_vdX.push_back(dX);
+    m_vdX.push_back(std::isfinite(dX) ? dX : 0.0);
     m_vsNames.push_back(sName);
     m_voColors.push_back(oColor);
     m_veTypes.push_back(eType);
-    m_voOrientations.push_back(oOrientation);
+    m_voOrientations.push_back(isFinite(oOrientation) ? oOrientation : QPointF(-1.0, -1.0));
     m_viOriginalRows.push_back(iOriginalRow);
     m_vbDepthChanged.push_back(false);
     m_vbSelected.push_back(false);
@@ -181,6 +187,9 @@ void DepthLineField::moveSelectedLines(const QPointF& oOffset)
     if (oOffset.isNull() || isMissing(oOffset.x()) || isMissing(oOffset.y()))
         return;
     for (std::size_t i = 0; i < m_vdDepths.size(); ++i)
+        if (m_vbSelected[i] && (isMissing(m_vdDepths[i] + oOffset.y()) || !std::isfinite(m_vdX[i] + oOffset.x())))
+            return;
+    for (std::size_t i = 0; i < m_vdDepths.size(); ++i)
         if (m_vbSelected[i]) {
             m_vdDepths[i] += oOffset.y();
             m_vdX[i] += oOffset.x();
@@ -216,6 +225,8 @@ void DepthLineField::changePickedLineColor(const QColor& oColor)
 
 void DepthLineField::changePickedOrientation(const QPointF& oDipAndAzimuth)
 {
+    if (!isFinite(oDipAndAzimuth))
+        return;
     for (const int i : selectedLines()) {
         m_voOrientations[static_cast<std::size_t>(i)] = oDipAndAzimuth;
         m_bModified = true;
@@ -231,6 +242,16 @@ void DepthLineField::clearOriginalRowPos()
 {
     std::fill(m_viOriginalRows.begin(), m_viOriginalRows.end(), -1);
     std::fill(m_vbDepthChanged.begin(), m_vbDepthChanged.end(), false);
+}
+
+void DepthLineField::write(const QString& sPath) const
+{
+    writeDepthLineFile(*this, sPath);
+}
+
+void DepthLineField::read(const QString& sPath)
+{
+    readDepthLineFile(sPath, *this);
 }
 
 void DepthLineField::setSelected(int iLine, bool bSelected)

@@ -92,7 +92,7 @@ public:
     std::vector<double> sortedDepths(DataType eType) const;
 
     /// Adds a line and returns its number. −1, and nothing is added, for a depth that is missing, or when a line of
-    /// the same type lies nearer than dTolerance (0: never).
+    /// the same type lies nearer than dTolerance (0: never). An x or orientation that is not finite is 0 or not set.
     int insertHorizontalLine(const double& dDepth, const double& dX, const QString& sName, const QColor& oColor,
                              DataType eType, const QPointF& oOrientation = QPointF(-1.0, -1.0), int iOriginalRow = -1,
                              const double& dTolerance = 0.0);
@@ -103,7 +103,8 @@ public:
     /// Removes the selected lines.
     void erasePickedLine();
     void eraseLine(int iLine);
-    /// Moves the selected lines by the offset: y along the depth, x along linesX().
+    /// Moves the selected lines by the offset: y along the depth, x along linesX(). They keep their distances: none
+    /// moves when one would have no depth (99999, infinity) then.
     void moveSelectedLines(const QPointF& oOffset);
     /// Puts a line at another depth.
     void updatePickedHorizon(int iLine, const double& dDepth);
@@ -122,6 +123,12 @@ public:
     void clearAll();
     /// Forgets the rows that the lines came from.
     void clearOriginalRowPos();
+
+    /// Writes the lines as a scenario file (DepthLineFile.h), in place of an existing one. A file that cannot be
+    /// written is left alone, and nothing is reported.
+    void write(const QString& sPath) const;
+    /// Adds the lines of a scenario file; nothing when it cannot be read.
+    void read(const QString& sPath);
 
     // ---- how the lines are shown ---------------------------------------------------------------------------------
     int lineWidth() const { return m_iLineWidth; } ///< pixels

@@ -3,10 +3,16 @@
 #include "DepthLineField.h"
 #include "MatrixData.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QSaveFile>
+#include <QStringDecoder>
 #include <QTextStream>
+
+#include <algorithm>
+#include <cmath>
 
 namespace gkBase {
 
@@ -16,21 +22,79 @@ constexpr int g_iFieldWidth = 30;
 constexpr int g_iHeadLines = 2;
 constexpr int g_iSmallestParts = 8; ///< an empty one before the first field, and seven items
 
-QString fileName(const QString& sName)
+QString nameInFile(QString sName)
 {
-    static const QRegularExpression blank(QStringLiteral("\\s"));
-    return QString(sName).replace(blank, QStringLiteral("_"));
+    // QChar, because a regular expression's "\s" leaves no-break spaces.
+    std::replace_if(
+        sName.begin(), sName.end(), [](QChar oChar) { return oChar.isSpace(); }, QLatin1Char('_'));
+    return sName;
+}
+
+double number(const QString& sText)
+{
+    const double dValue = sText.toDouble();
+    return std::isfinite(dValue) ? dValue : 0.0;
 }
 
 void addLine(const QStringList& lParts, DepthLineField& oField)
 {
-    bool bType = false;
-    const int iType = lParts[3].toInt(&bType);
-    if (bType && (iType < DepthLineField::CrestalPlane || iType > DepthLineField::Fault))
+    const int iType = lParts[3].toInt();
+    if (iType < DepthLineField::CrestalPlane || iType > DepthLineField::Fault)
         return;
     oField.insertHorizontalLine(
-        lParts[2].toDouble(), lParts[1].toDouble(), lParts[7], MatrixData::colorFromHexaString(lParts[4]),
-        static_cast<DepthLineField::DataType>(iType), QPointF(lParts[5].toDouble(), lParts[6].toDouble()));
+        lParts[2].toDouble(), number(lParts[1]), lParts[7], MatrixData::colorFromHexaString(lParts[4]),
+        static_cast<DepthLineField::DataType>(iType), QPointF(number(lParts[5]), number(lParts[6])));
+}
+
+QString decoded(const QByteArray& sText)
+{
+    QStringDecoder fromUtf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString sDecoded = fromUtf8(sText);
+    return fromUtf8.hasError() ? QString::fromLatin1(sText) : sDecoded;
+}
+
+bool writeWhole(QIODevice& oDevice, const QByteArray& sText)
+{
+    // A disk that fills up takes a part and reports it with the next call only.
+    qint64 iWritten = 0;
+    while (iWritten < sText.size()) {
+        const qint64 iPart = oDevice.write(sText.constData() + iWritten, sText.size() - iWritten);
+        if (iPart <= 0)
+            return false;
+        iWritten += iPart;
+    }
+    return true;
+}
+
+/// Why the file could not be replaced; empty when it was.
+QString replaceFile(const QString& sPath, const QByteArray& sText)
+{
+    const QFileInfo info(sPath);
+    if (sPath.isEmpty())
+        return DepthLineField::tr("there is no file name");
+    if (info.isDir())
+        return DepthLineField::tr("it is a folder");
+    if (info.exists() && !info.isFile()) // a device would be replaced by a file
+        return DepthLineField::tr("it is no ordinary file");
+    if (!info.dir().exists())
+        return DepthLineField::tr("its folder does not exist");
+    QSaveFile file(sPath);
+    // Unbuffered, because commit() takes the file for whole when the flush of its buffer has failed.
+    const bool bDone =
+        file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && writeWhole(file, sText) && file.commit();
+    return bDone ? QString() : file.errorString();
+}
+
+/// Why the file could not be read; empty when it was.
+QString readFile(const QString& sPath, QByteArray& sText)
+{
+    if (sPath.isEmpty())
+        return DepthLineField::tr("there is no file name");
+    QFile file(sPath);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return file.errorString();
+    sText = file.readAll();
+    return file.error() == QFileDevice::NoError ? QString() : file.errorString();
 }
 
 } // namespace
@@ -42,18 +106,12 @@ QByteArray depthLineFileText(const DepthLineField& oField)
     stream << "Brennick, Structural SCAT Interpretation 4DKastor2008 v1.0\n";
     stream.setFieldWidth(g_iFieldWidth);
     stream.setFieldAlignment(QTextStream::AlignRight);
-    stream << "X"
-           << "Depth"
-           << "Types"
-           << "Colors"
-           << "Dip"
-           << "Azimuth"
-           << "Names"
-           << "\n";
+    for (const char* pTitle : {"X", "Depth", "Types", "Colors", "Dip", "Azimuth", "Names", "\n"})
+        stream << pTitle;
     for (const DepthLineField::Line& line : oField.lines()) {
         const QColor oColor = line.m_oColor.isValid() ? line.m_oColor : QColor(Qt::black);
         stream << line.m_dX << line.m_dDepth << static_cast<int>(line.m_eType) << MatrixData::colorHexaString(oColor)
-               << line.m_oOrientation.x() << line.m_oOrientation.y() << fileName(line.m_sName) << "\n";
+               << line.m_oOrientation.x() << line.m_oOrientation.y() << nameInFile(line.m_sName) << "\n";
     }
     stream.flush();
     return sText;
@@ -62,35 +120,46 @@ QByteArray depthLineFileText(const DepthLineField& oField)
 void readDepthLineFileText(const QByteArray& sText, DepthLineField& oField)
 {
     static const QRegularExpression blanks(QStringLiteral("\\s+"));
-    const QStringList lLines = QString::fromUtf8(sText).split(QLatin1Char('\n'));
+    const QStringList lLines = decoded(sText).split(QLatin1Char('\n'));
     for (int i = g_iHeadLines; i < lLines.size() && !lLines[i].isEmpty(); ++i) {
         const QStringList lParts = lLines[i].split(blanks);
-        if (lParts.size() >= g_iSmallestParts)
+        if (lParts.size() >= g_iSmallestParts && lParts.front().isEmpty())
             addLine(lParts, oField);
     }
 }
 
+QStringList depthLineNamesNotReadBack(const DepthLineField& oField)
+{
+    QStringList lNames;
+    for (const DepthLineField::Line& line : oField.lines()) {
+        DepthLineField written;
+        written.setLines({line});
+        const QByteArray sText = depthLineFileText(written);
+        DepthLineField back;
+        readDepthLineFileText(sText, back);
+        if (depthLineFileText(back) != sText)
+            lNames << line.m_sName;
+    }
+    return lNames;
+}
+
 bool writeDepthLineFile(const DepthLineField& oField, const QString& sPath, QString* psError)
 {
-    const QByteArray sText = depthLineFileText(oField);
-    QSaveFile file(sPath);
-    if (file.open(QIODevice::WriteOnly) && file.write(sText) == sText.size() && file.commit())
-        return true;
-    if (psError)
-        *psError = QStringLiteral("%1: %2").arg(sPath, file.errorString());
-    return false;
+    const QString sReason = replaceFile(sPath, depthLineFileText(oField));
+    if (psError && !sReason.isEmpty())
+        *psError = DepthLineField::tr("The scenario cannot be written to \"%1\": %2.").arg(sPath, sReason);
+    return sReason.isEmpty();
 }
 
 bool readDepthLineFile(const QString& sPath, DepthLineField& oField, QString* psError)
 {
-    QFile file(sPath);
-    if (file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        readDepthLineFileText(file.readAll(), oField);
-        return true;
-    }
-    if (psError)
-        *psError = QStringLiteral("%1: %2").arg(sPath, file.errorString());
-    return false;
+    QByteArray sText;
+    const QString sReason = readFile(sPath, sText);
+    if (sReason.isEmpty())
+        readDepthLineFileText(sText, oField);
+    else if (psError)
+        *psError = DepthLineField::tr("The scenario cannot be read from \"%1\": %2.").arg(sPath, sReason);
+    return sReason.isEmpty();
 }
 
 } // namespace gkBase
