@@ -12,35 +12,40 @@
 
 namespace gkBase {
 
-/// Exchanges the lines of one scenario. The edit itself was made before the command exists.
+/// An edit of one scenario, made before the command exists. It holds the lines of the other side of the edit and
+/// exchanges them with the scenario's, so that a move can go on while its command lies in the history.
 class ScatScenarios::LinesCommand : public QUndoCommand
 {
 public:
-    LinesCommand(ScatScenarios& owner, const QUndoStack* pStack, const QString& sText, std::vector<Line> vBefore,
-                 std::vector<Line> vAfter)
+    LinesCommand(ScatScenarios& owner, const QUndoStack* pStack, const QString& sText, std::vector<Line> vBefore)
         : QUndoCommand(sText)
         , m_owner(owner)
         , m_pStack(pStack)
-        , m_vBefore(std::move(vBefore))
-        , m_vAfter(std::move(vAfter))
+        , m_vOther(std::move(vBefore))
     {
     }
 
-    void undo() override { m_owner.setLines(m_pStack, m_vBefore); }
+    /// The next undo() is the last: redo() will not bring the edit back.
+    void cancel() { m_bCancelled = true; }
+
+    void undo() override
+    {
+        m_vOther = m_owner.exchangeLines(m_pStack, m_vOther);
+        setObsolete(m_bCancelled);
+    }
     void redo() override
     {
         // The stack calls it once when the command is pushed.
-        if (!std::exchange(m_bPushed, true))
-            return;
-        m_owner.setLines(m_pStack, m_vAfter);
+        if (std::exchange(m_bPushed, true))
+            m_vOther = m_owner.exchangeLines(m_pStack, m_vOther);
     }
 
 private:
     ScatScenarios& m_owner;
     const QUndoStack* m_pStack; ///< not owned; tells the scenario
-    std::vector<Line> m_vBefore;
-    std::vector<Line> m_vAfter;
+    std::vector<Line> m_vOther;
     bool m_bPushed = false;
+    bool m_bCancelled = false;
 };
 
 ScatScenarios::ScatScenarios(const Models& vpModels, QObject* pqParent)
@@ -51,9 +56,9 @@ ScatScenarios::ScatScenarios(const Models& vpModels, QObject* pqParent)
 
 ScatScenarios::~ScatScenarios()
 {
-    // The histories tell the group when they go; nobody else is to hear it.
-    blockSignals(true);
-    m_vStacks.clear();
+    // A history that goes says that it is clean.
+    for (const auto& pStack : m_vStacks)
+        pStack->disconnect(this);
 }
 
 // ---- scenarios ------------------------------------------------------------------------------------------------------
@@ -102,7 +107,14 @@ void ScatScenarios::appendStack()
     m_vStacks.push_back(std::make_unique<QUndoStack>());
     QUndoStack* pStack = m_vStacks.back().get();
     m_oUndoGroup.addStack(pStack);
-    connect(pStack, &QUndoStack::cleanChanged, this, [this, pStack] { syncModified(pStack); });
+    connect(pStack, &QUndoStack::indexChanged, this, [this, pStack] {
+        syncModified(pStack);
+        emit linesChanged();
+    });
+    connect(pStack, &QUndoStack::cleanChanged, this, [this, pStack] {
+        syncModified(pStack);
+        emit modifiedChanged();
+    });
     m_oUndoGroup.setActiveStack(pStack);
 }
 
@@ -149,6 +161,8 @@ void ScatScenarios::closeActive()
     endMove();
     for (QRelationshipItemModel* pModel : m_vpModels)
         pModel->eraseActiveStructuralTopsSenario();
+    const std::unique_ptr<QUndoStack> pClosed = std::move(m_vStacks[static_cast<std::size_t>(iScenario)]);
+    pClosed->disconnect(this);
     m_vStacks.erase(m_vStacks.begin() + iScenario);
     m_oUndoGroup.setActiveStack(active() < 0 ? nullptr : m_vStacks[static_cast<std::size_t>(active())].get());
     emit scenariosChanged();
@@ -164,7 +178,6 @@ bool ScatScenarios::save(int iScenario, const QString& sPath, QString* psError)
     if (!writeDepthLineFile(*vpFields.front(), sPath, psError))
         return false;
     m_vStacks[static_cast<std::size_t>(iScenario)]->setClean();
-    syncModified(m_vStacks[static_cast<std::size_t>(iScenario)].get());
     return true;
 }
 
@@ -176,7 +189,7 @@ int ScatScenarios::import(const QString& sPath, QString* psError)
     const int iScenario = add(QFileInfo(sPath).completeBaseName());
     const std::vector<Line> vLines = field.lines();
     forFields(iScenario, [&vLines](DepthLineField& oField) { oField.setLines(vLines); });
-    syncModified(m_vStacks.back().get());
+    syncModified(m_vStacks.back().get()); // what was read is no change
     emit linesChanged();
     return iScenario;
 }
@@ -185,7 +198,6 @@ void ScatScenarios::syncModified(const QUndoStack* pStack)
 {
     const bool bModified = !pStack->isClean();
     forFields(indexOf(pStack), [bModified](DepthLineField& oField) { oField.setModified(bModified); });
-    emit modifiedChanged();
 }
 
 // ---- edits ----------------------------------------------------------------------------------------------------------
@@ -203,17 +215,22 @@ void ScatScenarios::forFields(int iScenario, const Edit& fnEdit)
         fnEdit(*pField);
 }
 
-void ScatScenarios::setLines(const QUndoStack* pStack, const std::vector<Line>& vLines)
+std::vector<ScatScenarios::Line> ScatScenarios::exchangeLines(const QUndoStack* pStack, const std::vector<Line>& vLines)
 {
-    forFields(indexOf(pStack), [&vLines](DepthLineField& oField) { oField.setLines(vLines); });
-    emit linesChanged();
+    m_pMove = nullptr;
+    const std::vector<DepthLineField*> vpFields = fields(indexOf(pStack));
+    std::vector<Line> vOld = vpFields.front()->lines();
+    for (DepthLineField* pField : vpFields)
+        pField->setLines(vLines);
+    return vOld;
 }
 
-void ScatScenarios::remember(const QString& sUndoText, std::vector<Line> vBefore)
+ScatScenarios::LinesCommand* ScatScenarios::remember(const QString& sUndoText, std::vector<Line> vBefore)
 {
     QUndoStack* pStack = m_vStacks[static_cast<std::size_t>(active())].get();
-    pStack->push(new LinesCommand(*this, pStack, sUndoText, std::move(vBefore), lines()->lines()));
-    syncModified(pStack);
+    auto* pCommand = new LinesCommand(*this, pStack, sUndoText, std::move(vBefore));
+    pStack->push(pCommand);
+    return pCommand;
 }
 
 void ScatScenarios::edit(const QString& sUndoText, const Edit& fnEdit)
@@ -223,10 +240,8 @@ void ScatScenarios::edit(const QString& sUndoText, const Edit& fnEdit)
     endMove();
     std::vector<Line> vBefore = lines()->lines();
     forFields(active(), fnEdit);
-    if (vBefore == lines()->lines())
-        return;
-    remember(sUndoText, std::move(vBefore));
-    emit linesChanged();
+    if (vBefore != lines()->lines())
+        remember(sUndoText, std::move(vBefore));
 }
 
 bool ScatScenarios::insert(DepthLineField::DataType eType, const QPointF& oXAndDepth, const QString& sName,
@@ -268,28 +283,29 @@ void ScatScenarios::move(const QPointF& oStep)
 {
     if (!lines() || !lines()->isSomethingSelected())
         return;
-    if (!std::exchange(m_bMoving, true))
-        m_vBeforeMove = lines()->lines();
-    forFields(active(), [&oStep](DepthLineField& oField) { oField.moveSelectedLines(oStep); });
-    emit linesChanged();
+    const auto fnMove = [&oStep](DepthLineField& oField) { oField.moveSelectedLines(oStep); };
+    if (m_pMove) {
+        forFields(active(), fnMove);
+        emit linesChanged();
+        return;
+    }
+    std::vector<Line> vBefore = lines()->lines();
+    forFields(active(), fnMove);
+    if (vBefore != lines()->lines())
+        m_pMove = remember(tr("Move Lines"), std::move(vBefore));
 }
 
 void ScatScenarios::endMove()
 {
-    if (!std::exchange(m_bMoving, false))
-        return;
-    std::vector<Line> vBefore = std::exchange(m_vBeforeMove, {});
-    if (vBefore != lines()->lines())
-        remember(tr("Move Lines"), std::move(vBefore));
+    m_pMove = nullptr;
 }
 
 void ScatScenarios::cancelMove()
 {
-    if (!std::exchange(m_bMoving, false))
+    if (!m_pMove)
         return;
-    QUndoStack* pStack = m_vStacks[static_cast<std::size_t>(active())].get();
-    setLines(pStack, std::exchange(m_vBeforeMove, {}));
-    syncModified(pStack);
+    m_pMove->cancel();
+    m_oUndoGroup.undo();
 }
 
 void ScatScenarios::erasePicked()

@@ -35,7 +35,7 @@ public:
     using Models = std::array<QRelationshipItemModel*, s_iTracks>;
     using Line = DepthLineField::Line;
 
-    /// The models must not have scenarios yet.
+    /// The models must have no scenarios yet, and each its own lines.
     explicit ScatScenarios(const Models& vpModels, QObject* pqParent = nullptr);
     ~ScatScenarios() override;
 
@@ -73,10 +73,11 @@ public:
     /// Picks these lines, with bAdd beside those that are picked.
     void pick(const std::vector<int>& viLines, bool bAdd);
     void deselectAll() { pick({}, false); }
-    /// Moves the picked lines; all moves up to endMove() are one edit.
+    /// Moves the picked lines. All steps up to endMove(), or up to whatever else is done, are one edit: an undo in the
+    /// middle takes them all back, and nudges by keyboard need no end of their own.
     void move(const QPointF& oStep);
     void endMove();
-    /// Puts the lines back to where the move began.
+    /// Puts the lines back to where the move began, as if it had not been.
     void cancelMove();
     /// These change the picked lines.
     void erasePicked();
@@ -97,10 +98,11 @@ signals:
     void scenariosChanged();
     /// Another scenario is active, or none.
     void activeChanged();
-    /// Lines of the active scenario changed, came or went.
+    /// Lines of the active scenario changed, came or went; with undo and redo others may be picked, too.
     void linesChanged();
     /// Others are picked.
     void pickChanged();
+    /// A scenario differs from its file now, or no longer.
     void modifiedChanged();
 
 private:
@@ -110,8 +112,10 @@ private:
 
     /// Applies an edit to the fields of the active scenario and remembers it for undo. Nothing without a change.
     void edit(const QString& sUndoText, const Edit& fnEdit);
-    void remember(const QString& sUndoText, std::vector<Line> vBefore);
-    void setLines(const QUndoStack* pStack, const std::vector<Line>& vLines);
+    /// Puts an edit of the active scenario that was made into its history, which keeps the command.
+    LinesCommand* remember(const QString& sUndoText, std::vector<Line> vBefore);
+    /// Gives the scenario of a history these lines, and returns those that it had.
+    std::vector<Line> exchangeLines(const QUndoStack* pStack, const std::vector<Line>& vLines);
     /// Changes what is no edit (picks, names of scenarios) in the fields of one scenario.
     void forFields(int iScenario, const Edit& fnEdit);
     int indexOf(const QUndoStack* pStack) const;
@@ -121,8 +125,7 @@ private:
     Models m_vpModels;
     std::vector<std::unique_ptr<QUndoStack>> m_vStacks; ///< one per scenario
     QUndoGroup m_oUndoGroup;
-    bool m_bMoving = false;
-    std::vector<Line> m_vBeforeMove;
+    LinesCommand* m_pMove = nullptr; ///< not owned; the last one of the active history while a move goes on
 };
 
 } // namespace gkBase
