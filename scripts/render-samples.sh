@@ -53,6 +53,8 @@ bedding=(--dip dip --azimuth azimuth)
 chart "$folded" stereonet stereonet "${bedding[@]}" --net --results girdle,L
 chart "$folded" tangent tangent "${bedding[@]}" --fold-axis
 statistics "$folded" "${bedding[@]}"
+echo "== $(basename "$folded"), crests and inflections"
+"$program" scat "$folded" --depth depth "${bedding[@]}"
 
 lines=(--dip plunge --azimuth trend --lines)
 chart "$lineations" stereonet stereonet "${lines[@]}" --contours --results mean

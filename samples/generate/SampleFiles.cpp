@@ -27,25 +27,81 @@ std::string azimuthText(double dAzimuth)
     return sText == "360.0" ? "0.0" : sText;
 }
 
+/// The fold of the well: its record i is at 1200 + 1.25 i metres, give or take.
+constexpr double g_dTop = 1200;
+constexpr double g_dSpacing = 1.25;
+constexpr double g_dWavelength = 130; // records
+
+/// The bedding of the folded well at a record, turned out of the axis by dNoise radians.
+Angles foldedBed(double dRecord, double dNoise)
+{
+    const Vector axis = lineVector({15, 300});
+    const Vector across = lineVector({0, 30});
+    const Vector upright = lineVector({75, 120});
+    const double dTurn = (50 * std::sin(2 * g_dPi * dRecord / g_dWavelength) - 10) * g_dPi / 180;
+    Vector pole{};
+    for (std::size_t k = 0; k < 3; ++k) {
+        pole[k] = std::cos(dTurn) * upright[k] + std::sin(dTurn) * across[k] + dNoise * axis[k];
+    }
+    return planeAngles(pole);
+}
+
 /// Bedding planes that all hold the axis 15/300; the limbs swing from one side to the other with depth.
 std::string foldedWell()
 {
     SampleRandom random(1);
-    const Vector axis = lineVector({15, 300});
-    const Vector across = lineVector({0, 30});
-    const Vector upright = lineVector({75, 120});
     std::string sText = "depth [m],dip [deg],azimuth [deg],quality\n";
     for (int i = 0; i < 220; ++i) {
-        const double dDepth = 1200 + 1.25 * i + random.uniform(-0.3, 0.3);
-        const double dTurn = (50 * std::sin(2 * g_dPi * i / 130) - 10) * g_dPi / 180;
-        Vector pole{};
-        const double dNoise = random.normal(0, 0.02); // along the axis, in radians
-        for (std::size_t k = 0; k < 3; ++k) {
-            pole[k] = std::cos(dTurn) * upright[k] + std::sin(dTurn) * across[k] + dNoise * axis[k];
-        }
-        const Angles oPlane = planeAngles(pole);
+        const double dDepth = g_dTop + g_dSpacing * i + random.uniform(-0.3, 0.3);
+        const Angles oPlane = foldedBed(i, random.normal(0, 0.02));
         sText += fixed(dDepth, 2) + ',' + fixed(oPlane.m_dAngle, 1) + ',' + azimuthText(oPlane.m_dAzimuth) + ',' +
                  std::to_string(random.whole(1, 4)) + '\n';
+    }
+    return sText;
+}
+
+/// A line of a scenario: its fields right-aligned in 30 characters, the line end being one of them.
+std::string scenarioLine(const std::vector<std::string>& vsFields)
+{
+    constexpr std::size_t iWidth = 30;
+    std::string sLine;
+    for (const std::string& sField : vsFields) {
+        sLine += std::string(sField.size() < iWidth ? iWidth - sField.size() : 0, ' ') + sField;
+    }
+    return sLine + std::string(iWidth - 1, ' ') + '\n';
+}
+
+std::string shortest(double dValue)
+{
+    char acText[64];
+    std::snprintf(acText, sizeof(acText), "%g", dValue);
+    return acText;
+}
+
+/// The planes of the folded well where its formula has them, and a bed that is followed as a horizon.
+std::string foldedWellScenario()
+{
+    struct Line
+    {
+        double m_dRecord;
+        int m_iType; // 0 crestal, 1 axial, 2 inflection plane, 3 horizon
+        const char* m_pcName;
+    };
+    const double dCrest = g_dWavelength / (2 * g_dPi) * std::asin(0.2); // 50 sin = 10
+    const double dHalf = g_dWavelength / 2;
+    const Line vLines[] = {
+        {dHalf / 2, 2, "Inflection_1"},   {dHalf - dCrest, 0, "Crest_1"},    {80, 3, "Marker_bed"},
+        {1.5 * dHalf, 2, "Inflection_2"}, {2 * dHalf, 1, "Axial_plane"},     {2 * dHalf + dCrest, 0, "Crest_2"},
+        {2.5 * dHalf, 2, "Inflection_3"}, {3 * dHalf - dCrest, 0, "Crest_3"}};
+    const char* apcColors[] = {"#0000ff", "#00ff00", "#ff0000", "#d95f02"};
+    std::string sText = "Brennick, Structural SCAT Interpretation 4DKastor2008 v1.0\n" +
+                        scenarioLine({"X", "Depth", "Types", "Colors", "Dip", "Azimuth", "Names"});
+    for (const Line& line : vLines) {
+        const bool bHorizon = line.m_iType == 3;
+        const Angles oPlane = bHorizon ? foldedBed(line.m_dRecord, 0) : Angles{-1, -1}; // -1: not oriented
+        sText += scenarioLine({"0", shortest(g_dTop + g_dSpacing * line.m_dRecord), std::to_string(line.m_iType),
+                               apcColors[line.m_iType], shortest(oPlane.m_dAngle), shortest(oPlane.m_dAzimuth),
+                               line.m_pcName});
     }
     return sText;
 }
@@ -179,6 +235,7 @@ std::string mixed()
 std::map<std::string, std::string> sampleFiles()
 {
     return {{"folded_well.csv", foldedWell()},
+            {"folded_well_scenario.txt", foldedWellScenario()},
             {"fractures.csv", fractures()},
             {"lineations.csv", lineations()},
             {"logs.las", logs()},

@@ -28,8 +28,8 @@ GKBASECORE_EXPORT TransverseDirections directionsByTangentLine(std::span<const d
                                                                std::span<const unsigned char> vbMask = {});
 
 /// The same with T where the root mean square of the apparent dips, as angles, is largest. A first guess that needs no
-/// fold: planes that dip alike have it in the direction of their dip. The regional dip along the axis of a plunging
-/// fold pulls it away from T of the line. The maximum is that of all records, to 1e-6 degrees; of equal ones that next
+/// fold: planes that dip alike have it in the direction of their dip. The plunge of the axis pulls it away from T
+/// of the line where one limb prevails. The maximum is that of all records, to 1e-6 degrees; of equal ones that next
 /// to north. Undefined below two planes, for horizontal ones, and where all directions are alike, as for vertical
 /// planes. Linear in the number of records.
 GKBASECORE_EXPORT TransverseDirections directionsByRootMeanSquare(std::span<const double> vdDips,
