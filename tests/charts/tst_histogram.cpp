@@ -23,6 +23,7 @@
 #include <QImage>
 #include <QLabel>
 #include <QMimeData>
+#include <QPainter>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -78,6 +79,7 @@ private slots:
     void intervalControlDecimals_data();
     void intervalControlDecimals();
     void fixedAzimuthRange();
+    void directionsAreMarkedOnAzimuthsOnly();
     void selectedRowsAreCounted();
     void removedAttributeLeavesAnEmptyChart();
     void rootMayDieFirst();
@@ -305,6 +307,42 @@ void TestHistogram::fixedAzimuthRange()
     poAzimuth->setUnitManager(QStringLiteral("orientation"));
     panel.setDataSet(poAzimuth);
     QCOMPARE(panel.drawingArea()->boundaries().m_oUpperRight.x(), 360.0);
+}
+
+void TestHistogram::directionsAreMarkedOnAzimuthsOnly()
+{
+    const std::unique_ptr<MatrixData> poRoot =
+        rootOf({attribute(QStringLiteral("azimuth"), ramp(120)), attribute(QStringLiteral("GR"), ramp(400))});
+    poRoot->getNodeFromName(QStringLiteral("azimuth"))->setUnitManager(QStringLiteral("orientation"));
+    QHistogramChartWidget panel;
+    panel.setDataRoot(poRoot.get());
+    panel.setTandLdirection(310.0, 220.0);
+    panel.setDataSet(poRoot->getNodeFromName(QStringLiteral("azimuth")));
+    QHistogramPlotWidget* pqPlot = panel.drawingArea();
+
+    // There are no bars beyond 120: what is dark in these columns of a picture are the marks.
+    const auto darkShare = [&](double dAzimuth) {
+        QImage oPicture(721, 200, QImage::Format_RGB32);
+        QPainter painter(&oPicture);
+        pqPlot->setGridIsOn(false);
+        pqPlot->renderTo(painter, oPicture.rect());
+        painter.end();
+        const int iX = static_cast<int>(dAzimuth / 360.0 * 720.0);
+        int iDark = 0;
+        for (int iY = 100; iY < 195; ++iY) // below the labels
+            iDark += qGray(oPicture.pixel(iX, iY)) < 100 ? 1 : 0;
+        return iDark / 95.0;
+    };
+    QCOMPARE(darkShare(310.0), 1.0);
+    QVERIFY(darkShare(220.0) > 0.4 && darkShare(220.0) < 0.9); // dashed
+    QCOMPARE(darkShare(265.0), 0.0);
+
+    panel.setDataSet(poRoot->getNodeFromName(QStringLiteral("GR")));
+    darkShare(0.0); // lays out
+    QVERIFY(pqPlot->directionMarks().empty());
+    panel.setDataSet(poRoot->getNodeFromName(QStringLiteral("azimuth")));
+    panel.setTandLdirection(99999.0, 99999.0);
+    QCOMPARE(darkShare(310.0), 0.0);
 }
 
 void TestHistogram::selectedRowsAreCounted()

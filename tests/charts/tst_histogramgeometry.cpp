@@ -32,6 +32,8 @@ private slots:
     void everyBarIsFoundWhereItStands();
     void percentileLines_data();
     void percentileLines();
+    void directionMarks_data();
+    void directionMarks();
     void labelsOfOneRowDoNotTouch();
 };
 
@@ -156,6 +158,35 @@ void TestHistogramGeometry::percentileLines()
         QVERIFY(line.m_iPercent != 50 || line.m_dX == 50.0);
     }
     QCOMPARE(liShown, percents);
+}
+
+void TestHistogramGeometry::directionMarks_data()
+{
+    QTest::addColumn<double>("from");
+    QTest::addColumn<double>("to");
+    QTest::addColumn<double>("t");
+    QTest::addColumn<double>("l");
+    QTest::addColumn<QString>("marks"); // in degrees from the left end, which is pixel 0
+    QTest::newRow("from left to right") << 0.0 << 360.0 << 310.0 << 220.0 << "L220 T310";
+    QTest::newRow("by whole turns") << 0.0 << 360.0 << 370.0 << -30.0 << "T10 L330";
+    QTest::newRow("another start") << -180.0 << 180.0 << 310.0 << 40.0 << "T130 L220";
+    QTest::newRow("half a circle: axes") << 0.0 << 180.0 << 310.0 << 220.0 << "L40 T130";
+    QTest::newRow("before the first azimuth") << 20.0 << 360.0 << 10.0 << 100.0 << "L80";
+    QTest::newRow("missing") << 0.0 << 360.0 << 99999.0 << g_dNaN << "";
+}
+
+void TestHistogramGeometry::directionMarks()
+{
+    QFETCH(double, from);
+    QFETCH(double, to);
+    const int iPixels = static_cast<int>(to - from) + 1; // one per degree
+    QStringList lMarks;
+    QFETCH(double, t);
+    QFETCH(double, l);
+    for (const HistogramDirection& mark :
+         gkBase::directionMarks(t, l, histogramMap({QPointF(from, 0), QPointF(to, 1)}, QSize(iPixels, 50))))
+        lMarks << (mark.m_bTransverse ? QStringLiteral("T%1") : QStringLiteral("L%1")).arg(mark.m_dX);
+    QTEST(lMarks.join(QLatin1Char(' ')), "marks");
 }
 
 void TestHistogramGeometry::labelsOfOneRowDoNotTouch()

@@ -1,7 +1,10 @@
 #include "HistogramGeometry.h"
 
+#include "Angles.h"
+
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace gkBase {
 
@@ -10,6 +13,7 @@ namespace {
 constexpr double g_dSmallestWidth = 5e-7;
 /// Half the range around a single point.
 constexpr double g_dPointMargin = 10.0;
+constexpr double g_dHalfTurn = 180.0;
 
 bool isNarrow(double dFrom, double dTo)
 {
@@ -95,6 +99,25 @@ std::vector<HistogramLine> percentileLines(const HistogramPercentiles& percentil
     add(bP50, percentiles.m_dP50, 50);
     add(bP90, percentiles.m_dP90, 90);
     return vLines;
+}
+
+std::vector<HistogramDirection> directionMarks(double dT, double dL, const HistogramMap& map)
+{
+    const double dFrom = map.m_oX.minValue();
+    const double dPeriod = map.m_oX.maxValue() - dFrom > g_dHalfTurn ? 2.0 * g_dHalfTurn : g_dHalfTurn;
+    std::vector<HistogramDirection> vMarks;
+    const auto add = [&](double dDirection, bool bTransverse) {
+        if (isMissing(dDirection))
+            return;
+        const double dShown = dFrom + wrapAngle(dDirection - dFrom, dPeriod);
+        if (dShown <= map.m_oX.maxValue())
+            vMarks.push_back({static_cast<double>(map.m_oX.toPixelIndex(dShown)), bTransverse});
+    };
+    add(dT, true);
+    add(dL, false);
+    if (vMarks.size() == 2 && vMarks[1].m_dX < vMarks[0].m_dX)
+        std::swap(vMarks[0], vMarks[1]);
+    return vMarks;
 }
 
 QList<int> labelRows(const QList<double>& vdX, const QList<double>& vdWidths, double dGap)

@@ -60,6 +60,13 @@ struct HistogramLine
     int m_iPercent = 0;
 };
 
+/// A direction marked on an axis of azimuths, in chart pixels.
+struct HistogramDirection
+{
+    double m_dX = 0.0;
+    bool m_bTransverse = false; ///< T, else L
+};
+
 /// Widens ranges narrower than 5e-7 so that they can be drawn.
 GKBASETOOLS_EXPORT HistogramBoundaries guardedBoundaries(const HistogramBoundaries& boundaries);
 /// A degenerate boundary or a chart without pixels maps everything to one point, never to NaN.
@@ -73,6 +80,10 @@ GKBASETOOLS_EXPORT int barAt(const std::vector<HistogramBar>& vBars, const QPoin
 /// Lines of the percentiles that are neither missing nor switched off nor outside the chart.
 GKBASETOOLS_EXPORT std::vector<HistogramLine> percentileLines(const HistogramPercentiles& percentiles, bool bP10,
                                                               bool bP50, bool bP90, const HistogramMap& map);
+/// The marks of the T and L directions (degrees, 99999.0: none) on an axis of azimuths in degrees, from left to right.
+/// They are brought into the shown range by whole turns, of a range of half a circle, as axes, by half turns; one that
+/// stays outside has no mark.
+GKBASETOOLS_EXPORT std::vector<HistogramDirection> directionMarks(double dT, double dL, const HistogramMap& map);
 /// Rows (0 = topmost) for labels that are centred at vdX (rising) and vdWidths wide, so that labels of one row stay
 /// dGap apart.
 GKBASETOOLS_EXPORT QList<int> labelRows(const QList<double>& vdX, const QList<double>& vdWidths, double dGap);

@@ -199,6 +199,21 @@ void QHistogramChartWidget::setMercatorScaling(bool bOn)
     updateHistogram();
 }
 
+void QHistogramChartWidget::setTandLdirection(const double& dT, const double& dL)
+{
+    m_dT = dT;
+    m_dL = dL;
+    markDirections();
+}
+
+void QHistogramChartWidget::markDirections()
+{
+    if (m_bAzimuthScaling)
+        m_pqPlot->setTandLdirection(m_dT, m_dL);
+    else
+        m_pqPlot->setTandLdirection(g_dMissingValue, g_dMissingValue);
+}
+
 void QHistogramChartWidget::setChartFrameEnabled(bool bEnabled)
 {
     m_pqFrames->setChartEnabled(bEnabled);
@@ -313,6 +328,7 @@ void QHistogramChartWidget::updateDataBoundaries()
         oUpperRight = QPointF(dMax, m_pModel->maximumHeight());
     }
     m_pqPlot->setBoundaries(oLowerLeft, oUpperRight);
+    markDirections();
     // The canvas widens ranges that cannot be drawn; the axes show what it shows.
     const HistogramBoundaries shown = m_pqPlot->boundaries();
     m_pqFrame->bottomAxis()->setRange(shown.m_oLowerLeft.x(), shown.m_oUpperRight.x());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ChartExporter.h"
+#include "MissingValue.h"
 #include "gkBaseToolsExport.h"
 
 #include <QPointF>
@@ -72,6 +73,9 @@ public:
     /// switches azimuth scaling on for the azimuth of a data set and off for anything else.
     void setAzimuthScaling(bool bOn);
     void setMercatorScaling(bool bOn);
+    /// The T and L directions of a dipmeter analysis (degrees, 99999.0: none), which are marked while azimuth scaling
+    /// is on.
+    void setTandLdirection(const double& dT, const double& dL);
 
     QHistogramPlotWidget* drawingArea() const { return m_pqPlot; }
     QProbabilityPlot* probabilityPlot() const { return m_pqProbabilityPlot; }
@@ -124,6 +128,7 @@ private:
     void updateProbabilityPlot();
     bool showsProbability() const;
     void updateDataBoundaries();
+    void markDirections();
     void showStatistics();
     /// A difference in display units with its unit, 3 decimals; "---" when missing.
     QString shownDifference(double dDifference) const;
@@ -137,6 +142,8 @@ private:
     bool m_bDefaultIntervals = false;     ///< the next rebuild chooses the interval size
     bool m_bAzimuthScaling = false;
     bool m_bMercatorScaling = false;
+    double m_dT = g_dMissingValue;
+    double m_dL = g_dMissingValue;
 
     ChartFrameStack* m_pqFrames = nullptr;
     ChartFrame* m_pqFrame = nullptr; ///< of the histogram

@@ -1,5 +1,6 @@
 #include "QHistogramPlotWidget.h"
 
+#include "DirectionMarks.h"
 #include "QCartesianAxisWidget.h"
 #include "QHistogramItemModel.h"
 
@@ -80,6 +81,13 @@ void QHistogramPlotWidget::setShowP90(bool bShow)
     scheduleRedraw();
 }
 
+void QHistogramPlotWidget::setTandLdirection(const double& dT, const double& dL)
+{
+    m_dT = dT;
+    m_dL = dL;
+    scheduleRedraw();
+}
+
 void QHistogramPlotWidget::verticalGridLinesChanged(const QList<int>& viPositions)
 {
     m_viVerticalGridLines = viPositions;
@@ -110,6 +118,7 @@ void QHistogramPlotWidget::layoutChart()
     m_oPlotRect = QRectF(QPointF(0, 0), QSizeF(chartSize() - QSize(1, 1)));
     m_vBars = m_pModel ? histogramBars(m_pModel->intervals(), oMap) : std::vector<HistogramBar>();
     m_vLines = percentileLines(m_oPercentiles, m_bShowP10, m_bShowP50, m_bShowP90, oMap);
+    m_vDirections = gkBase::directionMarks(m_dT, m_dL, oMap);
 }
 
 void QHistogramPlotWidget::drawChart(QPainter& painter)
@@ -119,6 +128,7 @@ void QHistogramPlotWidget::drawChart(QPainter& painter)
     drawAxes(&painter);
     drawHistogram(&painter);
     drawStatisticMeasures(&painter);
+    drawTandLdirection(&painter);
     painter.restore();
 }
 
@@ -175,12 +185,20 @@ void QHistogramPlotWidget::drawStatisticMeasures(QPainter* pPainter)
     }
 }
 
+void QHistogramPlotWidget::drawTandLdirection(QPainter* pPainter)
+{
+    std::vector<DirectionLine> vLines;
+    for (const HistogramDirection& mark : m_vDirections)
+        vLines.push_back({QLineF(mark.m_dX, m_oPlotRect.bottom(), mark.m_dX, m_oPlotRect.top()), mark.m_bTransverse});
+    drawDirectionLines(*pPainter, vLines, m_oLabelColor, m_oBackgroundColor);
+}
+
 void QHistogramPlotWidget::drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea)
 {
     if (!m_pModel || m_pModel->intervals().empty())
         drawNoValues(painter, oVisibleArea);
     else
-        drawPercentileLabels(painter, oVisibleArea);
+        drawLineLabels(painter, oVisibleArea);
 }
 
 void QHistogramPlotWidget::drawNoValues(QPainter& painter, const QRect& oVisibleArea)
@@ -189,31 +207,48 @@ void QHistogramPlotWidget::drawNoValues(QPainter& painter, const QRect& oVisible
     painter.drawText(QRect(QPoint(0, 0), oVisibleArea.size()), Qt::AlignCenter | Qt::TextWordWrap, tr("No values"));
 }
 
-void QHistogramPlotWidget::drawPercentileLabels(QPainter& painter, const QRect& oVisibleArea)
+std::vector<QHistogramPlotWidget::LineLabel> QHistogramPlotWidget::lineLabels() const
+{
+    std::vector<LineLabel> vLabels;
+    for (const HistogramLine& line : m_vLines)
+        vLabels.push_back({line.m_dX, QStringLiteral("P%1").arg(line.m_iPercent), false});
+    for (const HistogramDirection& mark : m_vDirections)
+        vLabels.push_back({mark.m_dX, directionName(mark.m_bTransverse), true});
+    std::stable_sort(vLabels.begin(), vLabels.end(),
+                     [](const LineLabel& first, const LineLabel& second) { return first.m_dX < second.m_dX; });
+    return vLabels;
+}
+
+void QHistogramPlotWidget::drawLineLabels(QPainter& painter, const QRect& oVisibleArea) const
 {
     const QFontMetricsF metrics(painter.font(), painter.device());
+    std::vector<LineLabel> vLabels = lineLabels();
+    std::erase_if(vLabels, [&oVisibleArea](const LineLabel& label) {
+        return label.m_dX < oVisibleArea.left() || label.m_dX >= oVisibleArea.left() + oVisibleArea.width();
+    });
     QList<double> vdCentres;
     QList<double> vdWidths;
-    QStringList lTexts;
-    for (const HistogramLine& line : m_vLines) {
-        const double dX = line.m_dX - oVisibleArea.left();
-        if (dX < 0.0 || dX >= oVisibleArea.width())
-            continue;
-        lTexts << QStringLiteral("P%1").arg(line.m_iPercent);
-        vdWidths << metrics.horizontalAdvance(lTexts.last()) + 2.0 * g_dLabelPadding;
+    for (const LineLabel& label : vLabels) {
+        vdWidths << metrics.horizontalAdvance(label.m_sText) + 2.0 * g_dLabelPadding;
         const double dHalf = vdWidths.last() / 2.0;
+        const double dX = label.m_dX - oVisibleArea.left();
         vdCentres << std::max(dHalf, std::min(dX, oVisibleArea.width() - 1.0 - dHalf));
     }
     const QList<int> viRows = labelRows(vdCentres, vdWidths, g_dLabelGap);
     const double dHeight = metrics.height() + 2.0;
-    painter.setPen(QPen(m_oLabelColor, 1.0));
-    painter.setBrush(m_oBackgroundColor);
     for (qsizetype i = 0; i < viRows.size(); ++i) {
+        const LineLabel& label = vLabels[static_cast<std::size_t>(i)];
         const QRectF oBox(std::floor(vdCentres[i] - vdWidths[i] / 2.0),
                           std::floor(g_dLabelTop + viRows[i] * (dHeight + g_dLabelGap)), std::ceil(vdWidths[i]),
                           std::ceil(dHeight));
+        if (label.m_bDirection) {
+            drawDirectionLabel(painter, oBox, label.m_sText, m_oLabelColor, m_oBackgroundColor);
+            continue;
+        }
+        painter.setPen(QPen(m_oLabelColor, 1.0));
+        painter.setBrush(m_oBackgroundColor);
         painter.drawRect(oBox);
-        painter.drawText(oBox, Qt::AlignCenter, lTexts[i]);
+        painter.drawText(oBox, Qt::AlignCenter, label.m_sText);
     }
 }
 

@@ -15,7 +15,8 @@ namespace gkBase {
 
 class QHistogramItemModel;
 
-/// The canvas of the histogram: bars over intervals, percentile lines and grid. Data units are model units.
+/// The canvas of the histogram: bars over intervals, percentile lines, grid and, on azimuths, the T and L directions of
+/// a dipmeter analysis. Data units are model units.
 class GKBASETOOLS_EXPORT QHistogramPlotWidget : public QChartDrawingArea
 {
     Q_OBJECT
@@ -35,6 +36,10 @@ public:
     void setShowP10(bool bShow);
     void setShowP50(bool bShow);
     void setShowP90(bool bShow);
+    /// The directions to mark on an axis of azimuths, in degrees; 99999.0 for none, as at first.
+    void setTandLdirection(const double& dT, const double& dL);
+    /// The marks of the present layout, from left to right.
+    const std::vector<HistogramDirection>& directionMarks() const { return m_vDirections; }
 
     QPointF transformInPixelPoint(const QPointF& oPoint) override;
     /// Chart pixels to data units.
@@ -60,6 +65,8 @@ public slots:
 protected:
     virtual void drawHistogram(QPainter* pPainter);
     virtual void drawStatisticMeasures(QPainter* pPainter);
+    /// T as a continuous line, L as a dashed one.
+    virtual void drawTandLdirection(QPainter* pPainter);
     /// Grid lines at the axes' ticks and the frame of the plot.
     virtual void drawAxes(QPainter* pPainter);
     /// What the tool tip of an interval says, as plain text; empty for none.
@@ -75,7 +82,15 @@ protected:
     void drawNoValues(QPainter& painter, const QRect& oVisibleArea);
 
 private:
-    void drawPercentileLabels(QPainter& painter, const QRect& oVisibleArea);
+    /// A name at the upper end of a vertical line.
+    struct LineLabel
+    {
+        double m_dX; ///< chart pixels
+        QString m_sText;
+        bool m_bDirection; ///< T or L, else a percentile
+    };
+    std::vector<LineLabel> lineLabels() const;
+    void drawLineLabels(QPainter& painter, const QRect& oVisibleArea) const;
 
     QPointer<QHistogramItemModel> m_pModel;        ///< not owned
     QPointer<QCartesianAxisWidget> m_pqLeftAxis;   ///< not owned
@@ -86,10 +101,13 @@ private:
     bool m_bShowP10 = true;
     bool m_bShowP50 = true;
     bool m_bShowP90 = true;
+    double m_dT = g_dMissingValue;
+    double m_dL = g_dMissingValue;
     QList<int> m_viVerticalGridLines;
     QList<int> m_viHorizontalGridLines;
     std::vector<HistogramBar> m_vBars;
     std::vector<HistogramLine> m_vLines;
+    std::vector<HistogramDirection> m_vDirections;
 };
 
 } // namespace gkBase
