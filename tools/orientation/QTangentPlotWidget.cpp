@@ -107,6 +107,12 @@ void QTangentPlotWidget::setShowFoldAxis(bool bShow)
     update();
 }
 
+void QTangentPlotWidget::setFoldAxisMovable(bool bMovable)
+{
+    m_bMovable = bMovable;
+    m_bDragging = false;
+}
+
 QPointF QTangentPlotWidget::foldAxisPixel() const
 {
     const NetPoint oPixel = netFrame().toPixel(pulledOntoNet(projection().line(m_dPlunge, m_dAzimuth)));
@@ -151,10 +157,12 @@ void QTangentPlotWidget::drawFoldAxis(QPainter* pPainter)
     pPainter->setPen(QPen(oColor, g_dAxisPen));
     pPainter->setBrush(m_oBackgroundColor);
     drawDiamond(pPainter, oSymbol, g_iAxisSymbol);
-    const bool bBeyond = m_dPlunge > maximumAngle();
-    const QString sAxis = lineText({m_dPlunge, m_dAzimuth});
-    const QString sText = bBeyond ? tr("Fold Axis %1 (beyond the rim)").arg(sAxis) : tr("Fold Axis %1").arg(sAxis);
+    const QString sText = foldAxisText();
+    if (sText.isEmpty()) {
+        return;
+    }
     LabelPlacement placement(m_oPlotRect);
+    blockFoldAxisLabel(placement, *pPainter);
     const QRectF oAnchor(oSymbol - QPointF(g_iAxisSymbol, g_iAxisSymbol), 2.0 * QSizeF(g_iAxisSymbol, g_iAxisSymbol));
     const QRectF oBox = placeOnNet(placement, netFrame(), oAnchor, labelBoxSize(*pPainter, sText));
     if (!oBox.isNull()) {
@@ -162,12 +170,20 @@ void QTangentPlotWidget::drawFoldAxis(QPainter* pPainter)
     }
 }
 
+QString QTangentPlotWidget::foldAxisText() const
+{
+    const QString sAxis = lineText({m_dPlunge, m_dAzimuth});
+    return m_dPlunge > maximumAngle() ? tr("Fold Axis %1 (beyond the rim)").arg(sAxis) : tr("Fold Axis %1").arg(sAxis);
+}
+
+void QTangentPlotWidget::blockFoldAxisLabel(LabelPlacement&, const QPainter&) const {}
+
 // ---- mouse ----------------------------------------------------------------------------------------------------------
 
 bool QTangentPlotWidget::isOnFoldAxis(const QPointF& oPosition) const
 {
     const QPointF oDistance = chartPixel(oPosition) - foldAxisPixel();
-    return m_bShowFoldAxis && std::hypot(oDistance.x(), oDistance.y()) <= g_dAxisReach;
+    return m_bShowFoldAxis && m_bMovable && std::hypot(oDistance.x(), oDistance.y()) <= g_dAxisReach;
 }
 
 void QTangentPlotWidget::dragFoldAxis(const QPointF& oPosition)

@@ -42,6 +42,8 @@ public:
     QPointF foldAxis() const { return {m_dPlunge, m_dAzimuth}; }
     void setShowFoldAxis(bool bShow);
     bool foldAxisIsShown() const { return m_bShowFoldAxis; }
+    /// The mouse can drag the axis, as at first; otherwise it selects there as elsewhere.
+    void setFoldAxisMovable(bool bMovable);
 
 signals:
     /// The axis was dragged to this plunge and azimuth.
@@ -58,6 +60,10 @@ protected:
     /// The net, whose radial lines mark the centre; without a net nothing does.
     void drawNet(QPainter* pPainter) override;
     void drawFoldAxis(QPainter* pPainter) override;
+    /// What the label of the axis says; empty for no label.
+    virtual QString foldAxisText() const;
+    /// Takes the places at which the label of the axis must not stand; none here.
+    virtual void blockFoldAxisLabel(LabelPlacement& placement, const QPainter& painter) const;
 
 private:
     /// Where the symbol of the axis stands: on the rim for a plunge above the maximum angle.
@@ -70,6 +76,7 @@ private:
     double m_dPlunge = 0.0;
     double m_dAzimuth = 0.0;
     bool m_bShowFoldAxis = false;
+    bool m_bMovable = true;
     bool m_bDragging = false;
     QPointF m_oAxisBefore; ///< (plunge, azimuth) before it was dragged
 };
