@@ -76,6 +76,8 @@ private:
     std::vector<Cell> m_vCells = std::vector<Cell>(s_iRows * s_iColumns);
 };
 
+constexpr double g_dScanStep = 2.0; // degrees between the directions that are looked at first
+
 /// Sum of the squared apparent dips, radians, towards a direction, and how it changes with the direction.
 struct SquareSum
 {
@@ -113,26 +115,24 @@ SquareSum squareSum(const std::vector<TangentPoint>& vPoints, double dDirection)
     return oSum;
 }
 
-/// The direction of the largest sum of squares within a degree of dDirection: Newton's method for the zero of the
-/// slope, halving the range where that leads astray. Missing where the sum does not depend on the direction.
+/// The direction of the largest sum of squares within a step of the scan from dDirection: Newton's method for the zero
+/// of the slope, halving the range where that leads astray. Missing where the sum does not depend on the direction.
 double maximumNear(const std::vector<TangentPoint>& vPoints, double dDirection)
 {
-    constexpr double dReach = 1.0;
     constexpr double dPrecision = 1e-6; // the error after a last step of this size is far smaller
     constexpr double dNoise = 1e-9;
     constexpr int iMost = 40;
-    double dLow = dDirection - dReach;
-    double dHigh = dDirection + dReach;
+    double dLow = dDirection - g_dScanStep;
+    double dHigh = dDirection + g_dScanStep;
     for (int i = 0; i < iMost; ++i) {
         const SquareSum oSum = squareSum(vPoints, dDirection);
         if (std::abs(oSum.m_dSlope) <= dNoise * oSum.m_dSum && std::abs(oSum.m_dCurvature) <= dNoise * oSum.m_dSum) {
             return g_dMissingValue;
         }
         (oSum.m_dSlope > 0.0 ? dLow : dHigh) = dDirection;
-        double dNext = dDirection - degrees(oSum.m_dSlope / oSum.m_dCurvature);
-        if (!(oSum.m_dCurvature < 0.0 && dNext > dLow && dNext < dHigh)) {
-            dNext = 0.5 * (dLow + dHigh);
-        }
+        const double dNewton = dDirection - degrees(oSum.m_dSlope / oSum.m_dCurvature);
+        const bool bTrusted = oSum.m_dCurvature < 0.0 && dNewton >= dLow && dNewton <= dHigh;
+        const double dNext = bTrusted ? dNewton : 0.5 * (dLow + dHigh);
         const double dStep = std::abs(dNext - dDirection);
         dDirection = dNext;
         if (dStep < dPrecision) {
@@ -142,18 +142,17 @@ double maximumNear(const std::vector<TangentPoint>& vPoints, double dDirection)
     return dDirection;
 }
 
-/// The whole degree from 0 to 179 with the largest sum of squares.
-double bestWholeDegree(const std::vector<TangentPoint>& vPoints)
+/// The direction of a scan from 0 to 180 with the largest sum of squares.
+double bestOfScan(const std::vector<TangentPoint>& vPoints)
 {
-    constexpr int iDirections = 180;
     constexpr double dRounding = 1e-12;
     double dBest = 0.0;
     double dLargest = -1.0;
-    for (int i = 0; i < iDirections; ++i) {
-        const double dSum = sumOfSquares(vPoints, i);
+    for (double dDirection = 0.0; dDirection < 180.0; dDirection += g_dScanStep) {
+        const double dSum = sumOfSquares(vPoints, dDirection);
         if (dSum > dLargest * (1.0 + dRounding)) {
             dLargest = dSum;
-            dBest = i;
+            dBest = dDirection;
         }
     }
     return dBest;
@@ -214,7 +213,7 @@ TransverseDirections directionsByRootMeanSquare(std::span<const double> vdDips, 
     }
     // The cells lead so close to the maximum of the planes that one or two passes over these remain.
     const std::vector<TangentPoint> vCells = cells.points();
-    const double dOfCells = maximumNear(vCells, bestWholeDegree(vCells));
+    const double dOfCells = maximumNear(vCells, bestOfScan(vCells));
     const double dTransverse = isMissing(dOfCells) ? g_dMissingValue : maximumNear(vPlanes, dOfCells);
     if (!isMissing(dTransverse)) {
         oDirections.m_dTransverse = positiveSide(dTransverse, vdDips, vdDipAzimuths, vbMask);
