@@ -99,6 +99,8 @@ QString DepthTrack::name() const
     const MatrixData* poNode = m_poValues.get();
     if (!poNode)
         return {};
+    if (!m_sTitle.isEmpty())
+        return m_sTitle;
     const MatrixData* poAzimuth = m_poAzimuth.get();
     return m_eKind == Tadpoles && poAzimuth ? poNode->name() + QLatin1String(" / ") + poAzimuth->name()
                                             : poNode->name();
@@ -116,6 +118,11 @@ QColor DepthTrack::color() const
         return m_oStyle.m_oColor;
     const MatrixData* poNode = m_poValues.get();
     return poNode ? poNode->color() : QColor(Qt::gray);
+}
+
+QColor DepthTrack::pointColor() const
+{
+    return m_oStyle.m_oPointColor.isValid() ? m_oStyle.m_oPointColor : color();
 }
 
 QString DepthTrack::displayText(double dValue) const

@@ -19,6 +19,7 @@ struct DepthTrackStyle
     int m_iLineWidth = 1;           ///< pixels
     int m_iPointSize = 2;           ///< half the symbol's width in pixels
     QColor m_oColor;                ///< invalid: the attribute's own
+    QColor m_oPointColor;           ///< invalid: that of the line
     bool m_bAutomaticLimits = true; ///< "nice" limits around all values
     double m_dMinimum = 0.0;        ///< used unless automatic
     double m_dMaximum = 1.0;
@@ -52,17 +53,21 @@ struct GKBASETOOLS_EXPORT DepthTrack
     MatrixDataPointer m_poQuality; ///< tadpoles below the minimum have open heads; null: all are filled
     double m_dMinimumQuality = 0.0;
     DepthTrackStyle m_oStyle;
+    /// Stands in the header in place of the attributes' names; the track is then read without its azimuth.
+    QString m_sTitle;
+    QString m_sNote; ///< stands beside the unit in the header
 
     static DepthTrack curve(MatrixData* poValues);
     static DepthTrack tadpoles(MatrixData* poDip, MatrixData* poAzimuth);
 
     /// True when one of the track's nodes lies in a branch that is about to be removed.
     bool uses(const MatrixData* poBranch) const;
-    /// As headers show it: the attribute's name, or dip and azimuth; empty without an attribute.
+    /// As headers show it: the title, the attribute's name, or dip and azimuth; empty without an attribute.
     QString name() const;
     QString unitTag() const;
     /// The style's colour or, when that is invalid, the attribute's.
     QColor color() const;
+    QColor pointColor() const;
     /// A value in the attribute's display unit without the tag; empty when missing.
     QString displayText(double dValue) const;
     /// Automatic limits: 0 … 90 for tadpoles, 0 … 360 for the azimuth of a data set, otherwise the attribute's range

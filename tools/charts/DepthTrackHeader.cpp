@@ -50,6 +50,8 @@ void drawLimits(QPainter& painter, const QRectF& oRow, const DepthTrackHeaderCon
 /// The unit, or the read-out with its unit where there is room for both.
 QString secondRow(const DepthTrackHeaderContent& content, const QPainter& painter, double dWidth)
 {
+    if (content.m_sValue.isEmpty() && !content.m_sNote.isEmpty())
+        return (content.m_sUnit + QLatin1String("  ") + content.m_sNote).trimmed();
     if (content.m_sValue.isEmpty())
         return content.m_sUnit;
     const QString sLong = content.m_sValue + QLatin1Char(' ') + content.m_sUnit;
@@ -66,7 +68,7 @@ void drawSample(QPainter& painter, const QRectF& oRow, const DepthTrackHeaderCon
     }
     if (content.m_bPoints) {
         painter.setPen(Qt::NoPen);
-        painter.setBrush(content.m_oColor);
+        painter.setBrush(content.m_oPointColor);
         for (const double dShare : {0.1, 0.3, 0.5, 0.7, 0.9})
             painter.drawEllipse(QPointF(oRow.left() + dShare * oRow.width(), dY), g_dDot, g_dDot);
     }
@@ -86,9 +88,11 @@ DepthTrackHeaderContent depthTrackHeaderContent(const DepthTrack& track)
             track.displayText(limits.m_dRight),
             QString(),
             track.color(),
+            track.pointColor(),
             track.m_oStyle.m_bLine && !bTadpoles,
             track.m_oStyle.m_bPoints || bTadpoles,
-            track.m_oStyle.m_iLineWidth};
+            track.m_oStyle.m_iLineWidth,
+            track.m_sNote};
 }
 
 int depthTrackHeaderHeight(const QFontMetricsF& metrics)

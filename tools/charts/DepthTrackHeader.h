@@ -22,9 +22,11 @@ struct DepthTrackHeaderContent
     QString m_sRight;
     QString m_sValue; ///< read-out at the cursor without unit, takes the unit's place; empty for none
     QColor m_oColor;
+    QColor m_oPointColor;
     bool m_bLine = true;
     bool m_bPoints = false;
     int m_iLineWidth = 1;
+    QString m_sNote; ///< beside the unit
 
     bool operator==(const DepthTrackHeaderContent&) const = default;
 };

@@ -47,9 +47,10 @@ QString readOut(const MatrixData* poNode, double dValue, int iDecimals = -1)
 
 } // namespace
 
-QDepthTrackArea::QDepthTrackArea(QWidget* pqParent)
+QDepthTrackArea::QDepthTrackArea(QWidget* pqParent, Lines eLines)
     : QWidget(pqParent)
     , m_pLines(new QRelationshipItemModel(this))
+    , m_eLines(eLines)
     , m_oChartFont(font())
 {
     createSurroundings();
@@ -113,7 +114,9 @@ QDepthTrackArea::View QDepthTrackArea::newView(int iTrack)
 {
     View view;
     view.m_pModel = new QRelationshipItemModel(this);
-    view.m_pModel->shareLines(*m_pLines);
+    if (m_eLines == Lines::Shared)
+        view.m_pModel->shareLines(*m_pLines);
+    view.m_bGrid = m_bGrid;
     view.m_pqPlot = new QDepthTrackPlot(m_pqContent, tr("Depth Plot"));
     view.m_pqPlot->setModel(view.m_pModel);
     view.m_pqPlot->setDepthRange(m_dFrom, m_dTo);
@@ -124,6 +127,7 @@ QDepthTrackArea::View QDepthTrackArea::newView(int iTrack)
     view.m_pqHeader = new DepthTrackHeader(m_pqContent);
     applyLooks(view.m_pqPlot);
     applyLooks(view.m_pqHeader);
+    view.m_pqPlot->setGridIsOn(view.m_bGrid);
     connectPlot(view.m_pqPlot);
     connect(view.m_pqHeader, &DepthTrackHeader::clicked, this, [this, iTrack] { emit trackClicked(iTrack); });
     view.m_pqPlot->show();
@@ -153,7 +157,8 @@ void QDepthTrackArea::fillView(View& view)
         pModel->setTadPoleAzimuthDataNode(nullptr);
         pModel->setTadPoleQuality(nullptr, 0.0);
     } else {
-        pModel->takeNewDataSet(m_iRecords, QRelationshipItemModel::DepthDisplay, poValues, m_poDepth.get(), {});
+        pModel->takeNewDataSet(m_iRecords, QRelationshipItemModel::DepthDisplay, poValues, m_poDepth.get(),
+                               m_viTableRows);
         const bool bTadpoles = view.m_oTrack.m_eKind == DepthTrack::Tadpoles;
         pModel->setTadPoleAzimuthDataNode(bTadpoles ? view.m_oTrack.m_poAzimuth.get() : nullptr);
         pModel->setTadPoleQuality(bTadpoles ? view.m_oTrack.m_poQuality.get() : nullptr,
@@ -170,6 +175,7 @@ void QDepthTrackArea::showTrack(View& view)
     view.m_pModel->setDrawSymbols(style.m_bPoints || bTadpoles);
     view.m_pModel->setPointPixelSize(style.m_iPointSize);
     view.m_pqPlot->setTrack(view.m_oTrack);
+    view.m_pqPlot->setPointFillColor(view.m_oTrack.pointColor());
     view.m_pqPlot->verticalGridLinesChanged(gridColumns(view.m_oTrack, view.m_pqPlot->width()));
     view.m_pqHeader->setContent(depthTrackHeaderContent(view.m_oTrack));
 }
@@ -222,6 +228,15 @@ void QDepthTrackArea::setTrack(int iTrack, const DepthTrack& track)
     showTrack(view);
 }
 
+void QDepthTrackArea::refillTrack(int iTrack, const DepthTrack& track)
+{
+    if (iTrack < 0 || iTrack >= numberOfTracks())
+        return;
+    View& view = m_vViews[static_cast<std::size_t>(iTrack)];
+    view.m_oTrack = track;
+    fillView(view);
+}
+
 std::vector<DepthTrack> QDepthTrackArea::tracks() const
 {
     std::vector<DepthTrack> vTracks;
@@ -260,6 +275,15 @@ void QDepthTrackArea::refresh(int iRecords)
     layoutTracks();
 }
 
+void QDepthTrackArea::setTableRows(const std::vector<int>& viRecords)
+{
+    if (viRecords == m_viTableRows)
+        return;
+    m_viTableRows = viRecords;
+    for (View& view : m_vViews)
+        fillView(view);
+}
+
 bool QDepthTrackArea::setSelectedRecords(const std::vector<int>& viRecords)
 {
     if (viRecords == m_viSelected)
@@ -272,17 +296,29 @@ bool QDepthTrackArea::setSelectedRecords(const std::vector<int>& viRecords)
     return true;
 }
 
+int QDepthTrackArea::trackOf(const QDepthTrackPlot* pqPlot) const
+{
+    const auto it =
+        std::find_if(m_vViews.begin(), m_vViews.end(), [pqPlot](const View& v) { return v.m_pqPlot == pqPlot; });
+    return it == m_vViews.end() ? -1 : static_cast<int>(it - m_vViews.begin());
+}
+
 void QDepthTrackArea::slotSelectionMade(QDepthTrackPlot* pqPlot, bool* pbSelection, int iLength)
 {
-    for (const View& view : m_vViews) {
-        if (view.m_pqPlot == pqPlot)
-            m_viSelected = view.m_pModel->selectedRecords();
+    const int iTrack = trackOf(pqPlot);
+    QRelationshipItemModel* pModel = model(iTrack);
+    if (m_bKeepsSelection && (!pModel || pModel->numberOfSelectedPoints() == 0)) {
+        if (pModel && pModel->setSelectedRecords(m_viSelected))
+            pqPlot->scheduleRedraw();
+        return;
     }
+    if (pModel)
+        m_viSelected = pModel->selectedRecords();
     for (View& view : m_vViews) {
         if (view.m_pqPlot != pqPlot && view.m_pModel->setSelectedRecords(m_viSelected))
             view.m_pqPlot->scheduleRedraw();
     }
-    emit selectionMade(pbSelection, iLength);
+    emit selectionMade(pbSelection, iLength, iTrack);
 }
 
 void QDepthTrackArea::setMarkers(std::shared_ptr<const DepthMarkers> pMarkers)
@@ -370,6 +406,12 @@ void QDepthTrackArea::panToRow(int iRow)
     syncDepth();
 }
 
+int QDepthTrackArea::rowForCentre(double dDepth) const
+{
+    const double dRow = m_pqMarkerColumn->transformInPixelPoint({0.0, dDepth}).y();
+    return static_cast<int>(std::lround(dRow - m_pqMarkerColumn->pixmapRect().height() / 2.0));
+}
+
 void QDepthTrackArea::syncDepth()
 {
     // The column of the markers has the height of all tracks, whether it is shown or not.
@@ -407,7 +449,7 @@ void QDepthTrackArea::showReadOuts(double dDepth)
     };
     for (const View& view : m_vViews) {
         const MatrixData* poValues = view.m_oTrack.m_poValues.get();
-        const MatrixData* poAzimuth = view.m_oTrack.m_poAzimuth.get();
+        const MatrixData* poAzimuth = view.m_oTrack.m_sTitle.isEmpty() ? view.m_oTrack.m_poAzimuth.get() : nullptr;
         const int iDecimals = poAzimuth ? 0 : -1; // dip / azimuth is written in whole degrees
         QString sText = bNone || !poValues ? QString() : valueOf(poValues, iDecimals);
         if (poAzimuth && !sText.isEmpty() && sText != g_noValue)
@@ -428,7 +470,9 @@ QStringList QDepthTrackArea::readOuts() const
 
 void QDepthTrackArea::applyLooks(QDepthTrackPlot* pqPlot)
 {
-    pqPlot->setGridIsOn(m_bGrid && pqPlot != m_pqMarkerColumn);
+    const int iTrack = trackOf(pqPlot);
+    if (iTrack >= 0)
+        pqPlot->setGridIsOn(m_vViews[static_cast<std::size_t>(iTrack)].m_bGrid);
     pqPlot->setLabelColor(m_bBlack ? Qt::white : Qt::black);
     pqPlot->setFont(m_oChartFont);
 }
@@ -469,8 +513,17 @@ QString QDepthTrackArea::message() const
 void QDepthTrackArea::setGridIsOn(bool bOn)
 {
     m_bGrid = bOn;
-    for (const View& view : m_vViews)
-        view.m_pqPlot->setGridIsOn(bOn);
+    for (int i = 0; i < numberOfTracks(); ++i)
+        setTrackGrid(i, bOn);
+}
+
+void QDepthTrackArea::setTrackGrid(int iTrack, bool bOn)
+{
+    if (iTrack < 0 || iTrack >= numberOfTracks())
+        return;
+    View& view = m_vViews[static_cast<std::size_t>(iTrack)];
+    view.m_bGrid = bOn;
+    view.m_pqPlot->setGridIsOn(bOn);
 }
 
 QColor QDepthTrackArea::backgroundColor() const
@@ -530,6 +583,13 @@ void QDepthTrackArea::setCurrentTrack(int iTrack)
 {
     for (int i = 0; i < numberOfTracks(); ++i)
         m_vViews[static_cast<std::size_t>(i)].m_pqHeader->setCurrent(i == iTrack);
+}
+
+void QDepthTrackArea::setMarkedTracks(const std::vector<int>& viTracks)
+{
+    for (int i = 0; i < numberOfTracks(); ++i)
+        m_vViews[static_cast<std::size_t>(i)].m_pqHeader->setCurrent(
+            std::find(viTracks.begin(), viTracks.end(), i) != viTracks.end());
 }
 
 void QDepthTrackArea::setBoundaryEditing(bool bEditing)

@@ -41,7 +41,14 @@ class GKBASETOOLS_EXPORT QDepthTrackArea : public QWidget
 {
     Q_OBJECT
 public:
-    explicit QDepthTrackArea(QWidget* pqParent = nullptr);
+    /// Whose lines (interval boundaries, scenarios) the tracks show.
+    enum class Lines
+    {
+        Shared, ///< all those of lines()
+        PerTrack
+    };
+
+    explicit QDepthTrackArea(QWidget* pqParent = nullptr, Lines eLines = Lines::Shared);
     ~QDepthTrackArea() override;
 
     // ---- data ----------------------------------------------------------------------------------------------------
@@ -52,22 +59,28 @@ public:
     void setTracks(const std::vector<DepthTrack>& vTracks);
     /// Other looks or limits of a track whose attributes stay; nothing for a track that does not exist.
     void setTrack(int iTrack, const DepthTrack& track);
+    /// Other attributes in a track, whose canvas, points and lines stay the same objects.
+    void refillTrack(int iTrack, const DepthTrack& track);
     std::vector<DepthTrack> tracks() const;
     int numberOfTracks() const { return static_cast<int>(m_vViews.size()); }
     /// Null for a track that does not exist. Owned by the area.
     QDepthTrackPlot* plot(int iTrack) const;
     QRelationshipItemModel* model(int iTrack) const;
-    /// The model without points whose lines all tracks share. Owned by the area.
+    /// The model without points whose lines all tracks share, unless each has its own. Owned by the area.
     QRelationshipItemModel* lines() const { return m_pLines; }
     /// Reads the values of all attributes again; the data set may have another number of records now.
     void refresh(int iRecords);
+    /// The records that take part, of a filtered table; empty for all.
+    void setTableRows(const std::vector<int>& viRecords);
     /// Marks these records in all tracks; tells whether that changed anything.
     bool setSelectedRecords(const std::vector<int>& viRecords);
     std::vector<int> selectedRecords() const { return m_viSelected; }
+    /// A gesture that selects no record leaves the selection as it was, and nothing is emitted.
+    void setKeepsSelection(bool bKeeps) { m_bKeepsSelection = bKeeps; }
     void setMarkers(std::shared_ptr<const DepthMarkers> pMarkers);
     /// Bars of a decimation in a track.
     void setDecimation(int iTrack, std::vector<DepthBin> vBins);
-    /// The interval filter changed.
+    /// Interval filter or other lines changed.
     void linesChanged();
 
     // ---- depth range ---------------------------------------------------------------------------------------------
@@ -82,6 +95,8 @@ public:
     double zoomFactor() const { return m_dZoom; }
     /// Brings the row of the whole magnified chart to the upper edge, as far as it goes.
     void panToRow(int iRow);
+    /// The row of the whole magnified chart at which a depth in the middle of what is seen has its upper edge.
+    int rowForCentre(double dDepth) const;
 
     // ---- looks ---------------------------------------------------------------------------------------------------
     void setTitle(const QString& sTitle);
@@ -90,12 +105,15 @@ public:
     void setMessage(const QString& sMessage);
     QString message() const;
     void setGridIsOn(bool bOn);
+    void setTrackGrid(int iTrack, bool bOn);
     void setBlackBackground(bool bBlack);
     void setFontSize(double dPointSize);
     /// Magnifies in depth around the middle of what is seen.
     void setZoom(double dZoom);
     void setMarkerLabels(bool bShow);
     void setCurrentTrack(int iTrack);
+    /// Marks several tracks.
+    void setMarkedTracks(const std::vector<int>& viTracks);
     /// A click reports a depth instead of selecting records.
     void setBoundaryEditing(bool bEditing);
     QColor backgroundColor() const;
@@ -113,7 +131,7 @@ signals:
     /// Wheel or keys changed the magnification.
     void zoomChanged(double dZoom);
     /// A lasso in one of the tracks; one flag per record.
-    void selectionMade(bool* pbSelection, int iLength);
+    void selectionMade(bool* pbSelection, int iLength, int iTrack);
     void trackClicked(int iTrack);
     /// A press while boundaries are edited: a depth and the reach of the press.
     void boundaryPressed(double dDepth, double dTolerance);
@@ -132,6 +150,7 @@ private:
         QRelationshipItemModel* m_pModel = nullptr;
         QDepthTrackPlot* m_pqPlot = nullptr;
         DepthTrackHeader* m_pqHeader = nullptr;
+        bool m_bGrid = true;
     };
 
     /// Where the parts stand in a rectangle.
@@ -145,6 +164,7 @@ private:
     void showDepthHeader();
     void applyDepthRange(double dFrom, double dTo);
     void showTrack(View& view);
+    int trackOf(const QDepthTrackPlot* pqPlot) const;
     void applyLooks(QDepthTrackPlot* pqPlot);
     void applyLooks(DepthTrackHeader* pqHeader);
     std::vector<QDepthTrackPlot*> allPlots() const;
@@ -166,6 +186,9 @@ private:
     int m_iRecords = 0;
     std::vector<View> m_vViews;
     QRelationshipItemModel* m_pLines;
+    Lines m_eLines;
+    std::vector<int> m_viTableRows; ///< empty: all
+    bool m_bKeepsSelection = false;
     std::vector<int> m_viSelected;
     std::shared_ptr<const DepthMarkers> m_pMarkers;
     std::vector<double> m_vdDepths; ///< that m_oOrder was made for

@@ -147,6 +147,12 @@ QList<int> QDepthTrackArea::gridColumns(const DepthTrack& track, int iWidth) con
     const double dMin = std::min(dLeft, dRight);
     const double dMax = std::max(dLeft, dRight);
     const ScaleMap oMap(dLeft, dRight, 0.0, iWidth - 1.0);
+    // Apparent dips are read to both sides of 0.
+    if (dMin == -dMax) {
+        for (const double dTick : {dMin, dMin / 2.0, 0.0, dMax / 2.0, dMax})
+            viColumns.append(static_cast<int>(std::lround(oMap.toPixel(dTick))));
+        return viColumns;
+    }
     // Dips and azimuths are read in parts of a right angle.
     if (dMin == 0.0 && std::fmod(dMax, g_dRightAngle) == 0.0) {
         const double dStep = dMax > g_dRightAngle ? g_dRightAngle : g_dRightAngle / g_dAngleColumns;
