@@ -588,8 +588,8 @@ void QDepthTrackArea::setCurrentTrack(int iTrack)
 void QDepthTrackArea::setMarkedTracks(const std::vector<int>& viTracks)
 {
     for (int i = 0; i < numberOfTracks(); ++i)
-        m_vViews[static_cast<std::size_t>(i)].m_pqHeader->setCurrent(
-            std::find(viTracks.begin(), viTracks.end(), i) != viTracks.end());
+        m_vViews[static_cast<std::size_t>(i)].m_pqHeader->setCurrent(std::find(viTracks.begin(), viTracks.end(), i) !=
+                                                                     viTracks.end());
 }
 
 void QDepthTrackArea::setBoundaryEditing(bool bEditing)

@@ -19,6 +19,17 @@ class GKBASETOOLS_EXPORT ChartDisplayPage : public QWidget
 {
     Q_OBJECT
 public:
+    /// What the controls do to the charts.
+    struct Actions
+    {
+        std::function<void(bool)> m_fnSetGrid;
+        std::function<void(bool)> m_fnSetBlackBackground;
+        std::function<void(double)> m_fnSetFontSize;
+        std::function<void(double)> m_fnSetZoom;
+    };
+
+    /// For panels that decide themselves which of their charts follow. Grid and font size are set at once.
+    explicit ChartDisplayPage(Actions actions, QWidget* pqParent = nullptr);
     /// Frame: a ChartFrame, or another widget around charts with its setGridIsOn(), setBlackBackground(),
     /// setFontSize(), setZoom() and zoomChanged(). It is not owned and lives as long as the page.
     template <typename Frame>
@@ -42,28 +53,18 @@ public:
     void hideGrid();
     /// Magnifies the frame's chart as the controls say.
     void applyZoom();
+    /// The charts were magnified by other means.
+    void slotCanvasZoomed(double dZoom);
 
 signals:
     void backgroundChanged(bool bBlack);
 
 private:
-    /// What the controls do to the frame.
-    struct Actions
-    {
-        std::function<void(bool)> m_fnSetGrid;
-        std::function<void(bool)> m_fnSetBlackBackground;
-        std::function<void(double)> m_fnSetFontSize;
-        std::function<void(double)> m_fnSetZoom;
-    };
-
-    ChartDisplayPage(Actions actions, QWidget* pqParent);
-
     void createControls();
     void connectControls();
     void gridSwitch();
     void blackWhiteSwitch();
     void slotZoomFactorReset(bool bOn);
-    void slotCanvasZoomed(double dZoom);
 
     Actions m_actions;
     QVBoxLayout* m_pqLayout = nullptr;

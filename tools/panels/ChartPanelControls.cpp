@@ -68,6 +68,18 @@ int tallestPage(const QDecoratedToolBox& toolBox)
     return iHeight;
 }
 
+QScrollArea* newControlScrollArea(QWidget* pqControls)
+{
+    auto* pqScrollArea = new QScrollArea;
+    pqScrollArea->setWidget(pqControls);
+    pqScrollArea->setWidgetResizable(true);
+    pqScrollArea->setFrameShape(QFrame::NoFrame);
+    // Long numbers and units make the controls wider than they are now.
+    pqScrollArea->setMinimumWidth(pqControls->minimumSizeHint().width() +
+                                  pqScrollArea->verticalScrollBar()->sizeHint().width());
+    return pqScrollArea;
+}
+
 QWidget* newSideBar(const QList<QWidget*>& lpqGroups, QDecoratedToolBox* pqToolBox, int iPageHeight)
 {
     pqToolBox->setMinimumHeight(pqToolBox->minimumSizeHint().height() + iPageHeight);
@@ -77,15 +89,7 @@ QWidget* newSideBar(const QList<QWidget*>& lpqGroups, QDecoratedToolBox* pqToolB
     for (QWidget* pqGroup : lpqGroups)
         pqLayout->addWidget(pqGroup);
     pqLayout->addWidget(pqToolBox, 1);
-
-    auto* pqScrollArea = new QScrollArea;
-    pqScrollArea->setWidget(pqControls);
-    pqScrollArea->setWidgetResizable(true);
-    pqScrollArea->setFrameShape(QFrame::NoFrame);
-    // Long numbers and units make the controls wider than they are now.
-    pqScrollArea->setMinimumWidth(pqControls->minimumSizeHint().width() +
-                                  pqScrollArea->verticalScrollBar()->sizeHint().width());
-    return pqScrollArea;
+    return newControlScrollArea(pqControls);
 }
 
 QSplitter* layOutPanel(QWidget* pqPanel, const QList<QWidget*>& lpqCharts, QWidget* pqSideBar,

@@ -9,6 +9,7 @@ class QDecoratedToolBox;
 class QDoubleSpinBoxWithSlider;
 class QFormLayout;
 class QLabel;
+class QScrollArea;
 class QSplitter;
 class QWidget;
 
@@ -31,6 +32,8 @@ QDoubleSpinBoxWithSlider* newAngleSpinBox(QFormLayout& form, const QString& sNam
 
 /// Height of the tallest page of a tool box.
 int tallestPage(const QDecoratedToolBox& toolBox);
+/// Scrolls controls where there is too little room for them, never sideways.
+QScrollArea* newControlScrollArea(QWidget* pqControls);
 /// The controls of a panel: groups above a tool box with room for a page of that height. A small screen scrolls them,
 /// never the chart.
 QWidget* newSideBar(const QList<QWidget*>& lpqGroups, QDecoratedToolBox* pqToolBox, int iPageHeight);

@@ -1,0 +1,287 @@
+// The interpretation in the dipmeter window: gestures that edit lines, the orientation mode, scenarios and their files.
+
+#include "QDepthTrackArea.h"
+#include "QDepthTrackPlot.h"
+#include "QRelationshipItemModel.h"
+#include "QScatDepthPlotWidget.h"
+#include "ScatCreationGroup.h"
+#include "ScatScenarioGroup.h"
+#include "ScatScenarios.h"
+
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QPushButton>
+
+#include <utility>
+
+namespace gkBase {
+
+// ---- lines ----------------------------------------------------------------------------------------------------------
+
+QUndoGroup* QScatDepthPlotWidget::undoGroup() const
+{
+    return m_pScenarios->undoGroup();
+}
+
+const DepthLineField* QScatDepthPlotWidget::structuralTops() const
+{
+    return m_pScenarios->lines();
+}
+
+void QScatDepthPlotWidget::clearAllStructuralTops()
+{
+    m_pScenarios->clearAll();
+}
+
+void QScatDepthPlotWidget::addStructuralTopsSenario(const QString& sName)
+{
+    m_pScenarios->add(sName);
+}
+
+void QScatDepthPlotWidget::deselectAllStructuralTops()
+{
+    m_pScenarios->deselectAll();
+}
+
+void QScatDepthPlotWidget::showLines()
+{
+    m_pqArea->linesChanged();
+    const DepthLineField* pLines = m_pScenarios->lines();
+    const bool bLines = pLines && pLines->count() > 0;
+    m_pqCreateMarkersButton->setEnabled(bLines);
+    m_pqDeleteMarkersButton->setEnabled(bLines);
+}
+
+void QScatDepthPlotWidget::setCreationTypeOfTracks(int iType)
+{
+    for (int iTrack = 0; iTrack < NumberOfTracks; ++iTrack)
+        plot(iTrack)->setDataCreationType(iType);
+}
+
+void QScatDepthPlotWidget::setDataCreationType()
+{
+    setOrientationMode(false);
+    setCreationTypeOfTracks(m_pqCreationGroup->type() ? QCrossPlot::StructuralTopCreation : QCrossPlot::NoCreation);
+}
+
+void QScatDepthPlotWidget::slotInsertScatUpdate(QPointF oPosition)
+{
+    const std::optional<DepthLineField::DataType> eType = m_pqCreationGroup->type();
+    if (!hasData() || !eType)
+        return;
+    if (m_pScenarios->active() < 0)
+        slotNewScenario();
+    ScatLineDefaults defaults = m_lineDefaults;
+    const QString sName = defaults.nextName(*eType);
+    const double dTolerance = plot(DipTrack)->pickingEpsY();
+    if (m_pScenarios->insert(*eType, oPosition, sName, ScatLineDefaults::nextColor(*eType), dTolerance))
+        m_lineDefaults = defaults; // a line that was not made takes no number
+}
+
+void QScatDepthPlotWidget::slotPickPosUpdate(std::vector<int> viLines)
+{
+    m_pScenarios->pick(viLines, QGuiApplication::keyboardModifiers().testFlag(Qt::ControlModifier));
+}
+
+void QScatDepthPlotWidget::slotMoveSelectedUpdate(QPointF oStep)
+{
+    m_pScenarios->move(oStep);
+}
+
+void QScatDepthPlotWidget::slotMoveSelectedUpdateStop()
+{
+    m_pScenarios->endMove();
+}
+
+void QScatDepthPlotWidget::slotSendScatUpdate(QColor oColor)
+{
+    m_pScenarios->setPickedColor(oColor);
+}
+
+void QScatDepthPlotWidget::slotSendScatUpdate(QString sName)
+{
+    m_pScenarios->setPickedName(sName);
+}
+
+void QScatDepthPlotWidget::slotDeleteSelected()
+{
+    m_pScenarios->erasePicked();
+}
+
+// ---- orientations of lines ------------------------------------------------------------------------------------------
+
+void QScatDepthPlotWidget::slotModifySelectedOrientation()
+{
+    if (!hasData() || !m_pScenarios->lines())
+        return;
+    if (!m_bOrientationMode) {
+        setOrientationMode(true);
+        setCreationTypeOfTracks(QCrossPlot::OrientationCreation);
+        return;
+    }
+    setDataCreationType();
+}
+
+void QScatDepthPlotWidget::slotModifySelectedOrientation(QCrossPlot* pqPlot)
+{
+    if (!pqPlot)
+        return;
+    slotModifySelectedOrientation();
+    pqPlot->setFocus(); // Escape ends the mode
+}
+
+void QScatDepthPlotWidget::setOrientationMode(bool bOn)
+{
+    if (std::exchange(m_bOrientationMode, bOn) == bOn)
+        return;
+    m_pqCreationGroup->showOrientationMode(bOn);
+    if (bOn)
+        return;
+    m_pqArea->setSelectedRecords({});
+    QRelationshipItemModel* pModel = m_pqArea->model(DipTrack);
+    emit dataPointsSelection(pModel->selection(), pModel->numberOfPoints());
+}
+
+void QScatDepthPlotWidget::updateMeanOrientation(const QPointF& oDipAndAzimuth)
+{
+    if (m_bOrientationMode)
+        m_pScenarios->setPickedOrientation(oDipAndAzimuth);
+}
+
+void QScatDepthPlotWidget::keyPressEvent(QKeyEvent* pEvent)
+{
+    if (pEvent->key() == Qt::Key_Delete && pEvent->modifiers() == Qt::NoModifier)
+        slotDeleteSelected();
+    else if (pEvent->key() == Qt::Key_Escape && m_bOrientationMode)
+        slotModifySelectedOrientation();
+    else if (pEvent->key() == Qt::Key_Escape)
+        clearSelection();
+    else
+        QWidget::keyPressEvent(pEvent);
+}
+
+// ---- scenarios ------------------------------------------------------------------------------------------------------
+
+void QScatDepthPlotWidget::showScenarios()
+{
+    m_pqScenarioGroup->showScenarios(*m_pScenarios);
+}
+
+void QScatDepthPlotWidget::slotNewScenario()
+{
+    m_lineDefaults.restart();
+    m_pScenarios->addNew();
+}
+
+void QScatDepthPlotWidget::slotSelectScenario(int iScenario)
+{
+    m_pScenarios->setActive(iScenario);
+}
+
+void QScatDepthPlotWidget::setDialogs(ScatDialogs dialogs)
+{
+    const ScatDialogs former = std::exchange(m_dialogs, std::move(dialogs));
+    if (!m_dialogs.m_fnAsk)
+        m_dialogs.m_fnAsk = former.m_fnAsk;
+    if (!m_dialogs.m_fnWarn)
+        m_dialogs.m_fnWarn = former.m_fnWarn;
+    if (!m_dialogs.m_fnSaveFile)
+        m_dialogs.m_fnSaveFile = former.m_fnSaveFile;
+    if (!m_dialogs.m_fnOpenFiles)
+        m_dialogs.m_fnOpenFiles = former.m_fnOpenFiles;
+}
+
+void QScatDepthPlotWidget::slotSaveScenario()
+{
+    saveScenario(m_pScenarios->active());
+}
+
+/// Writes first: a file that cannot be written leaves the scenario as it is.
+bool QScatDepthPlotWidget::saveScenario(int iScenario)
+{
+    if (iScenario < 0)
+        return false;
+    const QPointer<QScatDepthPlotWidget> pqThis(this);
+    const QString sPath = m_dialogs.m_fnSaveFile(this, m_settings.m_sDirectory, m_pScenarios->name(iScenario));
+    if (!pqThis || sPath.isEmpty())
+        return false;
+    const QFileInfo file(sPath);
+    m_settings.m_sDirectory = file.absolutePath();
+    QString sError;
+    if (!m_pScenarios->save(iScenario, sPath, &sError)) {
+        m_dialogs.m_fnWarn(this, tr("Save"), sError);
+        return false;
+    }
+    m_pScenarios->rename(iScenario, file.completeBaseName());
+    slotSelectScenario(iScenario);
+    return true;
+}
+
+bool QScatDepthPlotWidget::importScenario(const QString& sPath, QString* psError)
+{
+    if (m_pScenarios->import(sPath, psError) < 0)
+        return false;
+    m_settings.m_sDirectory = QFileInfo(sPath).absolutePath();
+    return true;
+}
+
+void QScatDepthPlotWidget::slotOpenScenario()
+{
+    const QPointer<QScatDepthPlotWidget> pqThis(this);
+    const QStringList lFiles = m_dialogs.m_fnOpenFiles(this, m_settings.m_sDirectory);
+    if (!pqThis)
+        return;
+    QStringList lErrors;
+    for (const QString& sFile : lFiles) {
+        QString sError;
+        if (!importScenario(sFile, &sError))
+            lErrors << sError;
+    }
+    if (!lErrors.isEmpty())
+        m_dialogs.m_fnWarn(this, tr("Import Scenario"), lErrors.join(QLatin1Char('\n')));
+}
+
+void QScatDepthPlotWidget::slotCloseScenario()
+{
+    const int iScenario = m_pScenarios->active();
+    const QPointer<QScatDepthPlotWidget> pqThis(this);
+    if (iScenario < 0 || !canClose(iScenario) || !pqThis)
+        return;
+    setDataCreationType();
+    m_pScenarios->closeActive();
+}
+
+bool QScatDepthPlotWidget::canClose(int iScenario)
+{
+    if (!m_pScenarios->isModified(iScenario))
+        return true;
+    const QPointer<QScatDepthPlotWidget> pqThis(this);
+    const ScatDialogs::Answer eAnswer = m_dialogs.m_fnAsk(
+        this, tr("Close"), tr("Do you want to save the changes you made to '%1' ?").arg(m_pScenarios->name(iScenario)));
+    if (!pqThis)
+        return false;
+    return eAnswer == QMessageBox::Yes ? saveScenario(iScenario) : eAnswer == QMessageBox::No;
+}
+
+bool QScatDepthPlotWidget::canClose()
+{
+    const QPointer<QScatDepthPlotWidget> pqThis(this);
+    for (int iScenario = 0; iScenario < m_pScenarios->count(); ++iScenario) {
+        if (!m_pScenarios->isModified(iScenario))
+            continue;
+        slotSelectScenario(iScenario); // its lines are seen behind the question
+        if (!canClose(iScenario) || !pqThis)
+            return false;
+    }
+    return true;
+}
+
+void QScatDepthPlotWidget::closeEvent(QCloseEvent* pEvent)
+{
+    pEvent->setAccepted(canClose());
+}
+
+} // namespace gkBase

@@ -1,0 +1,254 @@
+// The controls of the dipmeter window and how they are laid out and connected.
+
+#include "ChartDisplayPage.h"
+#include "ChartPanelControls.h"
+#include "DepthTrack.h"
+#include "DisplayUnitManager.h"
+#include "MatrixData.h"
+#include "QDecoratedToolBox.h"
+#include "QDepthTrackArea.h"
+#include "QDepthTrackPlot.h"
+#include "QScatDepthPlotWidget.h"
+#include "ScatCreationGroup.h"
+#include "ScatDirectionGroup.h"
+#include "ScatLinePage.h"
+#include "ScatScenarioGroup.h"
+#include "ScatScenarios.h"
+#include "ScatTrackPage.h"
+
+#include <QAction>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QTabWidget>
+#include <QUndoGroup>
+#include <QVBoxLayout>
+
+namespace gkBase {
+
+namespace {
+
+constexpr int g_iAreaMinimumWidth = 360;
+constexpr int g_iAreaMinimumHeight = 160;
+constexpr int g_iAreaWidth = 1000;
+constexpr int g_iSideBarWidth = 330;
+
+QPushButton* newButton(const QString& sText, const QString& sToolTip, const char* pObjectName)
+{
+    auto* pqButton = new QPushButton(sText);
+    pqButton->setToolTip(sToolTip);
+    pqButton->setObjectName(QLatin1String(pObjectName));
+    return pqButton;
+}
+
+} // namespace
+
+QScatDepthPlotWidget::QScatDepthPlotWidget(QWidget* pqParent)
+    : QWidget(pqParent)
+    , m_viActiveTracks{DipTrack, AzimuthTrack, TransverseDipTrack, LongitudinalDipTrack}
+    , m_dialogs(ScatDialogs::standard())
+    , m_pqArea(new QDepthTrackArea(nullptr, QDepthTrackArea::Lines::PerTrack))
+{
+    m_pqArea->setMinimumSize(g_iAreaMinimumWidth, g_iAreaMinimumHeight);
+    m_pqArea->setKeepsSelection(true);
+    m_pqArea->setTracks(std::vector<DepthTrack>(NumberOfTracks));
+    m_pScenarios = std::make_unique<ScatScenarios>(
+        ScatScenarios::Models{m_pqArea->model(DipTrack), m_pqArea->model(AzimuthTrack),
+                              m_pqArea->model(TransverseDipTrack), m_pqArea->model(LongitudinalDipTrack)});
+    createActions();
+    createControls();
+    connectControls();
+    connectArea();
+    connectScenarios();
+    enableTandLeditBoxes();
+    setDataCreationType();
+    setActiveTracks(m_viActiveTracks);
+    applySettings();
+    showScenarios();
+    initializeDataSet();
+}
+
+QScatDepthPlotWidget::~QScatDepthPlotWidget() = default;
+
+void QScatDepthPlotWidget::createActions()
+{
+    m_pqUndoAction = undoGroup()->createUndoAction(this);
+    m_pqRedoAction = undoGroup()->createRedoAction(this);
+    m_pqUndoAction->setIconText(tr("Undo"));
+    m_pqRedoAction->setIconText(tr("Redo"));
+    m_pqUndoAction->setShortcut(Qt::CTRL | Qt::Key_Z);
+    m_pqRedoAction->setShortcuts({Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y});
+    addActions({m_pqUndoAction, m_pqRedoAction});
+}
+
+// ---- layout ---------------------------------------------------------------------------------------------------------
+
+void QScatDepthPlotWidget::createControls()
+{
+    m_pqTabs = new QTabWidget;
+    m_pqTabs->addTab(createInterpretationPage(), tr("Interpretation"));
+    m_pqTabs->addTab(createDisplayPage(), tr("Display"));
+    m_pqCursorPosLabel = new QLabel;
+    m_pqCursorPosLabel->setTextFormat(Qt::PlainText);
+    m_pqCursorPosLabel->setObjectName(QStringLiteral("m_pqCursorPosLabel"));
+    m_pqCursorPosLabel->setAccessibleName(tr("Position of the cursor"));
+    auto* pqTracks = new QWidget;
+    auto* pqLayout = new QVBoxLayout(pqTracks);
+    pqLayout->setContentsMargins(0, 0, 0, 0);
+    pqLayout->addWidget(m_pqArea, 1);
+    pqLayout->addWidget(m_pqCursorPosLabel);
+    layOutPanel(this, {pqTracks}, m_pqTabs, {g_iAreaWidth, g_iSideBarWidth});
+    updateCursorPosLabel({g_dMissingValue, g_dMissingValue}, nullptr);
+}
+
+QWidget* QScatDepthPlotWidget::createInterpretationPage()
+{
+    m_pqScenarioGroup = new ScatScenarioGroup(m_pqUndoAction, m_pqRedoAction);
+    m_pqDirectionGroup = new ScatDirectionGroup;
+    m_pqCreationGroup = new ScatCreationGroup;
+    auto* pqControls = new QWidget;
+    auto* pqLayout = new QVBoxLayout(pqControls);
+    pqLayout->setContentsMargins(4, 4, 4, 4);
+    pqLayout->addWidget(m_pqScenarioGroup);
+    pqLayout->addWidget(m_pqDirectionGroup);
+    pqLayout->addWidget(m_pqCreationGroup);
+    pqLayout->addWidget(createMarkerGroup());
+    pqLayout->addStretch(1);
+    QWidget* pqPage = newControlScrollArea(pqControls);
+    pqPage->setObjectName(QStringLiteral("interpretationPage"));
+    return pqPage;
+}
+
+QWidget* QScatDepthPlotWidget::createMarkerGroup()
+{
+    const QString sToolTip = tr("The interpreted planes will be send back as markers on the well");
+    m_pqCreateMarkersButton = newButton(tr("Create/Update"), sToolTip, "m_pqCreateMarkersBtn");
+    m_pqDeleteMarkersButton =
+        newButton(tr("Delete"), tr("Take the markers of interpreted planes off the well"), "m_pqDeleteMarkersBtn");
+    m_pqDeleteMarkersButton->setAccessibleName(tr("Delete Well Markers"));
+    auto* pqGroup = new QGroupBox(tr("Well Markers"));
+    pqGroup->setToolTip(sToolTip);
+    auto* pqLayout = new QHBoxLayout(pqGroup);
+    pqLayout->addWidget(m_pqCreateMarkersButton);
+    pqLayout->addWidget(m_pqDeleteMarkersButton);
+    return pqGroup;
+}
+
+QWidget* QScatDepthPlotWidget::createDisplayPage()
+{
+    m_pqTrackPage = new ScatTrackPage;
+    m_pqLinePage = new ScatLinePage;
+    m_pqDisplayPage = new ChartDisplayPage(
+        ChartDisplayPage::Actions{[this](bool) { updateDiagramSettings(); }, [this](bool) { blackWhiteSwitch(); },
+                                  [this](double dPointSize) { fontSizeChanged(dPointSize); },
+                                  [this](double dZoom) { slotZoomFactorChanged(dZoom); }});
+    auto* pqAnnotation = new QWidget;
+    auto* pqLayout = new QVBoxLayout(pqAnnotation);
+    pqLayout->setContentsMargins(0, 0, 0, 0);
+    auto* pqReset = newButton(tr("Reset"), tr("Grid, background, font and zoom as at first"), "m_pqResetAnnotationBtn");
+    connect(pqReset, &QPushButton::clicked, this, &QScatDepthPlotWidget::slotResetAnnotationSettings);
+    pqLayout->addWidget(m_pqDisplayPage, 1);
+    pqLayout->addWidget(pqReset);
+    auto* pqToolBox = new QDecoratedToolBox;
+    pqToolBox->addItem(m_pqTrackPage, tr("Tracks"));
+    pqToolBox->addItem(m_pqLinePage, tr("Lines"));
+    pqToolBox->addItem(pqAnnotation, tr("Annotation/Display Settings"));
+    QWidget* pqPage = newSideBar({}, pqToolBox, tallestPage(*pqToolBox));
+    pqPage->setObjectName(QStringLiteral("displayPage"));
+    return pqPage;
+}
+
+// ---- connections ----------------------------------------------------------------------------------------------------
+
+void QScatDepthPlotWidget::connectControls()
+{
+    using Panel = QScatDepthPlotWidget;
+    connect(m_pqScenarioGroup, &ScatScenarioGroup::newAsked, this, &Panel::slotNewScenario);
+    connect(m_pqScenarioGroup, &ScatScenarioGroup::importAsked, this, &Panel::slotOpenScenario);
+    connect(m_pqScenarioGroup, &ScatScenarioGroup::saveAsked, this, &Panel::slotSaveScenario);
+    connect(m_pqScenarioGroup, &ScatScenarioGroup::closeAsked, this, &Panel::slotCloseScenario);
+    connect(m_pqScenarioGroup, &ScatScenarioGroup::scenarioChosen, this, &Panel::slotSelectScenario);
+    connect(m_pqDirectionGroup, &ScatDirectionGroup::keepSwitched, this, &Panel::enableTandLeditBoxes);
+    connect(m_pqDirectionGroup, &ScatDirectionGroup::transverseEdited, this, &Panel::slotRotateInTDirection);
+    connect(m_pqDirectionGroup, &ScatDirectionGroup::longitudinalEdited, this, &Panel::slotRotateInLDirection);
+    connect(m_pqCreationGroup, &ScatCreationGroup::typeChosen, this, &Panel::setDataCreationType);
+    connect(m_pqCreateMarkersButton, &QPushButton::clicked, this, &Panel::createWellMarkers);
+    connect(m_pqDeleteMarkersButton, &QPushButton::clicked, this, &Panel::deleteWellMarkers);
+    connect(m_pqTrackPage, &ScatTrackPage::edited, this, &Panel::updateDiagramSettings);
+    connect(m_pqTrackPage, &ScatTrackPage::dataChosen, this, &Panel::updateDisplayDataType);
+    connect(m_pqTrackPage, &ScatTrackPage::lineColorPicked, this, &Panel::changeLineColor);
+    connect(m_pqTrackPage, &ScatTrackPage::pointColorPicked, this, &Panel::changePointColor);
+    connect(m_pqTrackPage, &ScatTrackPage::boundariesEdited, this, [this] { slotUpdateChartBoundaries(); });
+    connect(m_pqTrackPage, &ScatTrackPage::boundariesReset, this,
+            [this](bool bAutomatic) { slotUpdateChartBoundaries(bAutomatic); });
+    connect(m_pqLinePage, &ScatLinePage::edited, this, &Panel::updateDiagramSettings);
+    connect(m_pqLinePage, &ScatLinePage::transparencyEdited, this, &Panel::slotDomainTransparency);
+    connect(m_pqArea, &QDepthTrackArea::zoomChanged, m_pqDisplayPage, &ChartDisplayPage::slotCanvasZoomed);
+    connect(&DisplayUnitManager::instance(), &DisplayUnitManager::displayChanged, this, &Panel::slotUpdateDiagrams);
+}
+
+void QScatDepthPlotWidget::connectArea()
+{
+    using Panel = QScatDepthPlotWidget;
+    connect(m_pqArea, &QDepthTrackArea::trackClicked, this, &Panel::activateTrack);
+    connect(m_pqArea, &QDepthTrackArea::copyAsked, this, &Panel::copyToClipboard);
+    connect(m_pqArea, &QDepthTrackArea::metafileCopyAsked, this, &Panel::copyEWMFToClipboard);
+    connect(m_pqArea, &QDepthTrackArea::selectionMade, this, [this](bool* pbSelection, int iLength, int iTrack) {
+        using Slot = void (Panel::*)(bool*, int);
+        constexpr std::array<Slot, NumberOfTracks> aSlots = {
+            &Panel::slotUpdateSelectionFromDipPlot, &Panel::slotUpdateSelectionFromAzimuthPlot,
+            &Panel::slotUpdateSelectionFromTransverseDipPlot, &Panel::slotUpdateSelectionFromLongitudinalDipPlot};
+        if (iTrack >= 0 && iTrack < NumberOfTracks)
+            (this->*aSlots[static_cast<std::size_t>(iTrack)])(pbSelection, iLength);
+    });
+    connect(plot(DipTrack), &QCrossPlot::cursorPos, this, &Panel::updateCursorPosLabelDip);
+    connect(plot(AzimuthTrack), &QCrossPlot::cursorPos, this, &Panel::updateCursorPosLabelAzimuth);
+    connect(plot(TransverseDipTrack), &QCrossPlot::cursorPos, this, &Panel::updateCursorPosLabelTransverseDip);
+    connect(plot(LongitudinalDipTrack), &QCrossPlot::cursorPos, this, &Panel::updateCursorPosLabelLongitudinalDip);
+    for (int iTrack = 0; iTrack < NumberOfTracks; ++iTrack)
+        connectTrack(iTrack);
+}
+
+void QScatDepthPlotWidget::connectTrack(int iTrack)
+{
+    using Panel = QScatDepthPlotWidget;
+    QDepthTrackPlot* pqPlot = plot(iTrack);
+    pqPlot->setStructuralTopsMovable(true);
+    connect(pqPlot, &QCrossPlot::sendInsertScatUpdate, this, &Panel::slotInsertScatUpdate);
+    connect(pqPlot, &QCrossPlot::sendScatPickPos, this, &Panel::slotPickPosUpdate);
+    connect(pqPlot, &QCrossPlot::sendMoveSelectedUpdate, this, &Panel::slotMoveSelectedUpdate);
+    connect(pqPlot, &QCrossPlot::sendMoveSelectedUpdateStop, this, &Panel::slotMoveSelectedUpdateStop);
+    connect(pqPlot, qOverload<QColor>(&QCrossPlot::sendScatUpdate), this,
+            qOverload<QColor>(&Panel::slotSendScatUpdate));
+    connect(pqPlot, qOverload<QString>(&QCrossPlot::sendScatUpdate), this,
+            qOverload<QString>(&Panel::slotSendScatUpdate));
+    connect(pqPlot, &QCrossPlot::sendDeleteSelectedUpdate, this, &Panel::slotDeleteSelected);
+    connect(pqPlot, &QCrossPlot::sendModifySelectedOrientation, this,
+            [this, pqPlot] { slotModifySelectedOrientation(pqPlot); });
+    connect(pqPlot, &QCrossPlot::crossPlotLeaveEvent, this, &Panel::slotCrossPlotLeaveEvent);
+    auto* pqClear = new QAction(tr("Clear Selection"), pqPlot);
+    connect(pqClear, &QAction::triggered, this, &Panel::clearSelection);
+    pqPlot->addAction(pqClear);
+}
+
+void QScatDepthPlotWidget::connectScenarios()
+{
+    using Panel = QScatDepthPlotWidget;
+    const ScatScenarios* pScenarios = m_pScenarios.get();
+    connect(pScenarios, &ScatScenarios::linesChanged, this, &Panel::showLines);
+    connect(pScenarios, &ScatScenarios::pickChanged, this, &Panel::showLines);
+    connect(pScenarios, &ScatScenarios::modifiedChanged, this, &Panel::showScenarios);
+    connect(pScenarios, &ScatScenarios::scenariosChanged, this, [this] {
+        applyLineLooks();
+        showScenarios();
+    });
+    connect(pScenarios, &ScatScenarios::activeChanged, this, [this] {
+        applyLineLooks();
+        showScenarios();
+    });
+}
+
+} // namespace gkBase

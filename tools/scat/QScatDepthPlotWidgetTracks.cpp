@@ -1,0 +1,479 @@
+// The tracks of the dipmeter window: which are active, how they look, where the cursor is and what is selected.
+
+#include "AngleUnits.h"
+#include "ChartDisplayPage.h"
+#include "DepthTrack.h"
+#include "MatrixData.h"
+#include "MissingValue.h"
+#include "QDepthTrackArea.h"
+#include "QDepthTrackPlot.h"
+#include "QRelationshipItemModel.h"
+#include "QScatDepthPlotWidget.h"
+#include "ScatLinePage.h"
+#include "ScatScenarios.h"
+#include "ScatTrackPage.h"
+#include "UnitText.h"
+
+#include <QGuiApplication>
+#include <QLabel>
+
+#include <algorithm>
+#include <utility>
+
+namespace gkBase {
+
+namespace {
+
+constexpr double g_dRightAngle = 90.0;
+constexpr double g_dHalfCircle = 180.0;
+constexpr double g_dFullCircle = 360.0;
+/// Apparent dips beyond it are too steep to be read against others.
+constexpr double g_dSteepestLimit = 80.0;
+constexpr int g_iPointSize = 3;
+constexpr int g_iDecimals = 1;
+
+bool isApparentDip(int iTrack)
+{
+    return iTrack == QScatDepthPlotWidget::TransverseDipTrack || iTrack == QScatDepthPlotWidget::LongitudinalDipTrack;
+}
+
+} // namespace
+
+QDepthTrackPlot* QScatDepthPlotWidget::plot(int iTrack) const
+{
+    return m_pqArea->plot(iTrack);
+}
+
+MatrixData* QScatDepthPlotWidget::values(int iTrack) const
+{
+    switch (iTrack) {
+    case DipTrack:
+        return m_poDip.get();
+    case AzimuthTrack:
+        return m_poAzimuth.get();
+    case TransverseDipTrack:
+        return m_poTransverseDip.get();
+    default:
+        return m_poLongitudinalDip.get();
+    }
+}
+
+std::pair<double, double> QScatDepthPlotWidget::limits(int iTrack) const
+{
+    const ScatTrackSettings& settings = m_settings.m_aTracks[static_cast<std::size_t>(iTrack)];
+    std::pair<double, double> result{0.0, g_dRightAngle};
+    if (iTrack == AzimuthTrack)
+        result.second = m_bMercatorScaling ? g_dHalfCircle : g_dFullCircle;
+    else if (isApparentDip(iTrack))
+        result = {-m_dSteepest, m_dSteepest};
+    if (!isMissing(settings.m_dMinimum))
+        result.first = settings.m_dMinimum;
+    if (!isMissing(settings.m_dMaximum))
+        result.second = settings.m_dMaximum;
+    if (isApparentDip(iTrack))
+        result = {std::max(result.first, -g_dSteepestLimit), std::min(result.second, g_dSteepestLimit)};
+    return result;
+}
+
+DepthTrack QScatDepthPlotWidget::depthTrack(int iTrack) const
+{
+    MatrixData* poValues = hasData() ? values(iTrack) : nullptr;
+    if (!poValues)
+        return {};
+    const ScatTrackSettings& settings = m_settings.m_aTracks[static_cast<std::size_t>(iTrack)];
+    DepthTrack track =
+        settings.m_bTadpoles ? DepthTrack::tadpoles(poValues, m_poAzimuth.get()) : DepthTrack::curve(poValues);
+    track.m_oStyle.m_bLine = settings.m_eData != ScatTrackSettings::Points;
+    track.m_oStyle.m_bPoints = settings.m_eData != ScatTrackSettings::Line;
+    track.m_oStyle.m_iPointSize = g_iPointSize;
+    track.m_oStyle.m_oColor = settings.m_oLineColor;
+    track.m_oStyle.m_oPointColor = settings.m_oPointColor;
+    track.m_oStyle.m_bAutomaticLimits = false;
+    const auto [dMinimum, dMaximum] = limits(iTrack);
+    const double dUnit = degreesPerUnit(*poValues);
+    track.m_oStyle.m_dMinimum = dMinimum / dUnit;
+    track.m_oStyle.m_dMaximum = dMaximum / dUnit;
+    track.m_sTitle = poValues->name();
+    if (iTrack == TransverseDipTrack)
+        track.m_sNote = tr("T = %1°").arg(transverseDirection(), 0, 'f', g_iDecimals);
+    else if (iTrack == LongitudinalDipTrack)
+        track.m_sNote = tr("L = %1°").arg(longitudinalDirection(), 0, 'f', g_iDecimals);
+    return track;
+}
+
+void QScatDepthPlotWidget::refillTrack(int iTrack)
+{
+    m_pqArea->refillTrack(iTrack, depthTrack(iTrack));
+}
+
+// ---- active tracks --------------------------------------------------------------------------------------------------
+
+void QScatDepthPlotWidget::setActiveTracks(const std::vector<int>& viTracks)
+{
+    std::vector<int> viActive;
+    for (int iTrack = 0; iTrack < NumberOfTracks; ++iTrack) {
+        if (std::find(viTracks.begin(), viTracks.end(), iTrack) != viTracks.end())
+            viActive.push_back(iTrack);
+    }
+    if (viActive.empty())
+        return;
+    m_viActiveTracks = viActive;
+    m_pqArea->setMarkedTracks(m_viActiveTracks);
+    showTrackSettings();
+}
+
+std::vector<int> QScatDepthPlotWidget::activeTracks() const
+{
+    return m_viActiveTracks;
+}
+
+/// With Ctrl a track comes beside the others, or leaves them.
+void QScatDepthPlotWidget::activateTrack(int iTrack)
+{
+    std::vector<int> viActive{iTrack};
+    if (QGuiApplication::keyboardModifiers().testFlag(Qt::ControlModifier)) {
+        viActive = m_viActiveTracks;
+        if (std::erase(viActive, iTrack) == 0)
+            viActive.push_back(iTrack);
+    }
+    setActiveTracks(viActive);
+}
+
+void QScatDepthPlotWidget::editActiveTracks(const std::function<void(ScatTrackSettings&)>& fnEdit)
+{
+    for (const int iTrack : m_viActiveTracks)
+        fnEdit(m_settings.m_aTracks[static_cast<std::size_t>(iTrack)]);
+    applySettings();
+}
+
+// ---- looks ----------------------------------------------------------------------------------------------------------
+
+/// The pages show the settings of the first active track.
+void QScatDepthPlotWidget::showTrackSettings()
+{
+    const int iTrack = m_viActiveTracks.front();
+    m_shown = m_settings.m_aTracks[static_cast<std::size_t>(iTrack)];
+    const auto [dMinimum, dMaximum] = limits(iTrack);
+    m_pqTrackPage->setSettings(m_shown, dMinimum, dMaximum);
+    m_pqLinePage->setSettings(m_shown);
+    const bool bShowing = std::exchange(m_bShowingSettings, true);
+    m_pqDisplayPage->setSettings(m_shown.m_oDisplay);
+    m_bShowingSettings = bShowing;
+    QStringList lNames;
+    for (const int iActive : m_viActiveTracks) {
+        const MatrixData* poValues = values(iActive);
+        lNames << (poValues ? poValues->name() : tr("Track %1").arg(iActive + 1));
+    }
+    m_pqTrackPage->setActiveTracks(lNames.join(QStringLiteral(", ")));
+}
+
+void QScatDepthPlotWidget::updateDiagramSettings()
+{
+    if (m_bShowingSettings || !m_pqDisplayPage)
+        return;
+    ScatTrackSettings now = m_shown;
+    m_pqTrackPage->writeTo(now);
+    m_pqLinePage->writeTo(now);
+    now.m_oDisplay = m_pqDisplayPage->settings();
+    const ScatTrackSettings before = m_shown;
+    for (ScatTrackSettings& settings : m_settings.m_aTracks) {
+        settings.m_oDisplay.m_bBlackBackground = now.m_oDisplay.m_bBlackBackground;
+        settings.m_oDisplay.m_dFontSize = now.m_oDisplay.m_dFontSize;
+        settings.m_iVertexSampling = now.m_iVertexSampling;
+    }
+    editActiveTracks([&](ScatTrackSettings& settings) { settings.takeChanges(before, now); });
+}
+
+void QScatDepthPlotWidget::updateDisplayDataType(int iData)
+{
+    if (iData < ScatTrackSettings::Points || iData > ScatTrackSettings::PointsAndLine)
+        return;
+    editActiveTracks([iData](ScatTrackSettings& settings) {
+        settings.m_eData = static_cast<ScatTrackSettings::Data>(iData);
+        // A tail on a point leaves no room for a line; who asks for one wants to see it.
+        settings.m_bTadpoles = settings.m_bTadpoles && settings.m_eData == ScatTrackSettings::Points;
+    });
+}
+
+void QScatDepthPlotWidget::changeLineColor()
+{
+    ScatTrackSettings now = m_shown;
+    m_pqTrackPage->writeTo(now);
+    editActiveTracks([&now](ScatTrackSettings& settings) { settings.m_oLineColor = now.m_oLineColor; });
+}
+
+void QScatDepthPlotWidget::changePointColor()
+{
+    ScatTrackSettings now = m_shown;
+    m_pqTrackPage->writeTo(now);
+    editActiveTracks([&now](ScatTrackSettings& settings) { settings.m_oPointColor = now.m_oPointColor; });
+}
+
+void QScatDepthPlotWidget::slotDomainTransparency(int iPercent)
+{
+    editActiveTracks(
+        [iPercent](ScatTrackSettings& settings) { settings.m_iTransparency = std::clamp(iPercent, 0, 100); });
+}
+
+void QScatDepthPlotWidget::applySettings()
+{
+    const ChartDisplaySettings& display = m_settings.m_aTracks.front().m_oDisplay;
+    m_pqArea->setBlackBackground(display.m_bBlackBackground);
+    m_pqArea->setFontSize(display.m_dFontSize);
+    for (int iTrack = 0; iTrack < NumberOfTracks; ++iTrack)
+        m_pqArea->setTrackGrid(iTrack, m_settings.m_aTracks[static_cast<std::size_t>(iTrack)].m_oDisplay.m_bGrid);
+    applySampling();
+    slotUpdateDiagrams();
+    applyLineLooks();
+}
+
+void QScatDepthPlotWidget::applySampling()
+{
+    const int iStep = m_settings.m_aTracks.front().m_iVertexSampling;
+    if (iStep <= 1) {
+        m_pqArea->setTableRows(m_viTableRows);
+        return;
+    }
+    const int iAll = m_viTableRows.empty() ? numberOfRecords() : static_cast<int>(m_viTableRows.size());
+    std::vector<int> viRecords;
+    for (int i = 0; i < iAll; i += iStep)
+        viRecords.push_back(m_viTableRows.empty() ? i : m_viTableRows[static_cast<std::size_t>(i)]);
+    m_pqArea->setTableRows(viRecords);
+}
+
+void QScatDepthPlotWidget::applyLineLooks()
+{
+    for (int iScenario = 0; iScenario < m_pScenarios->count(); ++iScenario) {
+        const std::vector<DepthLineField*> vpFields = m_pScenarios->fields(iScenario);
+        for (std::size_t iTrack = 0; iTrack < vpFields.size(); ++iTrack)
+            m_settings.m_aTracks[iTrack].applyTo(*vpFields[iTrack]);
+    }
+    showLines();
+}
+
+void QScatDepthPlotWidget::slotUpdateDiagrams()
+{
+    for (int iTrack = 0; iTrack < NumberOfTracks; ++iTrack)
+        refillTrack(iTrack);
+    showTrackSettings();
+    showDepthRange();
+    m_pqArea->linesChanged();
+}
+
+void QScatDepthPlotWidget::showDepthRange()
+{
+    m_pqTrackPage->setDepthRange(m_poDepth ? m_pqArea->depthFrom() : g_dMissingValue,
+                                 m_poDepth ? m_pqArea->depthTo() : g_dMissingValue);
+}
+
+void QScatDepthPlotWidget::slotUpdateChartBoundaries(bool bAutomatic)
+{
+    if (!bAutomatic) {
+        slotUpdateChartBoundaries();
+        return;
+    }
+    m_pqArea->showWholeRange();
+    editActiveTracks([](ScatTrackSettings& settings) {
+        settings.m_dMinimum = g_dMissingValue;
+        settings.m_dMaximum = g_dMissingValue;
+    });
+}
+
+void QScatDepthPlotWidget::slotUpdateChartBoundaries()
+{
+    if (m_pqTrackPage->depthFrom() != m_pqArea->depthFrom() || m_pqTrackPage->depthTo() != m_pqArea->depthTo())
+        m_pqArea->setDepthRange(m_pqTrackPage->depthFrom(), m_pqTrackPage->depthTo());
+    ScatTrackSettings now = m_shown;
+    m_pqTrackPage->writeTo(now);
+    if (!isMissing(now.m_dMinimum) && !isMissing(now.m_dMaximum) && !(now.m_dMinimum < now.m_dMaximum)) {
+        now.m_dMinimum = m_shown.m_dMinimum; // ends that make no axis go back
+        now.m_dMaximum = m_shown.m_dMaximum;
+    }
+    const ScatTrackSettings before = m_shown;
+    editActiveTracks([&](ScatTrackSettings& settings) { settings.takeChanges(before, now); });
+}
+
+void QScatDepthPlotWidget::blackWhiteSwitch()
+{
+    updateDiagramSettings();
+}
+
+void QScatDepthPlotWidget::fontSizeChanged(double dPointSize)
+{
+    if (m_bShowingSettings || !m_pqDisplayPage || !(dPointSize > 0.0))
+        return;
+    for (ScatTrackSettings& settings : m_settings.m_aTracks)
+        settings.m_oDisplay.m_dFontSize = dPointSize;
+    applySettings();
+}
+
+void QScatDepthPlotWidget::slotResetAnnotationSettings()
+{
+    for (ScatTrackSettings& settings : m_settings.m_aTracks) {
+        settings.m_oDisplay = ChartDisplaySettings();
+        settings.m_oDisplay.m_dFontSize = font().pointSizeF();
+    }
+    slotZoomFactorReset(false);
+    applySettings();
+}
+
+// ---- depth ----------------------------------------------------------------------------------------------------------
+
+void QScatDepthPlotWidget::slotZoomFactorReset(bool bOn)
+{
+    if (bOn)
+        m_pqDisplayPage->applyZoom();
+    else
+        slotZoomFactorChanged(1.0);
+}
+
+void QScatDepthPlotWidget::slotZoomFactorChanged(double dZoom)
+{
+    if (dZoom > 0.0)
+        m_pqArea->setZoom(dZoom);
+}
+
+void QScatDepthPlotWidget::slotVerticalSliderChanged(int iRow)
+{
+    m_pqArea->panToRow(iRow);
+}
+
+void QScatDepthPlotWidget::centreOnDepth(double dDepth)
+{
+    if (m_poDepth && !isMissing(dDepth))
+        slotVerticalSliderChanged(m_pqArea->rowForCentre(dDepth));
+}
+
+// ---- cursor ---------------------------------------------------------------------------------------------------------
+
+/// The headers tell the values of the record that is next to the cursor, the label where the cursor itself is.
+void QScatDepthPlotWidget::updateCursorPosLabel(QPointF oPosition, MatrixData* poValues)
+{
+    if (!poValues || isMissing(oPosition.x()) || isMissing(oPosition.y())) {
+        m_pqCursorPosLabel->setText(tr("Cursor: ---"));
+        return;
+    }
+    m_pqCursorPosLabel->setText(tr("Cursor: %1 %2, %3 %4")
+                                    .arg(poValues->name(), displayText(poValues, oPosition.x(), g_iDecimals),
+                                         m_poDepth ? m_poDepth->name() : QString(),
+                                         displayText(m_poDepth.get(), oPosition.y())));
+}
+
+void QScatDepthPlotWidget::updateCursorPosLabelDip(QPointF oPosition)
+{
+    updateCursorPosLabel(oPosition, values(DipTrack));
+}
+
+void QScatDepthPlotWidget::updateCursorPosLabelAzimuth(QPointF oPosition)
+{
+    updateCursorPosLabel(oPosition, values(AzimuthTrack));
+}
+
+void QScatDepthPlotWidget::updateCursorPosLabelTransverseDip(QPointF oPosition)
+{
+    updateCursorPosLabel(oPosition, values(TransverseDipTrack));
+}
+
+void QScatDepthPlotWidget::updateCursorPosLabelLongitudinalDip(QPointF oPosition)
+{
+    updateCursorPosLabel(oPosition, values(LongitudinalDipTrack));
+}
+
+void QScatDepthPlotWidget::updateCursorPos(int iTrack)
+{
+    QDepthTrackPlot* pqPlot = plot(iTrack);
+    const QPointF oPixel = pqPlot->mousePickingPos();
+    if (pqPlot->underMouse() && !isMissing(oPixel.x()))
+        updateCursorPosLabel(pqPlot->transformInDataPoint(oPixel + pqPlot->pixmapRect().topLeft()), values(iTrack));
+}
+
+void QScatDepthPlotWidget::updateCursorPosFromDipPlot()
+{
+    updateCursorPos(DipTrack);
+}
+
+void QScatDepthPlotWidget::updateCursorPosFromAzimuthPlot()
+{
+    updateCursorPos(AzimuthTrack);
+}
+
+void QScatDepthPlotWidget::updateCursorPosFromTransverseDipPlot()
+{
+    updateCursorPos(TransverseDipTrack);
+}
+
+void QScatDepthPlotWidget::updateCursorPosFromLongitudinalDipPlot()
+{
+    updateCursorPos(LongitudinalDipTrack);
+}
+
+void QScatDepthPlotWidget::slotCrossPlotLeaveEvent(QEvent*)
+{
+    updateCursorPosLabel({g_dMissingValue, g_dMissingValue}, nullptr);
+}
+
+// ---- selection ------------------------------------------------------------------------------------------------------
+
+void QScatDepthPlotWidget::setSelectedRecords(const std::vector<int>& viRecords)
+{
+    m_pqArea->setSelectedRecords(viRecords);
+}
+
+std::vector<int> QScatDepthPlotWidget::selectedRecords() const
+{
+    return m_pqArea->selectedRecords();
+}
+
+void QScatDepthPlotWidget::slotUpdateSelection(bool* pbSelection, int iLength)
+{
+    std::vector<int> viRecords;
+    for (int i = 0; pbSelection && i < std::min(iLength, numberOfRecords()); ++i) {
+        if (pbSelection[i])
+            viRecords.push_back(i);
+    }
+    setSelectedRecords(viRecords);
+}
+
+void QScatDepthPlotWidget::clearSelection()
+{
+    QRelationshipItemModel* pModel = m_pqArea->model(DipTrack);
+    if (m_pqArea->setSelectedRecords({}))
+        emit dataPointsSelection(pModel->selection(), pModel->numberOfPoints());
+}
+
+void QScatDepthPlotWidget::updateSelectionFrom(int iTrack, bool* pbSelection, int iLength)
+{
+    if (!hasData() || !pbSelection)
+        return;
+    if (!m_bOrientationMode)
+        m_pScenarios->deselectAll();
+    std::vector<int> viActive = m_viActiveTracks;
+    if (!QGuiApplication::keyboardModifiers().testFlag(Qt::ControlModifier))
+        viActive.clear();
+    viActive.push_back(iTrack);
+    setActiveTracks(viActive);
+    if (std::any_of(pbSelection, pbSelection + iLength, [](bool bSelected) { return bSelected; }))
+        emit dataPointsSelection(pbSelection, iLength);
+}
+
+void QScatDepthPlotWidget::slotUpdateSelectionFromDipPlot(bool* pbSelection, int iLength)
+{
+    updateSelectionFrom(DipTrack, pbSelection, iLength);
+}
+
+void QScatDepthPlotWidget::slotUpdateSelectionFromAzimuthPlot(bool* pbSelection, int iLength)
+{
+    updateSelectionFrom(AzimuthTrack, pbSelection, iLength);
+}
+
+void QScatDepthPlotWidget::slotUpdateSelectionFromTransverseDipPlot(bool* pbSelection, int iLength)
+{
+    updateSelectionFrom(TransverseDipTrack, pbSelection, iLength);
+}
+
+void QScatDepthPlotWidget::slotUpdateSelectionFromLongitudinalDipPlot(bool* pbSelection, int iLength)
+{
+    updateSelectionFrom(LongitudinalDipTrack, pbSelection, iLength);
+}
+
+} // namespace gkBase

@@ -1,0 +1,121 @@
+#include "ScatDirectionGroup.h"
+
+#include "AngleUnits.h"
+#include "Angles.h"
+#include "ChartPanelControls.h"
+#include "MatrixData.h"
+#include "QUnitLineEdit.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace gkBase {
+
+namespace {
+
+double directionOf(const QUnitLineEdit& edit)
+{
+    const double dDirection = wrapAzimuth(edit.modelValue());
+    return isMissing(dDirection) ? 0.0 : dDirection;
+}
+
+} // namespace
+
+ScatDirectionGroup::ScatDirectionGroup(QWidget* pqParent)
+    : QGroupBox(tr("T and L Direction"), pqParent)
+    , m_pqKeepCheckBox(newCheckBox(tr("Keep T and L Direction"),
+                                   tr("A new selection does not change the directions while this is checked"),
+                                   "m_pqKeepTandLCheckBox"))
+    , m_pqTransverseEdit(newEdit(tr("Direction of most Change (T Direction)"), "m_pqTDirectionEdit"))
+    , m_pqLongitudinalEdit(newEdit(tr("Direction of least Change (L Direction)"), "m_pqLDirectionEdit"))
+    , m_pqLayout(new QVBoxLayout(this))
+{
+    m_pqKeepCheckBox->setChecked(true);
+    setAngles(nullptr);
+    auto* pqGrid = new QGridLayout;
+    int iRow = 0;
+    for (QUnitLineEdit* pqEdit : {m_pqTransverseEdit, m_pqLongitudinalEdit}) {
+        auto* pqLabel = new QLabel(pqEdit->accessibleName());
+        pqLabel->setWordWrap(true);
+        pqLabel->setBuddy(pqEdit);
+        pqGrid->addWidget(pqLabel, iRow, 0);
+        pqGrid->addWidget(pqEdit, iRow++, 1);
+        pqEdit->setModelValue(0.0, false);
+    }
+    pqGrid->setColumnStretch(0, 2);
+    pqGrid->setColumnStretch(1, 1);
+    m_pqLayout->addWidget(m_pqKeepCheckBox);
+    m_pqLayout->addLayout(pqGrid);
+    connect(m_pqKeepCheckBox, &QCheckBox::toggled, this, &ScatDirectionGroup::keepSwitched);
+    connect(m_pqTransverseEdit, &QUnitLineEdit::modelValueChanged, this, [this] {
+        setTransverse(transverse());
+        emit transverseEdited(transverse());
+    });
+    connect(m_pqLongitudinalEdit, &QUnitLineEdit::modelValueChanged, this, [this] {
+        setLongitudinal(longitudinal());
+        emit longitudinalEdited(longitudinal());
+    });
+}
+
+QUnitLineEdit* ScatDirectionGroup::newEdit(const QString& sName, const char* pObjectName)
+{
+    auto* pqEdit = new QUnitLineEdit;
+    pqEdit->setObjectName(QLatin1String(pObjectName));
+    pqEdit->setAccessibleName(sName);
+    pqEdit->setToolTip(tr("Clockwise from north, towards which an apparent dip is positive"));
+    return pqEdit;
+}
+
+double ScatDirectionGroup::transverse() const
+{
+    return directionOf(*m_pqTransverseEdit);
+}
+
+double ScatDirectionGroup::longitudinal() const
+{
+    return directionOf(*m_pqLongitudinalEdit);
+}
+
+void ScatDirectionGroup::show(QUnitLineEdit* pqEdit, double dDirection)
+{
+    const double dWrapped = wrapAzimuth(dDirection);
+    if (!isMissing(dWrapped))
+        pqEdit->setModelValue(dWrapped, false);
+}
+
+void ScatDirectionGroup::setTransverse(double dDirection)
+{
+    show(m_pqTransverseEdit, dDirection);
+}
+
+void ScatDirectionGroup::setLongitudinal(double dDirection)
+{
+    show(m_pqLongitudinalEdit, dDirection);
+}
+
+bool ScatDirectionGroup::isKept() const
+{
+    return m_pqKeepCheckBox->isChecked();
+}
+
+void ScatDirectionGroup::setEditsEnabled(bool bEnabled)
+{
+    m_pqTransverseEdit->setEnabled(bEnabled);
+    m_pqLongitudinalEdit->setEnabled(bEnabled);
+}
+
+void ScatDirectionGroup::setAngles(const MatrixData* poDip)
+{
+    const boost::shared_ptr<UnitManager> poUnit = degreeUnit(poDip ? poDip->registry() : nullptr);
+    m_pqTransverseEdit->unitManager(poUnit);
+    m_pqLongitudinalEdit->unitManager(poUnit);
+}
+
+void ScatDirectionGroup::addHelp(QWidget* pqWidget)
+{
+    m_pqLayout->addWidget(pqWidget, 1);
+}
+
+} // namespace gkBase
