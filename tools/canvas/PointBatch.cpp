@@ -96,7 +96,7 @@ std::uint64_t PointBatch::fingerprint() const
     print.add(m_viColors);
     print.add(m_viStyles);
     print.add(m_vdAzimuths);
-    print.add(m_vbOpenHeads);
+    print.add(m_vbOpen);
     print.add(wordOf(m_oLook.m_oColor));
     for (const int iNumber : {m_oLook.m_iStyle, m_oLook.m_iSize, m_oLook.m_iPenWidth, int(m_bHollow),
                               int(m_bStyleDecidesFill), int(m_bTadPoles)}) {

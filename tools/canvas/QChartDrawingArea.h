@@ -106,6 +106,9 @@ public:
     virtual void transformPoints(std::span<const double> vdX, std::span<const double> vdY,
                                  std::vector<QPointF>& voPixels);
 
+    /// Records whose symbols are open, one flag each, of the pixels that pointPixels() gave last. Empty: none are.
+    virtual std::span<const unsigned char> openPoints() const;
+
     // ---- points ----------------------------------------------------------------------------------------------------
     /// The points that drawPoints() draws. Not owned; may be deleted while the canvas lives; null for none. What
     /// changes in the model is shown after updateChart().

@@ -54,6 +54,11 @@ void QChartDrawingArea::transformPoints(std::span<const double> vdX, std::span<c
     }
 }
 
+std::span<const unsigned char> QChartDrawingArea::openPoints() const
+{
+    return {};
+}
+
 const std::vector<QPointF>& QChartDrawingArea::pointPixels()
 {
     if (!m_pModel) {
@@ -95,6 +100,7 @@ PointBatch QChartDrawingArea::pointBatch()
     PointBatch batch;
     batch.m_voPixels = m_pOther ? m_pOther->m_voPixels : std::span<const QPointF>(pointPixels());
     batch.m_vbSelected = drawnModel()->selectionMask();
+    batch.m_vbOpen = m_pOther ? std::span<const unsigned char>() : openPoints();
     batch.m_oLook.m_iStyle = drawnModel()->pointStyle();
     batch.m_oLook.m_oColor =
         readableColor(m_pOther ? m_pOther->m_oColor : m_oPointFillColor, m_oBackgroundColor, m_oLabelColor);
@@ -118,11 +124,11 @@ void QChartDrawingArea::drawTadPoles(QPainter* pPainter, PointBatch& batch)
     std::vector<unsigned char> vbOpen(iCount);
     for (std::size_t i = 0; i < iCount; ++i) {
         vdAzimuths[i] = drawnModel()->azimuthTadPole(static_cast<int>(i));
-        vbOpen[i] = drawnModel()->tadPoleIsOpen(static_cast<int>(i)) ? 1 : 0;
+        vbOpen[i] = batch.isOpen(i) || drawnModel()->tadPoleIsOpen(static_cast<int>(i)) ? 1 : 0;
     }
     batch.m_bTadPoles = true;
     batch.m_vdAzimuths = vdAzimuths;
-    batch.m_vbOpenHeads = vbOpen;
+    batch.m_vbOpen = vbOpen;
     drawBatch(pPainter, batch);
 }
 
