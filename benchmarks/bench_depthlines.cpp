@@ -63,6 +63,7 @@ struct Tracks
             m_plots[t].setRange({-60.0, 0.0}, {60.0, 0.0});
             m_plots[t].setDepthRange(g_dDepth, g_dDepth + g_dLength);
             m_plots[t].setDataCreationType(QCrossPlot::StructuralTopCreation);
+            m_plots[t].setLineOrientationPosition([](const QPointF& oOrientation) { return oOrientation.x(); });
         }
         show();
     }

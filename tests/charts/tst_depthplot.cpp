@@ -142,7 +142,7 @@ private slots:
     void markersOfTheData();
     void visibilityFlagsRule();
     void decimatedDipsAreTadpoles();
-    void markerSwitches();
+    void steepDipsStandAtTheSides();
     void pictureNeedsNoWindow();
 
 private:
@@ -526,18 +526,35 @@ void TestDepthPlot::decimatedDipsAreTadpoles()
     QCOMPARE(markers.m_vTadpoles, (std::vector<DepthTadpole>{{1010, 30, 100}, {1030, 50, 300}}));
 }
 
-void TestDepthPlot::markerSwitches()
+void TestDepthPlot::steepDipsStandAtTheSides()
 {
-    Well well;
-    Panel panel(well);
-    panel.setAllTypeMarkersVisibility(QStringLiteral("Fault"), false);
-    QCOMPARE(panel.markerVisibility(), (DepthMarkerSwitches{true, false, true, true}));
-    panel.setAllTypeMarkersVisibility(QStringLiteral("Top"), false);
-    panel.setAllTypeMarkersVisibility(QStringLiteral("Bedding"), false);
-    panel.setAllDecimatedDipAzimuthMarkersVisibility(false);
-    QCOMPARE(panel.markerVisibility(), (DepthMarkerSwitches{false, false, true, false}));
-    panel.setAllTopMarkersVisibility(true);
-    QCOMPARE(panel.findChild<QCheckBox*>(QStringLiteral("m_pqShowTops"))->isChecked(), true);
+    const std::unique_ptr<MatrixData> poDip(attribute(QStringLiteral("T"), {10.0, 85.0, -88.0, g_dNone, 80.0}));
+    const std::unique_ptr<MatrixData> poDepth(attribute(QStringLiteral("Depth"), {10, 30, 50, 60, 90}));
+    QRelationshipItemModel model;
+    model.takeNewDataSet(poDip.get(), poDepth.get());
+    model.setPointPixelSize(5);
+    QDepthTrackPlot plot;
+    plot.resize(201, 101);
+    plot.setModel(&model);
+    plot.setRange({80.0, 0.0}, {-40.0, 100.0}); // reversed, and cut on one side
+    plot.setDepthRange(0.0, 100.0);
+    plot.setSteepLimit(80.0);
+    const std::vector<QPointF> voPixels = plot.pointPixels();
+    for (const auto& [iRecord, bLeft] : {std::pair(1, true), std::pair(2, false)}) {
+        const QPointF oPixel = voPixels[static_cast<std::size_t>(iRecord)];
+        QVERIFY(bLeft ? oPixel.x() > 0.0 && oPixel.x() < 10.0 : oPixel.x() < 200.0 && oPixel.x() > 190.0);
+        QCOMPARE(plot.grab().toImage().pixelColor(oPixel.toPoint()), plot.backgroundColor()); // open
+        QTest::mouseClick(&plot, Qt::LeftButton, {}, oPixel.toPoint());
+        QCOMPARE(model.selectedRecords(), std::vector<int>{iRecord});
+    }
+    QCOMPARE(voPixels[1].y(), plot.transformInPixelPoint({0.0, 30.0}).y());
+    QVERIFY(std::isnan(voPixels[3].x()));
+    for (const std::size_t i : {0U, 4U}) {
+        QCOMPARE(voPixels[i], plot.transformInPixelPoint({model.x()[i], model.y()[i]}));
+        QVERIFY(plot.grab().toImage().pixelColor(voPixels[i].toPoint()) != plot.backgroundColor());
+    }
+    plot.setSteepLimit(99999.0);
+    QVERIFY(plot.pointPixels()[2].x() > 200.0);
 }
 
 void TestDepthPlot::pictureNeedsNoWindow()

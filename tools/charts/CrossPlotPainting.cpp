@@ -5,6 +5,7 @@
 #include "PointSelection.h"
 #include "ReadableColor.h"
 #include "SymbolGeometry.h"
+#include "SymbolSpriteCache.h"
 
 #include <QFont>
 #include <QFontMetricsF>
@@ -29,12 +30,13 @@ constexpr double g_dPadding = 3.0;
 constexpr double g_dStripe = 4.0;
 constexpr double g_dMargin = 6.0;
 constexpr int g_iBoxAlpha = 225;
-constexpr double g_dBroader = 2.0; ///< what faults exceed other lines by
-constexpr double g_dHoverBand = 8.0;
+constexpr double g_dBroader = 2.0;   ///< what faults exceed other lines by
+constexpr double g_dHoverBand = 4.0; ///< beyond the line, as the halo
 constexpr int g_iHoverAlpha = 70;
+constexpr int g_iOpaque = 255;
 constexpr int g_iHandleFont = 9; ///< pixels
 constexpr int g_iDarkGray = 140;
-constexpr double g_dMarkPen = 2.0;
+constexpr int g_iMarkPen = 2;
 constexpr double g_dLabelShare = 0.7; ///< of the width, for the longest name
 
 void drawLineWithHalo(QPainter& painter, const QLineF& oLine, const QPen& pen, const CrossPlotStyle& style)
@@ -47,9 +49,7 @@ void drawLineWithHalo(QPainter& painter, const QLineF& oLine, const QPen& pen, c
     painter.drawLine(oLine);
 }
 
-/// A text on a ground of the background's colour.
-void drawBox(QPainter& painter, const QRectF& oBox, const QString& sText, const QColor& oFrame,
-             const CrossPlotStyle& style)
+void drawGround(QPainter& painter, const QRectF& oBox, const QColor& oFrame, const CrossPlotStyle& style)
 {
     QColor oGround = style.m_oBackground;
     oGround.setAlpha(g_iBoxAlpha);
@@ -57,6 +57,13 @@ void drawBox(QPainter& painter, const QRectF& oBox, const QString& sText, const 
     painter.setBrush(oGround);
     painter.drawRect(oBox);
     painter.setPen(style.m_oLabel);
+}
+
+/// A text on a ground of the background's colour.
+void drawBox(QPainter& painter, const QRectF& oBox, const QString& sText, const QColor& oFrame,
+             const CrossPlotStyle& style)
+{
+    drawGround(painter, oBox, oFrame, style);
     painter.drawText(oBox.adjusted(g_dPadding, 0.0, -g_dPadding, 0.0), Qt::AlignLeft | Qt::AlignVCenter, sText);
 }
 
@@ -65,6 +72,19 @@ QSizeF boxSize(const QPainter& painter, const QString& sText)
     const QFontMetricsF metrics(painter.font(), painter.device());
     const QSizeF oText = metrics.size(0, sText);
     return {std::ceil(oText.width()) + 2.0 * g_dPadding, std::ceil(oText.height())};
+}
+
+/// As drawBox() and boxSize() for the many names of lines, which have one row and need no layout.
+void drawNameBox(QPainter& painter, const QRectF& oBox, const QString& sName, const QFontMetricsF& metrics,
+                 const QColor& oFrame, const CrossPlotStyle& style)
+{
+    drawGround(painter, oBox, oFrame, style);
+    painter.drawText(oBox.topLeft() + QPointF(g_dPadding, metrics.ascent()), sName);
+}
+
+QSizeF nameBoxSize(const QFontMetricsF& metrics, const QString& sName)
+{
+    return {std::ceil(metrics.horizontalAdvance(sName)) + 2.0 * g_dPadding, std::ceil(metrics.height())};
 }
 
 /// Dashes and gaps in pixels; empty for a solid line.
@@ -84,18 +104,9 @@ QList<qreal> dashesOf(DepthLineField::DataType eType)
     }
 }
 
-QPen linePen(const CrossPlotDepthLine& line, const QColor& oColor)
+double lineWidth(const CrossPlotDepthLine& line)
 {
-    const double dWidth = line.m_iWidth + (line.m_eType == DepthLineField::Fault ? g_dBroader : 0.0);
-    QPen pen(oColor, dWidth, Qt::SolidLine, Qt::FlatCap);
-    QList<qreal> vdDashes = dashesOf(line.m_eType);
-    if (!vdDashes.isEmpty()) {
-        for (qreal& dLength : vdDashes) {
-            dLength /= dWidth; // pens count in their widths
-        }
-        pen.setDashPattern(vdDashes);
-    }
-    return pen;
+    return line.m_iWidth + (line.m_eType == DepthLineField::Fault ? g_dBroader : 0.0);
 }
 
 /// Black or white, whichever is easier to read on the colour.
@@ -133,11 +144,10 @@ void drawCrossPlotDomains(QPainter& painter, std::span<const CrossPlotDomain> vD
     }
 }
 
-void drawCrossPlotBoundaries(QPainter& painter, std::span<const CrossPlotDepthLine> vLines, const QRectF& oPlot,
-                             const CrossPlotStyle& style)
+void drawCrossPlotBoundaries(QPainter& painter, std::span<const CrossPlotDepthLine> vLines, const QRectF& oPlot)
 {
     for (const CrossPlotDepthLine& line : vLines) {
-        painter.setPen(QPen(readableColor(line.m_oColor, style.m_oBackground, style.m_oLabel), 1.0));
+        painter.setPen(QPen(line.m_oColor, 1.0));
         painter.drawLine(QPointF(oPlot.left(), line.m_dY), QPointF(oPlot.right(), line.m_dY));
     }
 }
@@ -182,19 +192,31 @@ void drawCrossPlotDepthLines(QPainter& painter, std::span<const CrossPlotDepthLi
         if (dY < -1.0 || dY > oVisible.height()) {
             continue;
         }
-        const QLineF oLine(0.0, dY, oVisible.width(), dY);
-        const QPen pen = linePen(line, readableColor(line.m_oColor, style.m_oBackground, style.m_oLabel));
+        const double dWidth = lineWidth(line);
+        const auto band = [&](double dBeyond, const QColor& oColor, int iAlpha) {
+            QColor oFill = oColor;
+            oFill.setAlpha(iAlpha);
+            painter.fillRect(QRectF(0.0, dY - dWidth / 2.0 - dBeyond, oVisible.width(), dWidth + 2.0 * dBeyond), oFill);
+        };
         if (line.m_iLine == iHovered) {
-            QColor oBand = style.m_oLabel;
-            oBand.setAlpha(g_iHoverAlpha);
-            painter.setPen(QPen(oBand, pen.widthF() + g_dHoverBand, Qt::SolidLine, Qt::FlatCap));
-            painter.drawLine(oLine);
+            band(g_dHoverBand, style.m_oLabel, g_iHoverAlpha);
         }
         if (line.m_bSelected) {
-            painter.setPen(QPen(style.m_oLabel, pen.widthF() + 2.0 * g_dHalo, Qt::SolidLine, Qt::FlatCap));
-            painter.drawLine(oLine);
+            band(g_dHalo, style.m_oLabel, g_iOpaque);
         }
-        drawLineWithHalo(painter, oLine, pen, style);
+        band(g_dHalo / 2.0, style.m_oBackground, g_iHaloAlpha);
+        QList<qreal> vdDashes = dashesOf(line.m_eType);
+        if (vdDashes.isEmpty()) {
+            band(0.0, line.m_oColor, g_iOpaque);
+            continue;
+        }
+        for (qreal& dLength : vdDashes) {
+            dLength /= dWidth; // pens count in their widths
+        }
+        QPen pen(line.m_oColor, dWidth, Qt::CustomDashLine, Qt::FlatCap);
+        pen.setDashPattern(vdDashes);
+        painter.setPen(pen);
+        painter.drawLine(QPointF(0.0, dY), QPointF(oVisible.width(), dY));
     }
 }
 
@@ -208,41 +230,45 @@ void drawCrossPlotHandles(QPainter& painter, std::span<const CrossPlotLineHandle
     font.setPixelSize(g_iHandleFont);
     font.setBold(true);
     painter.setFont(font);
+    const QFontMetricsF metrics(font, painter.device());
+    std::array<double, 7> vdWidths{}; // of the letters, measured once
+    for (std::size_t i = 0; i < vdWidths.size(); ++i) {
+        vdWidths[i] = metrics.horizontalAdvance(lineTypeLetter(static_cast<DepthLineField::DataType>(i)));
+    }
+    const double dBase = std::floor((CrossPlotLineHandle::s_dSize - metrics.capHeight()) / 2.0);
     for (const CrossPlotLineHandle& handle : vHandles) {
         const CrossPlotDepthLine& line = vLines[handle.m_iShape];
-        const QColor oColor = readableColor(line.m_oColor, style.m_oBackground, style.m_oLabel);
         const bool bFilled = line.m_bSelected || line.m_iLine == iHovered;
         const QRectF& oRect = handle.m_oRect;
         placement.block(oRect);
         // A rim of the background parts it from its neighbours, a further one marks what is selected.
         painter.fillRect(oRect.adjusted(-1.0, -1.0, 1.0, 1.0), line.m_bSelected ? style.m_oLabel : style.m_oBackground);
-        painter.fillRect(oRect, oColor);
+        painter.fillRect(oRect, line.m_oColor);
         if (!bFilled) {
             painter.fillRect(oRect.adjusted(1.0, 1.0, -1.0, -1.0), style.m_oBackground);
         }
-        painter.setPen(bFilled ? inkOn(oColor) : style.m_oLabel);
-        painter.drawText(oRect, Qt::AlignCenter | Qt::TextDontClip, lineTypeLetter(line.m_eType));
+        painter.setPen(bFilled ? inkOn(line.m_oColor) : style.m_oLabel);
+        const double dLeft = oRect.center().x() - vdWidths[static_cast<std::size_t>(line.m_eType)] / 2.0;
+        painter.drawText(QPointF(dLeft, oRect.bottom() - dBase), lineTypeLetter(line.m_eType));
     }
 }
 
 void drawCrossPlotOrientationMarks(QPainter& painter, std::span<const CrossPlotOrientationMark> vMarks,
-                                   LabelPlacement& placement, const CrossPlotStyle& style)
+                                   SymbolSpriteCache& sprites, LabelPlacement& placement, const CrossPlotStyle& style)
 {
     const PainterState state(&painter);
     painter.setRenderHint(QPainter::Antialiasing, true);
     constexpr int iRadius = CrossPlotOrientationMark::s_iRadius;
     for (const CrossPlotOrientationMark& mark : vMarks) {
-        const std::optional<QLineF> oTail = tadpoleTail(mark.m_oCentre, mark.m_dAzimuth, iRadius);
-        // Background below, so that it stands out from points.
-        for (const bool bGround : {true, false}) {
-            const double dHalo = bGround ? g_dHalo : 0.0;
-            painter.setPen(QPen(bGround ? style.m_oBackground : style.m_oLabel, g_dMarkPen + dHalo));
-            painter.setBrush(mark.m_bBeyond || bGround ? style.m_oBackground : mark.m_oColor);
-            if (oTail) {
-                painter.drawLine(*oTail);
-            }
-            painter.drawEllipse(mark.m_oCentre, iRadius, iRadius);
+        if (const std::optional<QLineF> oTail = tadpoleTail(mark.m_oCentre, mark.m_dAzimuth, iRadius)) {
+            painter.setPen(QPen(style.m_oLabel, g_iMarkPen));
+            painter.drawLine(*oTail);
         }
+        // A rim of the background parts it from points.
+        SymbolLook look{Circle, style.m_oBackground, QColor(), iRadius, g_iMarkPen + 2};
+        sprites.drawSymbols(&painter, {&mark.m_oCentre, 1}, look);
+        look = {Circle, style.m_oLabel, mark.m_bBeyond ? style.m_oBackground : mark.m_oColor, iRadius, g_iMarkPen};
+        sprites.drawSymbols(&painter, {&mark.m_oCentre, 1}, look);
         placement.block(QRectF(mark.m_oCentre, QSizeF()).adjusted(-iRadius, -iRadius, iRadius, iRadius));
     }
 }
@@ -251,14 +277,16 @@ void drawCrossPlotOrientationLabels(QPainter& painter, std::span<const CrossPlot
                                     LabelPlacement& placement, const CrossPlotStyle& style)
 {
     constexpr double dReach = CrossPlotOrientationMark::s_iRadius + g_dPadding;
+    const QFontMetricsF metrics(painter.font(), painter.device());
+    const QSizeF oSize = nameBoxSize(metrics, QStringLiteral("00/000")); // digits are equally wide
     for (const CrossPlotOrientationMark& mark : vMarks) {
         if (mark.m_sLabel.isEmpty()) {
             continue;
         }
         const QRectF oAnchor = QRectF(mark.m_oCentre, QSizeF()).adjusted(-dReach, -dReach, dReach, dReach);
-        const QRectF oBox = placement.place(oAnchor, boxSize(painter, mark.m_sLabel));
+        const QRectF oBox = placement.place(oAnchor, oSize);
         if (!oBox.isNull()) {
-            drawBox(painter, oBox, mark.m_sLabel, QColor(), style);
+            drawNameBox(painter, oBox, mark.m_sLabel, metrics, QColor(), style);
         }
     }
 }
@@ -279,19 +307,30 @@ void drawCrossPlotLabels(QPainter& painter, std::span<const CrossPlotDepthLine> 
         if (line.m_sLabel.isEmpty() || dY < 0.0 || dY >= oVisible.height()) {
             continue;
         }
-        const QString sLabel = metrics.elidedText(line.m_sLabel, Qt::ElideRight, dWidest);
-        const QSizeF oSize = boxSize(painter, sLabel) + QSizeF(g_dStripe, 0.0);
-        const double dX = oVisible.width() - oSize.width() - g_dMargin;
+        // Most of many names have no room; those are not measured.
+        const double dHeight = std::ceil(metrics.height());
+        const double dRight = oVisible.width() - g_dMargin;
+        if (!placement.isFree(QRectF(dRight - 1.0, dY - 2.0 - dHeight, 1.0, dHeight)) &&
+            !placement.isFree(QRectF(dRight - 1.0, dY + 2.0, 1.0, dHeight))) {
+            continue;
+        }
+        QString sLabel = line.m_sLabel;
+        QSizeF oSize = nameBoxSize(metrics, sLabel);
+        if (oSize.width() > dWidest) {
+            sLabel = metrics.elidedText(sLabel, Qt::ElideRight, dWidest - 2.0 * g_dPadding);
+            oSize = nameBoxSize(metrics, sLabel);
+        }
+        oSize += QSizeF(g_dStripe, 0.0);
+        const double dX = dRight - oSize.width();
         // Above the line, or below it where there is no room.
         const std::array<QRectF, 2> voBoxes{QRectF(QPointF(dX, dY - 2.0 - oSize.height()), oSize),
                                             QRectF(QPointF(dX, dY + 2.0), oSize)};
         const QRectF oBox = placement.place(voBoxes);
         if (!oBox.isNull()) {
             // The stripe tells which of two lines beside a label is meant.
-            drawBox(painter, oBox.adjusted(g_dStripe, 0.0, 0.0, 0.0), sLabel,
-                    line.m_bSelected ? style.m_oLabel : QColor(), style);
-            painter.fillRect(QRectF(oBox.topLeft(), QSizeF(g_dStripe, oBox.height())),
-                             readableColor(line.m_oColor, style.m_oBackground, style.m_oLabel));
+            drawNameBox(painter, oBox.adjusted(g_dStripe, 0.0, 0.0, 0.0), sLabel, metrics,
+                        line.m_bSelected ? style.m_oLabel : QColor(), style);
+            painter.fillRect(QRectF(oBox.topLeft(), QSizeF(g_dStripe, oBox.height())), line.m_oColor);
         }
     }
 }

@@ -16,6 +16,7 @@ class QPainter;
 namespace gkBase {
 
 class LabelPlacement;
+class SymbolSpriteCache;
 
 /// Colours and widths of what a cross plot draws beside its points.
 struct CrossPlotStyle
@@ -31,8 +32,7 @@ void drawCrossPlotGrid(QPainter& painter, std::span<const int> viVertical, std::
                        const QRectF& oPlot, const CrossPlotStyle& style);
 void drawCrossPlotDomains(QPainter& painter, std::span<const CrossPlotDomain> vDomains);
 /// Thin lines that lie under the data.
-void drawCrossPlotBoundaries(QPainter& painter, std::span<const CrossPlotDepthLine> vLines, const QRectF& oPlot,
-                             const CrossPlotStyle& style);
+void drawCrossPlotBoundaries(QPainter& painter, std::span<const CrossPlotDepthLine> vLines, const QRectF& oPlot);
 void drawCrossPlotRegression(QPainter& painter, const QLineF& oLine, const CrossPlotStyle& style);
 void drawCrossPlotRange(QPainter& painter, const CrossPlotRange& oRange, const CrossPlotMap& oMap, const QRectF& oPlot,
                         const CrossPlotStyle& style);
@@ -52,7 +52,7 @@ void drawCrossPlotHandles(QPainter& painter, std::span<const CrossPlotLineHandle
                           const CrossPlotStyle& style);
 /// Large tadpoles, open where they stand at the chart's side in place of one beyond it.
 void drawCrossPlotOrientationMarks(QPainter& painter, std::span<const CrossPlotOrientationMark> vMarks,
-                                   LabelPlacement& placement, const CrossPlotStyle& style);
+                                   SymbolSpriteCache& sprites, LabelPlacement& placement, const CrossPlotStyle& style);
 /// Their texts, where there is room.
 void drawCrossPlotOrientationLabels(QPainter& painter, std::span<const CrossPlotOrientationMark> vMarks,
                                     LabelPlacement& placement, const CrossPlotStyle& style);

@@ -222,11 +222,19 @@ void QCrossPlot::layoutChart()
     layOutRange();
 }
 
+std::vector<CrossPlotDepthLine> QCrossPlot::readableLines(const DepthLineField& field) const
+{
+    std::vector<CrossPlotDepthLine> vLines = crossPlotDepthLines(field, map(), chartSize());
+    for (CrossPlotDepthLine& line : vLines) {
+        line.m_oColor = readableColor(line.m_oColor, m_oBackgroundColor, m_oLabelColor);
+    }
+    return vLines;
+}
+
 void QCrossPlot::layOutBoundaries()
 {
     const DepthLineField* pBoundaries = model() ? model()->intervalFilter() : nullptr;
-    m_vBoundaries =
-        pBoundaries ? crossPlotDepthLines(*pBoundaries, map(), chartSize()) : std::vector<CrossPlotDepthLine>();
+    m_vBoundaries = pBoundaries ? readableLines(*pBoundaries) : std::vector<CrossPlotDepthLine>();
 }
 
 void QCrossPlot::layOutTops()
@@ -234,7 +242,7 @@ void QCrossPlot::layOutTops()
     m_vLines.clear();
     m_vDomains.clear();
     if (const DepthLineField* pTops = structuralTops()) {
-        m_vLines = crossPlotDepthLines(*pTops, map(), chartSize());
+        m_vLines = readableLines(*pTops);
         m_vDomains = crossPlotDomains(*pTops, map(), chartSize());
     }
 }
@@ -309,7 +317,7 @@ void QCrossPlot::drawChart(QPainter& painter)
     if (gridIsOn()) {
         drawCrossPlotGrid(painter, m_viVerticalGridLines, m_viHorizontalGridLines, m_oPlotRect, style());
     }
-    drawCrossPlotBoundaries(painter, m_vBoundaries, m_oPlotRect, style());
+    drawCrossPlotBoundaries(painter, m_vBoundaries, m_oPlotRect);
     drawUnderPoints(painter);
     drawPoints(&painter);
     if (m_iRangeKey != 0) {
@@ -385,7 +393,7 @@ void QCrossPlot::drawLines(QPainter& painter, const QRect& oVisibleArea, LabelPl
     const std::vector<CrossPlotOrientationMark> vMarks =
         crossPlotOrientationMarks(*pTops, m_vLines, m_linePosition, map().m_oX, oVisibleArea);
     drawCrossPlotDepthLines(painter, m_vLines, m_iHoveredLine, oVisibleArea, style());
-    drawCrossPlotOrientationMarks(painter, vMarks, placement, style());
+    drawCrossPlotOrientationMarks(painter, vMarks, m_oSprites, placement, style());
     drawCrossPlotHandles(painter, crossPlotLineHandles(m_vLines, oVisibleArea), m_vLines, m_iHoveredLine, placement,
                          style());
     drawCrossPlotLabels(painter, m_vLines, m_iHoveredLine, oVisibleArea, placement, style());

@@ -176,6 +176,8 @@ private:
     CrossPlotStyle style() const;
     void layOutRegression();
     void layOutRange();
+    /// The lines of a field in colours that can be read on the background.
+    std::vector<CrossPlotDepthLine> readableLines(const DepthLineField& field) const;
     void layOutBoundaries();
     void layOutTops();
     void drawLines(QPainter& painter, const QRect& oVisibleArea, LabelPlacement& placement);

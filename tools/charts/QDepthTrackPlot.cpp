@@ -32,6 +32,7 @@ constexpr int g_iBoundaryReach = 5; ///< pixels
 constexpr int g_iWheelUnitsPerStep = 120;
 constexpr double g_dPanShare = 0.1; ///< of the view, for a key or a notch
 constexpr int g_iBarOpacity = 60;
+constexpr double g_dSteepGap = 2.0; ///< pixels between the side of the track and the symbols of steep records
 constexpr int g_iLargerTadpole = 3; ///< pixels that decimated tadpoles exceed the others by
 constexpr double g_dLeaderFlat = 6.0;
 constexpr double g_dLeaderEnd = 16.0;
@@ -68,6 +69,7 @@ Qt::PenStyle markerPen(DepthMarker::Kind eKind)
 
 QDepthTrackPlot::QDepthTrackPlot(QWidget* pqParent, const QString& sName)
     : QCrossPlot(pqParent, sName)
+    , m_dSteepLimit(g_dMissingValue)
 {
     setOrientationFlag(0); // depth grows downwards
     setMouseTracking(true);
@@ -126,6 +128,12 @@ void QDepthTrackPlot::setShowMarkerLabels(bool bShow)
     scheduleRedraw();
 }
 
+void QDepthTrackPlot::setSteepLimit(double dDegrees)
+{
+    m_dSteepLimit = dDegrees;
+    scheduleRedraw();
+}
+
 void QDepthTrackPlot::setBoundaryEditing(bool bEditing)
 {
     m_bBoundaryEditing = bEditing;
@@ -141,6 +149,23 @@ void QDepthTrackPlot::zoom(double dZoom)
 DepthTrackMap QDepthTrackPlot::map() const
 {
     return depthTrackMap({rangeA().x(), rangeB().x()}, m_dFrom, m_dTo, chartSize());
+}
+
+void QDepthTrackPlot::transformPoints(std::span<const double> vdX, std::span<const double> vdY,
+                                      std::vector<QPointF>& voPixels)
+{
+    QCrossPlot::transformPoints(vdX, vdY, voPixels);
+    const bool bLimited = !isMissing(m_dSteepLimit);
+    m_vbSteep.resize(bLimited ? voPixels.size() : 0);
+    if (!bLimited)
+        return;
+    const double dLast = chartSize().width() - 1.0;
+    const double dInset = std::min(dLast / 2.0, (model() ? model()->pointPixelSize() : 0) + g_dSteepGap);
+    for (std::size_t i = 0; i < voPixels.size(); ++i) {
+        m_vbSteep[i] = std::abs(vdX[i]) > m_dSteepLimit ? 1 : 0;
+        if (m_vbSteep[i] != 0)
+            voPixels[i].setX(voPixels[i].x() < dLast / 2.0 ? dInset : dLast - dInset);
+    }
 }
 
 QDepthTrackPlot::LineKey QDepthTrackPlot::lineKey() const

@@ -12,6 +12,7 @@
 #include <QString>
 
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace gkBase {
@@ -41,6 +42,9 @@ public:
     void setMarkers(std::shared_ptr<const DepthMarkers> pMarkers);
     /// This canvas is the column of the marker labels.
     void setShowMarkerLabels(bool bShow);
+    /// Records whose x lies farther from 0 than this stand as open symbols at the nearer side of the track, where they
+    /// are also selected. 99999.0: none.
+    void setSteepLimit(double dDegrees);
     /// A press of the left button reports a depth for the interval filter instead of selecting points.
     void setBoundaryEditing(bool bEditing);
 
@@ -49,6 +53,9 @@ public:
 
     /// Magnifies in depth only, as zoomY().
     void zoom(double dZoom) override;
+    void transformPoints(std::span<const double> vdX, std::span<const double> vdY,
+                         std::vector<QPointF>& voPixels) override;
+    std::span<const unsigned char> openPoints() const override { return m_vbSteep; }
     void layoutChart() override;
     void drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea) override;
 
@@ -104,7 +111,9 @@ private:
     std::shared_ptr<const DepthMarkers> m_pMarkers;
     bool m_bShowMarkerLabels = false;
     bool m_bBoundaryEditing = false;
-    LineKey m_oLineKey; ///< that m_vPieces were made for
+    double m_dSteepLimit;
+    std::vector<unsigned char> m_vbSteep; ///< by record; empty without a limit
+    LineKey m_oLineKey;                   ///< that m_vPieces were made for
     std::vector<DepthTrackPiece> m_vPieces;
     std::vector<DepthBinBar> m_vBars;
     bool m_bPanning = false;
