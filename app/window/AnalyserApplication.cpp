@@ -1,8 +1,11 @@
 #include "AnalyserApplication.h"
 
 #include "AnalyserWindow.h"
+#include "ScatWindow.h"
 
+#include <QAction>
 #include <QFileInfo>
+#include <QMenu>
 #include <QSettings>
 
 namespace gkHost {
@@ -28,6 +31,8 @@ AnalyserApplication::AnalyserApplication(QObject* pqParent)
 
 AnalyserApplication::~AnalyserApplication()
 {
+    for (const Scat& scat : std::as_const(m_lScatWindows))
+        delete scat.m_pqWindow;
     for (const QPointer<AnalyserWindow>& pqWindow : std::as_const(m_lWindows))
         delete pqWindow; // before the document that they show
 }
@@ -45,6 +50,55 @@ AnalyserWindow* AnalyserApplication::newWindow()
     m_lWindows << pqWindow;
     pqWindow->show();
     return pqWindow;
+}
+
+ScatWindow* AnalyserApplication::newScatWindow(AnalyserWindow* pqAnalyser)
+{
+    gkBase::MatrixData* poDataSet = ScatWindow::dataSetFor(*pqAnalyser);
+    if (!poDataSet)
+        return nullptr;
+    auto* pqWindow = new ScatWindow(this, pqAnalyser, poDataSet);
+    m_lScatWindows.removeIf([](const Scat& scat) { return !scat.m_pqWindow; });
+    m_lScatWindows.append({pqWindow, pqAnalyser});
+    pqWindow->show();
+    return pqWindow;
+}
+
+QList<ScatWindow*> AnalyserApplication::scatWindows(const AnalyserWindow* pqAnalyser) const
+{
+    QList<ScatWindow*> lpWindows;
+    for (const Scat& scat : m_lScatWindows)
+        if (scat.m_pqWindow && scat.m_pqAnalyser == pqAnalyser)
+            lpWindows << scat.m_pqWindow;
+    return lpWindows;
+}
+
+void AnalyserApplication::listWindows(QMenu* pqMenu, const QWidget* pqCurrent) const
+{
+    const auto add = [pqMenu, pqCurrent](QWidget* pqWindow, const QString& sText) {
+        QAction* pqAction = pqMenu->addAction(sText, pqWindow, [pqWindow] {
+            pqWindow->raise();
+            pqWindow->activateWindow();
+        });
+        pqAction->setCheckable(true);
+        pqAction->setChecked(pqWindow == pqCurrent);
+    };
+    int iNumber = 0;
+    for (const QPointer<AnalyserWindow>& pqWindow : m_lWindows) {
+        if (!pqWindow)
+            continue;
+        add(pqWindow, tr("Analyser &%1").arg(++iNumber));
+        for (ScatWindow* pqScat : scatWindows(pqWindow))
+            add(pqScat,
+                QStringLiteral("    ") +
+                    tr("SCAT Dipmeter: %1").arg(pqScat->wellName().replace(QLatin1Char('&'), QLatin1String("&&"))));
+    }
+}
+
+QString AnalyserApplication::lastFolder() const
+{
+    const QStringList lRecent = recentFiles();
+    return lRecent.isEmpty() ? QString() : QFileInfo(lRecent.constFirst()).absolutePath();
 }
 
 QStringList AnalyserApplication::recentFiles() const

@@ -8,9 +8,13 @@
 #include <QPointer>
 #include <QStringList>
 
+class QMenu;
+class QWidget;
+
 namespace gkHost {
 
 class AnalyserWindow;
+class ScatWindow;
 
 /// What all windows of the program share: the document, the import of files and the list of recent ones. It makes
 /// the windows and ends the program with the last of them.
@@ -26,10 +30,19 @@ public:
     /// Opens one more window on the same data.
     AnalyserWindow* newWindow();
     const QList<QPointer<AnalyserWindow>>& windows() const { return m_lWindows; }
+    /// Opens a dipmeter window on the data set that the analyser works on. Null when no data set has depth, dip and
+    /// azimuth.
+    ScatWindow* newScatWindow(AnalyserWindow* pqAnalyser);
+    /// The open dipmeter windows of an analyser's window.
+    QList<ScatWindow*> scatWindows(const AnalyserWindow* pqAnalyser) const;
+    /// Appends an action for every window to a menu; it brings the window to the front.
+    void listWindows(QMenu* pqMenu, const QWidget* pqCurrent) const;
 
     Document* document() { return &m_document; }
     ImportController* importController() { return &m_importController; }
 
+    /// Where file dialogs begin.
+    QString lastFolder() const;
     /// Most recent first.
     QStringList recentFiles() const;
     void addRecentFile(const QString& sPath);
@@ -44,6 +57,12 @@ private:
     Document m_document;
     ImportController m_importController;
     QList<QPointer<AnalyserWindow>> m_lWindows;
+    struct Scat
+    {
+        QPointer<ScatWindow> m_pqWindow;
+        QPointer<AnalyserWindow> m_pqAnalyser;
+    };
+    QList<Scat> m_lScatWindows;
 };
 
 } // namespace gkHost

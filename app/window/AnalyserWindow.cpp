@@ -6,6 +6,7 @@
 #include "FileImporter.h"
 #include "ImportOptionsDialog.h"
 #include "ImportReportDialog.h"
+#include "ScatWindow.h"
 
 #include <gkBase/DisplayUnitManager.h>
 #include <gkBase/QDataAnalyserDialog.h>
@@ -225,31 +226,25 @@ void AnalyserWindow::fillWindowMenu()
     m_pqWindowMenu->clear();
     m_pqWindowMenu->addAction(tr("&New Analyser"), QKeySequence(tr("Ctrl+Shift+N")), this,
                               [this] { m_pApplication->newWindow(); });
+    m_pqWindowMenu->addAction(tr("SCAT &Dipmeter"), QKeySequence(tr("Ctrl+Shift+D")), this,
+                              &AnalyserWindow::openScatWindow);
     m_pqWindowMenu->addSeparator();
-    int iNumber = 0;
-    for (const QPointer<AnalyserWindow>& pqWindow : m_pApplication->windows()) {
-        if (!pqWindow)
-            continue;
-        QAction* pqAction = m_pqWindowMenu->addAction(tr("Analyser &%1").arg(++iNumber), pqWindow, [pqWindow] {
-            pqWindow->raise();
-            pqWindow->activateWindow();
-        });
-        pqAction->setCheckable(true);
-        pqAction->setChecked(pqWindow == this);
-    }
+    m_pApplication->listWindows(m_pqWindowMenu, this);
+}
+
+void AnalyserWindow::openScatWindow()
+{
+    if (!m_pApplication->newScatWindow(this))
+        QMessageBox::information(this, tr("SCAT Dipmeter"),
+                                 tr("The dipmeter window needs a data set with depths, dips and dip azimuths. Open a "
+                                    "file that has them."));
 }
 
 // ---- files ---------------------------------------------------------------------------------------------------------
 
-QString AnalyserWindow::lastFolder() const
-{
-    const QStringList lRecent = m_pApplication->recentFiles();
-    return lRecent.isEmpty() ? QString() : QFileInfo(lRecent.constFirst()).absolutePath();
-}
-
 void AnalyserWindow::openFiles()
 {
-    const QStringList lFiles = QFileDialog::getOpenFileNames(this, tr("Open"), lastFolder(),
+    const QStringList lFiles = QFileDialog::getOpenFileNames(this, tr("Open"), m_pApplication->lastFolder(),
                                                              FileImporter::nameFilters().join(QLatin1String(";;")));
     m_pApplication->importController()->open(lFiles, this);
 }
@@ -259,8 +254,9 @@ void AnalyserWindow::openWithOptions()
     ImportOptionsDialog dialog(this);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    const QStringList lFiles = QFileDialog::getOpenFileNames(this, tr("Open with Options"), lastFolder(),
-                                                             FileImporter::nameFilters().join(QLatin1String(";;")));
+    const QStringList lFiles =
+        QFileDialog::getOpenFileNames(this, tr("Open with Options"), m_pApplication->lastFolder(),
+                                      FileImporter::nameFilters().join(QLatin1String(";;")));
     m_pApplication->importController()->open(lFiles, this, dialog.options());
 }
 
@@ -287,7 +283,7 @@ void AnalyserWindow::showReport()
 bool AnalyserWindow::saveAsCsv()
 {
     Document* pDocument = m_pApplication->document();
-    QString sStart = lastFolder();
+    QString sStart = m_pApplication->lastFolder();
     if (!pDocument->files().isEmpty())
         sStart +=
             QLatin1Char('/') + QFileInfo(pDocument->files().constFirst()).completeBaseName() + QStringLiteral(".csv");
@@ -323,7 +319,8 @@ void AnalyserWindow::exportChart()
 {
     if (!chartIsShown())
         return;
-    const QString sStart = QStringLiteral("%1/%2.png").arg(lastFolder(), m_pqAnalyser->activePageName().toLower());
+    const QString sStart =
+        QStringLiteral("%1/%2.png").arg(m_pApplication->lastFolder(), m_pqAnalyser->activePageName().toLower());
     const QString sPath =
         ChartOutput::write(this, sStart, [this](const QString& sFile, const QSize& oSize, QString* psError) {
             return m_pqAnalyser->exportActiveChart(sFile, oSize, psError);
@@ -370,12 +367,22 @@ bool AnalyserWindow::mayLoseEdits()
     return eAnswer == QMessageBox::Discard;
 }
 
+bool AnalyserWindow::mayCloseScatWindows()
+{
+    for (ScatWindow* pqScat : m_pApplication->scatWindows(this))
+        if (!pqScat->canClose())
+            return false;
+    return true;
+}
+
 void AnalyserWindow::closeEvent(QCloseEvent* pEvent)
 {
-    if (!mayLoseEdits()) {
+    if (!mayCloseScatWindows() || !mayLoseEdits()) {
         pEvent->ignore();
         return;
     }
+    for (ScatWindow* pqScat : m_pApplication->scatWindows(this))
+        pqScat->closeUnasked();
     m_pqAnalyser->saveSettings();
     QMainWindow::closeEvent(pEvent);
 }

@@ -49,12 +49,14 @@ private:
     /// Says so when the active page is no chart.
     bool chartIsShown();
     void showReport();
+    void openScatWindow();
+    /// Asks what becomes of the interpretations in the dipmeter windows; false keeps the windows open.
+    bool mayCloseScatWindows();
     void showOpened(const QString& sPath);
     void updateTitle();
     void updateUndoActions();
     /// Asks what becomes of unsaved edits; false keeps the window open.
     bool mayLoseEdits();
-    QString lastFolder() const;
 
     AnalyserApplication* m_pApplication; ///< not owned
     gkBase::QDataAnalyserDialog* m_pqAnalyser;

@@ -1,9 +1,14 @@
 #include "AnalyserApplication.h"
 #include "AnalyserWindow.h"
+#include "ScatWindow.h"
 #include "TemporarySettings.h"
 
+#include <gkBase/DepthLineField.h>
+#include <gkBase/MatrixDataRestore.h>
 #include <gkBase/QDataAnalyserDialog.h>
+#include <gkBase/QScatDepthPlotWidget.h>
 #include <gkBase/QVertexItemModel.h>
+#include <gkBase/ScatScenarios.h>
 
 #include <QAction>
 #include <QApplication>
@@ -33,6 +38,7 @@ private slots:
         gkTest::useTemporarySettings(m_folder.path(), QStringLiteral("window"));
         write("good.csv", "Depth [m],GR [API]\n1,50\n2,60\n3,70\n");
         write("other.csv", "Dip [deg],Azimuth [deg]\n10,350\n20,360\n");
+        write("dips.csv", "Depth [m],Dip [deg],Azimuth [deg]\n1000,22,155\n1100,31,147\n1200,10,220\n1300,35,295\n");
         write("bad.csv", QByteArray("a,b\n1,\"never closed\n"));
         QApplication::setQuitOnLastWindowClosed(false);
     }
@@ -115,6 +121,73 @@ private slots:
         m_pqWindow->close();
         QVERIFY(m_bAsked);
         QTRY_VERIFY(!m_pqWindow);
+    }
+
+    void dipmeterWindowNeedsDips()
+    {
+        open({"good.csv"});
+        answerQuestion(QMessageBox::Ok);
+        action(QStringLiteral("SCAT Dipmeter"))->trigger();
+        QVERIFY(m_bAsked && m_pApplication->scatWindows(m_pqWindow).isEmpty());
+        open({"dips.csv"}); // behind another data set
+        action(QStringLiteral("SCAT Dipmeter"))->trigger();
+        action(QStringLiteral("SCAT Dipmeter"))->trigger();
+        QCOMPARE(m_pApplication->scatWindows(m_pqWindow).size(), 2);
+        QVERIFY(m_pApplication->scatWindows(m_pApplication->newWindow()).isEmpty());
+        ScatWindow* pqScat = m_pApplication->scatWindows(m_pqWindow).constFirst();
+        QCOMPARE(pqScat->wellName(), QStringLiteral("dips"));
+        QCOMPARE(pqScat->panel()->numberOfRecords(), 4);
+
+        // The data set goes and comes back.
+        gkBase::MatrixData* poRoot = document()->root();
+        poRoot->appendUndoAction(new gkBase::MatrixDataRestore(poRoot->child(1), QStringLiteral("Delete"), true), true);
+        poRoot->removeChild(poRoot->child(1));
+        QVERIFY(pqScat->wellName().isEmpty());
+        document()->undo();
+        QCOMPARE(pqScat->panel()->numberOfRecords(), 4);
+    }
+
+    void scenariosAreAskedForBeforeTheyAreLost()
+    {
+        open({"dips.csv"});
+        QPointer<ScatWindow> pqScat = m_pApplication->newScatWindow(m_pqWindow);
+        pqScat->panel()->scenarios()->insert(gkBase::DepthLineField::Fault, {0.0, 1150.0}, QStringLiteral("Fault0"),
+                                             Qt::gray, 0.0);
+        QVERIFY(pqScat->isWindowModified());
+        for (QWidget* pqClosed : {static_cast<QWidget*>(pqScat), static_cast<QWidget*>(m_pqWindow)}) {
+            m_bAsked = false;
+            answerQuestion(QMessageBox::Cancel);
+            pqClosed->close();
+            QVERIFY(m_bAsked && pqScat->isVisible() && m_pqWindow->isVisible());
+        }
+        m_bAsked = false;
+        answerQuestion(QMessageBox::No);
+        m_pqWindow->close(); // both go, asked once
+        QVERIFY(m_bAsked);
+        QTRY_VERIFY(!m_pqWindow && !pqScat);
+    }
+
+    void markersOfAWellAreSavedWithIt()
+    {
+        open({"dips.csv"});
+        gkBase::DepthLineField lines;
+        lines.insertHorizontalLine(1150, 0, QStringLiteral("Fault0"), Qt::gray, gkBase::DepthLineField::Fault);
+        lines.insertHorizontalLine(1120, 0, QStringLiteral("Dummy"), Qt::blue, gkBase::DepthLineField::CrestalPlane,
+                                   {12, 34});
+        const auto create = [this, &lines] {
+            return m_pqWindow->analyser()->createWellMarkers(lines, *document()->root()->child(0)->depthAttribute());
+        };
+        QVERIFY(create());
+        QVERIFY(m_pqWindow->isWindowModified());
+        QVERIFY(document()->save(path("saved.csv")));
+        cleanup();
+        init();
+        open({"saved.csv"});
+        QCOMPARE(document()->root()->childCount(), 2);
+        QVERIFY2(!create(), "the rows are known again");
+        lines.eraseLine(0);
+        QVERIFY(create());
+        QCOMPARE(document()->root()->child(1)->depthAttribute()->recordCount(), 1);
     }
 
     void filesCanBeDropped()

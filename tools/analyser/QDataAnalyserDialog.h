@@ -146,9 +146,9 @@ public:
     /// as well. One undo step.
     void setMarkerVisibility(bool bAll, bool bScat, bool bDecimated, bool bTops, bool bFaults, bool bVisible);
     /// Makes the markers of the well of a depth those lines, or takes them away, as the functions in WellMarkers.h do,
-    /// shows them and tells the host.
-    void createWellMarkers(const DepthLineField& lines, const MatrixData& depth);
-    void deleteWellMarkers(const MatrixData& depth);
+    /// shows them, tells the host and returns whether there was something to do.
+    bool createWellMarkers(const DepthLineField& lines, const MatrixData& depth);
+    bool deleteWellMarkers(const MatrixData& depth);
     /// Switches the depth plot's structural planes, and writes "$V", when the data have it, in the rows whose "Type" is
     /// one.
     void setAllScatMarkersVisibility(bool bVisible);
@@ -266,8 +266,8 @@ private:
     MatrixData* firstOrientations() const;
     /// What the rose shows first: the azimuth of these, or any direction.
     MatrixData* firstDirection() const;
-    /// Shows attributes that a chart added and tells the host.
-    void showDerived(bool bAdded);
+    /// Shows attributes that a chart added and tells the host; returns bAdded.
+    bool showDerived(bool bAdded);
     void changeMarkers(MarkerKind eKind, const QString& sType, bool bVisible);
 
     void scheduleSelectionCheck();

@@ -97,12 +97,13 @@ void QDataAnalyserDialog::setCurrentColorItem(int iGlobalID)
 
 // ---- attributes made from the charts' results ----------------------------------------------------------------------
 
-void QDataAnalyserDialog::showDerived(bool bAdded)
+bool QDataAnalyserDialog::showDerived(bool bAdded)
 {
-    if (!bAdded)
-        return;
-    updateAllViews();
-    emit dataModified(true);
+    if (bAdded) {
+        updateAllViews();
+        emit dataModified(true);
+    }
+    return bAdded;
 }
 
 void QDataAnalyserDialog::createClusterAttribute(const QString& sName, QRelationshipItemModel* pModel)
@@ -170,14 +171,14 @@ void QDataAnalyserDialog::showMarkerVisibilityDlg()
                             dialog.topMarkers(), dialog.faultMarkers(), dialog.visibilityValue());
 }
 
-void QDataAnalyserDialog::createWellMarkers(const DepthLineField& lines, const MatrixData& depth)
+bool QDataAnalyserDialog::createWellMarkers(const DepthLineField& lines, const MatrixData& depth)
 {
-    showDerived(m_poDataRoot && gkBase::createWellMarkers(*m_poDataRoot, lines, depth));
+    return showDerived(m_poDataRoot && gkBase::createWellMarkers(*m_poDataRoot, lines, depth));
 }
 
-void QDataAnalyserDialog::deleteWellMarkers(const MatrixData& depth)
+bool QDataAnalyserDialog::deleteWellMarkers(const MatrixData& depth)
 {
-    showDerived(m_poDataRoot && gkBase::deleteWellMarkers(*m_poDataRoot, depth));
+    return showDerived(m_poDataRoot && gkBase::deleteWellMarkers(*m_poDataRoot, depth));
 }
 
 void QDataAnalyserDialog::setAllScatMarkersVisibility(bool bVisible)

@@ -1,0 +1,211 @@
+// The dipmeter panel and the analyser of the same data: selections, directions and markers between them.
+
+#include "TemporarySettings.h"
+#include "TestDataSets.h"
+
+#include <gkBase/AngleUnits.h>
+#include <gkBase/MatrixData.h>
+#include <gkBase/QDataAnalyserDialog.h>
+#include <gkBase/QScatDepthPlotWidget.h>
+#include <gkBase/QVertexItemModel.h>
+#include <gkBase/QVertexModelTableView.h>
+#include <gkBase/ScatAnalyserLink.h>
+#include <gkBase/ScatScenarios.h>
+#include <gkBase/UnitManager.h>
+#include <gkBase/UnitRegistry.h>
+
+#include <QCheckBox>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cmath>
+#include <memory>
+
+using namespace gkBase;
+using gkTest::addDataSet;
+
+class tst_ScatAnalyserLink : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_folder.isValid());
+        gkTest::useTemporarySettings(m_folder.path(), QStringLiteral("link"));
+    }
+
+    void init()
+    {
+        QSettings().clear();
+        m_poRoot = std::make_unique<MatrixData>(QStringLiteral("root"));
+        m_poRoot->setRegistry(&m_registry);
+        // A fold with its axis at 220/10.
+        m_poWell =
+            addDataSet(*m_poRoot, QStringLiteral("Well"),
+                       {attribute("Depth", {1000, 1100, 1200, 1300, 1400, 1500, 1600, 1700}, false),
+                        attribute("Dip", {22.02, 31.12, 22.02, 10.00, 12.71, 34.88, 40.61, 36.78}, true),
+                        attribute("Azimuth", {155.85, 146.98, 155.85, 220.00, 258.56, 295.35, 298.13, 296.36}, true)});
+        m_poOther = addDataSet(*m_poRoot, QStringLiteral("Other"), {attribute("Value", {1, 2, 3}, false)});
+        m_pAnalyser = std::make_unique<QDataAnalyserDialog>();
+        m_pAnalyser->initialize(QStringLiteral("Test"), nullptr, Qt::Horizontal, false, true, true, 0);
+        m_pAnalyser->setRegistry(&m_registry);
+        m_pAnalyser->changeDataRoot(m_poRoot.get());
+        m_pPanel = std::make_unique<QScatDepthPlotWidget>();
+        m_pPanel->setDataRoot(m_poRoot.get());
+        m_pPanel->setDataSet(m_poWell);
+        m_pLink = std::make_unique<ScatAnalyserLink>(m_pAnalyser.get(), m_pPanel.get());
+        QCoreApplication::processEvents();
+    }
+
+    void cleanup()
+    {
+        m_pLink.reset();
+        m_pPanel.reset();
+        m_pAnalyser.reset();
+        m_poRoot.reset();
+    }
+
+    void directionsOfAllAndOfTheSelection()
+    {
+        const auto directionsAre = [this](double dT, double dL) {
+            return std::abs(m_pPanel->transverseDirection() - dT) < 0.1 &&
+                   std::abs(m_pPanel->longitudinalDirection() - dL) < 0.1;
+        };
+        QVERIFY(directionsAre(310, 220));
+        m_pPanel->findChild<QCheckBox*>(QStringLiteral("m_pqKeepTandLCheckBox"))->setChecked(false);
+        gesture({0, 1, 2}); // the limb that dips the other way
+        QVERIFY(directionsAre(130, 220));
+        gesture({4}); // one plane has no fold
+        QVERIFY(directionsAre(130, 220));
+        gesture({});
+        QVERIFY(directionsAre(310, 220));
+    }
+
+    void selectionsGoBothWaysOnce_data()
+    {
+        QTest::addColumn<int>("iStep");
+        QTest::newRow("whole table") << -1;
+        QTest::newRow("thinned table") << 3;
+    }
+
+    void selectionsGoBothWaysOnce()
+    {
+        QFETCH(int, iStep);
+        m_pAnalyser->vertexItemModel()->updateModel(iStep, {});
+        const QSignalSpy analyserSelects(m_pAnalyser.get(), &QDataAnalyserDialog::selectionChanged);
+        const QSignalSpy panelSelects(m_pPanel.get(), &QScatDepthPlotWidget::dataPointsSelection);
+        gesture({1, 3, 4});
+        QCOMPARE(m_pAnalyser->selectedRecords(), (std::vector<int>{1, 3, 4}));
+        QCOMPARE(m_pPanel->selectedRecords(), (std::vector<int>{1, 3, 4}));
+        QCOMPARE(analyserSelects.count(), 1);
+        QCOMPARE(panelSelects.count(), 1); // the gesture itself
+
+        m_pAnalyser->vertexTable()->clearSelection();
+        const int iRow = m_pAnalyser->vertexItemModel()->rowCount() - 1;
+        m_pAnalyser->vertexTable()->selectRow(iRow);
+        QCoreApplication::processEvents();
+        QCOMPARE(m_pPanel->selectedRecords(), m_pAnalyser->selectedRecords());
+        QCOMPARE(m_pPanel->selectedRecords().size(), 1U);
+        m_pAnalyser->clearAllSelections();
+        QCoreApplication::processEvents();
+        QVERIFY(m_pPanel->selectedRecords().empty());
+        QCOMPARE(panelSelects.count(), 1);
+    }
+
+    void recordsOfOtherDataSetsStayApart()
+    {
+        gesture({1, 2});
+        bool abOther[] = {true, false, false}; // in a chart of "Other"
+        m_pAnalyser->setNewRowSelectionFromGraphicalSelection(abOther, 3);
+        QCoreApplication::processEvents();
+        QCOMPARE(m_pPanel->selectedRecords(), (std::vector<int>{1, 2}));
+        m_poWell->setSelected(false);
+        m_pAnalyser->updateAllViews(); // the table shows "Other" alone
+        gesture({5, 6});
+        QVERIFY(m_pAnalyser->selectedRecords() != (std::vector<int>{5, 6}));
+        QCOMPARE(m_pPanel->selectedRecords(), (std::vector<int>{5, 6}));
+    }
+
+    void eachSideSurvivesTheOther()
+    {
+        addLine();
+        m_pAnalyser.reset();
+        gesture({1, 2});
+        emit m_pPanel->createWellMarkers();
+        QVERIFY(m_poRoot->getNodeFromName(QStringLiteral("Well Markers")));
+        m_poRoot->removeChild(m_poWell);
+        gesture({});
+        emit m_pPanel->createWellMarkers(); // the panel has no well any more
+        emit m_pPanel->deleteWellMarkers();
+        init();
+        m_pPanel.reset();
+        m_pAnalyser->clearAllSelections();
+        m_pAnalyser->vertexTable()->selectAll();
+        QCoreApplication::processEvents();
+        m_pLink->takeSelection();
+    }
+
+    void linesBecomeMarkersInOneStep()
+    {
+        const QSignalSpy modified(m_pAnalyser.get(), &QDataAnalyserDialog::dataModified);
+        const QSignalSpy reported(m_pLink.get(), &ScatAnalyserLink::markersReported);
+        emit m_pPanel->createWellMarkers();
+        QVERIFY(!m_poRoot->canUndo() && modified.isEmpty());
+        addLine();
+        emit m_pPanel->createWellMarkers();
+        const MatrixData* poMarkers = m_poRoot->getNodeFromName(QStringLiteral("Well Markers"));
+        QVERIFY(poMarkers);
+        QCOMPARE(poMarkers->depthAttribute()->recordNumber(0), 1300.0);
+        QCOMPARE(modified.count(), 1);
+        emit m_pPanel->createWellMarkers();
+        QCOMPARE(modified.count(), 1);
+        emit m_pPanel->deleteWellMarkers();
+        QCOMPARE(m_poRoot->childCount(), 2);
+        QVERIFY(m_poRoot->undo() && m_poRoot->undo() && !m_poRoot->canUndo());
+        QCOMPARE(reported.count(), 4);
+    }
+
+private:
+    static MatrixData* attribute(const char* pName, const std::vector<double>& vdValues, bool bAngle)
+    {
+        MatrixData* poNode = gkTest::attribute(QLatin1String(pName), vdValues);
+        if (bAngle)
+            poNode->setUnitManager(degreeUnit());
+        else if (QLatin1String(pName) == QLatin1String("Depth"))
+            poNode->setUnitManager(boost::shared_ptr<UnitManager>(new UnitManager(u"depth"_qs, u"m"_qs)));
+        poNode->setSelected(true);
+        return poNode;
+    }
+
+    void addLine()
+    {
+        m_pPanel->scenarios()->insert(DepthLineField::CrestalPlane, {0.0, 1300.0}, QStringLiteral("Dummy"), Qt::blue,
+                                      0.0);
+    }
+
+    /// What the panel does when the user selects in a track.
+    void gesture(const std::vector<int>& viRecords)
+    {
+        bool abFlags[8] = {};
+        for (const int iRecord : viRecords)
+            abFlags[iRecord] = true;
+        m_pPanel->setSelectedRecords(viRecords);
+        emit m_pPanel->dataPointsSelection(abFlags, 8);
+        QCoreApplication::processEvents();
+    }
+
+    QTemporaryDir m_folder;
+    UnitRegistry m_registry;
+    std::unique_ptr<MatrixData> m_poRoot;
+    MatrixData* m_poWell = nullptr;
+    MatrixData* m_poOther = nullptr;
+    std::unique_ptr<QDataAnalyserDialog> m_pAnalyser;
+    std::unique_ptr<QScatDepthPlotWidget> m_pPanel;
+    std::unique_ptr<ScatAnalyserLink> m_pLink;
+};
+
+QTEST_MAIN(tst_ScatAnalyserLink)
+#include "tst_scatanalyserlink.moc"

@@ -1,0 +1,145 @@
+#include "ScatAnalyserLink.h"
+
+#include "AngleUnits.h"
+#include "DepthLineField.h"
+#include "MatrixData.h"
+#include "MissingValue.h"
+#include "OrientationStatistics.h"
+#include "QDataAnalyserDialog.h"
+#include "QScatDepthPlotWidget.h"
+#include "TransverseDirection.h"
+#include "WellMarkers.h"
+
+#include <algorithm>
+
+namespace gkBase {
+
+ScatAnalyserLink::ScatAnalyserLink(QDataAnalyserDialog* pqAnalyser, QScatDepthPlotWidget* pqPanel, QObject* pqParent)
+    : QObject(pqParent)
+    , m_pqAnalyser(pqAnalyser)
+    , m_pqPanel(pqPanel)
+{
+    if (!pqPanel)
+        return;
+    connect(pqPanel, &QScatDepthPlotWidget::dataPointsSelection, this, &ScatAnalyserLink::sendSelection);
+    connect(pqPanel, &QScatDepthPlotWidget::createWellMarkers, this, &ScatAnalyserLink::createMarkers);
+    connect(pqPanel, &QScatDepthPlotWidget::deleteWellMarkers, this, &ScatAnalyserLink::deleteMarkers);
+    if (pqAnalyser)
+        connect(pqAnalyser, &QDataAnalyserDialog::selectionChanged, this, &ScatAnalyserLink::slotAnalyserSelects);
+    takeSelection();
+}
+
+MatrixData* ScatAnalyserLink::dataSet() const
+{
+    const MatrixData* poDip = m_pqPanel ? m_pqPanel->dipAttribute() : nullptr;
+    return poDip ? poDip->owner() : nullptr;
+}
+
+QDataAnalyserDialog* ScatAnalyserLink::analyserOf(const MatrixData& node) const
+{
+    return m_pqAnalyser && m_pqAnalyser->dataRoot() == node.root() ? m_pqAnalyser.data() : nullptr;
+}
+
+// ---- selection -----------------------------------------------------------------------------------------------------
+
+void ScatAnalyserLink::sendSelection(bool* pbSelected, int iLength)
+{
+    const MatrixData* poDataSet = dataSet();
+    if (!poDataSet || !pbSelected)
+        return;
+    std::vector<int> viRecords;
+    for (int i = 0; i < iLength; ++i)
+        if (pbSelected[i])
+            viRecords.push_back(i);
+    QDataAnalyserDialog* pqAnalyser = analyserOf(*poDataSet);
+    if (pqAnalyser && pqAnalyser->showsRecordsOf(*poDataSet) && pqAnalyser->selectedRecords() != viRecords)
+        pqAnalyser->setNewRowSelectionFromGraphicalSelection(pbSelected, iLength);
+    sendOrientations(viRecords);
+}
+
+void ScatAnalyserLink::slotAnalyserSelects()
+{
+    const MatrixData* poDataSet = dataSet();
+    const QDataAnalyserDialog* pqAnalyser = poDataSet ? analyserOf(*poDataSet) : nullptr;
+    if (!pqAnalyser)
+        return;
+    const std::vector<int> viRecords = pqAnalyser->selectedRecords();
+    if (viRecords == m_pqPanel->selectedRecords())
+        return;
+    // Nothing selected is nothing of all that the table shows.
+    if (viRecords.empty() ? pqAnalyser->showsRecordsOf(*poDataSet) : pqAnalyser->selectsRecordsOf(*poDataSet))
+        takeSelection();
+}
+
+void ScatAnalyserLink::takeSelection()
+{
+    const MatrixData* poDataSet = dataSet();
+    if (!poDataSet)
+        return;
+    const QDataAnalyserDialog* pqAnalyser = analyserOf(*poDataSet);
+    std::vector<int> viRecords;
+    if (pqAnalyser && pqAnalyser->selectsRecordsOf(*poDataSet))
+        viRecords = pqAnalyser->selectedRecords();
+    std::erase_if(viRecords, [this](int iRecord) { return iRecord >= m_pqPanel->numberOfRecords(); });
+    m_pqPanel->setSelectedRecords(viRecords);
+    sendOrientations(viRecords);
+}
+
+void ScatAnalyserLink::sendOrientations(const std::vector<int>& viRecords)
+{
+    const MatrixData* poDip = m_pqPanel->dipAttribute();
+    const MatrixData* poAzimuth = m_pqPanel->azimuthAttribute();
+    if (!poDip || !poAzimuth)
+        return;
+    const std::vector<double> vdDips = numbersInDegrees(*poDip);
+    const std::vector<double> vdAzimuths = numbersInDegrees(*poAzimuth);
+    std::vector<unsigned char> vbMask(viRecords.empty() ? 0 : vdDips.size(), 0);
+    for (const int iRecord : viRecords)
+        if (static_cast<std::size_t>(iRecord) < vbMask.size())
+            vbMask[static_cast<std::size_t>(iRecord)] = 1;
+
+    const OrientationStatistics statistics = orientationStatistics(OrientationType::Planes, vdDips, vdAzimuths, vbMask);
+    const PlaneOrientation& oMean =
+        statistics.m_bMeanMisleads ? statistics.m_oAxes.meanPlane() : statistics.m_oFisher.m_oMeanPlane;
+    if (!isMissing(oMean.m_dDip))
+        m_pqPanel->updateMeanOrientation(QPointF(oMean.m_dDip, oMean.m_dDipAzimuth));
+    TransverseDirections directions = directionsByTangentLine(vdDips, vdAzimuths, vbMask);
+    const PrincipalAxes& oAxes = statistics.m_oAxes;
+    if (isMissing(directions.m_dTransverse) && isAxisSettled(oAxes, 0) && isAxisSettled(oAxes, 1)) {
+        directions.m_dTransverse = positiveSide(oAxes.transverse().m_dAzimuth, vdDips, vdAzimuths, vbMask);
+        directions.m_dLongitudinal = positiveSide(oAxes.longitudinal().m_dAzimuth, vdDips, vdAzimuths, vbMask);
+    }
+    if (!isMissing(directions.m_dTransverse)) // records that leave them open say nothing about the fold
+        m_pqPanel->updateTandLdirection(directions.m_dTransverse, directions.m_dLongitudinal);
+}
+
+// ---- markers -------------------------------------------------------------------------------------------------------
+
+void ScatAnalyserLink::createMarkers()
+{
+    MatrixData* poDepth = m_pqPanel->depthAttribute();
+    const DepthLineField* pLines = m_pqPanel->structuralTops();
+    if (!poDepth || !pLines) {
+        emit markersReported(tr("There are no lines that could become markers."));
+        return;
+    }
+    QDataAnalyserDialog* pqAnalyser = analyserOf(*poDepth);
+    const bool bChanged = pqAnalyser ? pqAnalyser->createWellMarkers(*pLines, *poDepth)
+                                     : gkBase::createWellMarkers(*poDepth->root(), *pLines, *poDepth);
+    emit markersReported(bChanged ? tr("The lines are markers of the well now; its depth plot shows them.")
+                                  : tr("The markers of the well agree with the lines already."));
+}
+
+void ScatAnalyserLink::deleteMarkers()
+{
+    MatrixData* poDepth = m_pqPanel->depthAttribute();
+    if (!poDepth)
+        return;
+    QDataAnalyserDialog* pqAnalyser = analyserOf(*poDepth);
+    const bool bChanged =
+        pqAnalyser ? pqAnalyser->deleteWellMarkers(*poDepth) : gkBase::deleteWellMarkers(*poDepth->root(), *poDepth);
+    emit markersReported(bChanged ? tr("The markers that came from lines were deleted.")
+                                  : tr("The well has no markers that came from lines."));
+}
+
+} // namespace gkBase

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "gkBaseToolsExport.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+#include <vector>
+
+namespace gkBase {
+
+class MatrixData;
+class QDataAnalyserDialog;
+class QScatDepthPlotWidget;
+
+/// What a host does for a dipmeter panel, done between the panel and an analyser of the same data.
+///
+/// Selections are shared both ways by record, while the analyser shows records of the panel's data set
+/// (QDataAnalyserDialog::showsRecordsOf(), selectsRecordsOf()); whatever is selected, the panel is told the directions
+/// T and L and the mean plane of these records, or of all when none is. Interpreted lines become markers of the well on
+/// the panel's request.
+///
+/// Either side may go first: the other one works on, markers included.
+class GKBASETOOLS_EXPORT ScatAnalyserLink : public QObject
+{
+    Q_OBJECT
+public:
+    /// Neither is owned.
+    ScatAnalyserLink(QDataAnalyserDialog* pqAnalyser, QScatDepthPlotWidget* pqPanel, QObject* pqParent = nullptr);
+
+    /// Shows the analyser's selection in the panel. Call it when the panel got other data.
+    void takeSelection();
+
+signals:
+    /// What became of the markers, in words for the user.
+    void markersReported(const QString& sText);
+
+private:
+    /// Null without data.
+    MatrixData* dataSet() const;
+    void sendSelection(bool* pbSelected, int iLength);
+    void slotAnalyserSelects();
+    /// T and L of the records (empty: all) from the line that fits their tangent diagram, or else from the principal
+    /// axes of their poles, and their mean plane. What the records leave open is not sent.
+    void sendOrientations(const std::vector<int>& viRecords);
+    void createMarkers();
+    void deleteMarkers();
+    /// The analyser of these data, null when it shows others or is gone.
+    QDataAnalyserDialog* analyserOf(const MatrixData& node) const;
+
+    QPointer<QDataAnalyserDialog> m_pqAnalyser;
+    QPointer<QScatDepthPlotWidget> m_pqPanel;
+};
+
+} // namespace gkBase
