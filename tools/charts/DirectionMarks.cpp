@@ -1,6 +1,5 @@
 #include "DirectionMarks.h"
 
-#include <QColor>
 #include <QCoreApplication>
 #include <QFontMetricsF>
 #include <QPainter>
@@ -14,7 +13,6 @@ namespace {
 
 constexpr double g_dWidth = 2.0;
 constexpr double g_dHalo = 4.0;
-constexpr int g_iHaloAlpha = 150; ///< records under a halo stay in sight
 constexpr double g_dPadding = 3.0;
 
 } // namespace
@@ -23,9 +21,7 @@ void drawDirectionLines(QPainter& painter, std::span<const DirectionLine> vLines
                         const QColor& oBackground)
 {
     // All halos lie below all lines, so that none hides the other where T and L are close.
-    QColor oHalo = oBackground;
-    oHalo.setAlpha(g_iHaloAlpha);
-    painter.setPen(QPen(oHalo, g_dHalo, Qt::SolidLine, Qt::FlatCap));
+    painter.setPen(QPen(oBackground, g_dHalo, Qt::SolidLine, Qt::FlatCap));
     for (const DirectionLine& line : vLines)
         painter.drawLine(line.m_oLine);
     for (const DirectionLine& line : vLines) {
@@ -49,7 +45,8 @@ QSizeF directionLabelSize(const QPainter& painter, const QString& sText)
 void drawDirectionLabel(QPainter& painter, const QRectF& oBox, const QString& sText, const QColor& oLabel,
                         const QColor& oBackground)
 {
-    painter.setPen(QPen(oLabel, 1.0));
+    // The rim sets it off from bars and lines of its own colour.
+    painter.setPen(QPen(oBackground, 1.0));
     painter.setBrush(oLabel);
     painter.drawRect(oBox);
     painter.setPen(oBackground);

@@ -80,12 +80,14 @@ void ScatDirectionFinder::createDiagrams()
     settings.m_iProjectionTarget = 1;
     settings.m_bCoarseNet = true;
     m_pqTangent->setSettings(settings);
+    m_pqTangent->setAccessibleName(tr("Tangent diagram"));
     m_pqTangentFrame = new PolarChartFrame(m_pqTangent);
 
     m_pqDipAzimuth = new ScatDipAzimuthPlot;
     m_pqDipAzimuth->setModel(m_pModel);
     m_pqDipAzimuth->setLineColor(g_oFoldColor);
     m_pqDipAzimuth->setPointFillColor(settings.m_oPointColor);
+    m_pqDipAzimuth->setAccessibleName(tr("Dip against dip azimuth"));
     m_pqDipAzimuthFrame = new ChartFrame(m_pqDipAzimuth);
     QCartesianAxisWidget* pqDips = m_pqDipAzimuthFrame->leftAxis();
     pqDips->setTitle(tr("Dip"));
@@ -95,6 +97,7 @@ void ScatDirectionFinder::createDiagrams()
     pqDips->setUnitManager(m_pqDipAzimuthFrame->bottomAxis()->unitManager());
 
     m_pqAzimuthFrame = new ScatAzimuthFrame;
+    m_pqAzimuthFrame->plot()->setAccessibleName(tr("Histogram of dip azimuths"));
 
     m_pqTabs = new QTabWidget;
     m_pqTabs->setDocumentMode(true);
@@ -155,8 +158,12 @@ void ScatDirectionFinder::setData(int iRecords, MatrixData* poDip, MatrixData* p
         clear();
         return;
     }
+    const int iBefore = m_pModel->numberOfPoints();
     m_pModel->takeNewDataSet(iRecords, QRelationshipItemModel::OrientationDisplay, poDip, poAzimuth, nullptr, nullptr,
                              false, viTableRows);
+    if (iBefore != 0 && iBefore != m_pModel->numberOfPoints()) {
+        m_viSelected.clear(); // of another well
+    }
     m_pModel->setSelectedRecords(m_viSelected);
     modelChanged();
 }

@@ -41,7 +41,8 @@ public:
     ~ScatDirectionFinder() override;
 
     /// Dip and dip azimuth of planes in whatever unit of angles, not owned; null for either empties the diagrams, as
-    /// the end of one does. iRecords, viTableRows: as QRelationshipItemModel::takeNewDataSet().
+    /// the end of one does. iRecords, viTableRows, and what becomes of the selection: as
+    /// QRelationshipItemModel::takeNewDataSet().
     void setData(int iRecords, MatrixData* poDip, MatrixData* poAzimuth, const std::vector<int>& viTableRows);
     /// Reads the values that changed.
     void refresh();
