@@ -288,7 +288,7 @@ void ScatDirectionFinder::updateResults()
     const std::span<const double> vdAzimuths = m_pModel->y();
     const std::span<const unsigned char> vbTaken = m_pModel->takenMask();
     m_fit = tangentFit(vdDips, vdAzimuths, g_dSteepest, vbTaken);
-    m_lineSuggestion = directionsByTangentLine(vdDips, vdAzimuths, vbTaken);
+    m_lineSuggestion = directionsOfFit(m_fit, vdDips, vdAzimuths, vbTaken);
     m_firstGuess = directionsByRootMeanSquare(vdDips, vdAzimuths, vbTaken);
 }
 

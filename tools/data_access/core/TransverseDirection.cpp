@@ -3,7 +3,6 @@
 #include "Angles.h"
 #include "ApparentDip.h"
 #include "SineCosine.h"
-#include "TangentFit.h"
 #include "VectorRegisters.h"
 
 #include <algorithm>
@@ -15,6 +14,8 @@
 namespace gkBase {
 
 namespace {
+
+constexpr double g_dFlat = 1e-9; ///< degrees: apparent dips up to this are 0
 
 /// A plane, or planes that are nearly alike, by the tangents of their apparent dips towards north and east.
 struct TangentPoint
@@ -158,6 +159,20 @@ double bestOfScan(const std::vector<TangentPoint>& vPoints)
     return dBest;
 }
 
+/// 1 for a plane that dips towards the direction, −1 for one that dips away, 0 where the apparent dip is 0.
+int sideOf(double dDip, double dDipAzimuth, double dDirection)
+{
+    // Of planes that are neither level nor vertical nor strike along the direction the azimuth tells; the product of
+    // tangent and cosine is far from the noise then.
+    constexpr double dClear = 0.01;
+    const double dAside = angularDifference(dDirection, dDipAzimuth) - 90.0;
+    if (dDip > dClear && dDip < 90.0 - dClear && std::abs(dAside) > dClear) {
+        return dAside < 0.0 ? 1 : -1;
+    }
+    const double dApparent = apparentDip(dDip, dDipAzimuth, dDirection);
+    return (dApparent > g_dFlat ? 1 : 0) - (dApparent < -g_dFlat ? 1 : 0);
+}
+
 /// Calls fn(dip, dip azimuth) for the planes of the mask; tells how many there were, and how many miss an angle.
 template <typename Function>
 TransverseDirections forEachPlane(std::span<const double> vdDips, std::span<const double> vdDipAzimuths,
@@ -186,7 +201,12 @@ TransverseDirections directionsByTangentLine(std::span<const double> vdDips, std
                                              std::span<const unsigned char> vbMask)
 {
     constexpr double dSteepest = 85.0;
-    const TangentFit oFit = tangentFit(vdDips, vdDipAzimuths, dSteepest, vbMask);
+    return directionsOfFit(tangentFit(vdDips, vdDipAzimuths, dSteepest, vbMask), vdDips, vdDipAzimuths, vbMask);
+}
+
+TransverseDirections directionsOfFit(const TangentFit& oFit, std::span<const double> vdDips,
+                                     std::span<const double> vdDipAzimuths, std::span<const unsigned char> vbMask)
+{
     TransverseDirections oDirections;
     oDirections.m_iCount = oFit.m_iCount + oFit.m_iTooSteep;
     oDirections.m_iMissing = oFit.m_iMissing;
@@ -228,17 +248,17 @@ double positiveSide(double dDirection, std::span<const double> vdDips, std::span
     if (isMissing(dDirection)) {
         return g_dMissingValue;
     }
-    constexpr double dFlat = 1e-9;
     std::ptrdiff_t iBalance = 0; // planes that dip towards the direction, less those that dip away
+    forEachPlane(vdDips, vdDipAzimuths, vbMask,
+                 [&](double dDip, double dDipAzimuth) { iBalance += sideOf(dDip, dDipAzimuth, dDirection); });
     double dSum = 0.0;
-    const TransverseDirections oCounts =
-        forEachPlane(vdDips, vdDipAzimuths, vbMask, [&](double dDip, double dDipAzimuth) {
-            const double dApparent = apparentDip(dDip, dDipAzimuth, dDirection);
-            iBalance += (dApparent > dFlat ? 1 : 0) - (dApparent < -dFlat ? 1 : 0);
-            dSum += dApparent;
-        });
-    if (iBalance == 0 && std::abs(dSum) <= dFlat * static_cast<double>(oCounts.m_iCount)) {
-        return wrapAngle(dDirection, 180.0);
+    if (iBalance == 0) {
+        const TransverseDirections oCounts =
+            forEachPlane(vdDips, vdDipAzimuths, vbMask,
+                         [&](double dDip, double dDipAzimuth) { dSum += apparentDip(dDip, dDipAzimuth, dDirection); });
+        if (std::abs(dSum) <= g_dFlat * static_cast<double>(oCounts.m_iCount)) {
+            return wrapAngle(dDirection, 180.0);
+        }
     }
     const bool bAway = iBalance == 0 ? dSum < 0.0 : iBalance < 0;
     return wrapAngle(bAway ? dDirection + 180.0 : dDirection, 360.0);

@@ -2,6 +2,7 @@
 
 #include "MissingValue.h"
 #include "RecordMask.h"
+#include "TangentFit.h"
 #include "gkBaseCoreExport.h"
 
 #include <cstddef>
@@ -27,7 +28,12 @@ GKBASECORE_EXPORT TransverseDirections directionsByTangentLine(std::span<const d
                                                                std::span<const double> vdDipAzimuths,
                                                                std::span<const unsigned char> vbMask = {});
 
-/// The same with T where the root mean square of the apparent dips, as angles, is largest. A first guess that needs no
+/// The same from a fit that was made before, of the same planes.
+GKBASECORE_EXPORT TransverseDirections directionsOfFit(const TangentFit& oFit, std::span<const double> vdDips,
+                                                       std::span<const double> vdDipAzimuths,
+                                                       std::span<const unsigned char> vbMask = {});
+
+/// As above with T where the root mean square of the apparent dips, as angles, is largest. A first guess that needs no
 /// fold: planes that dip alike have it in the direction of their dip. The plunge of the axis pulls it away from T
 /// of the line where one limb prevails. The maximum is that of all records, to 1e-6 degrees; of equal ones that next
 /// to north. Undefined below two planes, for horizontal ones, and where all directions are alike, as for vertical
