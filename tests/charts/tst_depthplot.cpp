@@ -450,7 +450,7 @@ void TestDepthPlot::settingsComeBack()
         Panel panel(well);
         std::vector<DepthTrack> vTracks = panel.depthTracks();
         std::swap(vTracks[0], vTracks[1]);
-        vTracks[0].m_oStyle = {true, true, 3, 5, QColor(1, 2, 3), false, -12.5, 1e-3, true};
+        vTracks[0].m_oStyle = {true, true, 3, 5, QColor(1, 2, 3), QColor(), false, -12.5, 1e-3, true};
         panel.setDepthTracks(vTracks);
         panel.setBlackBackground(true);
         panel.setAllScatMarkersVisibility(false);

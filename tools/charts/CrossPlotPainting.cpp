@@ -26,6 +26,7 @@ namespace {
 constexpr double g_dHalo = 2.0; ///< added to a line's width
 /// What lies under a halo stays in sight, so that curves do not seem to have gaps.
 constexpr int g_iHaloAlpha = 150;
+constexpr double g_dRoomForHalo = 8.0;
 constexpr double g_dPadding = 3.0;
 constexpr double g_dStripe = 4.0;
 constexpr double g_dMargin = 6.0;
@@ -109,6 +110,13 @@ double lineWidth(const CrossPlotDepthLine& line)
     return line.m_iWidth + (line.m_eType == DepthLineField::Fault ? g_dBroader : 0.0);
 }
 
+/// Halos of lines side by side would hide the points between them. The lines come from top to bottom.
+bool isAlone(std::span<const CrossPlotDepthLine> vLines, std::size_t i)
+{
+    return (i == 0 || vLines[i].m_dY - vLines[i - 1].m_dY > g_dRoomForHalo) &&
+           (i + 1 == vLines.size() || vLines[i + 1].m_dY - vLines[i].m_dY > g_dRoomForHalo);
+}
+
 /// Black or white, whichever is easier to read on the colour.
 QColor inkOn(const QColor& oColor)
 {
@@ -187,7 +195,8 @@ void drawCrossPlotDepthLines(QPainter& painter, std::span<const CrossPlotDepthLi
 {
     const PainterState state(&painter);
     painter.setRenderHint(QPainter::Antialiasing, false);
-    for (const CrossPlotDepthLine& line : vLines) {
+    for (std::size_t i = 0; i < vLines.size(); ++i) {
+        const CrossPlotDepthLine& line = vLines[i];
         const double dY = line.m_dY - oVisible.top();
         if (dY < -1.0 || dY > oVisible.height()) {
             continue;
@@ -204,7 +213,9 @@ void drawCrossPlotDepthLines(QPainter& painter, std::span<const CrossPlotDepthLi
         if (line.m_bSelected) {
             band(g_dHalo, style.m_oLabel, g_iOpaque);
         }
-        band(g_dHalo / 2.0, style.m_oBackground, g_iHaloAlpha);
+        if (line.m_bSelected || isAlone(vLines, i)) {
+            band(g_dHalo / 2.0, style.m_oBackground, line.m_bSelected ? g_iOpaque : g_iHaloAlpha);
+        }
         QList<qreal> vdDashes = dashesOf(line.m_eType);
         if (vdDashes.isEmpty()) {
             band(0.0, line.m_oColor, g_iOpaque);
@@ -263,6 +274,7 @@ void drawCrossPlotOrientationMarks(QPainter& painter, std::span<const CrossPlotO
         if (const std::optional<QLineF> oTail = tadpoleTail(mark.m_oCentre, mark.m_dAzimuth, iRadius)) {
             painter.setPen(QPen(style.m_oLabel, g_iMarkPen));
             painter.drawLine(*oTail);
+            placement.block(QRectF(oTail->p1(), oTail->p2()).normalized());
         }
         // A rim of the background parts it from points.
         SymbolLook look{Circle, style.m_oBackground, QColor(), iRadius, g_iMarkPen + 2};
