@@ -11,6 +11,7 @@
 #include "MetafileClipboard.h"
 #include "QDepthTrackArea.h"
 #include "QRelationshipItemModel.h"
+#include "ScatDirectionFinder.h"
 #include "ScatDirectionGroup.h"
 #include "ScatScenarios.h"
 #include "ScatTrackPage.h"
@@ -173,6 +174,7 @@ void QScatDepthPlotWidget::slotUpdateChartData()
 {
     rotateBoth();
     m_pqArea->refresh(numberOfRecords());
+    applySampling();
     slotUpdateDiagrams();
     showMessage();
 }
@@ -250,6 +252,7 @@ void QScatDepthPlotWidget::showApparentDips()
     const double dSteepest = std::max(steepestDip(m_poTransverseDip.get()), steepestDip(m_poLongitudinalDip.get()));
     const auto limit = std::lower_bound(g_adSteepest.begin(), g_adSteepest.end(), dSteepest);
     m_dSteepest = limit == g_adSteepest.end() ? g_adSteepest.back() : *limit;
+    m_pqDirectionFinder->setDirections(transverseDirection(), longitudinalDirection());
     refillTrack(TransverseDipTrack);
     refillTrack(LongitudinalDipTrack);
     showTrackSettings();

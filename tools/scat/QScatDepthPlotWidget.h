@@ -38,6 +38,7 @@ class QCrossPlot;
 class QDepthTrackArea;
 class QDepthTrackPlot;
 class ScatCreationGroup;
+class ScatDirectionFinder;
 class ScatDirectionGroup;
 class ScatLinePage;
 class ScatScenarioGroup;
@@ -273,6 +274,7 @@ private:
 
     // Selection and lines.
     void updateSelectionFrom(int iTrack, bool* pbSelection, int iLength);
+    void slotUpdateSelectionFromFinder(bool* pbSelection, int iLength);
     void setOrientationMode(bool bOn);
     void setCreationTypeOfTracks(int iType);
     void showLines();
@@ -306,6 +308,7 @@ private:
     QTabWidget* m_pqTabs = nullptr;
     ScatScenarioGroup* m_pqScenarioGroup = nullptr;
     ScatDirectionGroup* m_pqDirectionGroup = nullptr;
+    ScatDirectionFinder* m_pqDirectionFinder = nullptr;
     ScatCreationGroup* m_pqCreationGroup = nullptr;
     QPushButton* m_pqCreateMarkersButton = nullptr;
     QPushButton* m_pqDeleteMarkersButton = nullptr;

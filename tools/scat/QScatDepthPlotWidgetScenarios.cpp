@@ -140,7 +140,7 @@ void QScatDepthPlotWidget::setOrientationMode(bool bOn)
     m_pqCreationGroup->showOrientationMode(bOn);
     if (bOn)
         return;
-    m_pqArea->setSelectedRecords({});
+    setSelectedRecords({});
     QRelationshipItemModel* pModel = m_pqArea->model(DipTrack);
     emit dataPointsSelection(pModel->selection(), pModel->numberOfPoints());
 }

@@ -10,6 +10,7 @@
 #include "QDepthTrackPlot.h"
 #include "QScatDepthPlotWidget.h"
 #include "ScatCreationGroup.h"
+#include "ScatDirectionFinder.h"
 #include "ScatDirectionGroup.h"
 #include "ScatLinePage.h"
 #include "ScatScenarioGroup.h"
@@ -108,15 +109,16 @@ QWidget* QScatDepthPlotWidget::createInterpretationPage()
 {
     m_pqScenarioGroup = new ScatScenarioGroup(m_pqUndoAction, m_pqRedoAction);
     m_pqDirectionGroup = new ScatDirectionGroup;
+    m_pqDirectionFinder = new ScatDirectionFinder;
+    m_pqDirectionGroup->addHelp(m_pqDirectionFinder);
     m_pqCreationGroup = new ScatCreationGroup;
     auto* pqControls = new QWidget;
     auto* pqLayout = new QVBoxLayout(pqControls);
     pqLayout->setContentsMargins(4, 4, 4, 4);
     pqLayout->addWidget(m_pqScenarioGroup);
-    pqLayout->addWidget(m_pqDirectionGroup);
+    pqLayout->addWidget(m_pqDirectionGroup, 1);
     pqLayout->addWidget(m_pqCreationGroup);
     pqLayout->addWidget(createMarkerGroup());
-    pqLayout->addStretch(1);
     QWidget* pqPage = newControlScrollArea(pqControls);
     pqPage->setObjectName(QStringLiteral("interpretationPage"));
     return pqPage;
@@ -174,6 +176,9 @@ void QScatDepthPlotWidget::connectControls()
     connect(m_pqDirectionGroup, &ScatDirectionGroup::keepSwitched, this, &Panel::enableTandLeditBoxes);
     connect(m_pqDirectionGroup, &ScatDirectionGroup::transverseEdited, this, &Panel::slotRotateInTDirection);
     connect(m_pqDirectionGroup, &ScatDirectionGroup::longitudinalEdited, this, &Panel::slotRotateInLDirection);
+    connect(m_pqDirectionFinder, &ScatDirectionFinder::directionsSuggested, this, &Panel::setDirections);
+    connect(m_pqDirectionFinder, &ScatDirectionFinder::dataPointsSelection, this,
+            &Panel::slotUpdateSelectionFromFinder);
     connect(m_pqCreationGroup, &ScatCreationGroup::typeChosen, this, &Panel::setDataCreationType);
     connect(m_pqCreateMarkersButton, &QPushButton::clicked, this, &Panel::createWellMarkers);
     connect(m_pqDeleteMarkersButton, &QPushButton::clicked, this, &Panel::deleteWellMarkers);

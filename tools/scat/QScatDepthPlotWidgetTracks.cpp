@@ -9,6 +9,7 @@
 #include "QDepthTrackPlot.h"
 #include "QRelationshipItemModel.h"
 #include "QScatDepthPlotWidget.h"
+#include "ScatDirectionFinder.h"
 #include "ScatLinePage.h"
 #include "ScatScenarios.h"
 #include "ScatTrackPage.h"
@@ -220,6 +221,7 @@ void QScatDepthPlotWidget::applySettings()
     const ChartDisplaySettings& display = m_settings.m_aTracks.front().m_oDisplay;
     m_pqArea->setBlackBackground(display.m_bBlackBackground);
     m_pqArea->setFontSize(display.m_dFontSize);
+    m_pqDirectionFinder->setBlackBackground(display.m_bBlackBackground);
     for (int iTrack = 0; iTrack < NumberOfTracks; ++iTrack)
         m_pqArea->setTrackGrid(iTrack, m_settings.m_aTracks[static_cast<std::size_t>(iTrack)].m_oDisplay.m_bGrid);
     applySampling();
@@ -230,15 +232,13 @@ void QScatDepthPlotWidget::applySettings()
 void QScatDepthPlotWidget::applySampling()
 {
     const int iStep = m_settings.m_aTracks.front().m_iVertexSampling;
-    if (iStep <= 1) {
-        m_pqArea->setTableRows(m_viTableRows);
-        return;
-    }
     const int iAll = m_viTableRows.empty() ? numberOfRecords() : static_cast<int>(m_viTableRows.size());
     std::vector<int> viRecords;
-    for (int i = 0; i < iAll; i += iStep)
+    for (int i = 0; iStep > 1 && i < iAll; i += iStep)
         viRecords.push_back(m_viTableRows.empty() ? i : m_viTableRows[static_cast<std::size_t>(i)]);
-    m_pqArea->setTableRows(viRecords);
+    const std::vector<int>& viTakePart = iStep > 1 ? viRecords : m_viTableRows;
+    m_pqArea->setTableRows(viTakePart);
+    m_pqDirectionFinder->setData(numberOfRecords(), hasData() ? m_poDip.get() : nullptr, m_poAzimuth.get(), viTakePart);
 }
 
 void QScatDepthPlotWidget::applyLineLooks()
@@ -417,6 +417,7 @@ void QScatDepthPlotWidget::slotCrossPlotLeaveEvent(QEvent*)
 void QScatDepthPlotWidget::setSelectedRecords(const std::vector<int>& viRecords)
 {
     m_pqArea->setSelectedRecords(viRecords);
+    m_pqDirectionFinder->setSelectedRecords(viRecords);
 }
 
 std::vector<int> QScatDepthPlotWidget::selectedRecords() const
@@ -437,7 +438,9 @@ void QScatDepthPlotWidget::slotUpdateSelection(bool* pbSelection, int iLength)
 void QScatDepthPlotWidget::clearSelection()
 {
     QRelationshipItemModel* pModel = m_pqArea->model(DipTrack);
-    if (m_pqArea->setSelectedRecords({}))
+    const bool bSelected = !selectedRecords().empty();
+    setSelectedRecords({});
+    if (bSelected)
         emit dataPointsSelection(pModel->selection(), pModel->numberOfPoints());
 }
 
@@ -452,8 +455,19 @@ void QScatDepthPlotWidget::updateSelectionFrom(int iTrack, bool* pbSelection, in
         viActive.clear();
     viActive.push_back(iTrack);
     setActiveTracks(viActive);
+    m_pqDirectionFinder->setSelectedRecords(selectedRecords());
     if (std::any_of(pbSelection, pbSelection + iLength, [](bool bSelected) { return bSelected; }))
         emit dataPointsSelection(pbSelection, iLength);
+}
+
+void QScatDepthPlotWidget::slotUpdateSelectionFromFinder(bool* pbSelection, int iLength)
+{
+    if (!hasData() || !pbSelection)
+        return;
+    if (!m_bOrientationMode)
+        m_pScenarios->deselectAll();
+    slotUpdateSelection(pbSelection, iLength);
+    emit dataPointsSelection(pbSelection, iLength);
 }
 
 void QScatDepthPlotWidget::slotUpdateSelectionFromDipPlot(bool* pbSelection, int iLength)
