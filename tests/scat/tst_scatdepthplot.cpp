@@ -14,14 +14,14 @@
 #include <gkBase/UnitManager.h>
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFile>
+#include <QMouseEvent>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QUndoGroup>
 
 #include <algorithm>
 #include <cmath>
@@ -60,7 +60,7 @@ struct FoldedWell
 
 constexpr double g_adTransverse[] = {-20, -30, -20, 0, 8, 34, 40, 36};
 
-/// The window at a size, laid out.
+/// The window at a size, laid out, with answers in place of its dialogs.
 struct Panel : QScatDepthPlotWidget
 {
     explicit Panel(FoldedWell& well)
@@ -68,9 +68,67 @@ struct Panel : QScatDepthPlotWidget
         resize(1000, 700);
         setDataRoot(well.m_poRoot.get());
         setDataSet(well.m_poSet);
+        setDialogs({[this](QWidget*, const QString&, const QString& sText) {
+                        m_lAsked << sText;
+                        return m_eAnswer;
+                    },
+                    [this](QWidget*, const QString&, const QString& sText) { m_lWarnings << sText; },
+                    [this](QWidget*, const QString&, const QString& sName) {
+                        m_lProposed << sName;
+                        return m_sFile;
+                    },
+                    [this](QWidget*, const QString&) { return m_lFiles; }});
         grab();
     }
+    QDepthTrackPlot& plot(int i) { return *trackArea()->plot(i); }
+    const DepthLineField& lines(int i) { return *trackArea()->model(i)->structuralTops(); }
+    void choose(const char* pType) { findChild<QAbstractButton*>(QLatin1String(pType))->click(); }
+    bool call(const char* pSlot) { return QMetaObject::invokeMethod(this, pSlot); }
+    QPoint pixel(int iTrack, double dX, double dDepth)
+    {
+        QDepthTrackPlot& canvas = plot(iTrack);
+        return (canvas.transformInPixelPoint({dX, dDepth}) - canvas.pixmapRect().topLeft()).toPoint();
+    }
+    void click(int iTrack, double dX, double dDepth, Qt::KeyboardModifiers eModifiers = Qt::NoModifier)
+    {
+        QTest::mouseClick(&plot(iTrack), Qt::LeftButton, eModifiers, pixel(iTrack, dX, dDepth));
+    }
+    /// A rectangle around all x between two depths.
+    void lasso(int iTrack, double dFrom, double dTo)
+    {
+        QDepthTrackPlot& canvas = plot(iTrack);
+        const int iTop = pixel(iTrack, 0.0, dFrom).y();
+        const int iBottom = pixel(iTrack, 0.0, dTo).y();
+        const int iRight = canvas.width() - 2;
+        QTest::mousePress(&canvas, Qt::LeftButton, {}, {1, iTop});
+        for (const QPoint oCorner : {QPoint(iRight, iTop), QPoint(iRight, iBottom), QPoint(1, iBottom)})
+            QTest::mouseMove(&canvas, oCorner);
+        QTest::mouseRelease(&canvas, Qt::LeftButton, {}, {1, iBottom});
+    }
+    void saveTo(const QString& sFile)
+    {
+        m_sFile = sFile;
+        call("slotSaveScenario");
+    }
+
+    QMessageBox::StandardButton m_eAnswer = QMessageBox::Cancel;
+    QString m_sFile;
+    QStringList m_lFiles;
+    QStringList m_lAsked;
+    QStringList m_lWarnings;
+    QStringList m_lProposed;
 };
+
+std::vector<int> selected(const QList<QVariant>& lSignal)
+{
+    const bool* pbSelection = lSignal[0].value<bool*>();
+    std::vector<int> viRecords;
+    for (int i = 0; i < lSignal[1].toInt(); ++i) {
+        if (pbSelection[i])
+            viRecords.push_back(i);
+    }
+    return viRecords;
+}
 
 } // namespace
 
@@ -81,10 +139,25 @@ private slots:
     void initTestCase() { gkTest::useTemporarySettings(m_folder.path(), QStringLiteral("tst_scatdepthplot")); }
     void init() { QSettings().clear(); }
     void foldGivesItsDirections();
+    void apparentDipsFollowEdits();
+    void keptDirections();
+    void everyEditShowsOnFourTracks();
+    void draggedLinesKeepTheirDistances();
+    void selectionRules();
+    void orientationMode();
+    void activeTracksTakeSettings();
+    void samplingKeepsRecordNumbers();
+    void closingAsksForChanges();
+    void savingRenames();
+    void importTellsErrors();
+    void settingsComeBack();
+    void goneNodesLeaveAnEmptyPanel();
 
 private:
     QTemporaryDir m_folder;
 };
+
+// ---- directions -----------------------------------------------------------------------------------------------------
 
 void TestScatDepthPlot::foldGivesItsDirections()
 {
@@ -95,6 +168,329 @@ void TestScatDepthPlot::foldGivesItsDirections()
         QVERIFY(std::abs(panel.transverseDip()->recordNumber(i) - g_adTransverse[i]) < 0.1);
         QVERIFY(std::abs(std::abs(panel.longitudinalDip()->recordNumber(i)) - 10.0) < 0.1);
     }
+}
+
+void TestScatDepthPlot::apparentDipsFollowEdits()
+{
+    FoldedWell well;
+    Panel panel(well);
+    panel.setDirections(90.0, 0.0);
+    well.node("Dip").setValue(3, 0, 30.0);
+    well.node("Azimuth").setValue(3, 0, 90.0);
+    well.node("Azimuth").setValue(4, 0, QVariant());
+    QVERIFY(std::abs(panel.transverseDip()->recordNumber(0) - 30.0) < 1e-9);
+    QVERIFY(std::abs(panel.longitudinalDip()->recordNumber(0)) < 1e-9);
+    QVERIFY(std::isnan(panel.transverseDip()->recordNumber(1)));
+    QVERIFY(!panel.trackArea()->model(QScatDepthPlotWidget::TransverseDipTrack)->isValid(1));
+    panel.setDirections(270.0, 0.0);
+    QVERIFY(std::abs(panel.transverseDip()->recordNumber(0) + 30.0) < 1e-9);
+    // The same planes in radians.
+    for (const char* pName : {"Dip", "Azimuth"}) {
+        for (int i = 0; i < 8; ++i)
+            well.node(pName).setValue(3 + i, 0, well.node(pName).recordNumber(i) * M_PI / 180.0);
+        well.node(pName).setUnitManager(
+            boost::shared_ptr<UnitManager>(new UnitManager(QStringLiteral("orientation"), QStringLiteral("rad"))));
+    }
+    panel.call("slotUpdateChartData");
+    QVERIFY(std::abs(panel.transverseDip()->recordNumber(0) + M_PI / 6.0) < 1e-9);
+    QVERIFY(std::abs(panel.plot(QScatDepthPlotWidget::DipTrack).rangeB().x() - M_PI / 2.0) < 1e-9);
+}
+
+void TestScatDepthPlot::keptDirections()
+{
+    FoldedWell well;
+    Panel panel(well);
+    auto* pqKeep = panel.findChild<QCheckBox*>(QStringLiteral("m_pqKeepTandLCheckBox"));
+    auto* pqEdit = panel.findChild<QWidget*>(QStringLiteral("m_pqTDirectionEdit"));
+    QVERIFY(pqKeep->isChecked() && !pqEdit->isEnabled());
+    panel.updateTandLdirection(120.0, 30.0); // the panel's own proposal gives way
+    QCOMPARE(panel.transverseDirection(), 120.0);
+    panel.updateTandLdirection(50.0, 140.0);
+    QCOMPARE(panel.transverseDirection(), 120.0);
+    panel.setDirections(0.0, 0.0);
+    panel.updateTandLdirection(50.0, 140.0);
+    QCOMPARE(panel.longitudinalDirection(), 140.0);
+    pqKeep->click();
+    QVERIFY(pqEdit->isEnabled());
+    panel.updateTandLdirection(-50.0, g_dNone);
+    QCOMPARE(panel.transverseDirection(), 310.0);
+    QCOMPARE(panel.longitudinalDirection(), 140.0);
+}
+
+// ---- lines ----------------------------------------------------------------------------------------------------------
+
+void TestScatDepthPlot::everyEditShowsOnFourTracks()
+{
+    FoldedWell well;
+    Panel panel(well);
+    panel.click(QScatDepthPlotWidget::DipTrack, 45.0, 1350.0);
+    QCOMPARE(panel.scenarios()->count(), 0); // "None" creates nothing
+    panel.choose("m_pqHorizonBtn");
+    panel.click(QScatDepthPlotWidget::DipTrack, 45.0, 1350.0);
+    panel.click(QScatDepthPlotWidget::AzimuthTrack, 200.0, 1450.0);
+    panel.choose("m_pqFaultBtn");
+    panel.click(QScatDepthPlotWidget::TransverseDipTrack, 0.0, 1550.0);
+    QCOMPARE(panel.lines(0).lineNames(), (std::vector<QString>{QStringLiteral("Horizon_0"), QStringLiteral("Horizon_1"),
+                                                               QStringLiteral("Fault0")}));
+    panel.click(QScatDepthPlotWidget::LongitudinalDipTrack, 0.0, 1350.0);
+    QCOMPARE(panel.lines(0).selectedLines(), std::vector<int>{0});
+    panel.click(QScatDepthPlotWidget::DipTrack, 45.0, 1450.0, Qt::ControlModifier);
+    QCOMPARE(panel.lines(3).selectedLines(), (std::vector<int>{0, 1}));
+    QVERIFY(QMetaObject::invokeMethod(&panel, "slotSendScatUpdate", Q_ARG(QString, QStringLiteral("Bed"))));
+    QVERIFY(QMetaObject::invokeMethod(&panel, "slotSendScatUpdate", Q_ARG(QColor, QColor(1, 2, 3))));
+    panel.click(QScatDepthPlotWidget::DipTrack, 45.0, 1550.0);
+    QTest::keyClick(&panel.plot(QScatDepthPlotWidget::AzimuthTrack), Qt::Key_Delete);
+    const auto onAllTracks = [&panel] {
+        for (int i = 1; i < QScatDepthPlotWidget::NumberOfTracks; ++i) {
+            if (panel.lines(i).lines() != panel.lines(0).lines())
+                return false;
+        }
+        return true;
+    };
+    QCOMPARE(panel.lines(0).lineNames(), (std::vector<QString>{QStringLiteral("Bed"), QStringLiteral("Bed")}));
+    QVERIFY(onAllTracks());
+    for (int iLeft = 6; iLeft > 0; --iLeft) {
+        panel.undoAction()->trigger();
+        QVERIFY(onAllTracks());
+    }
+    QCOMPARE(panel.lines(0).count(), 0);
+    QVERIFY(!panel.scenarios()->isModified(0));
+}
+
+void TestScatDepthPlot::draggedLinesKeepTheirDistances()
+{
+    FoldedWell well;
+    Panel panel(well);
+    panel.choose("m_pqCrestalPlaneBtn");
+    for (const double dDepth : {1250.0, 1350.0, 1500.0})
+        panel.click(QScatDepthPlotWidget::DipTrack, 60.0, dDepth);
+    const std::vector<double> vdBefore = panel.lines(0).lineDepths();
+    panel.click(QScatDepthPlotWidget::DipTrack, 60.0, 1250.0);
+    QDepthTrackPlot& canvas = panel.plot(QScatDepthPlotWidget::AzimuthTrack);
+    const QPoint oStart = panel.pixel(QScatDepthPlotWidget::AzimuthTrack, 200.0, 1350.0);
+    QTest::mousePress(&canvas, Qt::LeftButton, Qt::ControlModifier, oStart);
+    for (const int iStep : {7, 30, 55}) {
+        QMouseEvent event(QEvent::MouseMove, oStart + QPoint(0, iStep), canvas.mapToGlobal(oStart + QPoint(0, iStep)),
+                          Qt::NoButton, Qt::LeftButton, Qt::ControlModifier);
+        QCoreApplication::sendEvent(&canvas, &event);
+    }
+    QTest::mouseRelease(&canvas, Qt::LeftButton, Qt::ControlModifier, oStart + QPoint(0, 55));
+    const double dStep = canvas.transformInDataPoint({0.0, 155.0}).y() - canvas.transformInDataPoint({0.0, 100.0}).y();
+    for (int i = 0; i < QScatDepthPlotWidget::NumberOfTracks; ++i) {
+        const std::vector<double>& vdDepths = panel.lines(i).lineDepths();
+        QVERIFY(std::abs(vdDepths[0] - vdBefore[0] - dStep) < 1e-6);
+        QVERIFY(std::abs(vdDepths[1] - vdBefore[1] - dStep) < 1e-6);
+        QCOMPARE(vdDepths[2], vdBefore[2]);
+    }
+    panel.undoAction()->trigger(); // one step
+    QCOMPARE(panel.lines(2).lineDepths(), vdBefore);
+}
+
+void TestScatDepthPlot::orientationMode()
+{
+    FoldedWell well;
+    Panel panel(well);
+    panel.updateMeanOrientation({20.0, 30.0});
+    panel.choose("m_pqAxialPlaneBtn");
+    panel.click(QScatDepthPlotWidget::DipTrack, 60.0, 1350.0);
+    panel.updateMeanOrientation({20.0, 30.0});
+    QCOMPARE(panel.lines(0).lineOrientations().front(), QPointF(-1.0, -1.0));
+    panel.call("slotModifySelectedOrientation");
+    QCOMPARE(panel.plot(2).dataCreationType(), int(QCrossPlot::OrientationCreation));
+    QSignalSpy spy(&panel, &QScatDepthPlotWidget::dataPointsSelection);
+    panel.lasso(QScatDepthPlotWidget::DipTrack, 1050.0, 1250.0);
+    QCOMPARE(spy.count(), 1);
+    panel.updateMeanOrientation({20.0, 30.0});
+    for (int i = 0; i < QScatDepthPlotWidget::NumberOfTracks; ++i)
+        QCOMPARE(panel.lines(i).lineOrientations().front(), QPointF(20.0, 30.0));
+    QTest::keyClick(&panel, Qt::Key_Escape);
+    QCOMPARE(panel.plot(0).dataCreationType(), int(QCrossPlot::StructuralTopCreation));
+    QCOMPARE(spy.count(), 2);
+    QVERIFY(selected(spy.back()).empty());
+}
+
+// ---- selection and looks --------------------------------------------------------------------------------------------
+
+void TestScatDepthPlot::selectionRules()
+{
+    FoldedWell well;
+    Panel panel(well);
+    panel.choose("m_pqHorizonBtn");
+    panel.click(QScatDepthPlotWidget::DipTrack, 60.0, 1350.0);
+    panel.choose("m_pqNoneBtn");
+    QSignalSpy spy(&panel, &QScatDepthPlotWidget::dataPointsSelection);
+    panel.lasso(QScatDepthPlotWidget::TransverseDipTrack, 1050.0, 1250.0);
+    QCOMPARE(spy.count(), 1);
+    QCOMPARE(selected(spy.back()), (std::vector<int>{1, 2}));
+    QVERIFY(!panel.lines(0).isSomethingSelected());
+    QCOMPARE(panel.activeTracks(), std::vector<int>{QScatDepthPlotWidget::TransverseDipTrack});
+    const auto isEverywhere = [&panel](const std::vector<int>& viRecords) {
+        for (int i = 0; i < QScatDepthPlotWidget::NumberOfTracks; ++i) {
+            if (panel.trackArea()->model(i)->selectedRecords() != viRecords)
+                return false;
+        }
+        return true;
+    };
+    QVERIFY(isEverywhere({1, 2}));
+    // An outline around nothing, and the press of a pick, leave the selection alone.
+    panel.lasso(QScatDepthPlotWidget::DipTrack, 1320.0, 1380.0);
+    panel.choose("m_pqHorizonBtn");
+    panel.click(QScatDepthPlotWidget::AzimuthTrack, 100.0, 1350.0);
+    QCOMPARE(spy.count(), 1);
+    QVERIFY(isEverywhere({1, 2}));
+    QCOMPARE(panel.lines(0).selectedLines(), std::vector<int>{0});
+    QTest::keyClick(&panel.plot(0), Qt::Key_Escape);
+    QCOMPARE(spy.count(), 2);
+    QVERIFY(isEverywhere({}));
+    panel.setSelectedRecords({5});
+    QCOMPARE(spy.count(), 2);
+    QVERIFY(isEverywhere({5}));
+}
+
+void TestScatDepthPlot::activeTracksTakeSettings()
+{
+    FoldedWell well;
+    Panel panel(well);
+    panel.call("slotNewScenario");
+    panel.setActiveTracks({QScatDepthPlotWidget::AzimuthTrack});
+    QVERIFY(QMetaObject::invokeMethod(&panel, "slotDomainTransparency", Q_ARG(int, 15)));
+    panel.findChild<QCheckBox*>(QStringLiteral("m_pqShowFaults"))->click();
+    panel.call("slotNewScenario"); // display settings hold for later scenarios too
+    for (int i = 0; i < QScatDepthPlotWidget::NumberOfTracks; ++i) {
+        const bool bActive = i == QScatDepthPlotWidget::AzimuthTrack;
+        QCOMPARE(panel.lines(i).domainTransparency(), bActive ? 15 : 70);
+        QCOMPARE(panel.lines(i).showFaults(), !bActive);
+    }
+}
+
+void TestScatDepthPlot::samplingKeepsRecordNumbers()
+{
+    FoldedWell well;
+    Panel panel(well);
+    panel.setTableRows({1, 2, 4, 5, 7});
+    auto* pqSampling = panel.findChild<QWidget*>(QStringLiteral("m_pqVertexSampling"));
+    QVERIFY(QMetaObject::invokeMethod(pqSampling, "setValue", Q_ARG(int, 2)));
+    QSignalSpy spy(&panel, &QScatDepthPlotWidget::dataPointsSelection);
+    panel.lasso(QScatDepthPlotWidget::LongitudinalDipTrack, 990.0, 1800.0);
+    QCOMPARE(selected(spy.back()), (std::vector<int>{1, 4, 7}));
+}
+
+// ---- scenarios ------------------------------------------------------------------------------------------------------
+
+void TestScatDepthPlot::closingAsksForChanges()
+{
+    FoldedWell well;
+    Panel panel(well);
+    panel.choose("m_pqFaultBtn");
+    panel.click(QScatDepthPlotWidget::DipTrack, 60.0, 1350.0);
+    panel.call("slotNewScenario");
+    panel.click(QScatDepthPlotWidget::DipTrack, 60.0, 1450.0);
+    QCOMPARE(panel.lines(0).lineNames().front(), QStringLiteral("Fault0"));
+    QVERIFY(!panel.close());
+    QCOMPARE(panel.m_lAsked, QStringList{QStringLiteral("Do you want to save the changes you made to 'Scenario_0' ?")});
+    panel.m_eAnswer = QMessageBox::Yes; // but the dialog for the file is cancelled
+    panel.call("slotCloseScenario");
+    QCOMPARE(panel.m_lProposed.size(), 1);
+    QCOMPARE(panel.scenarios()->count(), 2);
+    panel.m_eAnswer = QMessageBox::No;
+    QVERIFY(panel.canClose());
+    QCOMPARE(panel.m_lAsked.size(), 4);
+    panel.scenarios()->setActive(1);
+    panel.call("slotCloseScenario");
+    QCOMPARE(panel.m_lAsked.back(), QStringLiteral("Do you want to save the changes you made to 'Scenario_1' ?"));
+    QCOMPARE(panel.scenarios()->names(), QStringList{QStringLiteral("Scenario_0")});
+}
+
+void TestScatDepthPlot::savingRenames()
+{
+    FoldedWell well;
+    Panel panel(well);
+    panel.addStructuralTopsSenario(QStringLiteral("north"));
+    panel.addStructuralTopsSenario(QStringLiteral("south"));
+    panel.choose("m_pqFaultBtn");
+    panel.click(QScatDepthPlotWidget::DipTrack, 60.0, 1350.0);
+    auto* pqBox = panel.findChild<QComboBox*>(QStringLiteral("m_pqScenarioComboBox"));
+    QCOMPARE(pqBox->itemText(1), QStringLiteral("south*"));
+    // A name that another scenario has already: the one that was active is written, not its namesake.
+    panel.saveTo(m_folder.filePath(QStringLiteral("north.txt")));
+    QCOMPARE(panel.scenarios()->names(), (QStringList{QStringLiteral("north"), QStringLiteral("north")}));
+    QCOMPARE(panel.scenarios()->active(), 1);
+    QCOMPARE(pqBox->itemText(1), QStringLiteral("north"));
+    QVERIFY(panel.m_lWarnings.isEmpty());
+    panel.call("slotDeleteSelected");
+    panel.saveTo(m_folder.filePath(QStringLiteral("missing/folder.txt")));
+    QCOMPARE(panel.m_lWarnings.size(), 1);
+    QCOMPARE(panel.scenarios()->name(1), QStringLiteral("north"));
+    QVERIFY(panel.scenarios()->isModified(1));
+}
+
+void TestScatDepthPlot::importTellsErrors()
+{
+    FoldedWell well;
+    Panel panel(well);
+    panel.choose("m_pqFaultBtn");
+    panel.click(QScatDepthPlotWidget::DipTrack, 60.0, 1350.0);
+    panel.saveTo(m_folder.filePath(QStringLiteral("a.txt")));
+    panel.m_lFiles = {m_folder.filePath(QStringLiteral("a.txt")), m_folder.filePath(QStringLiteral("none.txt")),
+                      m_folder.filePath(QStringLiteral("a.txt"))};
+    panel.call("slotOpenScenario");
+    QCOMPARE(panel.scenarios()->count(), 3);
+    QCOMPARE(panel.scenarios()->active(), 2);
+    QCOMPARE(panel.lines(3).lineNames().front(), QStringLiteral("Fault0"));
+    QCOMPARE(panel.m_lWarnings.size(), 1);
+    QVERIFY(panel.m_lWarnings.front().contains(QLatin1String("none.txt")));
+    panel.writeSettings();
+    QCOMPARE(QSettings().value(QStringLiteral("scat_window/last_trn_data_file_path/path")).toString(), m_folder.path());
+}
+
+void TestScatDepthPlot::settingsComeBack()
+{
+    FoldedWell well;
+    ScatSettings wanted;
+    wanted.m_aTracks[2].m_eDomains = DepthLineField::HorizonDomains;
+    wanted.m_aTracks[3].m_oPointColor = Qt::darkGreen;
+    wanted.m_aTracks[1].m_dMaximum = 180.0;
+    for (ScatTrackSettings& track : wanted.m_aTracks)
+        track.m_oDisplay.m_bBlackBackground = true;
+    {
+        QSettings settings;
+        wanted.save(settings);
+        QVERIFY(settings.contains(QStringLiteral("scat_window/well_log_plots/transverse_dip_plot/domains")));
+    }
+    Panel panel(well);
+    panel.readSettings();
+    panel.addStructuralTopsSenario(QStringLiteral("s"));
+    QCOMPARE(panel.lines(2).domainType(), DepthLineField::HorizonDomains);
+    QCOMPARE(panel.plot(1).rangeB().x(), 180.0);
+    QCOMPARE(panel.plot(3).pointFillColor(), QColor(Qt::darkGreen));
+    QCOMPARE(panel.picture().m_oBackground, QColor(Qt::black));
+    QSettings().clear();
+    panel.writeSettings();
+    QSettings settings;
+    QVERIFY(ScatSettings::load(settings) == wanted);
+}
+
+// ---- lifetime -------------------------------------------------------------------------------------------------------
+
+void TestScatDepthPlot::goneNodesLeaveAnEmptyPanel()
+{
+    FoldedWell well;
+    Panel panel(well);
+    panel.choose("m_pqFaultBtn");
+    panel.click(QScatDepthPlotWidget::DipTrack, 60.0, 1350.0);
+    well.m_poSet->removeChild(&well.node("Azimuth"));
+    QVERIFY(!panel.azimuthAttribute() && !panel.transverseDip());
+    QVERIFY(!panel.trackArea()->message().isEmpty());
+    panel.setDataSet(well.m_poSet); // depth and dip alone
+    panel.setDirections(10.0, 100.0);
+    panel.click(QScatDepthPlotWidget::DipTrack, 60.0, 1350.0);
+    for (const char* pSlot : {"slotUpdateChartData", "slotModifySelectedOrientation", "slotDeleteSelected",
+                              "slotMoveSelectedUpdateStop", "clearSelection", "slotResetAnnotationSettings"})
+        QVERIFY(panel.call(pSlot));
+    well.m_poRoot.reset();
+    QVERIFY(!panel.depthAttribute());
+    panel.setDataSet(nullptr);
+    panel.grab();
 }
 
 QTEST_MAIN(TestScatDepthPlot)

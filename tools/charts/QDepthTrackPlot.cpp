@@ -134,6 +134,12 @@ void QDepthTrackPlot::setSteepLimit(double dDegrees)
     scheduleRedraw();
 }
 
+void QDepthTrackPlot::setZeroLine(bool bShow)
+{
+    m_bZeroLine = bShow;
+    scheduleRedraw();
+}
+
 void QDepthTrackPlot::setBoundaryEditing(bool bEditing)
 {
     m_bBoundaryEditing = bEditing;
@@ -205,6 +211,7 @@ void QDepthTrackPlot::drawUnderPoints(QPainter& painter)
 {
     if (m_oTrack.m_eKind == DepthTrack::Curve)
         drawDecimation(painter);
+    drawZeroLine(painter);
     drawLine(painter);
 }
 
@@ -214,6 +221,16 @@ void QDepthTrackPlot::drawOverPoints(QPainter& painter)
     if (m_oTrack.m_eKind == DepthTrack::Tadpoles)
         drawDecimatedTadpoles(painter);
     drawMarkerLines(painter);
+}
+
+void QDepthTrackPlot::drawZeroLine(QPainter& painter) const
+{
+    const double dX = std::floor(map().m_oX.toPixel(0.0)) + 0.5;
+    if (!m_bZeroLine || !(dX > m_oPlotRect.left() && dX < m_oPlotRect.right()))
+        return;
+    const auto [dTop, dBottom] = clippedRows(painter, m_oPlotRect);
+    painter.setPen(QPen(labelColor(), 1.0));
+    painter.drawLine(QPointF(dX, dTop), QPointF(dX, dBottom));
 }
 
 void QDepthTrackPlot::drawLine(QPainter& painter)

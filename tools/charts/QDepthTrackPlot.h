@@ -45,6 +45,8 @@ public:
     /// Records whose x lies farther from 0 than this stand as open symbols at the nearer side of the track, where they
     /// are also selected. 99999.0: none.
     void setSteepLimit(double dDegrees);
+    /// A line where x is 0, for values to both sides of it.
+    void setZeroLine(bool bShow);
     /// A press of the left button reports a depth for the interval filter instead of selecting points.
     void setBoundaryEditing(bool bEditing);
 
@@ -96,6 +98,7 @@ private:
     LineKey lineKey() const;
     DepthTrackMap map() const;
     std::vector<DepthTrackPiece> thinnedLine(int iRowsPerPixel) const;
+    void drawZeroLine(QPainter& painter) const;
     void drawLine(QPainter& painter);
     void drawDecimation(QPainter& painter);
     void drawSelectedSamples(QPainter& painter);
@@ -111,6 +114,7 @@ private:
     std::shared_ptr<const DepthMarkers> m_pMarkers;
     bool m_bShowMarkerLabels = false;
     bool m_bBoundaryEditing = false;
+    bool m_bZeroLine = false;
     double m_dSteepLimit;
     std::vector<unsigned char> m_vbSteep; ///< by record; empty without a limit
     LineKey m_oLineKey;                   ///< that m_vPieces were made for

@@ -220,6 +220,7 @@ private slots:
     void slotPickPosUpdate(std::vector<int> viLines);
     void slotMoveSelectedUpdate(QPointF oStep);
     void slotMoveSelectedUpdateStop();
+    void slotMoveSelectedCancel();
     void slotModifySelectedOrientation();
     void slotModifySelectedOrientation(QCrossPlot* pqPlot);
 
@@ -262,6 +263,7 @@ private:
     /// Limits of a track in degrees.
     std::pair<double, double> limits(int iTrack) const;
     void refillTrack(int iTrack);
+    double positionOf(int iTrack, const QPointF& oDipAndAzimuth) const;
     void showTrackSettings();
     void showDepthRange();
     void applySettings();

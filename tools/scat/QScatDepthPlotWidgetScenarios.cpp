@@ -48,7 +48,8 @@ void QScatDepthPlotWidget::deselectAllStructuralTops()
 
 void QScatDepthPlotWidget::showLines()
 {
-    m_pqArea->linesChanged();
+    for (int iTrack = 0; iTrack < NumberOfTracks; ++iTrack)
+        plot(iTrack)->updateLines();
     const DepthLineField* pLines = m_pScenarios->lines();
     const bool bLines = pLines && pLines->count() > 0;
     m_pqCreateMarkersButton->setEnabled(bLines);
@@ -94,6 +95,11 @@ void QScatDepthPlotWidget::slotMoveSelectedUpdate(QPointF oStep)
 void QScatDepthPlotWidget::slotMoveSelectedUpdateStop()
 {
     m_pScenarios->endMove();
+}
+
+void QScatDepthPlotWidget::slotMoveSelectedCancel()
+{
+    m_pScenarios->cancelMove();
 }
 
 void QScatDepthPlotWidget::slotSendScatUpdate(QColor oColor)

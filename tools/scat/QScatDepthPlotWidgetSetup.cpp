@@ -215,6 +215,11 @@ void QScatDepthPlotWidget::connectArea()
     connect(plot(LongitudinalDipTrack), &QCrossPlot::cursorPos, this, &Panel::updateCursorPosLabelLongitudinalDip);
     for (int iTrack = 0; iTrack < NumberOfTracks; ++iTrack)
         connectTrack(iTrack);
+    // Magnifying moves the depths under a cursor that stands still.
+    connect(m_pqArea, &QDepthTrackArea::zoomChanged, this, &Panel::updateCursorPosFromDipPlot);
+    connect(m_pqArea, &QDepthTrackArea::zoomChanged, this, &Panel::updateCursorPosFromAzimuthPlot);
+    connect(m_pqArea, &QDepthTrackArea::zoomChanged, this, &Panel::updateCursorPosFromTransverseDipPlot);
+    connect(m_pqArea, &QDepthTrackArea::zoomChanged, this, &Panel::updateCursorPosFromLongitudinalDipPlot);
 }
 
 void QScatDepthPlotWidget::connectTrack(int iTrack)
@@ -222,10 +227,14 @@ void QScatDepthPlotWidget::connectTrack(int iTrack)
     using Panel = QScatDepthPlotWidget;
     QDepthTrackPlot* pqPlot = plot(iTrack);
     pqPlot->setStructuralTopsMovable(true);
+    pqPlot->setZeroLine(iTrack == TransverseDipTrack || iTrack == LongitudinalDipTrack);
+    pqPlot->setLineOrientationPosition(
+        [this, iTrack](const QPointF& oDipAndAzimuth) { return positionOf(iTrack, oDipAndAzimuth); });
     connect(pqPlot, &QCrossPlot::sendInsertScatUpdate, this, &Panel::slotInsertScatUpdate);
     connect(pqPlot, &QCrossPlot::sendScatPickPos, this, &Panel::slotPickPosUpdate);
     connect(pqPlot, &QCrossPlot::sendMoveSelectedUpdate, this, &Panel::slotMoveSelectedUpdate);
     connect(pqPlot, &QCrossPlot::sendMoveSelectedUpdateStop, this, &Panel::slotMoveSelectedUpdateStop);
+    connect(pqPlot, &QCrossPlot::sendMoveSelectedCancel, this, &Panel::slotMoveSelectedCancel);
     connect(pqPlot, qOverload<QColor>(&QCrossPlot::sendScatUpdate), this,
             qOverload<QColor>(&Panel::slotSendScatUpdate));
     connect(pqPlot, qOverload<QString>(&QCrossPlot::sendScatUpdate), this,

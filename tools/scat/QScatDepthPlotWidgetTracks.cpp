@@ -1,6 +1,8 @@
 // The tracks of the dipmeter window: which are active, how they look, where the cursor is and what is selected.
 
 #include "AngleUnits.h"
+#include "Angles.h"
+#include "ApparentDip.h"
 #include "ChartDisplayPage.h"
 #include "DepthTrack.h"
 #include "MatrixData.h"
@@ -30,7 +32,8 @@ constexpr double g_dHalfCircle = 180.0;
 constexpr double g_dFullCircle = 360.0;
 /// Apparent dips beyond it are too steep to be read against others.
 constexpr double g_dSteepestLimit = 80.0;
-constexpr int g_iPointSize = 3;
+constexpr int g_iPointSize = 2;
+constexpr int g_iTadpoleSize = 3;
 constexpr int g_iDecimals = 1;
 
 bool isApparentDip(int iTrack)
@@ -86,7 +89,7 @@ DepthTrack QScatDepthPlotWidget::depthTrack(int iTrack) const
         settings.m_bTadpoles ? DepthTrack::tadpoles(poValues, m_poAzimuth.get()) : DepthTrack::curve(poValues);
     track.m_oStyle.m_bLine = settings.m_eData != ScatTrackSettings::Points;
     track.m_oStyle.m_bPoints = settings.m_eData != ScatTrackSettings::Line;
-    track.m_oStyle.m_iPointSize = g_iPointSize;
+    track.m_oStyle.m_iPointSize = settings.m_bTadpoles ? g_iTadpoleSize : g_iPointSize;
     track.m_oStyle.m_oColor = settings.m_oLineColor;
     track.m_oStyle.m_oPointColor = settings.m_oPointColor;
     track.m_oStyle.m_bAutomaticLimits = false;
@@ -105,6 +108,23 @@ DepthTrack QScatDepthPlotWidget::depthTrack(int iTrack) const
 void QScatDepthPlotWidget::refillTrack(int iTrack)
 {
     m_pqArea->refillTrack(iTrack, depthTrack(iTrack));
+    if (isApparentDip(iTrack) && m_poDip)
+        plot(iTrack)->setSteepLimit(g_dSteepestLimit / degreesPerUnit(*m_poDip.get()));
+}
+
+/// Where an orientation in degrees stands on a track.
+double QScatDepthPlotWidget::positionOf(int iTrack, const QPointF& oDipAndAzimuth) const
+{
+    const MatrixData* poValues = values(iTrack);
+    if (!poValues)
+        return g_dEmptyCell;
+    double dDegrees = oDipAndAzimuth.x();
+    if (iTrack == AzimuthTrack)
+        dDegrees = wrapAzimuth(oDipAndAzimuth.y());
+    else if (isApparentDip(iTrack))
+        dDegrees = apparentDip(oDipAndAzimuth.x(), oDipAndAzimuth.y(),
+                               iTrack == TransverseDipTrack ? transverseDirection() : longitudinalDirection());
+    return dDegrees / degreesPerUnit(*poValues);
 }
 
 // ---- active tracks --------------------------------------------------------------------------------------------------
@@ -221,6 +241,7 @@ void QScatDepthPlotWidget::applySettings()
     const ChartDisplaySettings& display = m_settings.m_aTracks.front().m_oDisplay;
     m_pqArea->setBlackBackground(display.m_bBlackBackground);
     m_pqArea->setFontSize(display.m_dFontSize);
+    m_pqDirectionFinder->setFontSize(display.m_dFontSize);
     m_pqDirectionFinder->setBlackBackground(display.m_bBlackBackground);
     for (int iTrack = 0; iTrack < NumberOfTracks; ++iTrack)
         m_pqArea->setTrackGrid(iTrack, m_settings.m_aTracks[static_cast<std::size_t>(iTrack)].m_oDisplay.m_bGrid);
@@ -257,7 +278,7 @@ void QScatDepthPlotWidget::slotUpdateDiagrams()
         refillTrack(iTrack);
     showTrackSettings();
     showDepthRange();
-    m_pqArea->linesChanged();
+    showLines();
 }
 
 void QScatDepthPlotWidget::showDepthRange()

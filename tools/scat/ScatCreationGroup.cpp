@@ -10,7 +10,7 @@ namespace gkBase {
 namespace {
 
 constexpr int g_iNone = -1;
-constexpr int g_iColumns = 2;
+constexpr int g_iColumns = 3;
 
 } // namespace
 
