@@ -53,6 +53,9 @@ bedding=(--dip dip --azimuth azimuth)
 chart "$folded" stereonet stereonet "${bedding[@]}" --net --results girdle,L
 chart "$folded" tangent tangent "${bedding[@]}" --fold-axis
 statistics "$folded" "${bedding[@]}"
+scat=(--depth depth "${bedding[@]}" --scenario samples/folded_well_scenario.txt)
+chart "$folded" scat scat "${scat[@]}"
+chart "$folded" scat-black scat "${scat[@]}" --background black
 echo "== $(basename "$folded"), crests and inflections"
 "$program" scat "$folded" --depth depth "${bedding[@]}"
 

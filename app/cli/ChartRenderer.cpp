@@ -5,6 +5,7 @@
 #include "DepthPlotRenderer.h"
 #include "HistogramRenderer.h"
 #include "RoseRenderer.h"
+#include "ScatRenderer.h"
 #include "StereonetRenderer.h"
 #include "TangentRenderer.h"
 #include "WoodcockRenderer.h"
@@ -15,7 +16,7 @@ const std::vector<ChartRenderer>& chartRenderers()
 {
     static const std::vector<ChartRenderer> vRenderers = {
         histogramRenderer(), barChartRenderer(), probabilityRenderer(), crossPlotRenderer(), depthPlotRenderer(),
-        stereonetRenderer(), tangentRenderer(),  roseRenderer(),        woodcockRenderer()};
+        stereonetRenderer(), tangentRenderer(),  roseRenderer(),        woodcockRenderer(),  scatRenderer()};
     return vRenderers;
 }
 

@@ -115,6 +115,23 @@ private slots:
         QVERIFY2(qContent.contains(QString::fromUtf8("Transverse Dip [°]").toUtf8()), qContent);
     }
 
+    void everyOptionChangesTheChart()
+    {
+        const QString sScenario = QStringLiteral(GK_SOURCE_DIR "/samples/folded_well_scenario.txt");
+        QList<QByteArray> lPictures;
+        for (const QStringList& lOptions : QList<QStringList>{{},
+                                                              {"--scenario", sScenario},
+                                                              {"--background", "black"},
+                                                              {"--t", "300", "--l", "220"},
+                                                              {"--t", "310", "--l", "230"}}) {
+            const QString sFile = path("chart.png");
+            QCOMPARE(render(QStringList{"--out", sFile, "--size", "500x400"} + lOptions).m_sMessage, QString());
+            const QByteArray qPicture = content(sFile);
+            QVERIFY2(!qPicture.isEmpty() && !lPictures.contains(qPicture), qPrintable(lOptions.join(' ')));
+            lPictures << qPicture;
+        }
+    }
+
     void exitStatus_data()
     {
         QTest::addColumn<QStringList>("arguments");
@@ -127,6 +144,10 @@ private slots:
         QTest::newRow("T in words") << lScat + g_lNames + QStringList{"--t", "north"} << 2 << "--t";
         QTest::newRow("empty path") << lScat + g_lNames + QStringList{"--out="} << 2 << "--out";
         QTest::newRow("into nowhere") << lScat + g_lNames + QStringList{"--out", path("no/x.csv")} << 1 << "written";
+        const QStringList lRender =
+            QStringList{"render", path("fold.csv"), "--chart", "scat", "--out", path("x.png")} + g_lNames;
+        QTest::newRow("no scenario") << lRender + QStringList{"--scenario", path("none.txt")} << 1 << "none.txt";
+        QTest::newRow("chart without T") << lRender + QStringList{"--rows", "1"} << 1 << "--t";
         const QStringList lStrike{"scat", path("strike.csv"), "--depth", "depth", "--dip"};
         QTest::newRow("strike for azimuth")
             << lStrike + QStringList{"dip", "--azimuth", "strike"} << 1 << "is a strike";
@@ -153,6 +174,11 @@ private:
     CommandResult scat(const QString& sFile, const QStringList& lOptions) const
     {
         return run(QStringList{"scat", m_folder.filePath(sFile)} + g_lNames + lOptions);
+    }
+
+    CommandResult render(const QStringList& lOptions) const
+    {
+        return run(QStringList{"render", path("fold.csv"), "--chart", "scat"} + g_lNames + lOptions);
     }
 
     static QJsonObject jsonOf(const CommandResult& result)
