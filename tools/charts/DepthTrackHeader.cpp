@@ -1,5 +1,7 @@
 #include "DepthTrackHeader.h"
 
+#include "ReadableColor.h"
+
 #include <QFontMetricsF>
 #include <QMouseEvent>
 #include <QPainter>
@@ -59,16 +61,18 @@ QString secondRow(const DepthTrackHeaderContent& content, const QPainter& painte
                                                                                               : content.m_sValue;
 }
 
-void drawSample(QPainter& painter, const QRectF& oRow, const DepthTrackHeaderContent& content)
+/// The colours are those that the track draws on black, which comes with light texts, or on white.
+void drawSample(QPainter& painter, const QRectF& oRow, const DepthTrackHeaderContent& content, const QColor& oTextColor)
 {
+    const QColor oBackground = oTextColor.lightnessF() > 0.5 ? Qt::black : Qt::white;
     const double dY = std::floor(oRow.center().y()) + 0.5;
     if (content.m_bLine) {
-        painter.setPen(QPen(content.m_oColor, content.m_iLineWidth + 1.0));
+        painter.setPen(QPen(readableColor(content.m_oColor, oBackground, oTextColor), content.m_iLineWidth + 1.0));
         painter.drawLine(QPointF(oRow.left(), dY), QPointF(oRow.right(), dY));
     }
     if (content.m_bPoints) {
         painter.setPen(Qt::NoPen);
-        painter.setBrush(content.m_oPointColor);
+        painter.setBrush(readableColor(content.m_oPointColor, oBackground, oTextColor));
         for (const double dShare : {0.1, 0.3, 0.5, 0.7, 0.9})
             painter.drawEllipse(QPointF(oRow.left() + dShare * oRow.width(), dY), g_dDot, g_dDot);
     }
@@ -119,7 +123,8 @@ void drawDepthTrackHeader(QPainter& painter, const QRectF& oRect, const DepthTra
     drawElided(painter, row(1), Qt::AlignHCenter, secondRow(content, painter, oInner.width()));
     painter.setFont(oFont);
     drawLimits(painter, row(2), content);
-    drawSample(painter, QRectF(oInner.left(), row(g_iTextRows).top(), oInner.width(), g_dLineRoom), content);
+    drawSample(painter, QRectF(oInner.left(), row(g_iTextRows).top(), oInner.width(), g_dLineRoom), content,
+               oTextColor);
     painter.restore();
 }
 
@@ -157,6 +162,7 @@ void DepthTrackHeader::setTextColor(const QColor& oColor)
 void DepthTrackHeader::setCurrent(bool bCurrent)
 {
     m_bCurrent = bCurrent;
+    setAccessibleDescription(bCurrent ? tr("Active") : QString());
     update();
 }
 

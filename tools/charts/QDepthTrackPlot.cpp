@@ -5,6 +5,7 @@
 #include "MissingValue.h"
 #include "PointBatch.h"
 #include "QRelationshipItemModel.h"
+#include "ReadableColor.h"
 #include "SeriesThinning.h"
 #include "SymbolGeometry.h"
 #include "UnitManager.h"
@@ -245,7 +246,8 @@ void QDepthTrackPlot::drawLine(QPainter& painter)
     const double dMargin = m_oTrack.m_oStyle.m_iLineWidth + 1.0;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, bVector || vPieces.size() <= g_iSmoothPieces);
-    painter.setPen(QPen(m_oTrack.color(), m_oTrack.m_oStyle.m_iLineWidth, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+    const QColor oColor = readableColor(m_oTrack.color(), backgroundColor(), labelColor());
+    painter.setPen(QPen(oColor, m_oTrack.m_oStyle.m_iLineWidth, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
     for (const DepthTrackPiece& piece : vPieces) {
         if (piece.m_dBottom >= dTop - dMargin && piece.m_dTop <= dBottom + dMargin)
             painter.drawPolyline(piece.m_oLine);

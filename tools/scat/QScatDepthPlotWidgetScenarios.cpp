@@ -1,5 +1,6 @@
 // The interpretation in the dipmeter window: gestures that edit lines, the orientation mode, scenarios and their files.
 
+#include "DepthLineFile.h"
 #include "QDepthTrackArea.h"
 #include "QDepthTrackPlot.h"
 #include "QRelationshipItemModel.h"
@@ -53,7 +54,7 @@ void QScatDepthPlotWidget::showLines()
     const DepthLineField* pLines = m_pScenarios->lines();
     const bool bLines = pLines && pLines->count() > 0;
     m_pqCreateMarkersButton->setEnabled(bLines);
-    m_pqDeleteMarkersButton->setEnabled(bLines);
+    m_pqDeleteMarkersButton->setEnabled(hasData()); // markers outlive their scenario
 }
 
 void QScatDepthPlotWidget::setCreationTypeOfTracks(int iType)
@@ -223,6 +224,12 @@ bool QScatDepthPlotWidget::saveScenario(int iScenario)
     }
     m_pScenarios->rename(iScenario, file.completeBaseName());
     slotSelectScenario(iScenario);
+    const QStringList lLost = depthLineNamesNotReadBack(*m_pScenarios->lines());
+    if (!lLost.isEmpty())
+        m_dialogs.m_fnWarn(this, tr("Save"),
+                           tr("%1\nThe file has no room for these names. It was written, but their lines will not be "
+                              "read back as they are:\n%2")
+                               .arg(sPath, lLost.join(QLatin1Char('\n'))));
     return true;
 }
 

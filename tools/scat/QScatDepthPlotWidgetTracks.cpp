@@ -230,10 +230,13 @@ void QScatDepthPlotWidget::changePointColor()
     editActiveTracks([&now](ScatTrackSettings& settings) { settings.m_oPointColor = now.m_oPointColor; });
 }
 
+/// Only lines are drawn again while the slider moves.
 void QScatDepthPlotWidget::slotDomainTransparency(int iPercent)
 {
-    editActiveTracks(
-        [iPercent](ScatTrackSettings& settings) { settings.m_iTransparency = std::clamp(iPercent, 0, 100); });
+    for (const int iTrack : m_viActiveTracks)
+        m_settings.m_aTracks[static_cast<std::size_t>(iTrack)].m_iTransparency = std::clamp(iPercent, 0, 100);
+    showTrackSettings();
+    applyLineLooks();
 }
 
 void QScatDepthPlotWidget::applySettings()
@@ -459,10 +462,13 @@ void QScatDepthPlotWidget::slotUpdateSelection(bool* pbSelection, int iLength)
 void QScatDepthPlotWidget::clearSelection()
 {
     QRelationshipItemModel* pModel = m_pqArea->model(DipTrack);
-    const bool bSelected = !selectedRecords().empty();
+    if (selectedRecords().empty())
+        return;
     setSelectedRecords({});
-    if (bSelected)
-        emit dataPointsSelection(pModel->selection(), pModel->numberOfPoints());
+    // What a host answers to no records is no orientation of a line.
+    const bool bOrientationMode = std::exchange(m_bOrientationMode, false);
+    emit dataPointsSelection(pModel->selection(), pModel->numberOfPoints());
+    m_bOrientationMode = bOrientationMode;
 }
 
 void QScatDepthPlotWidget::updateSelectionFrom(int iTrack, bool* pbSelection, int iLength)
