@@ -73,7 +73,7 @@ private slots:
     void nothingPlain_data();
     void nothingPlain();
     void outliersAreNoEvents();
-    void flatTopsHaveTheirEventInTheMiddle();
+    void flatStretchesHaveOneEvent();
 };
 
 void tst_TransverseDip::directionsOfFold()
@@ -228,7 +228,7 @@ void tst_TransverseDip::outliersAreNoEvents()
     QVERIFY(oEvents.m_vdCrests.empty() && oEvents.m_vdInflections.empty());
 }
 
-void tst_TransverseDip::flatTopsHaveTheirEventInTheMiddle()
+void tst_TransverseDip::flatStretchesHaveOneEvent()
 {
     // A kink fold of straight limbs, its hinge a stretch of horizontal beds; then a terrace.
     std::vector<double> vdDepths;
@@ -246,6 +246,10 @@ void tst_TransverseDip::flatTopsHaveTheirEventInTheMiddle()
     const TransverseDipEvents oEvents = transverseDipEvents(vdDepths, vdDips);
     QVERIFY(isNear(oEvents.m_vdCrests, {160}, 0.5));
     QVERIFY(isNear(oEvents.m_vdInflections, {99.5, 220.5, 300.5, 380.5}, 0.5));
+    // A hinge that wavers about 0: most of it dips as the limb above.
+    const std::vector<double> vdWavering{20, -1, 1.2, 1.3, 1.2, -20};
+    const TransverseDipEvents oHinge = transverseDipEvents(std::vector<double>{0, 10, 20, 30, 40, 50}, vdWavering);
+    QVERIFY(isNear(oHinge.m_vdCrests, {40.0 + 12.0 / 21.2}, 1e-9));
 }
 
 QTEST_APPLESS_MAIN(tst_TransverseDip)
