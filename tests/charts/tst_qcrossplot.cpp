@@ -9,6 +9,7 @@
 #include <gkBase/UnitManager.h>
 
 #include <QCoreApplication>
+#include <QHelpEvent>
 #include <QImage>
 #include <QKeyEvent>
 #include <QMenu>
@@ -16,6 +17,7 @@
 #include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 #include <cmath>
 #include <memory>
@@ -396,10 +398,16 @@ void TestQCrossPlot::draggedLinesKeepTheirDistances()
     QCOMPARE(tops.selectedLines(), (std::vector<int>{0, 1}));
     if (receiver)
         QCOMPARE(pReceiver->m_lLog.mid(3), (QStringList{"pick 0 1", "move 25.0836", "stop"}));
-    // One pixel up.
-    QKeyEvent nudge(QEvent::KeyPress, Qt::Key_Up, Qt::AltModifier);
-    QCoreApplication::sendEvent(&plot.m_plot, &nudge);
-    QVERIFY(std::abs(tops.lineDepths()[1] - (35.5 + dMoved + 100.0 / 299.0)) < 1e-9);
+    // A key that is held moves once, a pixel at a time.
+    for (const bool bRepeated : {false, true, true}) {
+        QKeyEvent nudge(QEvent::KeyPress, Qt::Key_Up, Qt::AltModifier, QString(), bRepeated);
+        QCoreApplication::sendEvent(&plot.m_plot, &nudge);
+    }
+    QVERIFY(std::abs(tops.lineDepths()[1] - (35.5 + dMoved + 300.0 / 299.0)) < 1e-9);
+    QKeyEvent release(QEvent::KeyRelease, Qt::Key_Up, Qt::AltModifier);
+    QCoreApplication::sendEvent(&plot.m_plot, &release);
+    if (receiver)
+        QCOMPARE(pReceiver->m_lLog.mid(6), (QStringList{"move 1.00334", "stop"}));
 }
 
 void TestQCrossPlot::onlyAHeldButtonMovesLines()
@@ -470,8 +478,13 @@ void TestQCrossPlot::picksReplaceAddAndReduce()
     QCOMPARE(click(40.0, {}, Qt::RightButton), (std::vector<int>{0, 3}));
     QCOMPARE(plot.m_model.selectedRecords(), std::vector<int>{3});
     // Who hears of cleared points and unpicks the lines for that leaves the new pick.
-    connect(&plot.m_plot, &QCrossPlot::dataPointsSelection, this, [&tops] { tops.deselectAll(); });
+    int iTold = 0;
+    connect(&plot.m_plot, &QCrossPlot::dataPointsSelection, this, [&] {
+        ++iTold;
+        tops.deselectAll();
+    });
     QCOMPARE(click(60.0), std::vector<int>{1});
+    QCOMPARE(iTold, 1);
 
     QSignalSpy deleted(&plot.m_plot, &QCrossPlot::sendDeleteSelectedUpdate);
     pressKey(plot.m_plot, Qt::Key_Delete);
@@ -504,8 +517,17 @@ void TestQCrossPlot::gripsAreReachable()
     const double dBefore = tops.lineDepths()[static_cast<std::size_t>(iLine)];
     drag(plot.m_plot, {oGrip, oGrip + QPointF(0.0, 29.9)});
     QVERIFY(std::abs(tops.lineDepths()[static_cast<std::size_t>(iLine)] - (dBefore - 10.0)) < 1e-9);
-    plot.m_plot.setStructuralTopsMovable(false);
-    QCOMPARE(plot.m_plot.lineAt(plot.m_plot.lineHandles().front().second.center()), -1);
+    // What a press would take shows at the cursor and in the tip, as long as it is there.
+    const QPointF oHovered = plot.m_plot.lineHandles().front().second.center();
+    const Qt::CursorShape eShape = plot.m_plot.cursor().shape();
+    send(plot.m_plot, QEvent::MouseMove, oHovered, Qt::NoButton);
+    QCOMPARE(plot.m_plot.cursor().shape(), Qt::SizeVerCursor);
+    QHelpEvent help(QEvent::ToolTip, oHovered.toPoint(), plot.m_plot.mapToGlobal(oHovered.toPoint()));
+    QCoreApplication::sendEvent(&plot.m_plot, &help);
+    QVERIFY(QToolTip::text().startsWith(QStringLiteral("Horizon<br>Top<br>Density: 50.5")));
+    tops.clearAll();
+    plot.m_plot.updateLines();
+    QCOMPARE(plot.m_plot.cursor().shape(), eShape);
 }
 
 void TestQCrossPlot::boundariesAreRemovedByPress()

@@ -164,6 +164,9 @@ protected:
     /// Delete asks to delete the picked lines, Alt with Up or Down moves them by one pixel, with Shift by ten. Escape
     /// gives up an outline and brings the selection back, or gives up the move of lines.
     void keyPressEvent(QKeyEvent* pEvent) override;
+    /// A key that was held moved the lines once.
+    void keyReleaseEvent(QKeyEvent* pEvent) override;
+    void focusOutEvent(QFocusEvent* pEvent) override;
     void leaveEvent(QEvent* pEvent) override;
     /// No menu opens during a gesture, whose release it would take.
     void contextMenuEvent(QContextMenuEvent* pEvent) override;

@@ -198,8 +198,8 @@ void QCrossPlot::nudgeLines(int iPixels)
     if (gestureIsUnderWay() || !oY.hasLength()) {
         return;
     }
+    m_bTopsMoved = true;
     shiftLines({0.0, oY.toValue(iPixels) - oY.toValue(0.0)});
-    emit sendMoveSelectedUpdateStop();
 }
 
 void QCrossPlot::endLineGesture(bool bReleased)

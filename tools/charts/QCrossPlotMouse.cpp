@@ -51,6 +51,7 @@ void QCrossPlot::mousePressEvent(QMouseEvent* pEvent)
     if (gestureIsUnderWay()) {
         giveUpGesture();
     }
+    endLineGesture(false); // of a key that is held
     m_eButton = pEvent->button();
     if (m_oSelectionGesture.begin(model(), pEvent->modifiers())) {
         scheduleRedraw();
@@ -187,6 +188,22 @@ void QCrossPlot::keyPressEvent(QKeyEvent* pEvent)
     } else {
         QChartDrawingArea::keyPressEvent(pEvent);
     }
+}
+
+void QCrossPlot::keyReleaseEvent(QKeyEvent* pEvent)
+{
+    if (!pEvent->isAutoRepeat() && !gestureIsUnderWay()) {
+        endLineGesture(false);
+    }
+    QChartDrawingArea::keyReleaseEvent(pEvent);
+}
+
+void QCrossPlot::focusOutEvent(QFocusEvent* pEvent)
+{
+    if (!gestureIsUnderWay()) {
+        endLineGesture(false); // the key is released elsewhere
+    }
+    QChartDrawingArea::focusOutEvent(pEvent);
 }
 
 void QCrossPlot::contextMenuEvent(QContextMenuEvent* pEvent)
