@@ -60,13 +60,24 @@ void DepthLineField::setName(const QString& sName)
     m_sName = sName;
 }
 
+DepthLineField::Line DepthLineField::line(int iLine) const
+{
+    if (!contains(iLine))
+        return {};
+    const auto i = static_cast<std::size_t>(iLine);
+    return {m_vdDepths[i],       m_vdX[i],
+            m_vsNames[i],        m_voColors[i],
+            m_veTypes[i],        m_voOrientations[i],
+            m_viOriginalRows[i], m_vbDepthChanged[i],
+            m_vbSelected[i]};
+}
+
 std::vector<DepthLineField::Line> DepthLineField::lines() const
 {
     std::vector<Line> vLines;
     vLines.reserve(m_vdDepths.size());
-    for (std::size_t i = 0; i < m_vdDepths.size(); ++i)
-        vLines.push_back({m_vdDepths[i], m_vdX[i], m_vsNames[i], m_voColors[i], m_veTypes[i], m_voOrientations[i],
-                          m_viOriginalRows[i], m_vbDepthChanged[i], m_vbSelected[i]});
+    for (int i = 0; i < count(); ++i)
+        vLines.push_back(line(i));
     return vLines;
 }
 

@@ -82,6 +82,8 @@ public:
     const std::vector<int>& originalRowPos() const { return m_viOriginalRows; }
     /// True for a line whose depth changed since it was inserted.
     const std::vector<bool>& originalDepthChanged() const { return m_vbDepthChanged; }
+    /// The line of that number; a default one for a number that is none.
+    Line line(int iLine) const;
     /// All lines in the order of insertion, to be kept and put back.
     std::vector<Line> lines() const;
     /// Exactly these lines.
