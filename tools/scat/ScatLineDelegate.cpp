@@ -15,9 +15,10 @@ namespace gkBase {
 
 namespace {
 
-constexpr int g_iSampleWidth = 30;
+constexpr int g_iSampleWidth = 28;
 constexpr int g_iSwatchWidth = 24;
 constexpr int g_iMargin = 3;
+constexpr int g_iNarrowestEditor = 96;
 
 QStringList typeNames()
 {
@@ -29,11 +30,13 @@ QStringList typeNames()
 }
 
 /// A piece of the line on the ground of the list, also in a selected row.
-void drawSample(QPainter& painter, const DepthLineField::Line& line, const QRect& oRect, const QPalette& palette)
+void drawSample(QPainter& painter, const DepthLineField::Line& line, const QRect& oRect,
+                const QStyleOptionViewItem& option)
 {
+    const bool bAlternate = option.features.testFlag(QStyleOptionViewItem::Alternate);
     CrossPlotStyle style;
-    style.m_oBackground = palette.color(QPalette::Base);
-    style.m_oLabel = palette.color(QPalette::Text);
+    style.m_oBackground = option.palette.color(bAlternate ? QPalette::AlternateBase : QPalette::Base);
+    style.m_oLabel = option.palette.color(QPalette::Text);
     CrossPlotDepthLine sample;
     sample.m_eType = line.m_eType;
     sample.m_oColor = line.m_oColor;
@@ -44,6 +47,12 @@ void drawSample(QPainter& painter, const DepthLineField::Line& line, const QRect
     painter.fillRect(oRect, style.m_oBackground);
     painter.translate(oRect.topLeft());
     drawCrossPlotDepthLines(painter, std::array{sample}, -2, QRect(QPoint(0, 0), oRect.size()), style);
+}
+
+/// Sample and text with the margins that styles put around them.
+int columnWidth(const QFontMetrics& metrics, const QString& sText)
+{
+    return g_iSampleWidth + metrics.horizontalAdvance(sText) + 5 * g_iMargin;
 }
 
 void drawSwatch(QPainter& painter, const QColor& oColor, const QRect& oCell, const QColor& oFrame)
@@ -63,12 +72,24 @@ ScatLineDelegate::ScatLineDelegate(QObject* pqParent)
 {
 }
 
+int ScatLineDelegate::letterColumnWidth(const QFontMetrics& metrics)
+{
+    return columnWidth(metrics, QStringLiteral("M"));
+}
+
+int ScatLineDelegate::colorColumnWidth()
+{
+    return g_iSwatchWidth + 2 * g_iMargin;
+}
+
 void ScatLineDelegate::initStyleOption(QStyleOptionViewItem* pOption, const QModelIndex& index) const
 {
     QComboBoxItemDelegate::initStyleOption(pOption, index);
     pOption->textElideMode = Qt::ElideRight;
     if (index.column() != ScatLineModel::TypeColumn)
         return;
+    if (pOption->rect.width() < columnWidth(pOption->fontMetrics, pOption->text))
+        pOption->text = lineTypeLetter(DepthLineField::type(index.data(Qt::EditRole).toString()));
     // Keeps the place for the sample.
     pOption->features |= QStyleOptionViewItem::HasDecoration;
     pOption->decorationSize = QSize(g_iSampleWidth, pOption->fontMetrics.height());
@@ -93,7 +114,7 @@ void ScatLineDelegate::paint(QPainter* pPainter, const QStyleOptionViewItem& opt
         initStyleOption(&cell, index);
         const QStyle* pqStyle = cell.widget ? cell.widget->style() : QApplication::style();
         drawSample(*pPainter, line, pqStyle->subElementRect(QStyle::SE_ItemViewItemDecoration, &cell, cell.widget),
-                   option.palette);
+                   cell);
     }
 }
 
@@ -129,13 +150,14 @@ void ScatLineDelegate::setModelData(QWidget* pqEditor, QAbstractItemModel* pqMod
 void ScatLineDelegate::updateEditorGeometry(QWidget* pqEditor, const QStyleOptionViewItem& option,
                                             const QModelIndex& index) const
 {
-    QComboBoxItemDelegate::updateEditorGeometry(pqEditor, option, index);
-    // A text needs more room than a narrow cell has.
-    QRect oRect = pqEditor->geometry();
-    oRect.setWidth(std::max(oRect.width(), pqEditor->sizeHint().width()));
-    const QRect oParent = pqEditor->parentWidget() ? pqEditor->parentWidget()->rect() : oRect;
-    oRect.moveRight(std::min(oRect.right(), oParent.right()));
-    oRect.setLeft(std::max(oRect.left(), oParent.left()));
+    // Narrow columns show less than what is edited; numbers keep their right edge.
+    QRect oRect = option.rect;
+    const bool bType = index.column() == ScatLineModel::TypeColumn;
+    const int iWidth = std::max(oRect.width(), bType ? pqEditor->sizeHint().width() : g_iNarrowestEditor);
+    if (index.column() == ScatLineModel::DepthColumn || index.column() == ScatLineModel::OrientationColumn)
+        oRect.setLeft(oRect.right() + 1 - iWidth);
+    else
+        oRect.setWidth(iWidth);
     pqEditor->setGeometry(oRect);
 }
 

@@ -13,6 +13,10 @@ class ScatLineDelegate : public QComboBoxItemDelegate
 public:
     explicit ScatLineDelegate(QObject* pqParent = nullptr);
 
+    /// The width of a column of types by their letters, and of one of colours.
+    static int letterColumnWidth(const QFontMetrics& metrics);
+    static int colorColumnWidth();
+
     void paint(QPainter* pPainter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     QWidget* createEditor(QWidget* pqParent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;

@@ -12,6 +12,7 @@
 #include <QInputDialog>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QResizeEvent>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -21,8 +22,7 @@ namespace gkBase {
 namespace {
 
 constexpr int g_iRowPadding = 6;
-constexpr int g_iColumnPadding = 4;
-constexpr int g_iNarrowestName = 64;
+constexpr int g_iNarrowestName = 90;
 constexpr QSize g_oSizeHint(340, 240);
 
 } // namespace
@@ -43,6 +43,7 @@ ScatLineList::ScatLineList(ScatScenarios* pqScenarios, QWidget* pqParent)
     setUpActions();
     // After the model, which hears of changes first.
     connect(m_pqModel, &QAbstractItemModel::modelReset, this, &ScatLineList::fitColumns);
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &ScatLineList::pickSelected);
     connect(this, &QTableView::doubleClicked, this, &ScatLineList::goToDepth);
     if (pqScenarios) {
         connect(pqScenarios, &ScatScenarios::activeChanged, this, &ScatLineList::showPicks);
@@ -69,7 +70,8 @@ void ScatLineList::setUpView()
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setMinimumSectionSize(g_iColumnPadding * 6);
+    horizontalHeader()->setMinimumSectionSize(ScatLineDelegate::colorColumnWidth());
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setSectionResizeMode(ScatLineModel::NameColumn, QHeaderView::Stretch);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
@@ -100,9 +102,23 @@ QSize ScatLineList::sizeHint() const
 void ScatLineList::fitColumns()
 {
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + g_iRowPadding);
-    for (const int iColumn : {ScatLineModel::TypeColumn, ScatLineModel::DepthColumn, ScatLineModel::OrientationColumn,
-                              ScatLineModel::ColorColumn})
+    for (const int iColumn : {ScatLineModel::TypeColumn, ScatLineModel::DepthColumn, ScatLineModel::OrientationColumn})
         resizeColumnToContents(iColumn);
+    setColumnWidth(ScatLineModel::ColorColumn, ScatLineDelegate::colorColumnWidth());
+    int iName = viewport()->width();
+    for (int iColumn = ScatLineModel::TypeColumn; iColumn < ScatLineModel::ColumnCount; ++iColumn)
+        iName -= columnWidth(iColumn);
+    if (iName < g_iNarrowestName)
+        setColumnWidth(ScatLineModel::TypeColumn,
+                       std::max(ScatLineDelegate::letterColumnWidth(fontMetrics()),
+                                horizontalHeader()->sectionSizeHint(ScatLineModel::TypeColumn)));
+}
+
+void ScatLineList::resizeEvent(QResizeEvent* pEvent)
+{
+    QTableView::resizeEvent(pEvent);
+    if (pEvent->size().width() != pEvent->oldSize().width())
+        fitColumns();
 }
 
 void ScatLineList::changeEvent(QEvent* pEvent)
@@ -163,9 +179,8 @@ void ScatLineList::showPicks()
     updateActions();
 }
 
-void ScatLineList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
+void ScatLineList::pickSelected()
 {
-    QTableView::selectionChanged(selected, deselected);
     // A drag goes on while rows change their order; only what the user selects is a pick.
     if (m_bShowingPicks || !m_pqScenarios || selectedLines() == pickedLines())
         return;
@@ -192,7 +207,7 @@ void ScatLineList::keyPressEvent(QKeyEvent* pEvent)
 {
     const bool bEnter = pEvent->key() == Qt::Key_Return || pEvent->key() == Qt::Key_Enter;
     if (bEnter && state() != EditingState && currentIndex().isValid())
-        QTableView::edit(currentIndex());
+        edit(currentIndex());
     else
         QTableView::keyPressEvent(pEvent);
 }

@@ -30,6 +30,7 @@ public:
     /// QColorDialog at first.
     void setColorChooser(ColorButton::ColorChooser fnChooser) { m_fnChooseColor = std::move(fnChooser); }
 
+    using QTableView::edit;
     QSize sizeHint() const override;
 
 signals:
@@ -41,7 +42,7 @@ protected:
     void keyPressEvent(QKeyEvent* pEvent) override;
     void paintEvent(QPaintEvent* pEvent) override;
     void changeEvent(QEvent* pEvent) override;
-    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    void resizeEvent(QResizeEvent* pEvent) override;
 
 private:
     void setUpView();
@@ -50,6 +51,7 @@ private:
     std::vector<int> selectedLines() const;
     std::vector<int> pickedLines() const;
     void showPicks();
+    void pickSelected();
     void updateActions();
     void goToDepth(const QModelIndex& index);
     void renamePicked();

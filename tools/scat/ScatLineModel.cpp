@@ -1,9 +1,9 @@
 #include "ScatLineModel.h"
 
+#include "CrossPlotGeometry.h"
 #include "MatrixData.h"
 #include "MissingValue.h"
 #include "NumberWithUnit.h"
-#include "OrientationText.h"
 #include "ScatScenarios.h"
 #include "UnitManager.h"
 #include "UnitText.h"
@@ -23,11 +23,6 @@ using Line = DepthLineField::Line;
 constexpr double g_dSteepestDip = 90.0;
 constexpr double g_dFullCircle = 360.0;
 const QPointF g_oNoOrientation(-1.0, -1.0);
-
-bool hasOrientation(const Line& line)
-{
-    return line.m_oOrientation.x() >= 0.0 && line.m_oOrientation.y() >= 0.0;
-}
 
 /// "Crestal" for "Crestal Plane".
 QString shortType(DepthLineField::DataType eType)
@@ -192,9 +187,7 @@ QString ScatLineModel::shownText(const Line& line, int iColumn) const
     case DepthColumn:
         return m_oDepth ? displayNumber(m_oDepth.get(), line.m_dDepth) : QString::number(line.m_dDepth, 'f', 2);
     case OrientationColumn:
-        return hasOrientation(line)
-                   ? planeText({line.m_oOrientation.x(), line.m_oOrientation.y()}, OrientationConvention::DipAzimuth)
-                   : QString();
+        return lineOrientationText(line.m_oOrientation);
     default:
         return {};
     }
@@ -208,9 +201,9 @@ QString ScatLineModel::editedText(const Line& line, int iColumn) const
     case DepthColumn:
         return exactNumber(m_oDepth ? m_oDepth->unitManager()->convertModelToDisplay(line.m_dDepth) : line.m_dDepth);
     case OrientationColumn:
-        return hasOrientation(line)
-                   ? exactNumber(line.m_oOrientation.x()) + QLatin1Char('/') + exactNumber(line.m_oOrientation.y())
-                   : QString();
+        return lineOrientationText(line.m_oOrientation).isEmpty()
+                   ? QString()
+                   : exactNumber(line.m_oOrientation.x()) + QLatin1Char('/') + exactNumber(line.m_oOrientation.y());
     case ColorColumn:
         return MatrixData::colorHexaString(line.m_oColor);
     default:
@@ -223,8 +216,8 @@ QString ScatLineModel::toolTip(const Line& line, int iColumn) const
     const QString sUnit = displayUnit(m_oDepth.get());
     const QString sDepth = (shownText(line, DepthColumn) + QLatin1Char(' ') + sUnit).trimmed();
     QString sLine = tr("%1, %2 at %3").arg(line.m_sName, DepthLineField::type(line.m_eType), sDepth);
-    if (hasOrientation(line))
-        sLine += QStringLiteral(", ") + shownText(line, OrientationColumn);
+    if (const QString sOrientation = editedText(line, OrientationColumn); !sOrientation.isEmpty())
+        sLine += QStringLiteral(", ") + sOrientation;
     if (iColumn == ColorColumn)
         sLine += QStringLiteral(", ") + editedText(line, ColorColumn);
     // Names come from files and are no rich text.
@@ -308,12 +301,12 @@ QVariant ScatLineModel::headerData(int iSection, Qt::Orientation eOrientation, i
 {
     if (eOrientation != Qt::Horizontal || iSection < 0 || iSection >= ColumnCount)
         return {};
-    const std::array<QString, ColumnCount> vTitles = {tr("Name"), tr("Type"), tr("Depth"), tr("Dip/Azi"), tr("Colour")};
+    const std::array<QString, ColumnCount> vTitles = {tr("Name"), tr("Type"), tr("Depth"), tr("Dip/Azi"), QString()};
     const std::array<QString, ColumnCount> vToolTips = {
         tr("Name"), tr("Type of the line, with its look on the tracks"), tr("Depth"),
         tr("Dip and dip azimuth in degrees, for example 30/120"), tr("Colour")};
     const auto i = static_cast<std::size_t>(iSection);
-    if (iRole == Qt::ToolTipRole)
+    if (iRole == Qt::ToolTipRole || iRole == Qt::AccessibleTextRole)
         return vToolTips[i];
     if (iRole == Qt::TextAlignmentRole && (iSection == DepthColumn || iSection == OrientationColumn))
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);

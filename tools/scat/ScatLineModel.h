@@ -25,8 +25,8 @@ public:
         NameColumn,
         TypeColumn,        ///< edited as the text of DepthLineField::type()
         DepthColumn,       ///< in display units; another unit may follow the number
-        OrientationColumn, ///< "30.0/120.0", dip and dip azimuth; empty for none
-        ColorColumn,       ///< shown by the delegate; edited as a colour or its name
+        OrientationColumn, ///< dip and dip azimuth, "30/120"; empty for none
+        ColorColumn,       ///< shown by the delegate only; edited as a colour or its name
         ColumnCount
     };
 
