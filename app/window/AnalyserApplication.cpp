@@ -73,6 +73,19 @@ QList<ScatWindow*> AnalyserApplication::scatWindows(const AnalyserWindow* pqAnal
     return lpWindows;
 }
 
+void AnalyserApplication::quit()
+{
+    for (const Scat& scat : std::as_const(m_lScatWindows))
+        if (scat.m_pqWindow && !scat.m_pqWindow->canClose())
+            return;
+    m_lWindows.removeAll(QPointer<AnalyserWindow>());
+    if (!m_lWindows.isEmpty() && !m_lWindows.constFirst()->mayLoseEdits())
+        return;
+    for (const QPointer<AnalyserWindow>& pqWindow : std::as_const(m_lWindows))
+        if (pqWindow)
+            pqWindow->closeUnasked();
+}
+
 void AnalyserApplication::listWindows(QMenu* pqMenu, const QWidget* pqCurrent) const
 {
     const auto add = [pqMenu, pqCurrent](QWidget* pqWindow, const QString& sText) {

@@ -35,6 +35,8 @@ public:
     ScatWindow* newScatWindow(AnalyserWindow* pqAnalyser);
     /// The open dipmeter windows of an analyser's window.
     QList<ScatWindow*> scatWindows(const AnalyserWindow* pqAnalyser) const;
+    /// Closes all windows, once the user has answered for everything that would be lost; refusing keeps all of them.
+    void quit();
     /// Appends an action for every window to a menu; it brings the window to the front.
     void listWindows(QMenu* pqMenu, const QWidget* pqCurrent) const;
 

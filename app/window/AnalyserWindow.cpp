@@ -104,7 +104,7 @@ void AnalyserWindow::createFileMenu()
     m_pqPrintAction = pqMenu->addAction(tr("&Print Chart…"), QKeySequence::Print, this, &AnalyserWindow::printChart);
     pqMenu->addSeparator();
     pqMenu->addAction(tr("&Close Window"), QKeySequence::Close, this, &QWidget::close);
-    pqMenu->addAction(tr("&Quit"), QKeySequence::Quit, qApp, &QApplication::closeAllWindows);
+    pqMenu->addAction(tr("&Quit"), QKeySequence::Quit, m_pApplication, &AnalyserApplication::quit);
     connect(pqMenu, &QMenu::aboutToShow, this, [this] {
         m_pqReportAction->setEnabled(!m_pApplication->document()->reports().empty());
         m_pqRecentMenu->setEnabled(!m_pApplication->recentFiles().isEmpty());
@@ -353,11 +353,7 @@ void AnalyserWindow::updateUndoActions()
 
 bool AnalyserWindow::mayLoseEdits()
 {
-    Document* pDocument = m_pApplication->document();
-    int iWindows = 0;
-    for (const QPointer<AnalyserWindow>& pqWindow : m_pApplication->windows())
-        iWindows += pqWindow && pqWindow->isVisible();
-    if (iWindows > 1 || !pDocument->isModified())
+    if (!m_pApplication->document()->isModified())
         return true;
     const auto eAnswer =
         QMessageBox::question(this, tr("gkanalyser"), tr("The data have been edited. Save them before closing?"),
@@ -367,17 +363,27 @@ bool AnalyserWindow::mayLoseEdits()
     return eAnswer == QMessageBox::Discard;
 }
 
-bool AnalyserWindow::mayCloseScatWindows()
+bool AnalyserWindow::canClose()
 {
     for (ScatWindow* pqScat : m_pApplication->scatWindows(this))
         if (!pqScat->canClose())
             return false;
-    return true;
+    // The data stay open in another window.
+    int iWindows = 0;
+    for (const QPointer<AnalyserWindow>& pqWindow : m_pApplication->windows())
+        iWindows += pqWindow && pqWindow->isVisible();
+    return iWindows > 1 || mayLoseEdits();
+}
+
+void AnalyserWindow::closeUnasked()
+{
+    m_bAsked = true;
+    close();
 }
 
 void AnalyserWindow::closeEvent(QCloseEvent* pEvent)
 {
-    if (!mayCloseScatWindows() || !mayLoseEdits()) {
+    if (!m_bAsked && !canClose()) {
         pEvent->ignore();
         return;
     }

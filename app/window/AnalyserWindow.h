@@ -24,6 +24,10 @@ public:
     ~AnalyserWindow() override;
 
     gkBase::QDataAnalyserDialog* analyser() const { return m_pqAnalyser; }
+    /// Asks what becomes of unsaved edits of the data; false when the user wants to keep them open.
+    bool mayLoseEdits();
+    /// Closes the window, and its dipmeter windows, without a question.
+    void closeUnasked();
 
 protected:
     void closeEvent(QCloseEvent* pEvent) override;
@@ -50,13 +54,11 @@ private:
     bool chartIsShown();
     void showReport();
     void openScatWindow();
-    /// Asks what becomes of the interpretations in the dipmeter windows; false keeps the windows open.
-    bool mayCloseScatWindows();
+    /// Asks what becomes of whatever closing this window would lose; false keeps it open.
+    bool canClose();
     void showOpened(const QString& sPath);
     void updateTitle();
     void updateUndoActions();
-    /// Asks what becomes of unsaved edits; false keeps the window open.
-    bool mayLoseEdits();
 
     AnalyserApplication* m_pApplication; ///< not owned
     gkBase::QDataAnalyserDialog* m_pqAnalyser;
@@ -69,6 +71,7 @@ private:
     QAction* m_pqExportAction = nullptr;
     QAction* m_pqPrintAction = nullptr;
     QAction* m_pqReportAction = nullptr;
+    bool m_bAsked = false;
 };
 
 } // namespace gkHost

@@ -99,6 +99,7 @@ void ScatWindow::createMenus(const AnalyserWindow* pqAnalyser)
     pqFile->addAction(tr("&Print Chart…"), QKeySequence::Print, this, &ScatWindow::printChart);
     pqFile->addSeparator();
     pqFile->addAction(tr("&Close"), QKeySequence::Close, this, &QWidget::close);
+    pqFile->addAction(tr("&Quit"), QKeySequence::Quit, m_pApplication, &AnalyserApplication::quit);
 
     QMenu* pqEdit = menuBar()->addMenu(tr("&Edit"));
     pqEdit->addAction(m_pqPanel->undoAction());

@@ -25,6 +25,9 @@
 #include <QTimer>
 #include <QUrl>
 
+#include <functional>
+#include <vector>
+
 using namespace gkHost;
 
 class tst_AnalyserWindow : public QObject
@@ -154,12 +157,22 @@ private slots:
         pqScat->panel()->scenarios()->insert(gkBase::DepthLineField::Fault, {0.0, 1150.0}, QStringLiteral("Fault0"),
                                              Qt::gray, 0.0);
         QVERIFY(pqScat->isWindowModified());
-        for (QWidget* pqClosed : {static_cast<QWidget*>(pqScat), static_cast<QWidget*>(m_pqWindow)}) {
+        const std::vector<std::function<void()>> vfnClose{
+            [&pqScat] { pqScat->close(); }, [this] { m_pqWindow->close(); }, [this] { m_pApplication->quit(); }};
+        for (const auto& fnClose : vfnClose) {
             m_bAsked = false;
             answerQuestion(QMessageBox::Cancel);
-            pqClosed->close();
+            fnClose();
             QVERIFY(m_bAsked && pqScat->isVisible() && m_pqWindow->isVisible());
         }
+        // Whoever refuses the second question while quitting keeps what the first was about.
+        emit pqScat->panel()->createWellMarkers();
+        answerQuestion(QMessageBox::No);
+        answerLater(QMessageBox::Cancel);
+        m_pApplication->quit();
+        QVERIFY(pqScat->isVisible() && m_pqWindow->isVisible());
+        document()->undo();
+
         m_bAsked = false;
         answerQuestion(QMessageBox::No);
         m_pqWindow->close(); // both go, asked once
@@ -250,6 +263,12 @@ private:
                 pqBox->button(eAnswer)->click();
             }
         });
+    }
+
+    /// Answers the question that follows the one that answerQuestion() answers.
+    void answerLater(QMessageBox::StandardButton eAnswer)
+    {
+        QTimer::singleShot(0, this, [this, eAnswer] { answerQuestion(eAnswer); });
     }
 
     QTemporaryDir m_folder;
