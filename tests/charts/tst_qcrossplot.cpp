@@ -172,7 +172,6 @@ class TestQCrossPlot : public QObject
 private slots:
     void cornersMapToCorners_data();
     void cornersMapToCorners();
-    void manyPointsMapAsOne();
     void outlineSelectsWhatLiesInside_data();
     void outlineSelectsWhatLiesInside();
     void modifiersAndButtons_data();
@@ -224,17 +223,6 @@ void TestQCrossPlot::cornersMapToCorners()
     QTEST(plot.transformInPixelPoint(b), "pixelOfB");
     const QPointF oBack = plot.transformInDataPoint(plot.transformInPixelPoint({20.0, 4.0}));
     QVERIFY(oBack == QPointF(20.0, 4.0) || size.width() == 1 || a.x() == b.x());
-}
-
-void TestQCrossPlot::manyPointsMapAsOne()
-{
-    Plot plot;
-    plot.m_plot.zoom(3.0);
-    const std::vector<QPointF>& voPixels = plot.m_plot.pointPixels();
-    QCOMPARE(int(voPixels.size()), plot.m_model.numberOfPoints());
-    QVERIFY(std::isnan(voPixels[5].x()) || std::isnan(voPixels[5].y()));
-    for (std::size_t i = 6; i < voPixels.size(); ++i)
-        QCOMPARE(voPixels[i], plot.m_plot.transformInPixelPoint({plot.m_model.x()[i], plot.m_model.y()[i]}));
 }
 
 void TestQCrossPlot::outlineSelectsWhatLiesInside_data()
