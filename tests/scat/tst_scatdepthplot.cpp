@@ -249,12 +249,18 @@ void TestScatDepthPlot::everyEditShowsOnFourTracks()
     };
     QCOMPARE(panel.lines(0).lineNames(), (std::vector<QString>{QStringLiteral("Bed"), QStringLiteral("Bed")}));
     QVERIFY(onAllTracks());
+    panel.show();
+    QVERIFY(QTest::qWaitForWindowActive(&panel));
     for (int iLeft = 6; iLeft > 0; --iLeft) {
-        panel.undoAction()->trigger();
+        QTest::keyClick(&panel, Qt::Key_Z, Qt::ControlModifier);
         QVERIFY(onAllTracks());
     }
     QCOMPARE(panel.lines(0).count(), 0);
     QVERIFY(!panel.scenarios()->isModified(0));
+    QTest::keyClick(&panel, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    QTest::keyClick(&panel, Qt::Key_Y, Qt::ControlModifier);
+    QCOMPARE(panel.lines(2).count(), 2);
+    QVERIFY(onAllTracks());
 }
 
 void TestScatDepthPlot::draggedLinesKeepTheirDistances()

@@ -91,6 +91,12 @@ void QChartDrawingArea::contextMenuEvent(QContextMenuEvent* pEvent)
     menu.addAction(m_pqCopyAction);
     menu.addAction(m_pqCopyMetafileAction);
     addToContextMenuEvent(&menu);
+    QList<QAction*> lpqOfPanel = actions();
+    lpqOfPanel.removeOne(m_pqCopyAction);
+    lpqOfPanel.removeOne(m_pqCopyMetafileAction);
+    if (!lpqOfPanel.isEmpty())
+        menu.addSeparator();
+    menu.addActions(lpqOfPanel);
     menu.setDefaultAction(m_pqCopyAction);
     menu.exec(pEvent->globalPos());
 }
