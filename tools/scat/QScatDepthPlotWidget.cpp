@@ -133,13 +133,9 @@ void QScatDepthPlotWidget::initializeDataSet()
         proposeDirections();
     rotateBoth();
     applySampling();
-    for (int iTrack = 0; iTrack < NumberOfTracks; ++iTrack)
-        refillTrack(iTrack);
     m_pqTrackPage->setDepthUnit(m_poDepth ? m_poDepth->unitManager() : nullptr);
-    showTrackSettings();
-    showDepthRange();
+    slotUpdateDiagrams();
     showMessage();
-    showLines();
 }
 
 void QScatDepthPlotWidget::showMessage()

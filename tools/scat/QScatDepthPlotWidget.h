@@ -40,6 +40,7 @@ class QDepthTrackPlot;
 class ScatCreationGroup;
 class ScatDirectionFinder;
 class ScatDirectionGroup;
+class ScatLineList;
 class ScatLinePage;
 class ScatScenarioGroup;
 class ScatScenarios;
@@ -235,6 +236,7 @@ private:
     void createActions();
     void createControls();
     QWidget* createInterpretationPage();
+    QWidget* createLineGroup();
     QWidget* createMarkerGroup();
     QWidget* createDisplayPage();
     void connectControls();
@@ -312,6 +314,7 @@ private:
     ScatDirectionGroup* m_pqDirectionGroup = nullptr;
     ScatDirectionFinder* m_pqDirectionFinder = nullptr;
     ScatCreationGroup* m_pqCreationGroup = nullptr;
+    ScatLineList* m_pqLineList = nullptr;
     QPushButton* m_pqCreateMarkersButton = nullptr;
     QPushButton* m_pqDeleteMarkersButton = nullptr;
     ScatTrackPage* m_pqTrackPage = nullptr;

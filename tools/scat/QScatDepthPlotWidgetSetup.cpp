@@ -12,6 +12,7 @@
 #include "ScatCreationGroup.h"
 #include "ScatDirectionFinder.h"
 #include "ScatDirectionGroup.h"
+#include "ScatLineList.h"
 #include "ScatLinePage.h"
 #include "ScatScenarioGroup.h"
 #include "ScatScenarios.h"
@@ -35,7 +36,8 @@ namespace {
 constexpr int g_iAreaMinimumWidth = 360;
 constexpr int g_iAreaMinimumHeight = 160;
 constexpr int g_iAreaWidth = 1000;
-constexpr int g_iSideBarWidth = 330;
+constexpr int g_iSideBarWidth = 360;
+constexpr int g_iListMinimumHeight = 110;
 
 QPushButton* newButton(const QString& sText, const QString& sToolTip, const char* pObjectName)
 {
@@ -116,12 +118,28 @@ QWidget* QScatDepthPlotWidget::createInterpretationPage()
     auto* pqLayout = new QVBoxLayout(pqControls);
     pqLayout->setContentsMargins(4, 4, 4, 4);
     pqLayout->addWidget(m_pqScenarioGroup);
-    pqLayout->addWidget(m_pqDirectionGroup, 1);
     pqLayout->addWidget(m_pqCreationGroup);
+    auto* pqHelp = new QSplitter(Qt::Vertical);
+    pqHelp->setChildrenCollapsible(false);
+    pqHelp->addWidget(m_pqDirectionGroup);
+    pqHelp->addWidget(createLineGroup());
+    pqLayout->addWidget(pqHelp, 1);
     pqLayout->addWidget(createMarkerGroup());
     QWidget* pqPage = newControlScrollArea(pqControls);
     pqPage->setObjectName(QStringLiteral("interpretationPage"));
     return pqPage;
+}
+
+QWidget* QScatDepthPlotWidget::createLineGroup()
+{
+    m_pqLineList = new ScatLineList(m_pScenarios.get());
+    m_pqLineList->setMinimumHeight(g_iListMinimumHeight);
+    connect(m_pqLineList, &ScatLineList::depthActivated, this, &QScatDepthPlotWidget::centreOnDepth);
+    auto* pqGroup = new QGroupBox(tr("Lines"));
+    auto* pqLayout = new QVBoxLayout(pqGroup);
+    pqLayout->setContentsMargins(0, 0, 0, 0);
+    pqLayout->addWidget(m_pqLineList);
+    return pqGroup;
 }
 
 QWidget* QScatDepthPlotWidget::createMarkerGroup()

@@ -12,6 +12,7 @@
 #include "QRelationshipItemModel.h"
 #include "QScatDepthPlotWidget.h"
 #include "ScatDirectionFinder.h"
+#include "ScatLineList.h"
 #include "ScatLinePage.h"
 #include "ScatScenarios.h"
 #include "ScatTrackPage.h"
@@ -277,6 +278,7 @@ void QScatDepthPlotWidget::applyLineLooks()
 
 void QScatDepthPlotWidget::slotUpdateDiagrams()
 {
+    m_pqLineList->setDepthAttribute(m_poDepth.get());
     for (int iTrack = 0; iTrack < NumberOfTracks; ++iTrack)
         refillTrack(iTrack);
     showTrackSettings();
