@@ -139,6 +139,7 @@ private slots:
         MatrixData* poDepth = poOther->child(1)->depthAttribute();
         poDepth->setColumn(0, MatrixColumn::fromDoubles({1010 / 0.3048, 1050 / 0.3048, 1150 / 0.3048}));
         poDepth->setUnitManager(depths({}, "ft")->unitManager());
+        poOther->child(1)->removeChild(poOther->child(1)->getNodeFromName(QStringLiteral("$V")));
         m_lines.eraseLine(1);
         QVERIFY(createWellMarkers(*poOther, m_lines, *poOther->child(0)->depthAttribute()));
         QCOMPARE(poOther->childCount(), 2);

@@ -141,13 +141,16 @@ private slots:
         QCOMPARE(pqScat->wellName(), QStringLiteral("dips"));
         QCOMPARE(pqScat->panel()->numberOfRecords(), 4);
 
-        // The data set goes and comes back.
+        // The data set goes and comes back; the interpretation stays.
+        pqScat->panel()->scenarios()->insert(gkBase::DepthLineField::Fault, {0.0, 1150.0}, QStringLiteral("Fault0"),
+                                             Qt::gray, 0.0);
         gkBase::MatrixData* poRoot = document()->root();
         poRoot->appendUndoAction(new gkBase::MatrixDataRestore(poRoot->child(1), QStringLiteral("Delete"), true), true);
         poRoot->removeChild(poRoot->child(1));
         QVERIFY(pqScat->wellName().isEmpty());
         document()->undo();
         QCOMPARE(pqScat->panel()->numberOfRecords(), 4);
+        QCOMPARE(pqScat->panel()->structuralTops()->count(), 1);
     }
 
     void scenariosAreAskedForBeforeTheyAreLost()

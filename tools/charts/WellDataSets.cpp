@@ -166,9 +166,10 @@ bool isMarkerTable(const MatrixData& dataSet)
         return true;
     if (MarkerColumns(dataSet).isEmpty())
         return false;
-    const bool bSwitched =
-        attributeNamed(dataSet, QStringLiteral("Type")) && attributeNamed(dataSet, QStringLiteral("$V"));
-    return bSwitched || !hasMeasurements(dataSet);
+    const auto has = [&dataSet](const char* pcName) {
+        return attributeNamed(dataSet, QLatin1String(pcName)) != nullptr;
+    };
+    return !hasMeasurements(dataSet) || (has("Type") && (has("$V") || has("Origin")));
 }
 
 MatrixData* wellOf(MatrixData& dataSet)

@@ -29,7 +29,7 @@ GKBASETOOLS_EXPORT int sourceID(MatrixData& dataSet);
 
 /// True for a data set whose rows mark places along a well instead of being measurements: one of decimated data, or
 /// one with a marker attribute ("Top", "Horizon", "Fault", "Type", as texts) that either holds no numbers but depths
-/// and "$V", or has both "Type" and "$V".
+/// and "$V", or has "Type" and with it "$V" or "Origin".
 GKBASETOOLS_EXPORT bool isMarkerTable(const MatrixData& dataSet);
 
 /// The data set of measurements that stands for the well of a data set:
