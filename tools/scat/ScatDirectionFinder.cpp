@@ -120,11 +120,10 @@ void ScatDirectionFinder::createSuggestions()
     m_pqLineBtn->setObjectName(QStringLiteral("m_pqLineBtn"));
     m_pqFirstGuessBtn = new QPushButton;
     m_pqFirstGuessBtn->setObjectName(QStringLiteral("m_pqFirstGuessBtn"));
-    m_pqNoteLabel =
-        new QLabel(tr("The first guess is T of the largest root-mean-square apparent dip; it is biased when "
-                      "the fold plunges."));
-    m_pqNoteLabel->setWordWrap(true);
+    m_pqNoteLabel = new ElidedLabel(tr("First guess: biased when the fold plunges"));
     m_pqNoteLabel->setTextFormat(Qt::PlainText);
+    m_pqNoteLabel->setToolTip(
+        tr("T of the largest root-mean-square apparent dip also follows the dip along the axis of a plunging fold"));
 }
 
 void ScatDirectionFinder::connectAll()
@@ -255,12 +254,6 @@ void ScatDirectionFinder::showEvent(QShowEvent* pEvent)
 {
     QWidget::showEvent(pEvent);
     modelChanged();
-}
-
-void ScatDirectionFinder::resizeEvent(QResizeEvent* pEvent)
-{
-    QWidget::resizeEvent(pEvent);
-    m_pqNoteLabel->setVisible(height() >= g_iNoteHeight);
 }
 
 void ScatDirectionFinder::modelChanged()

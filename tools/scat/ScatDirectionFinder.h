@@ -62,7 +62,7 @@ public:
     const TransverseDirections& lineSuggestion() const { return m_lineSuggestion; }
     const TransverseDirections& firstGuess() const { return m_firstGuess; }
 
-    QSize sizeHint() const override { return {340, 420}; }
+    QSize sizeHint() const override { return {340, 350}; }
 
 signals:
     /// The user took a suggestion.
@@ -72,7 +72,6 @@ signals:
 
 protected:
     void showEvent(QShowEvent* pEvent) override;
-    void resizeEvent(QResizeEvent* pEvent) override;
 
 private:
     void createDiagrams();
