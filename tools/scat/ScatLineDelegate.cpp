@@ -88,7 +88,7 @@ void ScatLineDelegate::initStyleOption(QStyleOptionViewItem* pOption, const QMod
     pOption->textElideMode = Qt::ElideRight;
     if (index.column() != ScatLineModel::TypeColumn)
         return;
-    if (pOption->rect.width() < columnWidth(pOption->fontMetrics, pOption->text))
+    if (pOption->rect.isValid() && pOption->rect.width() < columnWidth(pOption->fontMetrics, pOption->text))
         pOption->text = lineTypeLetter(DepthLineField::type(index.data(Qt::EditRole).toString()));
     // Keeps the place for the sample.
     pOption->features |= QStyleOptionViewItem::HasDecoration;
@@ -116,6 +116,16 @@ void ScatLineDelegate::paint(QPainter* pPainter, const QStyleOptionViewItem& opt
         drawSample(*pPainter, line, pqStyle->subElementRect(QStyle::SE_ItemViewItemDecoration, &cell, cell.widget),
                    cell);
     }
+}
+
+QSize ScatLineDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    QStyleOptionViewItem unbounded = option;
+    unbounded.rect = QRect();
+    const QSize oSize = QComboBoxItemDelegate::sizeHint(unbounded, index);
+    if (index.column() != ScatLineModel::TypeColumn)
+        return oSize;
+    return {std::max(oSize.width(), columnWidth(option.fontMetrics, index.data().toString())), oSize.height()};
 }
 
 QWidget* ScatLineDelegate::createEditor(QWidget* pqParent, const QStyleOptionViewItem& option,
