@@ -44,7 +44,6 @@ class TestDepthLineField : public QObject
     Q_OBJECT
 private slots:
     void typesHaveTheirNames();
-    void insertion_data();
     void insertion();
     void picksNearestFirst();
     void erasingKeepsTheOthersTogether();
@@ -66,34 +65,22 @@ void TestDepthLineField::typesHaveTheirNames()
     QVERIFY(DepthLineField::type(static_cast<DepthLineField::DataType>(7)).isEmpty());
 }
 
-void TestDepthLineField::insertion_data()
-{
-    QTest::addColumn<double>("depth");
-    QTest::addColumn<int>("type");
-    QTest::addColumn<double>("tolerance");
-    QTest::addColumn<bool>("inserted");
-    QTest::newRow("elsewhere") << 120.0 << int(DepthLineField::Horizon) << 1.0 << true;
-    QTest::newRow("near one of the type") << 100.5 << int(DepthLineField::Horizon) << 1.0 << false;
-    QTest::newRow("near one of another type") << 100.5 << int(DepthLineField::Fault) << 1.0 << true;
-    QTest::newRow("same depth, no tolerance") << 100.0 << int(DepthLineField::Horizon) << 0.0 << true;
-    QTest::newRow("missing") << 99999.0 << int(DepthLineField::Horizon) << 0.0 << false;
-    QTest::newRow("not a number") << dNaN << int(DepthLineField::Horizon) << 0.0 << false;
-}
-
 void TestDepthLineField::insertion()
 {
-    QFETCH(double, depth);
-    QFETCH(int, type);
-    QFETCH(double, tolerance);
-    QFETCH(bool, inserted);
     DepthLineField lines;
     insert(lines, 100.0);
     lines.setModified(false);
-    const int iLine = insert(lines, depth, static_cast<DepthLineField::DataType>(type), tolerance);
-    QCOMPARE(iLine, inserted ? 1 : -1);
-    QCOMPARE(lines.count(), inserted ? 2 : 1);
-    QCOMPARE(lines.modified(), inserted);
-    QVERIFY(isParallel(lines));
+    QCOMPARE(insert(lines, 100.5, DepthLineField::Horizon, 1.0), -1);
+    QCOMPARE(insert(lines, dMissing), -1);
+    QCOMPARE(insert(lines, dNaN), -1);
+    QVERIFY(!lines.modified());
+    QCOMPARE(insert(lines, 100.5, DepthLineField::Fault, 1.0), 1);
+    QCOMPARE(insert(lines, 100.0), 2); // no tolerance
+    QVERIFY(lines.modified() && isParallel(lines));
+    // What is not finite would never compare equal.
+    lines.insertHorizontalLine(1.0, dNaN, QString(), Qt::blue, DepthLineField::Horizon, {dNaN, 1.0});
+    QCOMPARE(lines.linesX()[3], 0.0);
+    QCOMPARE(lines.lineOrientations()[3], QPointF(-1.0, -1.0));
 }
 
 void TestDepthLineField::picksNearestFirst()

@@ -129,7 +129,7 @@ private slots:
     void scenariosAreKeptApart();
     void files();
     void closingWhileOthersListen();
-    void defaults();
+    void defaultNames();
 };
 
 void TestScatScenarios::historiesLeadBackAndForth_data()
@@ -225,16 +225,13 @@ void TestScatScenarios::undoInTheMiddleOfADrag()
     well->move({0.0, 4.0});
     well.history().undo();
     QCOMPARE(well.lines()[0].m_dDepth, 1000.0);
-    QCOMPARE(well.lines()[0].m_sName, QStringLiteral("A"));
-    // The mouse goes on.
-    well->move({0.0, 1.0});
+    well->move({0.0, 1.0}); // the mouse goes on
     well->endMove();
     QCOMPARE(well.lines()[0].m_dDepth, 1001.0);
     well.history().undo();
-    well.history().undo();
-    QCOMPARE(well.lines()[0].m_sName, QStringLiteral("1000"));
-    well->cancelMove();
-    QVERIFY(well.isConsistent());
+    QCOMPARE(well.lines()[0].m_sName, QStringLiteral("A"));
+    well->cancelMove(); // there is none
+    QCOMPARE(well.lines()[0].m_dDepth, 1000.0);
 }
 
 void TestScatScenarios::editsThatChangeNothing()
@@ -337,18 +334,16 @@ void TestScatScenarios::files()
 void TestScatScenarios::closingWhileOthersListen()
 {
     Well well;
-    ScatScenarios* pqScenarios = well.m_pqScenarios.get();
+    const ScatScenarios* pqScenarios = well.m_pqScenarios.get();
     int iCalls = 0;
     bool bConsistent = true;
     const auto fnAsk = [&] {
         ++iCalls;
         bConsistent = bConsistent && well.isConsistent();
     };
-    connect(pqScenarios, &ScatScenarios::scenariosChanged, this, fnAsk);
-    connect(pqScenarios, &ScatScenarios::activeChanged, this, fnAsk);
-    connect(pqScenarios, &ScatScenarios::linesChanged, this, fnAsk);
-    connect(pqScenarios, &ScatScenarios::modifiedChanged, this, fnAsk);
-    connect(pqScenarios->undoGroup(), &QUndoGroup::indexChanged, this, fnAsk);
+    for (const auto fnSignal : {&ScatScenarios::scenariosChanged, &ScatScenarios::activeChanged,
+                                &ScatScenarios::linesChanged, &ScatScenarios::modifiedChanged})
+        connect(pqScenarios, fnSignal, this, fnAsk);
     for (int i = 0; i < 3; ++i) {
         well->addNew();
         well.insert(i);
@@ -363,21 +358,16 @@ void TestScatScenarios::closingWhileOthersListen()
     QCOMPARE(iCalls, 0);
 }
 
-void TestScatScenarios::defaults()
+void TestScatScenarios::defaultNames()
 {
     ScatLineDefaults defaults;
-    QCOMPARE(defaults.nextName(DepthLineField::AxialPlane), QStringLiteral("Dummy"));
-    QCOMPARE(defaults.nextName(DepthLineField::Horizon), QStringLiteral("Horizon_0"));
-    QCOMPARE(defaults.nextName(DepthLineField::Fault), QStringLiteral("Fault0"));
-    QCOMPARE(defaults.nextName(DepthLineField::Horizon), QStringLiteral("Horizon_1"));
+    QStringList lNames;
+    for (const auto eType :
+         {DepthLineField::AxialPlane, DepthLineField::Horizon, DepthLineField::Fault, DepthLineField::Horizon})
+        lNames << defaults.nextName(eType);
     defaults.restart();
-    QCOMPARE(defaults.nextName(DepthLineField::Horizon), QStringLiteral("Horizon_0"));
-    QCOMPARE(ScatLineDefaults::nextColor(DepthLineField::CrestalPlane), QColor(0, 0, 255));
-    QCOMPARE(ScatLineDefaults::nextColor(DepthLineField::AxialPlane), QColor(0, 255, 0));
-    QCOMPARE(ScatLineDefaults::nextColor(DepthLineField::InflectionPlane), QColor(255, 0, 0));
-    QCOMPARE(ScatLineDefaults::nextColor(DepthLineField::Fault), QColor(120, 120, 120));
-    QVERIFY(ScatLineDefaults::nextColor(DepthLineField::Horizon) !=
-            ScatLineDefaults::nextColor(DepthLineField::Horizon));
+    lNames << defaults.nextName(DepthLineField::Horizon);
+    QCOMPARE(lNames, (QStringList{"Dummy", "Horizon_0", "Fault0", "Horizon_1", "Horizon_0"}));
 }
 
 QTEST_GUILESS_MAIN(TestScatScenarios)
