@@ -181,8 +181,7 @@ void ScatLineList::showPicks()
 
 void ScatLineList::pickSelected()
 {
-    // A drag goes on while rows change their order; only what the user selects is a pick.
-    if (m_bShowingPicks || !m_pqScenarios || selectedLines() == pickedLines())
+    if (m_bShowingPicks || !m_pqScenarios)
         return;
     const QScopedValueRollback guard(m_bShowingPicks, true);
     m_pqScenarios->pick(selectedLines(), false);
