@@ -303,6 +303,8 @@ void TestScatDepthPlot::orientationMode()
     QCOMPARE(panel.lines(0).lineOrientations().front(), QPointF(-1.0, -1.0));
     panel.call("slotModifySelectedOrientation");
     QCOMPARE(panel.plot(2).dataCreationType(), int(QCrossPlot::OrientationCreation));
+    const auto* pqLabel = panel.findChild<QWidget*>(QStringLiteral("m_pqOrientationLabel"));
+    QVERIFY(!pqLabel->isHidden());
     QSignalSpy spy(&panel, &QScatDepthPlotWidget::dataPointsSelection);
     panel.lasso(QScatDepthPlotWidget::DipTrack, 1050.0, 1250.0);
     QCOMPARE(spy.count(), 1);
@@ -313,6 +315,7 @@ void TestScatDepthPlot::orientationMode()
     QCOMPARE(panel.plot(0).dataCreationType(), int(QCrossPlot::StructuralTopCreation));
     QCOMPARE(spy.count(), 2);
     QVERIFY(selected(spy.back()).empty());
+    QVERIFY(pqLabel->isHidden());
 }
 
 // ---- selection and looks --------------------------------------------------------------------------------------------

@@ -235,6 +235,7 @@ private slots:
 private:
     void createActions();
     void createControls();
+    QWidget* createTracks();
     QWidget* createInterpretationPage();
     QWidget* createLineGroup();
     QWidget* createMarkerGroup();
@@ -321,6 +322,7 @@ private:
     ScatLinePage* m_pqLinePage = nullptr;
     ChartDisplayPage* m_pqDisplayPage = nullptr;
     QLabel* m_pqCursorPosLabel = nullptr;
+    QLabel* m_pqOrientationLabel = nullptr; ///< seen in the orientation mode
 };
 
 } // namespace gkBase

@@ -13,6 +13,7 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 
@@ -144,7 +145,7 @@ void QScatDepthPlotWidget::setOrientationMode(bool bOn)
 {
     if (std::exchange(m_bOrientationMode, bOn) == bOn)
         return;
-    m_pqCreationGroup->showOrientationMode(bOn);
+    m_pqOrientationLabel->setVisible(bOn);
     if (bOn)
         return;
     setSelectedRecords({});

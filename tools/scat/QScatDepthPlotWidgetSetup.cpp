@@ -94,17 +94,34 @@ void QScatDepthPlotWidget::createControls()
     m_pqTabs = new QTabWidget;
     m_pqTabs->addTab(createInterpretationPage(), tr("Interpretation"));
     m_pqTabs->addTab(createDisplayPage(), tr("Display"));
+    layOutPanel(this, {createTracks()}, m_pqTabs, {g_iAreaWidth, g_iSideBarWidth});
+    updateCursorPosLabel({g_dMissingValue, g_dMissingValue}, nullptr);
+}
+
+/// The tracks above a line that tells where the cursor is and what the mouse is for.
+QWidget* QScatDepthPlotWidget::createTracks()
+{
     m_pqCursorPosLabel = new QLabel;
     m_pqCursorPosLabel->setTextFormat(Qt::PlainText);
     m_pqCursorPosLabel->setObjectName(QStringLiteral("m_pqCursorPosLabel"));
     m_pqCursorPosLabel->setAccessibleName(tr("Position of the cursor"));
+    m_pqCursorPosLabel->setMinimumWidth(1);
+    m_pqOrientationLabel =
+        new QLabel(tr("Select the records that give the picked lines their orientation. Escape ends this."));
+    m_pqOrientationLabel->setObjectName(QStringLiteral("m_pqOrientationLabel"));
+    m_pqOrientationLabel->setAutoFillBackground(true);
+    m_pqOrientationLabel->setBackgroundRole(QPalette::ToolTipBase);
+    m_pqOrientationLabel->setForegroundRole(QPalette::ToolTipText);
+    m_pqOrientationLabel->hide();
     auto* pqTracks = new QWidget;
     auto* pqLayout = new QVBoxLayout(pqTracks);
     pqLayout->setContentsMargins(0, 0, 0, 0);
+    auto* pqLine = new QHBoxLayout;
+    pqLine->addWidget(m_pqCursorPosLabel, 1);
+    pqLine->addWidget(m_pqOrientationLabel);
     pqLayout->addWidget(m_pqArea, 1);
-    pqLayout->addWidget(m_pqCursorPosLabel);
-    layOutPanel(this, {pqTracks}, m_pqTabs, {g_iAreaWidth, g_iSideBarWidth});
-    updateCursorPosLabel({g_dMissingValue, g_dMissingValue}, nullptr);
+    pqLayout->addLayout(pqLine);
+    return pqTracks;
 }
 
 QWidget* QScatDepthPlotWidget::createInterpretationPage()

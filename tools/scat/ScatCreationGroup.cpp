@@ -2,7 +2,6 @@
 
 #include <QButtonGroup>
 #include <QGridLayout>
-#include <QLabel>
 #include <QRadioButton>
 
 namespace gkBase {
@@ -17,7 +16,6 @@ constexpr int g_iColumns = 3;
 ScatCreationGroup::ScatCreationGroup(QWidget* pqParent)
     : QGroupBox(tr("A Click Creates"), pqParent)
     , m_pqTypes(new QButtonGroup(this))
-    , m_pqOrientationLabel(new QLabel(tr("Select the records that give the picked lines their orientation.")))
 {
     struct Choice
     {
@@ -43,31 +41,19 @@ ScatCreationGroup::ScatCreationGroup(QWidget* pqParent)
         auto* pqButton = new QRadioButton(choice.m_sText);
         pqButton->setToolTip(choice.m_sToolTip);
         pqButton->setObjectName(QLatin1String(choice.m_pObjectName));
-        // Negative identifiers below −1 are the group's own.
+        // Identifiers of the group begin at 0: −1 makes it give one of its own.
         m_pqTypes->addButton(pqButton, choice.m_iType + 1);
         pqGrid->addWidget(pqButton, iPlace / g_iColumns, iPlace % g_iColumns);
         ++iPlace;
         connect(pqButton, &QRadioButton::clicked, this, &ScatCreationGroup::typeChosen);
     }
     m_pqTypes->button(g_iNone + 1)->setChecked(true);
-    m_pqOrientationLabel->setWordWrap(true);
-    m_pqOrientationLabel->setFrameShape(QFrame::Box);
-    m_pqOrientationLabel->setAutoFillBackground(true);
-    m_pqOrientationLabel->setBackgroundRole(QPalette::ToolTipBase);
-    m_pqOrientationLabel->setForegroundRole(QPalette::ToolTipText);
-    m_pqOrientationLabel->hide();
-    pqGrid->addWidget(m_pqOrientationLabel, iPlace / g_iColumns, 0, 1, g_iColumns);
 }
 
 std::optional<DepthLineField::DataType> ScatCreationGroup::type() const
 {
     const int iType = m_pqTypes->checkedId() - 1;
     return iType == g_iNone ? std::nullopt : std::optional(static_cast<DepthLineField::DataType>(iType));
-}
-
-void ScatCreationGroup::showOrientationMode(bool bOn)
-{
-    m_pqOrientationLabel->setVisible(bOn);
 }
 
 } // namespace gkBase
