@@ -44,8 +44,7 @@ ScatDirectionGroup::ScatDirectionGroup(QWidget* pqParent)
         pqGrid->addWidget(pqEdit, iRow++, 1);
         pqEdit->setModelValue(0.0, false);
     }
-    pqGrid->setColumnStretch(0, 2);
-    pqGrid->setColumnStretch(1, 1);
+    pqGrid->setColumnStretch(0, 1);
     m_pqLayout->addWidget(m_pqKeepCheckBox);
     m_pqLayout->addLayout(pqGrid);
     connect(m_pqKeepCheckBox, &QCheckBox::toggled, this, &ScatDirectionGroup::keepSwitched);
@@ -64,6 +63,7 @@ QUnitLineEdit* ScatDirectionGroup::newEdit(const QString& sName, const char* pOb
     auto* pqEdit = new QUnitLineEdit;
     pqEdit->setObjectName(QLatin1String(pObjectName));
     pqEdit->setAccessibleName(sName);
+    pqEdit->setFixedWidth(pqEdit->fontMetrics().horizontalAdvance(QStringLiteral("0000.0 deg")));
     pqEdit->setToolTip(tr("Clockwise from north, towards which an apparent dip is positive"));
     return pqEdit;
 }
