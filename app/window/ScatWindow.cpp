@@ -69,7 +69,7 @@ ScatWindow::ScatWindow(AnalyserApplication* pApplication, AnalyserWindow* pqAnal
     m_pqStatusLabel->setTextFormat(Qt::PlainText);
     statusBar()->addWidget(m_pqStatusLabel, 1);
     createMenus(pqAnalyser);
-    resize(1200, 800);
+    resize(1280, 880);
     readSettings();
 
     MatrixData* poRoot = pApplication->document()->root();
