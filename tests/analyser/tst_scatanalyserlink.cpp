@@ -4,6 +4,7 @@
 #include "TestDataSets.h"
 
 #include <gkBase/AngleUnits.h>
+#include <gkBase/DepthLineField.h>
 #include <gkBase/MatrixData.h>
 #include <gkBase/QDataAnalyserDialog.h>
 #include <gkBase/QScatDepthPlotWidget.h>
@@ -82,6 +83,17 @@ private slots:
         QVERIFY(directionsAre(130, 220));
         gesture({});
         QVERIFY(directionsAre(310, 220));
+    }
+
+    void pickedLinesTakeTheMeanOfTheSelection()
+    {
+        addLine();
+        m_pPanel->scenarios()->pick({0}, false);
+        QMetaObject::invokeMethod(m_pPanel.get(), "slotModifySelectedOrientation");
+        QVERIFY(m_pPanel->isOrientationMode());
+        gesture({0, 2}); // two planes that are alike
+        const QPointF oMean = m_pPanel->structuralTops()->lineOrientations().front();
+        QVERIFY(std::abs(oMean.x() - 22.02) < 1e-9 && std::abs(oMean.y() - 155.85) < 1e-9);
     }
 
     void selectionsGoBothWaysOnce_data()
