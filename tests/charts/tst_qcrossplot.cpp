@@ -487,7 +487,12 @@ void TestQCrossPlot::gripsAreReachable()
     DepthLineField& tops = plot.tops();
     plot.m_plot.setDataCreationType(QCrossPlot::NoCreation);
     plot.m_plot.setStructuralTopsMovable(true);
+    // The mark of an orientation where the grip would lie does not hide under it.
+    tops.setSelected(5, true);
+    tops.changePickedOrientation({3.0, 90.0});
+    plot.m_plot.setLineOrientationPosition([](const QPointF& oOrientation) { return oOrientation.x(); });
     const std::vector<std::pair<int, QRectF>> vHandles = plot.m_plot.lineHandles();
+    QVERIFY(vHandles.back().second.left() > 12.0 + CrossPlotOrientationMark::s_iRadius);
     QCOMPARE(int(vHandles.size()), tops.count());
     for (const auto& [iLine, oRect] : vHandles) {
         QVERIFY(QRectF(plot.m_plot.rect()).contains(oRect));
@@ -514,6 +519,7 @@ void TestQCrossPlot::gripsAreReachable()
     QCoreApplication::sendEvent(&plot.m_plot, &help);
     QVERIFY(QToolTip::text().startsWith(QStringLiteral("Horizon<br>Top<br>Density: 50.5")));
     tops.clearAll();
+    plot.m_plot.grab(); // before the canvas hears of it
     plot.m_plot.updateLines();
     QCOMPARE(plot.m_plot.cursor().shape(), eShape);
 }

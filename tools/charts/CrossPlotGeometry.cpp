@@ -57,6 +57,7 @@ CrossPlotDepthLine depthLine(const DepthLineField& oField, std::size_t iLine, do
     line.m_iLine = static_cast<int>(iLine);
     line.m_eType = eType;
     line.m_dY = dY;
+    line.m_oOrientation = oField.lineOrientations()[iLine];
     line.m_oColor = oField.lineColors()[iLine];
     line.m_iWidth = oField.lineWidth();
     line.m_bSelected = oField.isSelected(static_cast<int>(iLine));
@@ -223,12 +224,12 @@ public:
     }
 
     /// The first column with room for a grip there, or the one where it covers least; takes the place.
-    std::size_t take(double dTop)
+    QRectF take(double dTop, std::span<const CrossPlotOrientationMark> vMarks)
     {
         std::size_t iBest = 0;
         double dFarthest = -1.0;
         for (std::size_t i = 0; i < m_vdTops.size() && dFarthest < CrossPlotLineHandle::s_dSize + g_dHandleGap; ++i) {
-            const double dDistance = distance(m_vdTops[i], dTop);
+            const double dDistance = hidesMark(box(i, dTop), vMarks) ? 0.0 : distance(m_vdTops[i], dTop);
             if (dDistance > dFarthest) {
                 dFarthest = dDistance;
                 iBest = i;
@@ -236,10 +237,31 @@ public:
         }
         std::vector<double>& vdTops = m_vdTops[iBest];
         vdTops.insert(std::upper_bound(vdTops.begin(), vdTops.end(), dTop), dTop);
-        return iBest;
+        return box(iBest, dTop);
     }
 
 private:
+    static QRectF box(std::size_t iColumn, double dTop)
+    {
+        const double dLeft = g_dHandleMargin + static_cast<double>(iColumn) * (CrossPlotLineHandle::s_dSize + 2.0);
+        return {dLeft, dTop, CrossPlotLineHandle::s_dSize, CrossPlotLineHandle::s_dSize};
+    }
+
+    /// The marks come from top to bottom.
+    static bool hidesMark(const QRectF& oBox, std::span<const CrossPlotOrientationMark> vMarks)
+    {
+        constexpr double dRadius = CrossPlotOrientationMark::s_iRadius;
+        const QRectF oReach = oBox.adjusted(-dRadius, -dRadius, dRadius, dRadius);
+        auto mark = std::lower_bound(vMarks.begin(), vMarks.end(), oReach.top(),
+                                     [](const CrossPlotOrientationMark& m, double dY) { return m.m_oCentre.y() < dY; });
+        for (; mark != vMarks.end() && mark->m_oCentre.y() <= oReach.bottom(); ++mark) {
+            if (oReach.contains(mark->m_oCentre)) {
+                return true;
+            }
+        }
+        return false;
+    }
+
     static double distance(const std::vector<double>& vdTops, double dTop)
     {
         const auto next = std::lower_bound(vdTops.begin(), vdTops.end(), dTop);
@@ -252,7 +274,9 @@ private:
 
 } // namespace
 
-std::vector<CrossPlotLineHandle> crossPlotLineHandles(std::span<const CrossPlotDepthLine> vLines, const QRect& oVisible)
+std::vector<CrossPlotLineHandle> crossPlotLineHandles(std::span<const CrossPlotDepthLine> vLines,
+                                                      std::span<const CrossPlotOrientationMark> vMarks,
+                                                      const QRect& oVisible)
 {
     constexpr double dSize = CrossPlotLineHandle::s_dSize;
     // In the order of insertion: neither a pick nor a move of a line lets the grips of earlier ones jump.
@@ -268,8 +292,7 @@ std::vector<CrossPlotLineHandle> crossPlotLineHandles(std::span<const CrossPlotD
             continue;
         }
         const double dTop = std::clamp(dY - std::floor(dSize / 2.0), 0.0, std::max(0.0, oVisible.height() - dSize));
-        const double dLeft = g_dHandleMargin + static_cast<double>(columns.take(dTop)) * (dSize + 2.0);
-        vHandles.push_back({i, QRectF(dLeft, dTop, dSize, dSize)});
+        vHandles.push_back({i, columns.take(dTop, vMarks)});
     }
     std::stable_partition(vHandles.begin(), vHandles.end(), [&vLines](const CrossPlotLineHandle& handle) {
         return !vLines[handle.m_iShape].m_bSelected;
@@ -297,7 +320,7 @@ crossPlotOrientationMarks(const DepthLineField& oField, std::span<const CrossPlo
         return vMarks;
     }
     for (const CrossPlotDepthLine& line : vLines) {
-        const QPointF& oOrientation = oField.lineOrientations()[static_cast<std::size_t>(line.m_iLine)];
+        const QPointF& oOrientation = line.m_oOrientation;
         const double dY = line.m_dY - oVisible.top();
         if (!hasOrientation(oOrientation) || dY < 0.0 || dY >= oVisible.height()) {
             continue;

@@ -73,7 +73,8 @@ struct CrossPlotDepthLine
 {
     int m_iLine = -1; ///< its number in the field
     DepthLineField::DataType m_eType = DepthLineField::IntervalBoundary;
-    double m_dY = 0.0; ///< chart pixels
+    double m_dY = 0.0;                     ///< chart pixels
+    QPointF m_oOrientation = {-1.0, -1.0}; ///< dip and azimuth
     QColor m_oColor;
     int m_iWidth = 1;
     bool m_bSelected = false;
@@ -120,9 +121,10 @@ GKBASETOOLS_EXPORT int nearestShownLine(const DepthLineField& oField, double dDe
 /// Planes are told apart by one letter (C, A, I), as are horizons (H) and faults (F).
 GKBASETOOLS_EXPORT QString lineTypeLetter(DepthLineField::DataType eType);
 /// The grips of the lines that are in sight, in the order of drawing: those of selected lines lie on top. As long as
-/// there is room to the right, none covers another; where there is none they overlap as little as can be.
-GKBASETOOLS_EXPORT std::vector<CrossPlotLineHandle> crossPlotLineHandles(std::span<const CrossPlotDepthLine> vLines,
-                                                                         const QRect& oVisible);
+/// there is room to the right, none covers another or a mark; where there is none they overlap as little as can be.
+GKBASETOOLS_EXPORT std::vector<CrossPlotLineHandle>
+crossPlotLineHandles(std::span<const CrossPlotDepthLine> vLines, std::span<const CrossPlotOrientationMark> vMarks,
+                     const QRect& oVisible);
 /// The shape whose grip lies at the position (pixels of the visible part), of several the uppermost; −1 for none.
 GKBASETOOLS_EXPORT int lineHandleAt(std::span<const CrossPlotLineHandle> vHandles, const QPointF& oPosition);
 /// The marks of the lines that are in sight and have an orientation, when the field shows them. position gives their x

@@ -384,18 +384,23 @@ void QCrossPlot::drawVisibleFrame(QPainter& painter, const QRect& oVisibleArea)
     }
 }
 
-void QCrossPlot::drawLines(QPainter& painter, const QRect& oVisibleArea, LabelPlacement& placement)
+std::vector<CrossPlotOrientationMark> QCrossPlot::orientationMarks(const QRect& oVisibleArea) const
 {
     const DepthLineField* pTops = structuralTops();
-    if (!pTops || m_vLines.empty()) {
+    return pTops ? crossPlotOrientationMarks(*pTops, m_vLines, m_linePosition, map().m_oX, oVisibleArea)
+                 : std::vector<CrossPlotOrientationMark>();
+}
+
+void QCrossPlot::drawLines(QPainter& painter, const QRect& oVisibleArea, LabelPlacement& placement)
+{
+    if (m_vLines.empty()) {
         return;
     }
-    const std::vector<CrossPlotOrientationMark> vMarks =
-        crossPlotOrientationMarks(*pTops, m_vLines, m_linePosition, map().m_oX, oVisibleArea);
+    const std::vector<CrossPlotOrientationMark> vMarks = orientationMarks(oVisibleArea);
     drawCrossPlotDepthLines(painter, m_vLines, m_iHoveredLine, oVisibleArea, style());
     drawCrossPlotOrientationMarks(painter, vMarks, m_oSprites, placement, style());
-    drawCrossPlotHandles(painter, crossPlotLineHandles(m_vLines, oVisibleArea), m_vLines, m_iHoveredLine, placement,
-                         style());
+    drawCrossPlotHandles(painter, crossPlotLineHandles(m_vLines, vMarks, oVisibleArea), m_vLines, m_iHoveredLine,
+                         placement, style());
     drawCrossPlotLabels(painter, m_vLines, m_iHoveredLine, oVisibleArea, placement, style());
     drawCrossPlotOrientationLabels(painter, vMarks, placement, style());
 }

@@ -183,6 +183,7 @@ private:
     std::vector<CrossPlotDepthLine> readableLines(const DepthLineField& field) const;
     void layOutBoundaries();
     void layOutTops();
+    std::vector<CrossPlotOrientationMark> orientationMarks(const QRect& oVisibleArea) const;
     void drawLines(QPainter& painter, const QRect& oVisibleArea, LabelPlacement& placement);
     void drawCentroidsOfClusters(QPainter& painter);
     DepthLineField* structuralTops() const;
@@ -200,6 +201,8 @@ private:
     // Gestures on lines.
     bool pressPicksLines() const { return m_iDataCreationType == StructuralTopCreation; }
     bool pressPicksHandles() const;
+    /// Of the lines as they are now.
+    std::vector<CrossPlotLineHandle> currentHandles();
     int handleAt(const QPointF& oPosition);
     int nearLine(const QPointF& oPosition);
     bool isPicked(int iLine) const;

@@ -29,11 +29,16 @@ bool QCrossPlot::pressPicksHandles() const
     return pressPicksLines() || (m_bTopsMovable && bOutlines);
 }
 
-std::vector<std::pair<int, QRectF>> QCrossPlot::lineHandles()
+std::vector<CrossPlotLineHandle> QCrossPlot::currentHandles()
 {
     layOutTops(); // the owner of the lines may have changed them since
+    return crossPlotLineHandles(m_vLines, orientationMarks(pixmapRect()), pixmapRect());
+}
+
+std::vector<std::pair<int, QRectF>> QCrossPlot::lineHandles()
+{
     std::vector<std::pair<int, QRectF>> vHandles;
-    for (const CrossPlotLineHandle& handle : crossPlotLineHandles(m_vLines, pixmapRect())) {
+    for (const CrossPlotLineHandle& handle : currentHandles()) {
         vHandles.emplace_back(m_vLines[handle.m_iShape].m_iLine, handle.m_oRect);
     }
     return vHandles;
@@ -41,8 +46,7 @@ std::vector<std::pair<int, QRectF>> QCrossPlot::lineHandles()
 
 int QCrossPlot::handleAt(const QPointF& oPosition)
 {
-    layOutTops();
-    const int iShape = lineHandleAt(crossPlotLineHandles(m_vLines, pixmapRect()), oPosition);
+    const int iShape = lineHandleAt(currentHandles(), oPosition);
     return iShape < 0 ? -1 : m_vLines[static_cast<std::size_t>(iShape)].m_iLine;
 }
 
