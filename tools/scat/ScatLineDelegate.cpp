@@ -2,6 +2,7 @@
 
 #include "CrossPlotPainting.h"
 #include "PainterState.h"
+#include "ReadableColor.h"
 #include "ScatLineModel.h"
 
 #include <QApplication>
@@ -29,22 +30,22 @@ QStringList typeNames()
     return lNames;
 }
 
-/// A piece of the line on the ground of the list, also in a selected row.
+/// A piece of the line in the colour that it has on a track, on the ground of the list, also in a selected row.
 void drawSample(QPainter& painter, const DepthLineField::Line& line, const QRect& oRect,
                 const QStyleOptionViewItem& option)
 {
-    const bool bAlternate = option.features.testFlag(QStyleOptionViewItem::Alternate);
     CrossPlotStyle style;
-    style.m_oBackground = option.palette.color(bAlternate ? QPalette::AlternateBase : QPalette::Base);
+    style.m_oBackground = option.palette.color(QPalette::Base);
     style.m_oLabel = option.palette.color(QPalette::Text);
     CrossPlotDepthLine sample;
     sample.m_eType = line.m_eType;
-    sample.m_oColor = line.m_oColor;
+    sample.m_oColor = readableColor(line.m_oColor, style.m_oBackground, style.m_oLabel);
     sample.m_iWidth = 2;
     sample.m_dY = oRect.height() / 2;
     const PainterState state(&painter);
     painter.setClipRect(oRect, Qt::IntersectClip);
-    painter.fillRect(oRect, style.m_oBackground);
+    if (option.state.testFlag(QStyle::State_Selected))
+        painter.fillRect(oRect, style.m_oBackground);
     painter.translate(oRect.topLeft());
     drawCrossPlotDepthLines(painter, std::array{sample}, -2, QRect(QPoint(0, 0), oRect.size()), style);
 }
