@@ -1,0 +1,126 @@
+// What is selected in QDataAnalyserDialog: the rows of the table, which charts and hosts follow.
+
+#include "AnalyserChartPages.h"
+#include "AnalyserTablePage.h"
+#include "QAttributeTreeView.h"
+#include "QDataAnalyserDialog.h"
+#include "QVertexItemModel.h"
+#include "QVertexModelTableView.h"
+#include "WellDataSets.h"
+
+#include <QTimer>
+
+#include <algorithm>
+#include <utility>
+
+namespace gkBase {
+
+void QDataAnalyserDialog::markSelectionChanged()
+{
+    m_oGesture.reset();
+    m_oiGestureRecords.reset();
+    m_iRowsInCharts = vertexTable()->selectedRowCount();
+    m_pCharts->markAll(AnalyserChartPages::Need::Selection);
+    scheduleSelectionCheck();
+}
+
+void QDataAnalyserDialog::checkResetChartsUpdateNeeded()
+{
+    if (vertexTable()->selectedRowCount() != m_iRowsInCharts)
+        markSelectionChanged();
+}
+
+void QDataAnalyserDialog::setNewRowSelectionFromGraphicalSelection(bool* pvFlags, int iCount)
+{
+    if (!m_pqTablePage)
+        return;
+    vertexTable()->setNewRowSelection(pvFlags, iCount);
+    markSelectionChanged();
+    m_oiGestureRecords = iCount;
+    Gesture gesture{{}, vertexTable()->selectedRecords()};
+    for (int i = 0; i < iCount; ++i)
+        if (pvFlags[i])
+            gesture.m_viRecords.push_back(i);
+    if (gesture.m_viRecords != gesture.m_viInTable)
+        m_oGesture = std::move(gesture);
+}
+
+std::vector<int> QDataAnalyserDialog::selectedRecords() const
+{
+    if (!m_pqTablePage)
+        return {};
+    std::vector<int> viInTable = vertexTable()->selectedRecords();
+    return m_oGesture && m_oGesture->m_viInTable == viInTable ? m_oGesture->m_viRecords : viInTable;
+}
+
+MatrixData* QDataAnalyserDialog::currentDataSet() const
+{
+    const MatrixData* poAttribute = nullptr;
+    if (m_pqTablePage && vertexItemModel()->columnCount() > 0)
+        poAttribute = vertexItemModel()->getNode(std::max(vertexTable()->currentIndex().column(), 0));
+    else if (m_poDataRoot)
+        poAttribute = m_poDataRoot->getFirstChildWithData();
+    return poAttribute ? poAttribute->owner() : nullptr;
+}
+
+bool QDataAnalyserDialog::showsRecordsOf(const MatrixData& dataSet) const
+{
+    const int iRecords = recordsOf(dataSet);
+    for (int i = 0; m_pqTablePage && i < vertexItemModel()->columnCount(); ++i) {
+        const MatrixData* poAttribute = vertexItemModel()->getNode(i);
+        if (poAttribute && (poAttribute->owner() == &dataSet || poAttribute->recordCount() == iRecords))
+            return true;
+    }
+    return false;
+}
+
+bool QDataAnalyserDialog::selectsRecordsOf(const MatrixData& dataSet) const
+{
+    if (m_oiGestureRecords)
+        return *m_oiGestureRecords == recordsOf(dataSet);
+    const MatrixData* poCurrent = currentDataSet();
+    return poCurrent && (poCurrent == &dataSet || recordsOf(*poCurrent) == recordsOf(dataSet));
+}
+
+void QDataAnalyserDialog::scheduleSelectionCheck()
+{
+    if (std::exchange(m_bSelectionCheckPending, true))
+        return;
+    QTimer::singleShot(0, this, &QDataAnalyserDialog::announceSelection);
+}
+
+void QDataAnalyserDialog::announceSelection()
+{
+    m_bSelectionCheckPending = false;
+    std::vector<int> viRecords = selectedRecords();
+    if (viRecords == m_viAnnounced)
+        return;
+    m_viAnnounced = std::move(viRecords);
+    emit selectionChanged();
+}
+
+void QDataAnalyserDialog::selectInverse()
+{
+    if (!m_pqTablePage)
+        return;
+    vertexTable()->selectInverse();
+    markSelectionChanged();
+}
+
+void QDataAnalyserDialog::clearAllSelections()
+{
+    if (!m_pqTablePage)
+        return;
+    m_pqTreeView->clearSelection();
+    accept_ClearSelection();
+}
+
+void QDataAnalyserDialog::accept_ClearSelection()
+{
+    m_pqTablePage->clearSelection();
+    if (m_oGesture)
+        markSelectionChanged();
+    checkResetChartsUpdateNeeded();
+}
+
+} // namespace gkBase
