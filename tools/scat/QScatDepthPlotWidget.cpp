@@ -34,6 +34,7 @@ namespace {
 
 /// What the tracks of apparent dips end at, in degrees; steeper dips stand at their frames.
 constexpr std::array<double, 6> g_adSteepest = {10.0, 20.0, 30.0, 40.0, 60.0, 80.0};
+constexpr double g_dMargin = 1.03; ///< so that no frame cuts the symbol of the steepest dip
 constexpr QLatin1String g_transverseDip("Transverse Dip");
 constexpr QLatin1String g_longitudinalDip("Longitudinal Dip");
 
@@ -246,7 +247,7 @@ void QScatDepthPlotWidget::slotRotateInLDirection(double dL)
 void QScatDepthPlotWidget::showApparentDips()
 {
     const double dSteepest = std::max(steepestDip(m_poTransverseDip.get()), steepestDip(m_poLongitudinalDip.get()));
-    const auto limit = std::lower_bound(g_adSteepest.begin(), g_adSteepest.end(), dSteepest);
+    const auto limit = std::lower_bound(g_adSteepest.begin(), g_adSteepest.end(), g_dMargin * dSteepest);
     m_dSteepest = limit == g_adSteepest.end() ? g_adSteepest.back() : *limit;
     m_pqDirectionFinder->setDirections(transverseDirection(), longitudinalDirection());
     refillTrack(TransverseDipTrack);
