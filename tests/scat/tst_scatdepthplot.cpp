@@ -17,11 +17,14 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFileDialog>
+#include <QMessageBox>
 #include <QMouseEvent>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
@@ -150,6 +153,7 @@ private slots:
     void closingAsksForChanges();
     void savingRenames();
     void importTellsErrors();
+    void dialogsOfTheDesktop();
     void settingsComeBack();
     void goneNodesLeaveAnEmptyPanel();
 
@@ -450,6 +454,41 @@ void TestScatDepthPlot::importTellsErrors()
     QVERIFY(panel.m_lWarnings.front().contains(QLatin1String("none.txt")));
     panel.writeSettings();
     QCOMPARE(QSettings().value(QStringLiteral("scat_window/last_trn_data_file_path/path")).toString(), m_folder.path());
+}
+
+void TestScatDepthPlot::dialogsOfTheDesktop()
+{
+    FoldedWell well;
+    Panel panel(well);
+    panel.setDialogs(ScatDialogs::standard());
+    panel.addStructuralTopsSenario(QStringLiteral("north"));
+    QStringList lSeen;
+    const auto cancelFileDialog = [&lSeen] {
+        auto* pqDialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        QVERIFY(pqDialog);
+        lSeen = {pqDialog->windowTitle(), pqDialog->nameFilters().join(QLatin1Char('|')), pqDialog->defaultSuffix(),
+                 QFileInfo(pqDialog->selectedFiles().value(0)).completeBaseName()};
+        pqDialog->reject();
+    };
+    QTimer::singleShot(0, qApp, cancelFileDialog);
+    panel.call("slotSaveScenario");
+    QCOMPARE(lSeen, (QStringList{QStringLiteral("Save"), QStringLiteral("Ascii (*.txt)"), QStringLiteral("txt"),
+                                 QStringLiteral("north")}));
+    QTimer::singleShot(0, qApp, cancelFileDialog);
+    panel.call("slotOpenScenario");
+    QCOMPARE(lSeen.mid(0, 2), (QStringList{QStringLiteral("Import Scenario"), QStringLiteral("File (*.txt)")}));
+    panel.choose("m_pqFaultBtn");
+    panel.click(QScatDepthPlotWidget::DipTrack, 60.0, 1350.0);
+    QTimer::singleShot(0, qApp, [&lSeen] {
+        auto* pqBox = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        QVERIFY(pqBox);
+        lSeen = {pqBox->windowTitle(), pqBox->text()};
+        pqBox->button(QMessageBox::No)->click();
+    });
+    panel.call("slotCloseScenario");
+    QCOMPARE(lSeen, (QStringList{QStringLiteral("Close"),
+                                 QStringLiteral("Do you want to save the changes you made to 'north' ?")}));
+    QCOMPARE(panel.scenarios()->count(), 0);
 }
 
 void TestScatDepthPlot::settingsComeBack()

@@ -216,9 +216,9 @@ private slots:
     void setDataCreationType();
     void slotInsertScatUpdate(QPointF oPosition);
     void slotSendScatUpdate(QColor oColor);
-    void slotSendScatUpdate(QString sName);
+    void slotSendScatUpdate(const QString& sName);
     void slotDeleteSelected();
-    void slotPickPosUpdate(std::vector<int> viLines);
+    void slotPickPosUpdate(const std::vector<int>& viLines);
     void slotMoveSelectedUpdate(QPointF oStep);
     void slotMoveSelectedUpdateStop();
     void slotMoveSelectedCancel();

@@ -84,7 +84,7 @@ void QScatDepthPlotWidget::slotInsertScatUpdate(QPointF oPosition)
         m_lineDefaults = defaults; // a line that was not made takes no number
 }
 
-void QScatDepthPlotWidget::slotPickPosUpdate(std::vector<int> viLines)
+void QScatDepthPlotWidget::slotPickPosUpdate(const std::vector<int>& viLines)
 {
     m_pScenarios->pick(viLines, QGuiApplication::keyboardModifiers().testFlag(Qt::ControlModifier));
 }
@@ -109,7 +109,7 @@ void QScatDepthPlotWidget::slotSendScatUpdate(QColor oColor)
     m_pScenarios->setPickedColor(oColor);
 }
 
-void QScatDepthPlotWidget::slotSendScatUpdate(QString sName)
+void QScatDepthPlotWidget::slotSendScatUpdate(const QString& sName)
 {
     m_pScenarios->setPickedName(sName);
 }

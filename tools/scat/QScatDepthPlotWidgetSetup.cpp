@@ -273,7 +273,7 @@ void QScatDepthPlotWidget::connectTrack(int iTrack)
     connect(pqPlot, qOverload<QColor>(&QCrossPlot::sendScatUpdate), this,
             qOverload<QColor>(&Panel::slotSendScatUpdate));
     connect(pqPlot, qOverload<QString>(&QCrossPlot::sendScatUpdate), this,
-            qOverload<QString>(&Panel::slotSendScatUpdate));
+            qOverload<const QString&>(&Panel::slotSendScatUpdate));
     connect(pqPlot, &QCrossPlot::sendDeleteSelectedUpdate, this, &Panel::slotDeleteSelected);
     connect(pqPlot, &QCrossPlot::sendModifySelectedOrientation, this,
             [this, pqPlot] { slotModifySelectedOrientation(pqPlot); });

@@ -16,7 +16,7 @@ QStringList chosenFiles(QFileDialog* pqNewDialog)
     const bool bAccepted = pqDialog->exec() == QDialog::Accepted;
     if (!pqDialog)
         return {};
-    const QStringList lFiles = bAccepted ? pqDialog->selectedFiles() : QStringList();
+    QStringList lFiles = bAccepted ? pqDialog->selectedFiles() : QStringList();
     delete pqDialog;
     return lFiles;
 }
