@@ -77,6 +77,8 @@ void QScatDepthPlotWidget::followRoot(MatrixData* poRoot)
     connect(pqNotifier, &MatrixDataNotifier::attributesChanged, this, [this](const MatrixData* poNode) {
         if (m_poDepth == poNode || m_poDip == poNode || m_poAzimuth == poNode)
             slotUpdateDiagrams();
+        else if (m_poDepth && m_poDepth->parentNode() == poNode)
+            showMessage(); // the name of the well
     });
 }
 

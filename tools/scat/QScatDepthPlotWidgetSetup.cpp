@@ -227,7 +227,10 @@ void QScatDepthPlotWidget::connectControls()
     connect(m_pqLinePage, &ScatLinePage::edited, this, &Panel::updateDiagramSettings);
     connect(m_pqLinePage, &ScatLinePage::transparencyEdited, this, &Panel::slotDomainTransparency);
     connect(m_pqArea, &QDepthTrackArea::zoomChanged, m_pqDisplayPage, &ChartDisplayPage::slotCanvasZoomed);
-    connect(&DisplayUnitManager::instance(), &DisplayUnitManager::displayChanged, this, &Panel::slotUpdateDiagrams);
+    connect(&DisplayUnitManager::instance(), &DisplayUnitManager::displayChanged, this, [this] {
+        m_pqArea->refresh(numberOfRecords()); // the depth axis too
+        slotUpdateDiagrams();
+    });
 }
 
 void QScatDepthPlotWidget::connectArea()
