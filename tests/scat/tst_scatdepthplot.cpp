@@ -214,6 +214,12 @@ void TestScatDepthPlot::keptDirections()
     panel.setDirections(0.0, 0.0);
     panel.updateTandLdirection(50.0, 140.0);
     QCOMPARE(panel.longitudinalDirection(), 140.0);
+    // A suggestion that the user takes counts although the directions are kept.
+    panel.show();
+    panel.choose("m_pqLineBtn");
+    QVERIFY(std::abs(panel.transverseDirection() - 310.0) < 0.1);
+    QVERIFY(std::abs(panel.transverseDip()->recordNumber(6) - 40.0) < 0.1);
+    panel.setDirections(50.0, 140.0);
     pqKeep->click();
     QVERIFY(pqEdit->isEnabled());
     panel.updateTandLdirection(-50.0, g_dNone);
@@ -365,7 +371,21 @@ void TestScatDepthPlot::activeTracksTakeSettings()
     FoldedWell well;
     Panel panel(well);
     panel.call("slotNewScenario");
-    panel.setActiveTracks({QScatDepthPlotWidget::AzimuthTrack});
+    QList<QWidget*> lpqHeaders;
+    for (QWidget* pqWidget : panel.trackArea()->findChildren<QWidget*>()) {
+        if (pqWidget->accessibleName().startsWith(QLatin1String("Track ")))
+            lpqHeaders << pqWidget;
+    }
+    const auto header = [&lpqHeaders](const char* pName) {
+        return *std::find_if(lpqHeaders.begin(), lpqHeaders.end(), [pName](const QWidget* pqHeader) {
+            return pqHeader->accessibleName().contains(QLatin1String(pName));
+        });
+    };
+    QTest::mouseClick(header("Azimuth"), Qt::LeftButton);
+    QTest::mouseClick(header("Transverse"), Qt::LeftButton, Qt::ControlModifier);
+    QCOMPARE(panel.activeTracks(),
+             (std::vector<int>{QScatDepthPlotWidget::AzimuthTrack, QScatDepthPlotWidget::TransverseDipTrack}));
+    QTest::mouseClick(header("Transverse"), Qt::LeftButton, Qt::ControlModifier);
     QVERIFY(QMetaObject::invokeMethod(&panel, "slotDomainTransparency", Q_ARG(int, 15)));
     panel.findChild<QCheckBox*>(QStringLiteral("m_pqShowFaults"))->click();
     panel.call("slotNewScenario"); // display settings hold for later scenarios too

@@ -14,9 +14,7 @@
 #include "ScatDirectionFinder.h"
 #include "ScatDirectionGroup.h"
 #include "ScatScenarios.h"
-#include "ScatTrackPage.h"
 #include "TransverseDirection.h"
-#include "UnitManager.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -136,7 +134,6 @@ void QScatDepthPlotWidget::initializeDataSet()
         proposeDirections();
     rotateBoth();
     applySampling();
-    m_pqTrackPage->setDepthUnit(m_poDepth ? m_poDepth->unitManager() : nullptr);
     slotUpdateDiagrams();
     showMessage();
 }

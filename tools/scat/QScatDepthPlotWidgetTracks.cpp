@@ -15,6 +15,7 @@
 #include "ScatLinePage.h"
 #include "ScatScenarios.h"
 #include "ScatTrackPage.h"
+#include "UnitManager.h"
 
 #include <QGuiApplication>
 
@@ -276,6 +277,7 @@ void QScatDepthPlotWidget::applyLineLooks()
 void QScatDepthPlotWidget::slotUpdateDiagrams()
 {
     m_pqLineList->setDepthAttribute(m_poDepth.get());
+    m_pqTrackPage->setDepthUnit(m_poDepth ? m_poDepth->unitManager() : nullptr);
     for (int iTrack = 0; iTrack < NumberOfTracks; ++iTrack)
         refillTrack(iTrack);
     showTrackSettings();
