@@ -1,5 +1,7 @@
 #include "ImportReport.h"
 
+#include <gkBase/FileCommit.h>
+
 #include <QCoreApplication>
 #include <QSaveFile>
 
@@ -96,7 +98,7 @@ bool ImportReport::save(const QString& sPath, QString* sError) const
 {
     QSaveFile file(sPath);
     const QByteArray qText = toText().toUtf8();
-    const bool bOk = file.open(QIODevice::WriteOnly) && file.write(qText) == qText.size() && file.commit();
+    const bool bOk = file.open(QIODevice::WriteOnly) && file.write(qText) == qText.size() && gkBase::commitWhole(file);
     if (!bOk && sError) {
         *sError = tr("%1: %2").arg(sPath, file.errorString());
     }

@@ -11,6 +11,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#ifdef Q_OS_LINUX
+#include <csignal>
+#include <sys/resource.h>
+#endif
+
 using namespace gkBase;
 
 namespace {
@@ -136,6 +141,24 @@ void TestMatrixDataText::failureKeepsTheOldFile()
     QVERIFY(!bOk);
     QCOMPARE(QDir(dir.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
              QStringList{QStringLiteral("taken.csv")});
+#ifdef Q_OS_LINUX
+    // The disk is full before the last bytes, which are still in a buffer.
+    addAttribute(&root, "value", "", QMetaType::Double, {1.0, 2.0});
+    const QString sPath = dir.filePath(QStringLiteral("full.csv"));
+    root.writeCSV(sPath, &bOk);
+    QVERIFY(bOk);
+    const QByteArray sOld = contents(sPath);
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit small{4, before.rlim_max};
+    const auto oldHandler = signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &small);
+    root.writeCSV(sPath, &bOk);
+    setrlimit(RLIMIT_FSIZE, &before);
+    signal(SIGXFSZ, oldHandler);
+    QVERIFY(!bOk);
+    QCOMPARE(contents(sPath), sOld);
+#endif
 }
 
 void TestMatrixDataText::headersReadBack_data()

@@ -1,6 +1,7 @@
 #include "ChartExporter.h"
 
 #include "EMFDevice.h"
+#include "FileCommit.h"
 
 #include <QFileInfo>
 #include <QImage>
@@ -120,7 +121,7 @@ QString writeFile(const QString& sPath, const QSize& oSize, const ChartPicture& 
         file.cancelWriting();
         return ChartExporter::tr("The chart could not be drawn into \"%1\".").arg(sPath);
     }
-    if (!file.commit())
+    if (!commitWhole(file))
         return ChartExporter::tr("The chart cannot be written to \"%1\": %2.").arg(sPath, file.errorString());
     return {};
 }

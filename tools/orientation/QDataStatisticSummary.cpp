@@ -1,5 +1,7 @@
 #include "QDataStatisticSummary.h"
 
+#include "FileCommit.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QFileDialog>
@@ -167,7 +169,7 @@ bool QDataStatisticSummary::saveAsHtml(const QString& sPath, QString* psError) c
 {
     QSaveFile file(sPath);
     const QByteArray aHtml = html().toUtf8();
-    const bool bDone = file.open(QIODevice::WriteOnly) && file.write(aHtml) == aHtml.size() && file.commit();
+    const bool bDone = file.open(QIODevice::WriteOnly) && file.write(aHtml) == aHtml.size() && commitWhole(file);
     if (!bDone && psError)
         *psError = tr("The report could not be written to %1: %2").arg(sPath, file.errorString());
     return bDone;

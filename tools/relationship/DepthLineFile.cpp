@@ -1,6 +1,7 @@
 #include "DepthLineFile.h"
 
 #include "DepthLineField.h"
+#include "FileCommit.h"
 #include "MatrixData.h"
 
 #include <QDir>
@@ -53,19 +54,6 @@ QString decoded(const QByteArray& sText)
     return fromUtf8.hasError() ? QString::fromLatin1(sText) : sDecoded;
 }
 
-bool writeWhole(QIODevice& oDevice, const QByteArray& sText)
-{
-    // A disk that fills up takes a part and reports it with the next call only.
-    qint64 iWritten = 0;
-    while (iWritten < sText.size()) {
-        const qint64 iPart = oDevice.write(sText.constData() + iWritten, sText.size() - iWritten);
-        if (iPart <= 0)
-            return false;
-        iWritten += iPart;
-    }
-    return true;
-}
-
 /// Why the file could not be replaced; empty when it was.
 QString replaceFile(const QString& sPath, const QByteArray& sText)
 {
@@ -79,9 +67,7 @@ QString replaceFile(const QString& sPath, const QByteArray& sText)
     if (!info.dir().exists())
         return DepthLineField::tr("its folder does not exist");
     QSaveFile file(sPath);
-    // Unbuffered, because commit() takes the file for whole when the flush of its buffer has failed.
-    const bool bDone =
-        file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && writeWhole(file, sText) && file.commit();
+    const bool bDone = file.open(QIODevice::WriteOnly) && file.write(sText) == sText.size() && commitWhole(file);
     return bDone ? QString() : file.errorString();
 }
 
@@ -123,7 +109,8 @@ void readDepthLineFileText(const QByteArray& sText, DepthLineField& oField)
     const QStringList lLines = decoded(sText).split(QLatin1Char('\n'));
     for (int i = g_iHeadLines; i < lLines.size() && !lLines[i].isEmpty(); ++i) {
         const QStringList lParts = lLines[i].split(blanks);
-        if (lParts.size() >= g_iSmallestParts && lParts.front().isEmpty())
+        // Only the count decides: the parts of a line without a blank in front that has one behind are one off.
+        if (lParts.size() >= g_iSmallestParts)
             addLine(lParts, oField);
     }
 }

@@ -3,6 +3,7 @@
 
 #include "MatrixData.h"
 
+#include "FileCommit.h"
 #include "MatrixDataCsv.h"
 #include "MatrixDataStrike.h"
 #include "UnitManager.h"
@@ -320,10 +321,7 @@ void MatrixData::writeCSV(const QString& sPath, bool* pbOk, const bool* pbRows, 
                 vBlocks.size() == 1 && !vBlocks[i].vpAttributes.empty() && vBlocks[i].poDataSet->name() == sBaseName;
             csv.write(vBlocks[i], !bImplied);
         }
-        const bool bWritten = csv.flush();
-        if (!bWritten)
-            file.cancelWriting();
-        bOk = file.commit() && bWritten;
+        bOk = csv.flush() && commitWhole(file);
     }
     if (pbOk)
         *pbOk = bOk;
