@@ -54,6 +54,19 @@ QString decoded(const QByteArray& sText)
     return fromUtf8.hasError() ? QString::fromLatin1(sText) : sDecoded;
 }
 
+bool writeWhole(QIODevice& oDevice, const QByteArray& sText)
+{
+    // A disk that fills up takes a part and gives the reason with the next call only.
+    qint64 iWritten = 0;
+    while (iWritten < sText.size()) {
+        const qint64 iPart = oDevice.write(sText.constData() + iWritten, sText.size() - iWritten);
+        if (iPart <= 0)
+            return false;
+        iWritten += iPart;
+    }
+    return true;
+}
+
 /// Why the file could not be replaced; empty when it was.
 QString replaceFile(const QString& sPath, const QByteArray& sText)
 {
@@ -67,7 +80,8 @@ QString replaceFile(const QString& sPath, const QByteArray& sText)
     if (!info.dir().exists())
         return DepthLineField::tr("its folder does not exist");
     QSaveFile file(sPath);
-    const bool bDone = file.open(QIODevice::WriteOnly) && file.write(sText) == sText.size() && commitWhole(file);
+    const bool bDone =
+        file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && writeWhole(file, sText) && commitWhole(file);
     return bDone ? QString() : file.errorString();
 }
 
