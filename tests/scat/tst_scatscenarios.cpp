@@ -203,6 +203,10 @@ void TestScatScenarios::drags()
     well->move({0.0, 5.0});
     well->cancelMove();
     QVERIFY(well.lines() == vStart && !well.history().canRedo());
+    for (const double dStep : {0.1, 0.2, -0.3}) // there and back, but for rounding
+        well->move({0.0, dStep});
+    well->endMove();
+    QVERIFY(well.lines() == vStart && well.history().index() == iBefore);
     // Beyond every depth nothing goes.
     well->pick({0, 1}, false);
     well->move({0.0, 99999.0 - 1010.0});

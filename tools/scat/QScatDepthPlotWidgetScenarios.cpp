@@ -78,7 +78,7 @@ void QScatDepthPlotWidget::slotInsertScatUpdate(QPointF oPosition)
     if (m_pScenarios->active() < 0)
         slotNewScenario();
     ScatLineDefaults defaults = m_lineDefaults;
-    const QString sName = defaults.nextName(*eType);
+    const QString sName = defaults.nextName(*eType, m_pScenarios->lines());
     const double dTolerance = plot(DipTrack)->pickingEpsY();
     if (m_pScenarios->insert(*eType, oPosition, sName, ScatLineDefaults::nextColor(*eType), dTolerance))
         m_lineDefaults = defaults; // a line that was not made takes no number

@@ -38,7 +38,9 @@ QString saveFile(QWidget* pqParent, const QString& sDirectory, const QString& sP
     pqDialog->setAcceptMode(QFileDialog::AcceptSave);
     pqDialog->setFileMode(QFileDialog::AnyFile);
     pqDialog->setDefaultSuffix(QStringLiteral("txt"));
-    pqDialog->selectFile(sProposedName);
+    // To a name with a dot the dialog adds no suffix.
+    pqDialog->selectFile(sProposedName.contains(QLatin1Char('.')) ? sProposedName + QStringLiteral(".txt")
+                                                                  : sProposedName);
     return chosenFiles(pqDialog).value(0);
 }
 

@@ -2,6 +2,8 @@
 
 #include "MatrixData.h"
 
+#include <algorithm>
+
 namespace gkBase {
 
 void ScatLineDefaults::restart()
@@ -10,14 +12,27 @@ void ScatLineDefaults::restart()
     m_iFaults = 0;
 }
 
-QString ScatLineDefaults::nextName(DepthLineField::DataType eType)
+QString ScatLineDefaults::nextFree(const QString& sPattern, int& iNumber, const DepthLineField* pLines)
+{
+    const auto isTaken = [pLines](const QString& sName) {
+        return pLines &&
+               std::find(pLines->lineNames().begin(), pLines->lineNames().end(), sName) != pLines->lineNames().end();
+    };
+    QString sName;
+    do {
+        sName = sPattern.arg(iNumber++);
+    } while (isTaken(sName));
+    return sName;
+}
+
+QString ScatLineDefaults::nextName(DepthLineField::DataType eType, const DepthLineField* pLines)
 {
     switch (eType) {
     case DepthLineField::Horizon:
-        return QStringLiteral("Horizon_%1").arg(m_iHorizons++);
+        return nextFree(QStringLiteral("Horizon_%1"), m_iHorizons, pLines);
     case DepthLineField::Fault:
         // Without an underscore, unlike horizons: files and markers have it so.
-        return QStringLiteral("Fault%1").arg(m_iFaults++);
+        return nextFree(QStringLiteral("Fault%1"), m_iFaults, pLines);
     default:
         return QStringLiteral("Dummy");
     }

@@ -8,6 +8,7 @@
 #include <QUndoStack>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace gkBase {
@@ -27,6 +28,15 @@ public:
 
     /// The next undo() is the last: redo() will not bring the edit back.
     void cancel() { m_bCancelled = true; }
+    /// Whether lines stand elsewhere than before, but for the rounding of many steps.
+    bool hasMoved(const std::vector<Line>& vLines) const
+    {
+        const auto isNear = [](double a, double b) { return std::abs(a - b) <= 1e-9 * std::max(1.0, std::abs(a)); };
+        return !std::equal(vLines.begin(), vLines.end(), m_vOther.begin(), m_vOther.end(),
+                           [&isNear](const Line& a, const Line& b) {
+                               return isNear(a.m_dDepth, b.m_dDepth) && isNear(a.m_dX, b.m_dX);
+                           });
+    }
 
     void undo() override
     {
@@ -297,6 +307,9 @@ void ScatScenarios::move(const QPointF& oStep)
 
 void ScatScenarios::endMove()
 {
+    // Lines that were dragged there and back are where they were, to the last digit.
+    if (m_pMove && !m_pMove->hasMoved(lines()->lines()))
+        cancelMove();
     m_pMove = nullptr;
 }
 
