@@ -92,8 +92,18 @@ private slots:
         QMetaObject::invokeMethod(m_pPanel.get(), "slotModifySelectedOrientation");
         QVERIFY(m_pPanel->isOrientationMode());
         gesture({0, 2}); // two planes that are alike
-        const QPointF oMean = m_pPanel->structuralTops()->lineOrientations().front();
-        QVERIFY(std::abs(oMean.x() - 22.02) < 1e-9 && std::abs(oMean.y() - 155.85) < 1e-9);
+        const auto orientation = [this] { return m_pPanel->structuralTops()->lineOrientations().front(); };
+        QVERIFY(std::abs(orientation().x() - 22.02) < 1e-9 && std::abs(orientation().y() - 155.85) < 1e-9);
+        // Nothing selected orients no line, and what orients a line says nothing about the fold.
+        m_pPanel->findChild<QCheckBox*>(QStringLiteral("m_pqKeepTandLCheckBox"))->setChecked(false);
+        gesture({0, 1, 2});
+        const QPointF oOfThree = orientation();
+        QVERIFY(std::abs(oOfThree.x() - 22.02) > 1.0);
+        m_pAnalyser->clearAllSelections();
+        QCoreApplication::processEvents();
+        QVERIFY(m_pPanel->selectedRecords().empty());
+        QCOMPARE(orientation(), oOfThree);
+        QVERIFY(std::abs(m_pPanel->transverseDirection() - 310.0) < 0.1);
     }
 
     void selectionsGoBothWaysOnce_data()

@@ -98,23 +98,30 @@ void ScatAnalyserLink::sendOrientations(const std::vector<int>& viRecords)
         if (static_cast<std::size_t>(iRecord) < vbMask.size())
             vbMask[static_cast<std::size_t>(iRecord)] = 1;
 
-    TransverseDirections directions = directionsByTangentLine(vdDips, vdAzimuths, vbMask);
-    const bool bAxes = isMissing(directions.m_dTransverse);
-    if (bAxes || m_pqPanel->isOrientationMode()) { // nobody asks for the mean otherwise
-        const OrientationStatistics statistics =
-            orientationStatistics(OrientationType::Planes, vdDips, vdAzimuths, vbMask);
-        const PrincipalAxes& oAxes = statistics.m_oAxes;
-        const PlaneOrientation& oMean =
-            statistics.m_bMeanMisleads ? oAxes.meanPlane() : statistics.m_oFisher.m_oMeanPlane;
-        if (!isMissing(oMean.m_dDip))
-            m_pqPanel->updateMeanOrientation(QPointF(oMean.m_dDip, oMean.m_dDipAzimuth));
-        if (bAxes && isAxisSettled(oAxes, 0) && isAxisSettled(oAxes, 1)) {
-            directions.m_dTransverse = positiveSide(oAxes.transverse().m_dAzimuth, vdDips, vdAzimuths, vbMask);
-            directions.m_dLongitudinal = positiveSide(oAxes.longitudinal().m_dAzimuth, vdDips, vdAzimuths, vbMask);
-        }
+    const auto statistics = [&] { return orientationStatistics(OrientationType::Planes, vdDips, vdAzimuths, vbMask); };
+    // What orients a line says nothing about the fold, and without records nothing is said about the line.
+    if (m_pqPanel->isOrientationMode()) {
+        if (!viRecords.empty())
+            sendMeanOrientation(statistics());
+        return;
     }
-    if (!isMissing(directions.m_dTransverse)) // records that leave them open say nothing about the fold
-        m_pqPanel->updateTandLdirection(directions.m_dTransverse, directions.m_dLongitudinal);
+    TransverseDirections directions = directionsByTangentLine(vdDips, vdAzimuths, vbMask);
+    if (isMissing(directions.m_dTransverse)) {
+        const PrincipalAxes oAxes = statistics().m_oAxes;
+        if (!isAxisSettled(oAxes, 0) || !isAxisSettled(oAxes, 1))
+            return; // records that leave the directions open say nothing about the fold
+        directions.m_dTransverse = positiveSide(oAxes.transverse().m_dAzimuth, vdDips, vdAzimuths, vbMask);
+        directions.m_dLongitudinal = positiveSide(oAxes.longitudinal().m_dAzimuth, vdDips, vdAzimuths, vbMask);
+    }
+    m_pqPanel->updateTandLdirection(directions.m_dTransverse, directions.m_dLongitudinal);
+}
+
+void ScatAnalyserLink::sendMeanOrientation(const OrientationStatistics& statistics)
+{
+    const PlaneOrientation& oMean =
+        statistics.m_bMeanMisleads ? statistics.m_oAxes.meanPlane() : statistics.m_oFisher.m_oMeanPlane;
+    if (!isMissing(oMean.m_dDip))
+        m_pqPanel->updateMeanOrientation(QPointF(oMean.m_dDip, oMean.m_dDipAzimuth));
 }
 
 // ---- markers -------------------------------------------------------------------------------------------------------

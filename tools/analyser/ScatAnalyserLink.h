@@ -13,13 +13,14 @@ namespace gkBase {
 class MatrixData;
 class QDataAnalyserDialog;
 class QScatDepthPlotWidget;
+struct OrientationStatistics;
 
 /// What a host does for a dipmeter panel, done between the panel and an analyser of the same data.
 ///
 /// Selections are shared both ways by record, while the analyser shows records of the panel's data set
-/// (QDataAnalyserDialog::showsRecordsOf(), selectsRecordsOf()); whatever is selected, the panel is told the directions
-/// T and L and the mean plane of these records, or of all when none is. Interpreted lines become markers of the well on
-/// the panel's request.
+/// (QDataAnalyserDialog::showsRecordsOf(), selectsRecordsOf()). Whatever is selected, the panel is told the directions
+/// T and L of these records, or of all when none is; while it orients lines, it is told their mean plane instead.
+/// Interpreted lines become markers of the well on the panel's request.
 ///
 /// Either side may go first: the other one works on, markers included.
 class GKBASETOOLS_EXPORT ScatAnalyserLink : public QObject
@@ -41,9 +42,11 @@ private:
     MatrixData* dataSet() const;
     void sendSelection(bool* pbSelected, int iLength);
     void slotAnalyserSelects();
-    /// T and L of the records (empty: all) from the line that fits their tangent diagram, or else from the principal
-    /// axes of their poles, and their mean plane. What the records leave open is not sent.
+    /// In the panel's orientation mode the mean plane of the records, nothing without any. Otherwise T and L of the
+    /// records (empty: all) from the line that fits their tangent diagram, or else from the principal axes of their
+    /// poles. What the records leave open is not sent.
     void sendOrientations(const std::vector<int>& viRecords);
+    void sendMeanOrientation(const OrientationStatistics& statistics);
     void createMarkers();
     void deleteMarkers();
     /// The analyser of these data, null when it shows others or is gone.

@@ -228,7 +228,6 @@ void QScatDepthPlotWidget::rotateBoth()
 
 void QScatDepthPlotWidget::slotRotateInTDirection(double dT)
 {
-    m_bOwnDirections = false;
     m_pqDirectionGroup->setTransverse(dT);
     rotateDipData(g_transverseDip, m_poTransverseDip, transverseDirection());
     showApparentDips();
@@ -236,7 +235,6 @@ void QScatDepthPlotWidget::slotRotateInTDirection(double dT)
 
 void QScatDepthPlotWidget::slotRotateInLDirection(double dL)
 {
-    m_bOwnDirections = false;
     m_pqDirectionGroup->setLongitudinal(dL);
     rotateDipData(g_longitudinalDip, m_poLongitudinalDip, longitudinalDirection());
     showApparentDips();
@@ -248,10 +246,13 @@ void QScatDepthPlotWidget::showApparentDips()
     const double dSteepest = std::max(steepestDip(m_poTransverseDip.get()), steepestDip(m_poLongitudinalDip.get()));
     const auto limit = std::lower_bound(g_adSteepest.begin(), g_adSteepest.end(), g_dMargin * dSteepest);
     m_dSteepest = limit == g_adSteepest.end() ? g_adSteepest.back() : *limit;
-    m_pqDirectionFinder->setDirections(transverseDirection(), longitudinalDirection());
+    const std::pair<double, double> directions(transverseDirection(), longitudinalDirection());
+    m_pqDirectionFinder->setDirections(directions.first, directions.second);
     refillTrack(TransverseDipTrack);
     refillTrack(LongitudinalDipTrack);
     showTrackSettings();
+    if (std::exchange(m_announcedDirections, directions) != directions)
+        emit directionsChanged(directions.first, directions.second);
 }
 
 void QScatDepthPlotWidget::proposeDirections()
@@ -265,13 +266,12 @@ void QScatDepthPlotWidget::proposeDirections()
         return;
     m_pqDirectionGroup->setTransverse(directions.m_dTransverse);
     m_pqDirectionGroup->setLongitudinal(directions.m_dLongitudinal);
-    m_bOwnDirections = true;
 }
 
 void QScatDepthPlotWidget::updateTandLdirection(const double& dT, const double& dL)
 {
     const bool bNone = transverseDirection() == 0.0 && longitudinalDirection() == 0.0;
-    if (m_pqDirectionGroup->isKept() && !bNone && !m_bOwnDirections)
+    if (m_pqDirectionGroup->isKept() && !bNone)
         return;
     setDirections(dT, dL);
 }
@@ -280,7 +280,6 @@ void QScatDepthPlotWidget::setDirections(double dT, double dL)
 {
     if (isMissing(dT) && isMissing(dL))
         return;
-    m_bOwnDirections = false;
     m_pqDirectionGroup->setTransverse(dT);
     m_pqDirectionGroup->setLongitudinal(dL);
     rotateBoth();

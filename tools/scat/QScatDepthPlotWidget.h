@@ -97,7 +97,7 @@ public:
 
     // ---- directions ----------------------------------------------------------------------------------------------
     /// What a host proposes for its present selection: taken unless the user keeps the directions; also taken then
-    /// while both are 0, or none but the panel's own proposal.
+    /// while both are 0.
     void updateTandLdirection(const double& dT, const double& dL);
     /// Takes the directions in any case. A missing one stays as it is.
     void setDirections(double dT, double dL);
@@ -165,6 +165,8 @@ signals:
     /// The lines of the active scenario are to become markers of the well, in place of those made before.
     void createWellMarkers();
     void deleteWellMarkers();
+    /// T or L is another one than before, whoever changed it.
+    void directionsChanged(double dT, double dL);
 
 protected:
     void closeEvent(QCloseEvent* pEvent) override;
@@ -293,9 +295,9 @@ private:
     MatrixDataPointer m_poAzimuth;
     std::unique_ptr<MatrixData> m_poTransverseDip;
     std::unique_ptr<MatrixData> m_poLongitudinalDip;
-    std::vector<int> m_viTableRows; ///< empty: all
-    double m_dSteepest = 0.0;       ///< at the edges of the tracks of apparent dips, degrees
-    bool m_bOwnDirections = false;  ///< proposed by the panel itself
+    std::vector<int> m_viTableRows;                  ///< empty: all
+    double m_dSteepest = 0.0;                        ///< at the edges of the tracks of apparent dips, degrees
+    std::pair<double, double> m_announcedDirections; ///< by directionsChanged()
     bool m_bMercatorScaling = false;
     bool m_bShowingSettings = false; ///< controls follow the settings, not the user
 

@@ -14,7 +14,6 @@
 #include <QLabel>
 
 #include <algorithm>
-#include <utility>
 
 namespace gkBase {
 
@@ -121,10 +120,7 @@ void QScatDepthPlotWidget::clearSelection()
     if (selectedRecords().empty())
         return;
     setSelectedRecords({});
-    // What a host answers to no records is no orientation of a line.
-    const bool bOrientationMode = std::exchange(m_bOrientationMode, false);
     emit dataPointsSelection(pModel->selection(), pModel->numberOfPoints());
-    m_bOrientationMode = bOrientationMode;
 }
 
 void QScatDepthPlotWidget::updateSelectionFrom(int iTrack, bool* pbSelection, int iLength)
