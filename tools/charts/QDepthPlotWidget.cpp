@@ -235,7 +235,7 @@ void QDepthPlotWidget::updateDepthPlot()
         m_pqTrackEditor->showCurrentTrack();
     }
     m_pqArea->setSelectedRecords(m_viSelectedRecords);
-    m_pqArea->setTitle(m_poDataSet ? m_poDataSet->name() : QString());
+    m_pqArea->setTitle(tr("Depth Plot"), m_poDataSet ? m_poDataSet->name() : QString());
     showDepthRange();
     showMarkers();
     showMessage();

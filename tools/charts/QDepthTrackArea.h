@@ -99,7 +99,8 @@ public:
     int rowForCentre(double dDepth) const;
 
     // ---- looks ---------------------------------------------------------------------------------------------------
-    void setTitle(const QString& sTitle);
+    /// What is shown, and of which well; an empty name takes the title away.
+    void setTitle(const QString& sChart, const QString& sName);
     QString title() const;
     /// Shown instead of the tracks; empty for none.
     void setMessage(const QString& sMessage);

@@ -8,6 +8,7 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSplitter>
@@ -44,6 +45,14 @@ QCheckBox* newCheckBox(const QString& sText, const QString& sToolTip, const char
     pqBox->setToolTip(sToolTip);
     pqBox->setObjectName(QLatin1String(pObjectName));
     return pqBox;
+}
+
+QPushButton* newButton(const QString& sText, const QString& sToolTip, const char* pObjectName)
+{
+    auto* pqButton = new QPushButton(sText);
+    pqButton->setToolTip(sToolTip);
+    pqButton->setObjectName(QLatin1String(pObjectName));
+    return pqButton;
 }
 
 QDoubleSpinBoxWithSlider* newAngleSpinBox(QFormLayout& form, const QString& sName, const QString& sToolTip, double dMin,

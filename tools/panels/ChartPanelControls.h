@@ -9,6 +9,7 @@ class QDecoratedToolBox;
 class QDoubleSpinBoxWithSlider;
 class QFormLayout;
 class QLabel;
+class QPushButton;
 class QScrollArea;
 class QSplitter;
 class QWidget;
@@ -25,6 +26,9 @@ QComboBox* newChooser(const QString& sName, const QString& sToolTip, const QStri
 
 /// A check box; pObjectName is for style sheets and scripts.
 QCheckBox* newCheckBox(const QString& sText, const QString& sToolTip, const char* pObjectName);
+
+/// A push button; pObjectName as above.
+QPushButton* newButton(const QString& sText, const QString& sToolTip, const char* pObjectName);
 
 /// An angle in degrees with a slider, in a row of the form; pObjectName as above.
 QDoubleSpinBoxWithSlider* newAngleSpinBox(QFormLayout& form, const QString& sName, const QString& sToolTip, double dMin,

@@ -35,6 +35,9 @@ constexpr std::array<double, 6> g_adSteepest = {10.0, 20.0, 30.0, 40.0, 60.0, 80
 constexpr double g_dMargin = 1.03; ///< so that no frame cuts the symbol of the steepest dip
 constexpr QLatin1String g_transverseDip("Transverse Dip");
 constexpr QLatin1String g_longitudinalDip("Longitudinal Dip");
+/// Of the points until the user chooses others; readable on white and black.
+constexpr QRgb g_transverseColor = 0xff2878b4;
+constexpr QRgb g_longitudinalColor = 0xff9a5fb5;
 
 /// The largest magnitude of the values, in degrees; 0 without any.
 double steepestDip(const MatrixData* poDips)
@@ -155,7 +158,7 @@ void QScatDepthPlotWidget::showMessage()
         sMessage = tr("The depth has no values.");
     m_pqArea->setMessage(sMessage);
     const MatrixData* poDataSet = poAny ? poAny->parentNode() : nullptr;
-    m_pqArea->setTitle(poDataSet ? poDataSet->name() : QString());
+    m_pqArea->setTitle(tr("SCAT Dipmeter"), poDataSet ? poDataSet->name() : QString());
 }
 
 void QScatDepthPlotWidget::setTableRows(const std::vector<int>& viRecords)
@@ -207,8 +210,10 @@ void QScatDepthPlotWidget::rotateDipData(const QString& sName, std::unique_ptr<M
         poTarget.reset();
         return;
     }
-    if (!poTarget || poTarget->recordCount() != poDip->recordCount())
+    if (!poTarget || poTarget->recordCount() != poDip->recordCount()) {
         poTarget = std::make_unique<MatrixData>(sName, poDip->recordCount(), 1, QMetaType::Double);
+        poTarget->setColor(QColor::fromRgb(sName == g_transverseDip ? g_transverseColor : g_longitudinalColor));
+    }
     poTarget->setUnitManager(poDip->unitManager());
     const std::vector<double> vdDips = numbersInDegrees(*poDip);
     std::vector<double> vdApparentDips(vdDips.size(), g_dEmptyCell);

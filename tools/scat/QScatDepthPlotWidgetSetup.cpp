@@ -39,14 +39,6 @@ constexpr int g_iAreaWidth = 1000;
 constexpr int g_iSideBarWidth = 360;
 constexpr int g_iListMinimumHeight = 110;
 
-QPushButton* newButton(const QString& sText, const QString& sToolTip, const char* pObjectName)
-{
-    auto* pqButton = new QPushButton(sText);
-    pqButton->setToolTip(sToolTip);
-    pqButton->setObjectName(QLatin1String(pObjectName));
-    return pqButton;
-}
-
 } // namespace
 
 QScatDepthPlotWidget::QScatDepthPlotWidget(QWidget* pqParent)

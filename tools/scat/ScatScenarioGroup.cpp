@@ -15,12 +15,11 @@ namespace gkBase {
 
 namespace {
 
-QPushButton* newButton(const QString& sText, const QString& sToolTip, const char* pObjectName)
+/// Four of them stand side by side.
+QPushButton* newNarrowButton(const QString& sText, const QString& sToolTip, const char* pObjectName)
 {
-    auto* pqButton = new QPushButton(sText);
-    pqButton->setToolTip(sToolTip);
-    pqButton->setObjectName(QLatin1String(pObjectName));
-    pqButton->setMinimumWidth(1); // four of them stand side by side
+    QPushButton* pqButton = newButton(sText, sToolTip, pObjectName);
+    pqButton->setMinimumWidth(1);
     return pqButton;
 }
 
@@ -39,12 +38,13 @@ ScatScenarioGroup::ScatScenarioGroup(QAction* pqUndo, QAction* pqRedo, QWidget* 
     , m_pqScenarioComboBox(newChooser(tr("Structural Interpretation Scenario"),
                                       tr("The scenario whose lines are shown; * stands for changes not saved yet"),
                                       QStringLiteral("m_pqScenarioComboBox")))
-    , m_pqSaveButton(newButton(tr("Save"), tr("Write the lines of the scenario to a file"), "m_pqSaveScenarioBtn"))
-    , m_pqCloseButton(newButton(tr("Close"), tr("Take the scenario out of this window"), "m_pqCloseScenarioBtn"))
+    , m_pqSaveButton(
+          newNarrowButton(tr("Save"), tr("Write the lines of the scenario to a file"), "m_pqSaveScenarioBtn"))
+    , m_pqCloseButton(newNarrowButton(tr("Close"), tr("Take the scenario out of this window"), "m_pqCloseScenarioBtn"))
 {
     m_pqScenarioComboBox->setPlaceholderText(tr("None"));
-    auto* pqNew = newButton(tr("New"), tr("Begin a scenario without lines"), "m_pqNewScenarioBtn");
-    auto* pqImport = newButton(tr("Import"), tr("Read scenarios from files"), "m_pqImportScenarioBtn");
+    auto* pqNew = newNarrowButton(tr("New"), tr("Begin a scenario without lines"), "m_pqNewScenarioBtn");
+    auto* pqImport = newNarrowButton(tr("Import"), tr("Read scenarios from files"), "m_pqImportScenarioBtn");
     auto* pqFirst = new QHBoxLayout;
     pqFirst->addWidget(m_pqScenarioComboBox, 1);
     pqFirst->addWidget(newToolButton(pqUndo));
