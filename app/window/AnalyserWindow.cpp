@@ -152,7 +152,7 @@ void AnalyserWindow::createViewMenu()
     m_pqUnitsMenu = pqMenu->addMenu(tr("&Display Units"));
     connect(pqMenu, &QMenu::aboutToShow, this, &AnalyserWindow::fillUnitsMenu);
     QAction* pqMarkers = pqMenu->addAction(tr("&Marker Visibility…"), m_pqAnalyser,
-                                           &gkBase::QDataAnalyserDialog::showMarkerVisibilityDlg);
+                                           [this] { m_pqAnalyser->showMarkerVisibilityDlg(this); });
     connect(pqMenu, &QMenu::aboutToShow, pqMarkers,
             [this, pqMarkers] { pqMarkers->setEnabled(m_pqAnalyser->hasMarkerVisibility()); });
 }

@@ -109,8 +109,9 @@ void ScatWindow::createMenus(const AnalyserWindow* pqAnalyser)
     pqEdit->addAction(tr("&Clear Selection"), m_pqPanel, &QScatDepthPlotWidget::clearSelection);
 
     QMenu* pqView = menuBar()->addMenu(tr("&View"));
-    QAction* pqMarkers = pqView->addAction(tr("&Marker Visibility…"), pqAnalyser->analyser(),
-                                           &gkBase::QDataAnalyserDialog::showMarkerVisibilityDlg);
+    QAction* pqMarkers =
+        pqView->addAction(tr("&Marker Visibility…"), pqAnalyser->analyser(),
+                          [this, pqDialog = pqAnalyser->analyser()] { pqDialog->showMarkerVisibilityDlg(this); });
     connect(pqView, &QMenu::aboutToShow, pqMarkers,
             [pqMarkers, pqDialog = QPointer<gkBase::QDataAnalyserDialog>(pqAnalyser->analyser())] {
                 pqMarkers->setEnabled(pqDialog && pqDialog->hasMarkerVisibility());

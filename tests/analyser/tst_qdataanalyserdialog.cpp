@@ -1,3 +1,4 @@
+#include "DepthMarkers.h"
 #include "DisplayUnitManager.h"
 #include "MatrixDataRestore.h"
 #include "QAttributeTreeView.h"
@@ -8,6 +9,7 @@
 #include "QHistogramChartWidget.h"
 #include "QHistogramItemModel.h"
 #include "QHistogramPlotWidget.h"
+#include "QMarkerVisibilityDlg.h"
 #include "QModifyCellsDialog.h"
 #include "QRelationshipItemModel.h"
 #include "QSelectCellsDialog.h"
@@ -485,23 +487,55 @@ private slots:
         }
     }
 
-    void markersAreSwitchedInThePlotAndTheData()
+    void markersAreSwitchedInTheDataAndBackByUndo()
     {
         const QSignalSpy modified(m_pqDialog, &QDataAnalyserDialog::dataModified);
+        const QDepthPlotWidget* pqPlot = m_pqDialog->depthPlot();
         m_pqDialog->setMarkerVisibility(false, false, false, true, false, false);
-        QVERIFY2(m_pqDialog->depthPlot()->markerVisibility().m_bTops, "no \"$V\": nothing happens");
-        m_pqDialog->setAllDecimatedDipAzimuthMarkersVisibility(false);
-        QVERIFY(!m_pqDialog->depthPlot()->markerVisibility().m_bDecimated);
-        auto* poVisible = new MatrixData(QStringLiteral("$V"), 10, 1, QMetaType::Bool);
-        m_poRoot->child(0)->appendChild(poVisible, true);
+        QVERIFY2(pqPlot->markerVisibility().m_bTops, "no \"$V\": nothing happens");
+        const auto addTable = [this](const char* pName, const char* pAttribute, const char* pText) {
+            auto* poTable = new MatrixData(QLatin1String(pName));
+            m_poRoot->appendChild(poTable, false);
+            poTable->appendChild(newAttribute(QStringLiteral("Depth"), 2, 1.0), true);
+            poTable->appendChild(new MatrixData(QLatin1String(pAttribute), 2, 1, QMetaType::QString), true);
+            poTable->child(1)->setValue(3, 0, QLatin1String(pText));
+            return poTable;
+        };
+        MatrixData* poMarkers = addTable("Well Markers", "Type", "Crestal Plane");
+        poMarkers->child(1)->setValue(4, 0, QStringLiteral("Top"));
+        poMarkers->appendChild(new MatrixData(QStringLiteral("$V"), 2, 1, QMetaType::Bool), true);
+        const auto shown = [this, pqPlot] {
+            return collectDepthMarkers(m_poRoot.get(), m_poRoot->child(0)->child(0), pqPlot->markerVisibility())
+                .m_vLines.size();
+        };
+        QCOMPARE(shown(), 2U);
         const auto iModified = modified.count();
-        m_pqDialog->setMarkerVisibility(true, true, true, true, true, false);
-        QCOMPARE(poVisible->defaultValue1(), QVariant(false));
+        m_pqDialog->setMarkerVisibility(false, true, true, true, true, false);
+        QCOMPARE(shown(), 0U);
         QCOMPARE(modified.count(), iModified + 1);
-        QVERIFY2(m_pqDialog->depthPlot()->markerVisibility().m_bTops, "the kinds stay as they are");
-        m_pqDialog->setMarkerVisibility(false, false, false, true, true, false);
-        const DepthMarkerSwitches switches = m_pqDialog->depthPlot()->markerVisibility();
-        QVERIFY(!switches.m_bTops && !switches.m_bFaults && switches.m_bScat);
+        QVERIFY(m_poRoot->undo());
+        QCOMPARE(shown(), 2U);
+        // What "$V" does not reach goes by the box, and all that is to be seen is.
+        addTable("Well Tops", "Top", "Chalk");
+        QCOMPARE(shown(), 3U);
+        m_pqDialog->setMarkerVisibility(false, true, false, true, false, false);
+        QVERIFY(shown() == 0 && !pqPlot->markerVisibility().m_bTops && pqPlot->markerVisibility().m_bScat);
+        m_pqDialog->setMarkerVisibility(true, false, false, false, false, true);
+        QCOMPARE(shown(), 3U);
+    }
+
+    void markerDialogAsksForTheWindow()
+    {
+        m_poRoot->child(0)->appendChild(new MatrixData(QStringLiteral("$V"), 10, 1, QMetaType::Bool), true);
+        QWidget asking;
+        m_pqDialog->showMarkerVisibilityDlg(&asking);
+        const QPointer<QMarkerVisibilityDlg> pqDialog = asking.findChild<QMarkerVisibilityDlg*>();
+        pqDialog->accept();
+        QCOMPARE(m_poRoot->getNodeFromName(QStringLiteral("$V"))->defaultValue1(), QVariant(false));
+        QTRY_VERIFY(!pqDialog);
+        m_pqDialog->showMarkerVisibilityDlg(&asking);
+        delete m_pqDialog; // by the host, with the question open
+        asking.findChild<QMarkerVisibilityDlg*>()->accept();
     }
 
     void selectCellsByCondition()

@@ -33,13 +33,20 @@ class MarkerTest
 {
 public:
     MarkerTest(const MatrixData& dataSet, const MarkerKinds& kinds)
-        : m_kinds(kinds)
+        : m_dataSet(dataSet)
+        , m_kinds(kinds)
         , m_columns(dataSet)
         , m_poDip(attributeNamed(dataSet, QStringLiteral("Decimated:dip"), Qt::CaseInsensitive))
         , m_poAzimuth(attributeNamed(dataSet, QStringLiteral("Decimated:azimuth"), Qt::CaseInsensitive))
     {
     }
 
+    /// Records behind these are no markers.
+    int recordCount() const
+    {
+        const int iTadpoles = m_poDip || m_poAzimuth ? recordsOf(m_dataSet) : 0;
+        return std::max(m_columns.recordCount(), iTadpoles);
+    }
     bool operator()(int iRecord) const
     {
         return std::any_of(m_kinds.begin(), m_kinds.end(),
@@ -68,6 +75,7 @@ private:
         return poAttribute && !poAttribute->column().isMissing(iRecord);
     }
 
+    const MatrixData& m_dataSet;
     const MarkerKinds& m_kinds;
     MarkerColumns m_columns;
     const MatrixData* m_poDip;
@@ -124,6 +132,23 @@ bool changeVisibility(MatrixData& root, const std::optional<QVariant>& oqDefault
 bool hasMarkerVisibility(const MatrixData* poRoot)
 {
     return poRoot && !visibilityAttributes(*poRoot).empty();
+}
+
+bool canMarkersBeHidden(const MatrixData& root, MarkerKind eKind, const QString& sType)
+{
+    if (!hasMarkerVisibility(&root))
+        return false;
+    const MarkerKinds kinds{{eKind, sType}};
+    const std::vector<MatrixData*> vpDataSets = dataSetsBelow(root);
+    return std::none_of(vpDataSets.begin(), vpDataSets.end(), [&kinds](const MatrixData* poDataSet) {
+        if (attributeNamed(*poDataSet, QStringLiteral("$V")))
+            return false;
+        const MarkerTest isOfKind(*poDataSet, kinds);
+        bool bFound = false;
+        for (int i = 0; i < isOfKind.recordCount() && !bFound; ++i)
+            bFound = isOfKind(i);
+        return bFound;
+    });
 }
 
 bool areMarkersHidden(const MatrixData& root)

@@ -31,6 +31,10 @@ struct MarkerVisibilityChoice
 /// Whether there is an attribute "$V" below the root.
 GKBASETOOLS_EXPORT bool hasMarkerVisibility(const MatrixData* poRoot);
 
+/// Whether "$V" can hide the markers of the kind: there is one, and in every data set that has such a marker. sType as
+/// for setMarkersVisible().
+GKBASETOOLS_EXPORT bool canMarkersBeHidden(const MatrixData& root, MarkerKind eKind, const QString& sType);
+
 /// Whether the default value of each "$V" hides all its markers. False without "$V".
 GKBASETOOLS_EXPORT bool areMarkersHidden(const MatrixData& root);
 
@@ -39,8 +43,8 @@ GKBASETOOLS_EXPORT bool areMarkersHidden(const MatrixData& root);
 /// markerDefaultOfRows(), and the cells of their rows the visibility: rows that nobody ever switched are hidden then.
 GKBASETOOLS_EXPORT bool setMarkerVisibility(MatrixData& root, const MarkerVisibilityChoice& choice);
 
-/// Writes "$V" in the rows of the kind, as one undo step; tells whether a row changed. False without "$V". The default
-/// stays as it is.
+/// Writes "$V" in the rows of the kind (sType: the text of "Type" for MarkerKind::Type), as one undo step; tells
+/// whether a row changed. False without "$V". The default stays as it is.
 GKBASETOOLS_EXPORT bool setMarkersVisible(MatrixData& root, MarkerKind eKind, const QString& sType, bool bVisible);
 
 } // namespace gkBase

@@ -142,15 +142,17 @@ public:
     /// Whether the data have an attribute "$V", without which setMarkerVisibility() does nothing.
     bool hasMarkerVisibility() const;
     /// Switches markers of the depth plot by the attributes "$V": all of them through its default value, or, with a
-    /// default that hides, the rows of the chosen kinds (see MarkerVisibility.h), and then the kinds of the depth plot
-    /// as well. One undo step.
+    /// default that hides, the rows of the chosen kinds (see MarkerVisibility.h). One undo step. The boxes of the depth
+    /// plot, which no undo changes, are checked for what is to be seen, and unchecked for a kind only where markers of
+    /// it stand in data sets without "$V".
     void setMarkerVisibility(bool bAll, bool bScat, bool bDecimated, bool bTops, bool bFaults, bool bVisible);
     /// Makes the markers of the well of a depth those lines, or takes them away, as the functions in WellMarkers.h do,
-    /// shows them, tells the host and returns whether there was something to do.
+    /// tells the host and returns whether there was something to do. Whether the depth plot shows them is a matter of
+    /// their visibility.
     bool createWellMarkers(const DepthLineField& lines, const MatrixData& depth);
     bool deleteWellMarkers(const MatrixData& depth);
-    /// Switches the depth plot's structural planes, and writes "$V", when the data have it, in the rows whose "Type" is
-    /// one.
+    /// Writes "$V", when the data have it, in the rows whose "Type" is a structural plane; the box of the depth plot as
+    /// above.
     void setAllScatMarkersVisibility(bool bVisible);
     /// … in the rows with a "Decimated:dip" or "Decimated:azimuth".
     void setAllDecimatedDipAzimuthMarkersVisibility(bool bVisible);
@@ -175,8 +177,9 @@ public slots:
     void copyToClipboard();
     void showSelectValueCellsDlg();
     void showModifyCellsDlg();
-    /// Asks which markers to show or hide, and does so. Nothing without "$V".
-    void showMarkerVisibilityDlg();
+    /// Asks before a window (null: the dialog's own) which markers to show or hide, and returns; the answer is applied
+    /// when it comes. Nothing without "$V".
+    void showMarkerVisibilityDlg(QWidget* pqParent = nullptr);
     void selectInverse();
     /// Reads the whole tree again after outside changes.
     void updateAllViews();
@@ -268,6 +271,7 @@ private:
     MatrixData* firstDirection() const;
     /// Shows attributes that a chart added and tells the host; returns bAdded.
     bool showDerived(bool bAdded);
+    void switchInDepthPlot(MarkerKind eKind, const QString& sType, bool bVisible);
     void changeMarkers(MarkerKind eKind, const QString& sType, bool bVisible);
 
     void scheduleSelectionCheck();

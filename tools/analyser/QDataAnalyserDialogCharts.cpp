@@ -146,29 +146,34 @@ void QDataAnalyserDialog::setMarkerVisibility(bool bAll, bool bScat, bool bDecim
 {
     if (!hasMarkerVisibility())
         return;
-    if (!bAll && m_pqDepthPlot) {
-        if (bScat)
-            m_pqDepthPlot->setAllScatMarkersVisibility(bVisible);
-        if (bDecimated)
-            m_pqDepthPlot->setAllDecimatedDipAzimuthMarkersVisibility(bVisible);
-        if (bTops)
-            m_pqDepthPlot->setAllTopMarkersVisibility(bVisible);
-        if (bFaults)
-            m_pqDepthPlot->setAllTypeMarkersVisibility(QStringLiteral("Fault"), bVisible);
+    const auto isMeant = [bAll, bVisible](bool bKind) { return bAll ? bVisible : bKind; };
+    if (isMeant(bScat))
+        switchInDepthPlot(MarkerKind::Scat, QString(), bVisible);
+    if (isMeant(bDecimated))
+        switchInDepthPlot(MarkerKind::Decimated, QString(), bVisible);
+    if (isMeant(bTops)) {
+        switchInDepthPlot(MarkerKind::Type, QStringLiteral("Top"), bVisible);
+        switchInDepthPlot(MarkerKind::Top, QString(), bVisible);
     }
+    if (isMeant(bFaults))
+        switchInDepthPlot(MarkerKind::Type, QStringLiteral("Fault"), bVisible);
     if (gkBase::setMarkerVisibility(*m_poDataRoot, {bAll, bScat, bDecimated, bTops, bFaults, bVisible}))
         emit dataModified(true);
     m_pCharts->mark(AnalyserChartPages::DepthPlot);
 }
 
-void QDataAnalyserDialog::showMarkerVisibilityDlg()
+void QDataAnalyserDialog::showMarkerVisibilityDlg(QWidget* pqParent)
 {
     if (!hasMarkerVisibility())
         return;
-    QMarkerVisibilityDlg dialog(QString(), !areMarkersHidden(*m_poDataRoot), this);
-    if (dialog.exec() == QDialog::Accepted)
-        setMarkerVisibility(dialog.allMarkers(), dialog.scatMarkers(), dialog.decimatedDipAzimuthMarkers(),
-                            dialog.topMarkers(), dialog.faultMarkers(), dialog.visibilityValue());
+    auto* pqDialog =
+        new QMarkerVisibilityDlg(QString(), !areMarkersHidden(*m_poDataRoot), pqParent ? pqParent : window());
+    pqDialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(pqDialog, &QDialog::accepted, this, [this, pqDialog] {
+        setMarkerVisibility(pqDialog->allMarkers(), pqDialog->scatMarkers(), pqDialog->decimatedDipAzimuthMarkers(),
+                            pqDialog->topMarkers(), pqDialog->faultMarkers(), pqDialog->visibilityValue());
+    });
+    pqDialog->open();
 }
 
 bool QDataAnalyserDialog::createWellMarkers(const DepthLineField& lines, const MatrixData& depth)
@@ -183,36 +188,50 @@ bool QDataAnalyserDialog::deleteWellMarkers(const MatrixData& depth)
 
 void QDataAnalyserDialog::setAllScatMarkersVisibility(bool bVisible)
 {
-    if (m_pqDepthPlot)
-        m_pqDepthPlot->setAllScatMarkersVisibility(bVisible);
     changeMarkers(MarkerKind::Scat, QString(), bVisible);
 }
 
 void QDataAnalyserDialog::setAllDecimatedDipAzimuthMarkersVisibility(bool bVisible)
 {
-    if (m_pqDepthPlot)
-        m_pqDepthPlot->setAllDecimatedDipAzimuthMarkersVisibility(bVisible);
     changeMarkers(MarkerKind::Decimated, QString(), bVisible);
 }
 
 void QDataAnalyserDialog::setAllTypeMarkersVisibility(const QString& sType, bool bVisible)
 {
-    if (m_pqDepthPlot)
-        m_pqDepthPlot->setAllTypeMarkersVisibility(sType, bVisible);
     changeMarkers(MarkerKind::Type, sType, bVisible);
 }
 
 void QDataAnalyserDialog::setAllTopMarkersVisibility(bool bVisible)
 {
-    if (m_pqDepthPlot)
-        m_pqDepthPlot->setAllTopMarkersVisibility(bVisible);
     changeMarkers(MarkerKind::Top, QString(), bVisible);
 }
 
 void QDataAnalyserDialog::changeMarkers(MarkerKind eKind, const QString& sType, bool bVisible)
 {
+    switchInDepthPlot(eKind, sType, bVisible);
     if (m_poDataRoot && setMarkersVisible(*m_poDataRoot, eKind, sType, bVisible))
         emit dataModified(true);
+}
+
+void QDataAnalyserDialog::switchInDepthPlot(MarkerKind eKind, const QString& sType, bool bVisible)
+{
+    // Undo brings "$V" back and not these boxes: they go off only where "$V" cannot hide.
+    if (!m_pqDepthPlot || (!bVisible && m_poDataRoot && canMarkersBeHidden(*m_poDataRoot, eKind, sType)))
+        return;
+    switch (eKind) {
+    case MarkerKind::Scat:
+        m_pqDepthPlot->setAllScatMarkersVisibility(bVisible);
+        break;
+    case MarkerKind::Decimated:
+        m_pqDepthPlot->setAllDecimatedDipAzimuthMarkersVisibility(bVisible);
+        break;
+    case MarkerKind::Type:
+        m_pqDepthPlot->setAllTypeMarkersVisibility(sType, bVisible);
+        break;
+    case MarkerKind::Top:
+        m_pqDepthPlot->setAllTopMarkersVisibility(bVisible);
+        break;
+    }
 }
 
 } // namespace gkBase
