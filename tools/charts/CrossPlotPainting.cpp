@@ -31,6 +31,7 @@ constexpr double g_dPadding = 3.0;
 constexpr double g_dStripe = 4.0;
 constexpr double g_dMargin = 6.0;
 constexpr int g_iBoxAlpha = 225;
+constexpr int g_iNameAlpha = 150;    ///< of names of lines, which stand on the points of their depths
 constexpr double g_dBroader = 2.0;   ///< what faults exceed other lines by
 constexpr double g_dHoverBand = 4.0; ///< beyond the line, as the halo
 constexpr int g_iHoverAlpha = 70;
@@ -50,10 +51,11 @@ void drawLineWithHalo(QPainter& painter, const QLineF& oLine, const QPen& pen, c
     painter.drawLine(oLine);
 }
 
-void drawGround(QPainter& painter, const QRectF& oBox, const QColor& oFrame, const CrossPlotStyle& style)
+void drawGround(QPainter& painter, const QRectF& oBox, const QColor& oFrame, const CrossPlotStyle& style,
+                int iAlpha = g_iBoxAlpha)
 {
     QColor oGround = style.m_oBackground;
-    oGround.setAlpha(g_iBoxAlpha);
+    oGround.setAlpha(iAlpha);
     painter.setPen(oFrame.isValid() ? QPen(oFrame, 1.0) : QPen(Qt::NoPen));
     painter.setBrush(oGround);
     painter.drawRect(oBox);
@@ -79,7 +81,7 @@ QSizeF boxSize(const QPainter& painter, const QString& sText)
 void drawNameBox(QPainter& painter, const QRectF& oBox, const QString& sName, const QFontMetricsF& metrics,
                  const QColor& oFrame, const CrossPlotStyle& style)
 {
-    drawGround(painter, oBox, oFrame, style);
+    drawGround(painter, oBox, oFrame, style, oFrame.isValid() ? g_iBoxAlpha : g_iNameAlpha);
     painter.drawText(oBox.topLeft() + QPointF(g_dPadding, metrics.ascent()), sName);
 }
 
