@@ -184,10 +184,15 @@ private slots:
         QCOMPARE(modified.count(), 1);
         emit m_pPanel->createWellMarkers();
         QCOMPARE(modified.count(), 1);
+        QVERIFY(reported.last().constFirst().toString().contains(QLatin1String("shows them")));
+        m_pAnalyser->setMarkerVisibility(false, false, false, false, true, true); // no row says that it is shown
+        emit m_pPanel->createWellMarkers();
+        QVERIFY(reported.last().constFirst().toString().contains(QLatin1String("hides 1 of 1")));
+        QVERIFY(m_poRoot->undo());
         emit m_pPanel->deleteWellMarkers();
         QCOMPARE(m_poRoot->childCount(), 2);
         QVERIFY(m_poRoot->undo() && m_poRoot->undo() && !m_poRoot->canUndo());
-        QCOMPARE(reported.count(), 4);
+        QCOMPARE(reported.count(), 5);
     }
 
 private:

@@ -146,6 +146,28 @@ private slots:
         QCOMPARE(shown(*poOther, *poOther->child(0)), (QStringList{"Horizon_0@1010", "Fault0@1150"}));
     }
 
+    void rowsAreKnownWhateverTheirTablesAreCalled()
+    {
+        create();
+        markers()->setName(QStringLiteral("Picks"));
+        QVERIFY2(!create(), "the renamed table");
+        const std::unique_ptr<MatrixData> poSecond(m_poRoot->child(1)->clone()); // and a copy of it
+        auto* poCopy = addDataSet(*m_poRoot, QStringLiteral("A Markers"), {});
+        for (int i = 0; i < poSecond->childCount(); ++i)
+            poCopy->appendChild(poSecond->child(i)->clone(), true);
+        QCOMPARE(shown(*m_poRoot, *m_poWell).size(), 6);
+        const std::unique_ptr<MatrixData> poBefore(m_poRoot->clone());
+        m_lines.eraseLine(1);
+        QVERIFY(create());
+        QCOMPARE(shown(*m_poRoot, *m_poWell), (QStringList{"Horizon_0@1010", "Fault0@1150"}));
+        QVERIFY(m_poRoot->undo());
+        QVERIFY(m_poRoot->isIdenticalTo(*poBefore));
+        QVERIFY(deleteWellMarkers(*m_poRoot, depth()));
+        QCOMPARE(m_poRoot->childCount(), 1);
+        QVERIFY(m_poRoot->undo());
+        QVERIFY(m_poRoot->isIdenticalTo(*poBefore));
+    }
+
     void markersStayWithTheirWell_data()
     {
         QTest::addColumn<QString>("sName");

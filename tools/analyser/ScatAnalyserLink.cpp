@@ -2,10 +2,12 @@
 
 #include "AngleUnits.h"
 #include "DepthLineField.h"
+#include "DepthMarkers.h"
 #include "MatrixData.h"
 #include "MissingValue.h"
 #include "OrientationStatistics.h"
 #include "QDataAnalyserDialog.h"
+#include "QDepthPlotWidget.h"
 #include "QScatDepthPlotWidget.h"
 #include "TransverseDirection.h"
 #include "WellMarkers.h"
@@ -134,11 +136,23 @@ void ScatAnalyserLink::createMarkers()
         emit markersReported(tr("There are no lines that could become markers."));
         return;
     }
+    if (!poDepth->parentNode()) {
+        emit markersReported(tr("These depths belong to no well that could have markers."));
+        return;
+    }
     QDataAnalyserDialog* pqAnalyser = analyserOf(*poDepth);
     const bool bChanged = pqAnalyser ? pqAnalyser->createWellMarkers(*pLines, *poDepth)
                                      : gkBase::createWellMarkers(*poDepth->root(), *pLines, *poDepth);
-    emit markersReported(bChanged ? tr("The lines are markers of the well now; its depth plot shows them.")
-                                  : tr("The markers of the well agree with the lines already."));
+    const QDepthPlotWidget* pqPlot = pqAnalyser ? pqAnalyser->depthPlot() : nullptr;
+    const DepthMarkerSwitches switches = pqPlot ? pqPlot->markerVisibility() : DepthMarkerSwitches();
+    const auto [iLines, iShown] = shownWellMarkers(*poDepth->root(), *pLines, *poDepth, switches);
+    const QString sMarkers = bChanged ? tr("The lines are markers of the well now")
+                                      : tr("The markers of the well agree with the lines already");
+    const QString sShown =
+        iShown == iLines ? tr("its depth plot shows them")
+                         : tr("marker visibility hides %1 of %2 on its depth plot").arg(iLines - iShown).arg(iLines);
+    emit markersReported(iLines == 0 ? tr("The well has no markers that come from lines now.")
+                                     : tr("%1; %2.").arg(sMarkers, sShown));
 }
 
 void ScatAnalyserLink::deleteMarkers()

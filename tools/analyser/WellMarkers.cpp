@@ -2,6 +2,7 @@
 
 #include "AngleUnits.h"
 #include "DepthLineField.h"
+#include "DepthMarkers.h"
 #include "DerivedAttributes.h"
 #include "MatrixData.h"
 #include "MatrixDataNotifier.h"
@@ -41,6 +42,11 @@ struct WellMarker
     double m_dAzimuth = g_dEmptyCell;
 };
 
+bool isHere(double dDepth, double dOther)
+{
+    return std::abs(dDepth - dOther) <= 1e-9 * std::max(1.0, std::abs(dDepth));
+}
+
 std::vector<WellMarker> markersOf(const DepthLineField& lines)
 {
     std::vector<WellMarker> vMarkers;
@@ -59,37 +65,66 @@ std::vector<WellMarker> markersOf(const DepthLineField& lines)
     return vMarkers;
 }
 
-/// The data set that holds the well's markers, and what its columns mean.
+/// The well whose markers are those along a depth; null when the depth stands in no data set.
+MatrixData* wellOfDepth(const MatrixData& root, const MatrixData& depth)
+{
+    MatrixData* poData = depth.owner() ? depth.owner() : depth.parentNode();
+    MatrixData* poWell = poData && poData != &root ? wellOf(*poData) : nullptr;
+    return poWell ? poWell : poData;
+}
+
+bool isSent(const MatrixData* poOrigin, int iRow)
+{
+    return poOrigin && poOrigin->column().text(iRow) == g_scat;
+}
+
+bool hasSentRows(const MatrixData& dataSet)
+{
+    const MatrixData* poOrigin = attributeNamed(dataSet, g_origin);
+    for (int i = 0; poOrigin && i < poOrigin->recordCount(); ++i)
+        if (isSent(poOrigin, i))
+            return true;
+    return false;
+}
+
+/// The tables with rows that were sent before, whatever their names are; without any, the one that would hold them by
+/// its name, if it is there.
+std::vector<MatrixData*> tablesOfMarkers(const MatrixData& root, const MatrixData& well)
+{
+    static const QRegularExpression markers(QStringLiteral(" Markers(_\\d+)?$"));
+    std::vector<MatrixData*> vpTables;
+    MatrixData* poNamed = nullptr;
+    WellFinder finder;
+    for (MatrixData* poDataSet : dataSetsBelow(root)) {
+        if (!attributeNamed(*poDataSet, g_origin) || !isMarkerTable(*poDataSet) || finder.wellOf(*poDataSet) != &well)
+            continue;
+        if (hasSentRows(*poDataSet))
+            vpTables.push_back(poDataSet);
+        else if (!poNamed && markers.match(poDataSet->name()).hasMatch())
+            poNamed = poDataSet;
+    }
+    if (vpTables.empty() && poNamed)
+        vpTables.push_back(poNamed);
+    return vpTables;
+}
+
+/// A data set of markers (null: one that is still to be made), and what its columns mean.
 class MarkerTable
 {
 public:
-    MarkerTable(MatrixData& root, const MatrixData& depth)
+    MarkerTable(MatrixData* poSet, const MatrixData& depth)
         : m_sDepthName(depth.name())
         , m_poDepthUnit(depth.unitManager())
+        , m_poSet(poSet)
     {
-        MatrixData* poData = depth.owner() ? depth.owner() : depth.parentNode();
-        MatrixData* poWell = poData && poData != &root ? wellOf(*poData) : nullptr;
-        m_poWell = poWell ? poWell : poData;
-        if (!m_poWell || m_poWell == &root)
-            return;
-        static const QRegularExpression markers(QStringLiteral(" Markers(_\\d+)?$"));
-        for (MatrixData* poDataSet : dataSetsBelow(root)) {
-            if (markers.match(poDataSet->name()).hasMatch() && isMarkerTable(*poDataSet) &&
-                attributeNamed(*poDataSet, g_origin) && wellOf(*poDataSet) == m_poWell) {
-                m_poSet = poDataSet;
-                return;
-            }
-        }
     }
 
-    bool isValid() const { return m_poWell != nullptr; }
-    MatrixData* well() const { return m_poWell; }
     MatrixData* dataSet() const { return m_poSet; }
     QString depthName() const { return m_poSet && depthNode() ? depthNode()->name() : m_sDepthName; }
     boost::shared_ptr<UnitManager> depthUnit() const { return m_poDepthUnit; }
 
     int recordCount() const { return m_poSet ? recordsOf(*m_poSet) : 0; }
-    bool isSent(int iRow) const { return text(g_origin, iRow) == g_scat; }
+    bool isSent(int iRow) const { return gkBase::isSent(attributeNamed(*m_poSet, g_origin), iRow); }
     QString text(QLatin1String sAttribute, int iRow) const
     {
         const MatrixData* poNode = attributeNamed(*m_poSet, sAttribute);
@@ -114,8 +149,7 @@ private:
 
     QString m_sDepthName;
     boost::shared_ptr<UnitManager> m_poDepthUnit;
-    MatrixData* m_poWell = nullptr;
-    MatrixData* m_poSet = nullptr; ///< null when there is none yet
+    MatrixData* m_poSet;
 };
 
 /// For each marker the row that was its own before, g_iNoRow for a new one.
@@ -153,16 +187,13 @@ std::vector<int> rowsOfMarkers(const MarkerTable& table, const std::vector<WellM
     };
     constexpr double dNever = std::numeric_limits<double>::infinity();
     const auto offset = [](const WellMarker& a, const WellMarker& b) { return std::abs(a.m_dDepth - b.m_dDepth); };
-    const auto isHere = [&offset](const WellMarker& a, const WellMarker& b) {
-        return offset(a, b) <= 1e-9 * std::max(1.0, std::abs(a.m_dDepth));
-    };
     const auto isNamed = [](const WellMarker& a, const WellMarker& b) {
         return a.m_sType == b.m_sType && a.m_sName == b.m_sName;
     };
     using Marker = const WellMarker&;
-    assign([&](Marker a, Marker b) { return isNamed(a, b) && isHere(a, b) ? 0.0 : dNever; });
+    assign([&](Marker a, Marker b) { return isNamed(a, b) && isHere(a.m_dDepth, b.m_dDepth) ? 0.0 : dNever; });
     assign([&](Marker a, Marker b) { return isNamed(a, b) ? offset(a, b) : dNever; });
-    assign([&](Marker a, Marker b) { return a.m_sType == b.m_sType && isHere(a, b) ? 0.0 : dNever; });
+    assign([&](Marker a, Marker b) { return a.m_sType == b.m_sType && isHere(a.m_dDepth, b.m_dDepth) ? 0.0 : dNever; });
     return viRows;
 }
 
@@ -171,8 +202,9 @@ class MarkerWriter
 {
 public:
     /// viRows: the row of each marker, g_iNoRow for one that goes to the end. Sent rows that no marker has go.
-    MarkerWriter(MatrixData& root, const MarkerTable& table, const std::vector<int>& viRows, const QString& sUndoText)
-        : m_oDerived(root, sUndoText)
+    MarkerWriter(MatrixData& root, const MarkerTable& table, const std::vector<int>& viRows, const QString& sUndoText,
+                 bool bNewStep)
+        : m_oDerived(root, sUndoText, bNewStep)
         , m_poSet(table.dataSet())
     {
         std::vector<bool> vbTaken(static_cast<std::size_t>(table.recordCount()), false);
@@ -285,41 +317,82 @@ void writeMarkers(MarkerWriter& writer, const MarkerTable& table, MatrixData& da
         writer.write(g_visibility, QMetaType::Bool, {}, [](std::size_t) { return QVariant(); });
 }
 
-bool updateMarkers(MatrixData& root, const MarkerTable& table, const std::vector<WellMarker>& vMarkers,
-                   const QString& sUndoText)
+/// Makes the sent rows of a table those of the markers; a table without a row goes, one that is needed comes. Tells
+/// whether something changed.
+bool updateTable(MatrixData& root, const MatrixData& well, const MarkerTable& table,
+                 const std::vector<WellMarker>& vMarkers, const QString& sUndoText, bool bNewStep)
 {
-    if (!table.isValid() || (!table.dataSet() && vMarkers.empty()))
-        return false;
-    const MatrixDataNotifier::Batch batch(&root);
-    const std::vector<int> viRows = rowsOfMarkers(table, vMarkers);
-    MarkerWriter writer(root, table, viRows, sUndoText);
+    MarkerWriter writer(root, table, rowsOfMarkers(table, vMarkers), sUndoText, bNewStep);
     MatrixData* poDataSet = table.dataSet();
     if (poDataSet && writer.isEmpty()) {
         writer.removeDataSet();
         return true;
     }
     if (!poDataSet) {
-        poDataSet = writer.derived().newDataSet(table.well()->name() + g_suffix, table.well());
+        poDataSet = writer.derived().newDataSet(well.name() + g_suffix, &well);
         writer.useDataSet(poDataSet);
     }
     writeMarkers(writer, table, *poDataSet, vMarkers);
     return writer.hasChanged();
 }
 
+/// All markers go to the first table; rows that were sent to others go.
+bool updateMarkers(MatrixData& root, const MatrixData& depth, const std::vector<WellMarker>& vMarkers,
+                   const QString& sUndoText)
+{
+    const MatrixData* poWell = wellOfDepth(root, depth);
+    if (!poWell)
+        return false;
+    std::vector<MatrixData*> vpTables = tablesOfMarkers(root, *poWell);
+    if (vpTables.empty() && !vMarkers.empty())
+        vpTables.push_back(nullptr);
+    const MatrixDataNotifier::Batch batch(&root);
+    bool bChanged = false;
+    for (std::size_t n = 0; n < vpTables.size(); ++n) {
+        const std::vector<WellMarker> vOfTable = n == 0 ? vMarkers : std::vector<WellMarker>();
+        bChanged |= updateTable(root, *poWell, MarkerTable(vpTables[n], depth), vOfTable, sUndoText, !bChanged);
+    }
+    return bChanged;
+}
+
+DepthMarker::Kind kindOf(DepthLineField::DataType eType)
+{
+    if (eType == DepthLineField::Horizon)
+        return DepthMarker::Horizon;
+    return eType == DepthLineField::Fault ? DepthMarker::Fault : DepthMarker::Scat;
+}
+
 } // namespace
 
 bool createWellMarkers(MatrixData& root, const DepthLineField& lines, const MatrixData& depth)
 {
-    return updateMarkers(root, MarkerTable(root, depth), markersOf(lines), QStringLiteral("Create Well Markers"));
+    return updateMarkers(root, depth, markersOf(lines), QStringLiteral("Create Well Markers"));
 }
 
 bool deleteWellMarkers(MatrixData& root, const MatrixData& depth)
 {
-    const MarkerTable table(root, depth);
-    bool bSent = false;
-    for (int i = 0; table.dataSet() && i < table.recordCount(); ++i)
-        bSent = bSent || table.isSent(i);
-    return bSent && updateMarkers(root, table, {}, QStringLiteral("Delete Well Markers"));
+    const MatrixData* poWell = wellOfDepth(root, depth);
+    if (!poWell || std::ranges::none_of(tablesOfMarkers(root, *poWell),
+                                        [](const MatrixData* poTable) { return hasSentRows(*poTable); }))
+        return false;
+    return updateMarkers(root, depth, {}, QStringLiteral("Delete Well Markers"));
+}
+
+ShownWellMarkers shownWellMarkers(const MatrixData& root, const DepthLineField& lines, const MatrixData& depth,
+                                  const DepthMarkerSwitches& switches)
+{
+    const std::vector<DepthMarker> vShown = collectDepthMarkers(&root, &depth, switches).m_vLines;
+    ShownWellMarkers count;
+    for (std::size_t n = 0; n < lines.lineDepths().size(); ++n) {
+        const DepthLineField::DataType eType = lines.lineTypes()[n];
+        if (eType > DepthLineField::Fault)
+            continue;
+        ++count.m_iLines;
+        count.m_iShown += std::ranges::any_of(vShown, [&](const DepthMarker& marker) {
+            return marker.m_eKind == kindOf(eType) && isHere(marker.m_dDepth, lines.lineDepths()[n]);
+        });
+    }
+    return count;
 }
 
 } // namespace gkBase

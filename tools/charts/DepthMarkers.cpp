@@ -132,12 +132,6 @@ void collectTadpoles(const MatrixData& dataSet, const ConvertedDepths& depths, c
     }
 }
 
-/// Whether the markers of a data set are those of the well.
-bool belongsTo(MatrixData& dataSet, const MatrixData& wellData, const MatrixData* poWell)
-{
-    return &dataSet == &wellData || (poWell && wellOf(dataSet) == poWell);
-}
-
 } // namespace
 
 QVariant markerDefaultOfAll(bool bVisible)
@@ -164,10 +158,14 @@ DepthMarkers collectDepthMarkers(const MatrixData* poRoot, const MatrixData* poD
     MatrixData* poWellData = poDepth->owner() ? poDepth->owner() : poDepth->parentNode();
     if (!poWellData)
         return markers;
-    const MatrixData* poWell = wellOf(*poWellData);
+    WellFinder finder;
+    const MatrixData* poWell = finder.wellOf(*poWellData);
+    const auto isOfTheWell = [&](MatrixData& dataSet) {
+        return &dataSet == poWellData || (poWell && finder.wellOf(dataSet) == poWell);
+    };
     for (MatrixData* poDataSet : dataSetsBelow(*poRoot)) {
         const ConvertedDepths depths(*poDataSet, *poDepth);
-        if (!depths.isValid() || !belongsTo(*poDataSet, *poWellData, poWell))
+        if (!depths.isValid() || !isOfTheWell(*poDataSet))
             continue;
         const RecordVisibility visibility(*poRoot, *poDataSet);
         collectLines(*poDataSet, depths, visibility, switches, markers.m_vLines);

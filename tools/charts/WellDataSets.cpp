@@ -8,6 +8,7 @@
 #include <QVariant>
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace gkBase {
 
@@ -52,79 +53,15 @@ bool hasMeasurements(const MatrixData& dataSet)
     return false;
 }
 
-bool isWell(const MatrixData& dataSet)
-{
-    return dataSet.depthAttribute() && hasMeasurements(dataSet) && !isMarkerTable(dataSet);
-}
-
-/// What the data set's name begins with; null for none.
-MatrixData* namesake(const MatrixData& dataSet, const MatrixData& parent)
-{
-    static const QRegularExpression number(QStringLiteral("_\\d+$"));
-    const QString sName = dataSet.name();
-    const QString sNumber = number.match(sName).captured();
-    MatrixData* poBest = nullptr;
-    const auto nameLength = [](const MatrixData* poSet) { return poSet ? poSet->name().size() : 0; };
-    for (int i = 0; i < parent.childCount(); ++i) {
-        MatrixData* poOther = parent.child(i);
-        if (poOther == &dataSet || !poOther->depthAttribute() || isMarkerTable(*poOther))
-            continue;
-        QString sOther = poOther->name();
-        // A second file of the same name: its data sets have the same number.
-        if (!sNumber.isEmpty() && sOther.endsWith(sNumber))
-            sOther.chop(sNumber.size());
-        const bool bBegins =
-            sName.startsWith(sOther + QLatin1Char(' ')) || sName.startsWith(poOther->name() + QLatin1Char(' '));
-        if (bBegins && nameLength(poOther) > nameLength(poBest))
-            poBest = poOther;
-    }
-    return poBest;
-}
-
-/// The well below the nearest node above that has one; null when there are several.
-MatrixData* onlyWellAround(const MatrixData& dataSet)
-{
-    for (const MatrixData* poBranch = dataSet.parentNode(); poBranch; poBranch = poBranch->parentNode()) {
-        MatrixData* poFound = nullptr;
-        for (MatrixData* poOther : dataSetsBelow(*poBranch)) {
-            const bool bPart = poOther->parentNode() && hasAttributes(*poOther->parentNode());
-            if (bPart || !isWell(*poOther))
-                continue;
-            if (poFound)
-                return nullptr;
-            poFound = poOther;
-        }
-        if (poFound)
-            return poFound;
-    }
-    return nullptr;
-}
-
-/// One step towards the well; the data set itself when it is one.
-MatrixData* nextTowardsWell(MatrixData& dataSet)
-{
-    if (const int iSource = sourceID(dataSet); iSource != g_iUnknown) {
-        MatrixData* poSource = dataSet.root()->nodeFromID(iSource);
-        if (poSource && poSource != &dataSet)
-            return poSource;
-    }
-    MatrixData* poParent = dataSet.parentNode();
-    if (poParent && hasAttributes(*poParent))
-        return poParent;
-    if (!poParent || !isMarkerTable(dataSet))
-        return &dataSet;
-    MatrixData* poNamesake = namesake(dataSet, *poParent);
-    return poNamesake ? poNamesake : onlyWellAround(dataSet);
-}
-
 } // namespace
 
 std::vector<MatrixData*> dataSetsBelow(const MatrixData& node)
 {
     std::vector<MatrixData*> vpDataSets;
+    std::unordered_set<const MatrixData*> known;
     for (const MatrixData* poLeaf : node.leafs()) {
         MatrixData* poDataSet = poLeaf->parentNode();
-        if (poDataSet && std::find(vpDataSets.begin(), vpDataSets.end(), poDataSet) == vpDataSets.end())
+        if (poDataSet && known.insert(poDataSet).second)
             vpDataSets.push_back(poDataSet);
     }
     return vpDataSets;
@@ -173,6 +110,84 @@ bool isMarkerTable(const MatrixData& dataSet)
 }
 
 MatrixData* wellOf(MatrixData& dataSet)
+{
+    return WellFinder().wellOf(dataSet);
+}
+
+const WellFinder::Kind& WellFinder::kindOf(const MatrixData& dataSet)
+{
+    const auto [it, bNew] = m_kinds.try_emplace(&dataSet);
+    if (bNew) {
+        it->second.m_bDepth = dataSet.depthAttribute() != nullptr;
+        it->second.m_bMarkers = isMarkerTable(dataSet);
+        it->second.m_bWell = it->second.m_bDepth && !it->second.m_bMarkers && hasMeasurements(dataSet);
+    }
+    return it->second;
+}
+
+const std::vector<MatrixData*>& WellFinder::wellsBelow(const MatrixData& branch)
+{
+    const auto [it, bNew] = m_wellsBelow.try_emplace(&branch);
+    if (bNew) {
+        it->second = dataSetsBelow(branch);
+        std::erase_if(it->second, [this](const MatrixData* poDataSet) {
+            const MatrixData* poParent = poDataSet->parentNode();
+            return (poParent && hasAttributes(*poParent)) || !kindOf(*poDataSet).m_bWell;
+        });
+    }
+    return it->second;
+}
+
+MatrixData* WellFinder::namesake(const MatrixData& dataSet, const MatrixData& parent)
+{
+    static const QRegularExpression number(QStringLiteral("_\\d+$"));
+    const QString sName = dataSet.name();
+    const QString sNumber = number.match(sName).captured();
+    MatrixData* poBest = nullptr;
+    const auto nameLength = [](const MatrixData* poSet) { return poSet ? poSet->name().size() : 0; };
+    for (int i = 0; i < parent.childCount(); ++i) {
+        MatrixData* poOther = parent.child(i);
+        QString sOther = poOther->name();
+        // A second file of the same name: its data sets have the same number.
+        if (!sNumber.isEmpty() && sOther.endsWith(sNumber))
+            sOther.chop(sNumber.size());
+        const bool bBegins =
+            sName.startsWith(sOther + QLatin1Char(' ')) || sName.startsWith(poOther->name() + QLatin1Char(' '));
+        if (poOther == &dataSet || !bBegins || nameLength(poOther) <= nameLength(poBest))
+            continue;
+        if (kindOf(*poOther).m_bDepth && !kindOf(*poOther).m_bMarkers)
+            poBest = poOther;
+    }
+    return poBest;
+}
+
+MatrixData* WellFinder::onlyWellAround(const MatrixData& dataSet)
+{
+    for (const MatrixData* poBranch = dataSet.parentNode(); poBranch; poBranch = poBranch->parentNode()) {
+        const std::vector<MatrixData*>& vpWells = wellsBelow(*poBranch);
+        if (!vpWells.empty())
+            return vpWells.size() == 1 ? vpWells.front() : nullptr;
+    }
+    return nullptr;
+}
+
+MatrixData* WellFinder::nextTowardsWell(MatrixData& dataSet)
+{
+    if (const int iSource = sourceID(dataSet); iSource != g_iUnknown) {
+        MatrixData* poSource = dataSet.root()->nodeFromID(iSource);
+        if (poSource && poSource != &dataSet)
+            return poSource;
+    }
+    MatrixData* poParent = dataSet.parentNode();
+    if (poParent && hasAttributes(*poParent))
+        return poParent;
+    if (!poParent || !kindOf(dataSet).m_bMarkers)
+        return &dataSet;
+    MatrixData* poNamesake = namesake(dataSet, *poParent);
+    return poNamesake ? poNamesake : onlyWellAround(dataSet);
+}
+
+MatrixData* WellFinder::wellOf(MatrixData& dataSet)
 {
     MatrixData* poSet = &dataSet;
     for (int i = 0; i < g_iMaxLinks; ++i) {

@@ -5,6 +5,7 @@
 #include <QString>
 #include <Qt>
 
+#include <unordered_map>
 #include <vector>
 
 namespace gkBase {
@@ -41,5 +42,34 @@ GKBASETOOLS_EXPORT bool isMarkerTable(const MatrixData& dataSet);
 /// - itself, if it is no marker table.
 /// Null for a marker table that may be of several wells, or of none.
 GKBASETOOLS_EXPORT MatrixData* wellOf(MatrixData& dataSet);
+
+/// wellOf() of many data sets, which finds out once what it has to know of each. Valid while their trees stay as they
+/// are.
+class GKBASETOOLS_EXPORT WellFinder
+{
+public:
+    MatrixData* wellOf(MatrixData& dataSet);
+
+private:
+    struct Kind
+    {
+        bool m_bDepth = false;   ///< has a depth
+        bool m_bMarkers = false; ///< isMarkerTable()
+        bool m_bWell = false;    ///< measurements along a depth
+    };
+
+    const Kind& kindOf(const MatrixData& dataSet);
+    /// The data sets of measurements below a node that are not part of another one.
+    const std::vector<MatrixData*>& wellsBelow(const MatrixData& branch);
+    /// What the data set's name begins with; null for none.
+    MatrixData* namesake(const MatrixData& dataSet, const MatrixData& parent);
+    /// The well below the nearest node above that has one; null when there are several.
+    MatrixData* onlyWellAround(const MatrixData& dataSet);
+    /// One step towards the well; the data set itself when it is one.
+    MatrixData* nextTowardsWell(MatrixData& dataSet);
+
+    std::unordered_map<const MatrixData*, Kind> m_kinds;
+    std::unordered_map<const MatrixData*, std::vector<MatrixData*>> m_wellsBelow;
+};
 
 } // namespace gkBase
