@@ -233,7 +233,7 @@ private slots:
         select({1, 2, 3});
         QVERIFY(announced(1));
         QCOMPARE(m_pqDialog->selectedRecords(), (std::vector<int>{1, 2, 3}));
-        const MatrixData& well = *m_poRoot->child(0);
+        MatrixData& well = *m_poRoot->child(0);
         QVERIFY(m_pqDialog->selectsRecordsOf(well) && !m_pqDialog->selectsRecordsOf(*poOther));
         select({1, 2, 3});
         QVERIFY(announced(1));

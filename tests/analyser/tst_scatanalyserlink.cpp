@@ -7,6 +7,10 @@
 #include <gkBase/DepthLineField.h>
 #include <gkBase/MatrixData.h>
 #include <gkBase/QDataAnalyserDialog.h>
+#include <gkBase/QDepthTrackArea.h>
+#include <gkBase/QHistogramChartWidget.h>
+#include <gkBase/QHistogramPlotWidget.h>
+#include <gkBase/QRelationshipItemModel.h>
 #include <gkBase/QScatDepthPlotWidget.h>
 #include <gkBase/QVertexItemModel.h>
 #include <gkBase/QVertexModelTableView.h>
@@ -14,8 +18,11 @@
 #include <gkBase/ScatScenarios.h>
 #include <gkBase/UnitManager.h>
 #include <gkBase/UnitRegistry.h>
+#include <gkBase/WellDataSets.h>
 
 #include <QCheckBox>
+#include <QImage>
+#include <QPainter>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -124,6 +131,8 @@ private slots:
         QCOMPARE(m_pPanel->selectedRecords(), (std::vector<int>{1, 3, 4}));
         QCOMPARE(analyserSelects.count(), 1);
         QCOMPARE(panelSelects.count(), 1); // the gesture itself
+        const int iShown = m_pPanel->trackArea()->model(QScatDepthPlotWidget::DipTrack)->numberOfValidPoints();
+        QCOMPARE(iShown, iStep < 0 ? 8 : 3); // records 0, 2 and 5
 
         m_pAnalyser->vertexTable()->clearSelection();
         const int iRow = m_pAnalyser->vertexItemModel()->rowCount() - 1;
@@ -144,8 +153,24 @@ private slots:
         m_pAnalyser->setNewRowSelectionFromGraphicalSelection(abOther, 3);
         QCoreApplication::processEvents();
         QCOMPARE(m_pPanel->selectedRecords(), (std::vector<int>{1, 2}));
-        m_poWell->setSelected(false);
-        m_pAnalyser->updateAllViews(); // the table shows "Other" alone
+        // Another well of the same length, and a data set that came from this one.
+        MatrixData* poTwin = addDataSet(
+            *m_poRoot, QStringLiteral("Twin"),
+            {attribute("Depth", {1, 2, 3, 4, 5, 6, 7, 8}, false), attribute("Value", {1, 2, 3, 4, 5, 6, 7, 8}, false)});
+        MatrixData* poDerived =
+            addDataSet(*m_poRoot, QStringLiteral("Derived"), {attribute("Weight", {1, 2, 3, 4, 5, 6, 7, 8}, false)});
+        noteSource(*poDerived, *m_poWell);
+        bool abEight[8] = {true};
+        m_pAnalyser->selectRecordsOf(poTwin, abEight, 8);
+        QCoreApplication::processEvents();
+        QCOMPARE(m_pPanel->selectedRecords(), (std::vector<int>{1, 2}));
+        abEight[7] = true;
+        m_pAnalyser->selectRecordsOf(poDerived, abEight, 8);
+        QCoreApplication::processEvents();
+        QCOMPARE(m_pPanel->selectedRecords(), (std::vector<int>{0, 7}));
+        for (MatrixData* poDataSet : {m_poWell, poDerived})
+            poDataSet->setSelected(false);
+        m_pAnalyser->updateAllViews(); // the table shows others alone
         gesture({5, 6});
         QVERIFY(m_pAnalyser->selectedRecords() != (std::vector<int>{5, 6}));
         QCOMPARE(m_pPanel->selectedRecords(), (std::vector<int>{5, 6}));
@@ -168,6 +193,39 @@ private slots:
         m_pAnalyser->vertexTable()->selectAll();
         QCoreApplication::processEvents();
         m_pLink->takeSelection();
+    }
+
+    void histogramOfTheAzimuthMarksTAndL()
+    {
+        QHistogramChartWidget* pqHistogram = m_pAnalyser->histogramChart();
+        pqHistogram->setDataSet(m_poWell->azimuthAttribute());
+        const auto markedT = [pqPlot = pqHistogram->drawingArea()] {
+            QImage oPicture(720, 200, QImage::Format_RGB32);
+            QPainter painter(&oPicture);
+            pqPlot->renderTo(painter, oPicture.rect()); // lays the marks out
+            for (const HistogramDirection& mark : pqPlot->directionMarks())
+                if (mark.m_bTransverse)
+                    return 10 * qRound(pqPlot->transformInDataPoint({mark.m_dX, 0.0}).x() / 10.0); // whole pixels
+            return -1;
+        };
+        m_pPanel->setDirections(300.0, 210.0);
+        QCOMPARE(markedT(), 300);
+        {
+            QScatDepthPlotWidget second; // on the same well
+            second.setDataSet(m_poWell);
+            const ScatAnalyserLink link(m_pAnalyser.get(), &second);
+            second.setDirections(30.0, 120.0);
+            QCOMPARE(markedT(), 30);
+        }
+        QCOMPARE(markedT(), 300);
+        pqHistogram->setDataSet(m_poWell->dipAttribute());
+        m_pAnalyser->updateHistogramData();
+        QCOMPARE(markedT(), -1);
+        pqHistogram->setDataSet(m_poWell->azimuthAttribute());
+        m_pAnalyser->updateHistogramData();
+        QCOMPARE(markedT(), 300);
+        m_pLink.reset();
+        QCOMPARE(markedT(), -1);
     }
 
     void linesBecomeMarkersInOneStep()

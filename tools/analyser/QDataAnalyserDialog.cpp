@@ -255,6 +255,7 @@ void QDataAnalyserDialog::updateHistogramData()
         m_pqHistogramChart->setDataSet(firstCountableAttribute());
     else if (!bRebuilt)
         m_pqHistogramChart->updateHistogram();
+    showTandLdirection();
     m_pCharts->noteShown(AnalyserChartPages::Histogram, m_pqHistogramChart->currentSelectedDataSet());
 }
 

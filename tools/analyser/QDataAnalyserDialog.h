@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MatrixData.h"
+#include "MatrixDataPointer.h"
 #include "gkBaseToolsExport.h"
 
 #include <QAction>
@@ -105,11 +106,16 @@ public:
     /// Null without data.
     MatrixData* currentDataSet() const;
     /// Whether one of the table's columns has the records of a data set: it is one of its attributes, or one of a data
-    /// set of as many records.
-    bool showsRecordsOf(const MatrixData& dataSet) const;
-    /// Whether the selected records are meant as those of a data set: they were selected in a chart of as many records,
-    /// or in the table while its current data set was this one or one of as many records.
-    bool selectsRecordsOf(const MatrixData& dataSet) const;
+    /// set of as many records and the same well (see wellOf()).
+    bool showsRecordsOf(MatrixData& dataSet) const;
+    /// Whether the selected records are meant as those of a data set: they were selected in a chart that shows it, or
+    /// in the table while it was the current one, or one with the same records was, as above.
+    bool selectsRecordsOf(MatrixData& dataSet) const;
+    /// Selects records of a data set (null: nobody knows of which), as setNewRowSelectionFromGraphicalSelection() does.
+    void selectRecordsOf(MatrixData* poDataSet, bool* pvFlags, int iCount);
+    /// Marks T and L (degrees) in the histogram while it shows this azimuth; null ends what the same source said
+    /// before. Of several sources the last one counts.
+    void setTandLdirection(const QObject* pSource, const MatrixData* poAzimuth, double dT, double dL);
     /// Object name of the page that the user works on; the torn-off one with the focus, or the current tab.
     QString activePageName() const;
     /// True when that page shows a chart.
@@ -187,7 +193,7 @@ public slots:
     void slotTabWidgetChanged();
     void resetChartsUpdateNeeded();
     void checkResetChartsUpdateNeeded();
-    /// One flag per record; copied at once.
+    /// One flag per record of the current data set, or of the table's first one of that length; copied at once.
     void setNewRowSelectionFromGraphicalSelection(bool* pvFlags, int iCount);
     void slotSaveAs();
     /// Shows stereonet and tangent diagram when the data have dips and azimuths, the rose when they have directions,
@@ -276,12 +282,24 @@ private:
 
     void scheduleSelectionCheck();
     void announceSelection();
+    /// The current data set if it has so many records, or the table's first one; null for none.
+    MatrixData* dataSetOfLength(int iRecords) const;
+    void showTandLdirection();
 
     /// A selection made in a chart that the table shows in part only.
     struct Gesture
     {
         std::vector<int> m_viRecords;
         std::vector<int> m_viInTable; ///< those that the table could select
+    };
+
+    /// What a dipmeter analysis found along an azimuth.
+    struct Directions
+    {
+        const QObject* m_pSource; ///< not owned, compared only
+        int m_iAzimuth;           ///< MatrixData::globalID()
+        double m_dT;
+        double m_dL;
     };
 
     MatrixData* m_poDataRoot = nullptr;   ///< not owned
@@ -317,8 +335,9 @@ private:
     bool m_bDecimating = false; ///< a click is decimating several tracks
     int m_iRowsInCharts = 0;    ///< selected rows when the charts were last marked
     std::optional<Gesture> m_oGesture;
-    std::optional<int> m_oiGestureRecords; ///< length of the selection that a chart made
-    std::vector<int> m_viAnnounced;        ///< what was selected at the last selectionChanged()
+    std::optional<MatrixDataPointer> m_oGestureData; ///< of which a chart selected records
+    std::vector<int> m_viAnnounced;                  ///< what was selected at the last selectionChanged()
+    std::vector<Directions> m_vDirections;
     bool m_bSelectionCheckPending = false;
     QList<QMetaObject::Connection> m_lRootConnections;
 };

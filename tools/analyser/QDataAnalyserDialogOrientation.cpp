@@ -2,12 +2,16 @@
 
 #include "AnalyserChartPages.h"
 #include "DerivedAttributes.h"
+#include "MissingValue.h"
 #include "QDataAnalyserDialog.h"
+#include "QHistogramChartWidget.h"
 #include "QRelationshipItemModel.h"
 #include "QRoseChartWidget.h"
 #include "QStereoChartWidget.h"
 #include "QTangentChartWidget.h"
 #include "QVertexModelTableView.h"
+
+#include <algorithm>
 
 namespace gkBase {
 
@@ -76,6 +80,28 @@ void QDataAnalyserDialog::updateStereoChartData()
 void QDataAnalyserDialog::updateTangentChartData()
 {
     updateOrientationChart(AnalyserChartPages::TangentPlot, m_pqTangentChart);
+}
+
+void QDataAnalyserDialog::setTandLdirection(const QObject* pSource, const MatrixData* poAzimuth, double dT, double dL)
+{
+    std::erase_if(m_vDirections, [pSource](const Directions& directions) { return directions.m_pSource == pSource; });
+    if (poAzimuth)
+        m_vDirections.push_back({pSource, poAzimuth->globalID(), dT, dL});
+    showTandLdirection();
+}
+
+void QDataAnalyserDialog::showTandLdirection()
+{
+    const MatrixData* poShown = m_pqHistogramChart ? m_pqHistogramChart->currentSelectedDataSet() : nullptr;
+    if (!poShown)
+        return;
+    const auto it = std::find_if(m_vDirections.rbegin(), m_vDirections.rend(), [poShown](const Directions& directions) {
+        return directions.m_iAzimuth == poShown->globalID();
+    });
+    if (it == m_vDirections.rend())
+        m_pqHistogramChart->setTandLdirection(g_dMissingValue, g_dMissingValue);
+    else
+        m_pqHistogramChart->setTandLdirection(it->m_dT, it->m_dL);
 }
 
 void QDataAnalyserDialog::createRotatedAttributes()

@@ -15,10 +15,25 @@
 
 namespace gkBase {
 
+namespace {
+
+/// Whether a record number means the same place in both: derived data sets have the records of their well, other wells
+/// of the same length have not.
+bool haveSameRecords(MatrixData& left, MatrixData& right)
+{
+    if (&left == &right)
+        return true;
+    WellFinder finder;
+    const MatrixData* poWell = finder.wellOf(left);
+    return recordsOf(left) == recordsOf(right) && poWell && finder.wellOf(right) == poWell;
+}
+
+} // namespace
+
 void QDataAnalyserDialog::markSelectionChanged()
 {
     m_oGesture.reset();
-    m_oiGestureRecords.reset();
+    m_oGestureData.reset();
     m_iRowsInCharts = vertexTable()->selectedRowCount();
     m_pCharts->markAll(AnalyserChartPages::Need::Selection);
     scheduleSelectionCheck();
@@ -32,11 +47,16 @@ void QDataAnalyserDialog::checkResetChartsUpdateNeeded()
 
 void QDataAnalyserDialog::setNewRowSelectionFromGraphicalSelection(bool* pvFlags, int iCount)
 {
+    selectRecordsOf(dataSetOfLength(iCount), pvFlags, iCount);
+}
+
+void QDataAnalyserDialog::selectRecordsOf(MatrixData* poDataSet, bool* pvFlags, int iCount)
+{
     if (!m_pqTablePage)
         return;
     vertexTable()->setNewRowSelection(pvFlags, iCount);
     markSelectionChanged();
-    m_oiGestureRecords = iCount;
+    m_oGestureData = MatrixDataPointer(poDataSet);
     Gesture gesture{{}, vertexTable()->selectedRecords()};
     for (int i = 0; i < iCount; ++i)
         if (pvFlags[i])
@@ -63,23 +83,36 @@ MatrixData* QDataAnalyserDialog::currentDataSet() const
     return poAttribute ? poAttribute->owner() : nullptr;
 }
 
-bool QDataAnalyserDialog::showsRecordsOf(const MatrixData& dataSet) const
+MatrixData* QDataAnalyserDialog::dataSetOfLength(int iRecords) const
 {
-    const int iRecords = recordsOf(dataSet);
+    MatrixData* poCurrent = currentDataSet();
+    if (poCurrent && recordsOf(*poCurrent) == iRecords)
+        return poCurrent;
     for (int i = 0; m_pqTablePage && i < vertexItemModel()->columnCount(); ++i) {
         const MatrixData* poAttribute = vertexItemModel()->getNode(i);
-        if (poAttribute && (poAttribute->owner() == &dataSet || poAttribute->recordCount() == iRecords))
+        if (poAttribute && poAttribute->recordCount() == iRecords)
+            return poAttribute->owner();
+    }
+    return nullptr;
+}
+
+bool QDataAnalyserDialog::showsRecordsOf(MatrixData& dataSet) const
+{
+    const MatrixData* poKnown = nullptr; // columns of one data set stand side by side
+    for (int i = 0; m_pqTablePage && i < vertexItemModel()->columnCount(); ++i) {
+        const MatrixData* poAttribute = vertexItemModel()->getNode(i);
+        MatrixData* poOwner = poAttribute ? poAttribute->owner() : nullptr;
+        if (poOwner && poOwner != poKnown && haveSameRecords(*poOwner, dataSet))
             return true;
+        poKnown = poOwner;
     }
     return false;
 }
 
-bool QDataAnalyserDialog::selectsRecordsOf(const MatrixData& dataSet) const
+bool QDataAnalyserDialog::selectsRecordsOf(MatrixData& dataSet) const
 {
-    if (m_oiGestureRecords)
-        return *m_oiGestureRecords == recordsOf(dataSet);
-    const MatrixData* poCurrent = currentDataSet();
-    return poCurrent && (poCurrent == &dataSet || recordsOf(*poCurrent) == recordsOf(dataSet));
+    MatrixData* poSelected = m_oGestureData ? m_oGestureData->get() : currentDataSet();
+    return poSelected && haveSameRecords(*poSelected, dataSet);
 }
 
 void QDataAnalyserDialog::scheduleSelectionCheck()

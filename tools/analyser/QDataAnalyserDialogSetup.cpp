@@ -195,6 +195,18 @@ void QDataAnalyserDialog::createTreeWidget()
             &QDataAnalyserDialog::updateChartDataSetSelectionBoxes);
 }
 
+/// An attribute, or the data set, whose records a chart panel shows; null for none.
+template <typename Panel>
+static MatrixData* shownData(const Panel& panel)
+{
+    if constexpr (requires { panel.nodeX(); })
+        return panel.nodeX() ? panel.nodeX() : panel.nodeY();
+    else if constexpr (requires { panel.nodeAngle(); })
+        return panel.nodeAngle();
+    else
+        return panel.currentSelectedDataSet();
+}
+
 template <typename Panel>
 void QDataAnalyserDialog::addChartPage(int iChart, Panel* pqPanel, const QString& sObjectName, const QString& sText,
                                        const QString& sIcon, std::function<void()> fnRefill,
@@ -216,6 +228,11 @@ void QDataAnalyserDialog::addChartPage(int iChart, Panel* pqPanel, const QString
         page.m_fnSaveSettings = [pqPanel, sSettingsGroup] { pqPanel->writeSettings(sSettingsGroup); };
     }
     m_pCharts->add(std::move(page));
+    if constexpr (requires { &Panel::dataPointsSelection; })
+        connect(pqPanel, &Panel::dataPointsSelection, this, [this, pqPanel](bool* pbFlags, int iCount) {
+            MatrixData* poShown = shownData(*pqPanel);
+            selectRecordsOf(poShown && poShown->isAttribute() ? poShown->owner() : poShown, pbFlags, iCount);
+        });
 }
 
 void QDataAnalyserDialog::createBarChart(const QString& sName)
@@ -226,8 +243,6 @@ void QDataAnalyserDialog::createBarChart(const QString& sName)
         AnalyserChartPages::BarChart, m_pqBarChart, QLatin1String(g_barChartPage), tr("Bar Chart"),
         QStringLiteral("chart_bar.png"), [this] { updateBarChart(); }, QString());
     connect(m_pqBarChart, &QTRNBarChartWidget::dataSetSelected, this, &QDataAnalyserDialog::updateBarChart);
-    connect(m_pqBarChart, &QTRNBarChartWidget::dataPointsSelection, this,
-            &QDataAnalyserDialog::setNewRowSelectionFromGraphicalSelection);
 }
 
 void QDataAnalyserDialog::createRelationshipChart(const QString& sName)
@@ -238,8 +253,6 @@ void QDataAnalyserDialog::createRelationshipChart(const QString& sName)
         AnalyserChartPages::CrossPlot, m_pqCrossPlot, QLatin1String(g_crossPlotPage), tr("Cross Plot"),
         QStringLiteral("cross_plot.png"), [this] { updateRelationshipData(); },
         QStringLiteral("attribute_analyser/cross_plot/"));
-    connect(m_pqCrossPlot, &QCrossPlotWidget::dataPointsSelection, this,
-            &QDataAnalyserDialog::setNewRowSelectionFromGraphicalSelection);
     connect(m_pqCrossPlot, &QCrossPlotWidget::signalUpdateChartData, this,
             &QDataAnalyserDialog::updateRelationshipData);
     connect(m_pqCrossPlot, &QCrossPlotWidget::createClusterAttribute, this,
@@ -255,8 +268,6 @@ void QDataAnalyserDialog::createRoseChart(const QString& sName)
         QStringLiteral("rose_plot.png"), [this] { updateRoseChartData(); },
         QStringLiteral("attribute_analyser/rose_plot/"));
     connect(m_pqRoseChart, &QRoseChartWidget::dataSetSelected, this, &QDataAnalyserDialog::updateRoseChartData);
-    connect(m_pqRoseChart, &QRoseChartWidget::dataPointsSelection, this,
-            &QDataAnalyserDialog::setNewRowSelectionFromGraphicalSelection);
 }
 
 void QDataAnalyserDialog::createStereoChart(const QString& sName)
@@ -289,8 +300,6 @@ void QDataAnalyserDialog::createTangentChart(const QString& sName)
 
 void QDataAnalyserDialog::connectOrientationChart(const QStereoChartWidget* pqPanel)
 {
-    connect(pqPanel, &QStereoChartWidget::dataPointsSelection, this,
-            &QDataAnalyserDialog::setNewRowSelectionFromGraphicalSelection);
     connect(pqPanel, &QStereoChartWidget::createClusterAttribute, this, &QDataAnalyserDialog::createClusterAttribute);
     connect(pqPanel, &QStereoChartWidget::createBiasWeightAttribute, this,
             &QDataAnalyserDialog::createBiasWeightAttribute);
@@ -304,8 +313,6 @@ void QDataAnalyserDialog::createDepthPlot(const QString& sName)
         AnalyserChartPages::DepthPlot, m_pqDepthPlot, QLatin1String(g_depthPlotPage), tr("Depth Plot"),
         QStringLiteral("well_log_plot.png"), [this] { updateDepthPlotData(); },
         QStringLiteral("attribute_analyser/well_log_plot/"));
-    connect(m_pqDepthPlot, &QDepthPlotWidget::dataPointsSelection, this,
-            &QDataAnalyserDialog::setNewRowSelectionFromGraphicalSelection);
     connect(m_pqDepthPlot, &QDepthPlotWidget::signalUpdateChartData, this, &QDataAnalyserDialog::updateDepthPlotData);
     connect(m_pqDepthPlot, &QDepthPlotWidget::createDataDecimationAttribute, this,
             &QDataAnalyserDialog::createDataDecimationAttribute);

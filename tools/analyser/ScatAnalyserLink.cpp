@@ -9,6 +9,7 @@
 #include "QDataAnalyserDialog.h"
 #include "QDepthPlotWidget.h"
 #include "QScatDepthPlotWidget.h"
+#include "QVertexItemModel.h"
 #include "TransverseDirection.h"
 #include "WellMarkers.h"
 
@@ -26,9 +27,18 @@ ScatAnalyserLink::ScatAnalyserLink(QDataAnalyserDialog* pqAnalyser, QScatDepthPl
     connect(pqPanel, &QScatDepthPlotWidget::dataPointsSelection, this, &ScatAnalyserLink::sendSelection);
     connect(pqPanel, &QScatDepthPlotWidget::createWellMarkers, this, &ScatAnalyserLink::createMarkers);
     connect(pqPanel, &QScatDepthPlotWidget::deleteWellMarkers, this, &ScatAnalyserLink::deleteMarkers);
+    connect(pqPanel, &QScatDepthPlotWidget::directionsChanged, this, &ScatAnalyserLink::sendDirections);
     if (pqAnalyser)
         connect(pqAnalyser, &QDataAnalyserDialog::selectionChanged, this, &ScatAnalyserLink::slotAnalyserSelects);
+    if (pqAnalyser && pqAnalyser->vertexItemModel())
+        connect(pqAnalyser->vertexItemModel(), &QAbstractItemModel::modelReset, this, &ScatAnalyserLink::takeTableRows);
     takeSelection();
+}
+
+ScatAnalyserLink::~ScatAnalyserLink()
+{
+    if (m_pqAnalyser)
+        m_pqAnalyser->setTandLdirection(this, nullptr, 0.0, 0.0);
 }
 
 MatrixData* ScatAnalyserLink::dataSet() const
@@ -46,7 +56,7 @@ QDataAnalyserDialog* ScatAnalyserLink::analyserOf(const MatrixData& node) const
 
 void ScatAnalyserLink::sendSelection(bool* pbSelected, int iLength)
 {
-    const MatrixData* poDataSet = dataSet();
+    MatrixData* poDataSet = dataSet();
     if (!poDataSet || !pbSelected)
         return;
     std::vector<int> viRecords;
@@ -54,14 +64,17 @@ void ScatAnalyserLink::sendSelection(bool* pbSelected, int iLength)
         if (pbSelected[i])
             viRecords.push_back(i);
     QDataAnalyserDialog* pqAnalyser = analyserOf(*poDataSet);
-    if (pqAnalyser && pqAnalyser->showsRecordsOf(*poDataSet) && pqAnalyser->selectedRecords() != viRecords)
-        pqAnalyser->setNewRowSelectionFromGraphicalSelection(pbSelected, iLength);
+    const auto isSelected = [&] {
+        return pqAnalyser->selectedRecords() == viRecords && pqAnalyser->selectsRecordsOf(*poDataSet);
+    };
+    if (pqAnalyser && pqAnalyser->showsRecordsOf(*poDataSet) && !isSelected())
+        pqAnalyser->selectRecordsOf(poDataSet, pbSelected, iLength);
     sendOrientations(viRecords);
 }
 
 void ScatAnalyserLink::slotAnalyserSelects()
 {
-    const MatrixData* poDataSet = dataSet();
+    MatrixData* poDataSet = dataSet();
     const QDataAnalyserDialog* pqAnalyser = poDataSet ? analyserOf(*poDataSet) : nullptr;
     if (!pqAnalyser)
         return;
@@ -75,7 +88,7 @@ void ScatAnalyserLink::slotAnalyserSelects()
 
 void ScatAnalyserLink::takeSelection()
 {
-    const MatrixData* poDataSet = dataSet();
+    MatrixData* poDataSet = dataSet();
     if (!poDataSet)
         return;
     const QDataAnalyserDialog* pqAnalyser = analyserOf(*poDataSet);
@@ -83,8 +96,33 @@ void ScatAnalyserLink::takeSelection()
     if (pqAnalyser && pqAnalyser->selectsRecordsOf(*poDataSet))
         viRecords = pqAnalyser->selectedRecords();
     std::erase_if(viRecords, [this](int iRecord) { return iRecord >= m_pqPanel->numberOfRecords(); });
+    takeTableRows();
+    sendDirections();
     m_pqPanel->setSelectedRecords(viRecords);
     sendOrientations(viRecords);
+}
+
+void ScatAnalyserLink::takeTableRows()
+{
+    MatrixData* poDataSet = dataSet();
+    if (!poDataSet)
+        return;
+    const QDataAnalyserDialog* pqAnalyser = analyserOf(*poDataSet);
+    const QVertexItemModel* pTable = pqAnalyser ? pqAnalyser->vertexItemModel() : nullptr;
+    m_viTableRows.clear();
+    if (pTable && !pTable->rowMap().isPlain() && pqAnalyser->showsRecordsOf(*poDataSet))
+        m_viTableRows = pTable->rowMap().recordsOfTableRows({{0, pTable->rowCount() - 1}});
+    std::erase_if(m_viTableRows, [this](int iRecord) { return iRecord >= m_pqPanel->numberOfRecords(); });
+    m_pqPanel->setTableRows(m_viTableRows);
+}
+
+void ScatAnalyserLink::sendDirections()
+{
+    const MatrixData* poAzimuth = m_pqPanel->azimuthAttribute();
+    QDataAnalyserDialog* pqAnalyser = poAzimuth ? analyserOf(*poAzimuth) : nullptr;
+    if (pqAnalyser)
+        pqAnalyser->setTandLdirection(this, poAzimuth, m_pqPanel->transverseDirection(),
+                                      m_pqPanel->longitudinalDirection());
 }
 
 void ScatAnalyserLink::sendOrientations(const std::vector<int>& viRecords)
@@ -95,8 +133,9 @@ void ScatAnalyserLink::sendOrientations(const std::vector<int>& viRecords)
         return;
     const std::vector<double> vdDips = numbersInDegrees(*poDip);
     const std::vector<double> vdAzimuths = numbersInDegrees(*poAzimuth);
-    std::vector<unsigned char> vbMask(viRecords.empty() ? 0 : vdDips.size(), 0);
-    for (const int iRecord : viRecords)
+    const std::vector<int>& viMeant = viRecords.empty() ? m_viTableRows : viRecords;
+    std::vector<unsigned char> vbMask(viMeant.empty() ? 0 : vdDips.size(), 0);
+    for (const int iRecord : viMeant)
         if (static_cast<std::size_t>(iRecord) < vbMask.size())
             vbMask[static_cast<std::size_t>(iRecord)] = 1;
 
