@@ -214,8 +214,8 @@ private slots:
             QScatDepthPlotWidget second; // on the same well
             second.setDataSet(m_poWell);
             const ScatAnalyserLink link(m_pAnalyser.get(), &second);
-            second.setDirections(30.0, 120.0);
-            QCOMPARE(markedT(), 30);
+            second.setDirections(200.0, 290.0);
+            QCOMPARE(markedT(), 200);
         }
         QCOMPARE(markedT(), 300);
         pqHistogram->setDataSet(m_poWell->dipAttribute());
