@@ -96,6 +96,8 @@ public:
                          std::vector<QPointF>& voPixels) override;
     /// Pixels of the whole chart to chart units.
     QPointF transformInDataPoint(const QPointF& oPixel) const;
+    /// A button is held for a gesture of the cross plot.
+    bool gestureIsUnderWay() const { return m_eButton != Qt::NoButton; }
     /// The valid point nearest to a position in chart pixels within the distance, −1 for none.
     int recordAt(const QPointF& oPixel, double dDistance);
 
@@ -170,8 +172,6 @@ protected:
     void leaveEvent(QEvent* pEvent) override;
     /// No menu opens during a gesture, whose release it would take.
     void contextMenuEvent(QContextMenuEvent* pEvent) override;
-    /// A button is held for a gesture of the cross plot.
-    bool gestureIsUnderWay() const { return m_eButton != Qt::NoButton; }
 
 private:
     void createActions();

@@ -281,6 +281,8 @@ void QDepthTrackArea::slotSelectionMade(QDepthTrackPlot* pqPlot, bool* pbSelecti
     if (m_bKeepsSelection && (!pModel || pModel->numberOfSelectedPoints() == 0)) {
         if (pModel && pModel->setSelectedRecords(m_viSelected))
             pqPlot->scheduleRedraw();
+        if (pModel && !pqPlot->gestureIsUnderWay()) // the press of a pick clears the model, too, and goes on
+            emit nothingSelected(iTrack);
         return;
     }
     if (pModel)

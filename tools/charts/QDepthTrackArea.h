@@ -133,6 +133,8 @@ signals:
     void zoomChanged(double dZoom);
     /// A lasso in one of the tracks; one flag per record.
     void selectionMade(bool* pbSelection, int iLength, int iTrack);
+    /// An outline around no record, or a click beside all of them, while the selection is kept as it was.
+    void nothingSelected(int iTrack);
     void trackClicked(int iTrack);
     /// A press while boundaries are edited: a depth and the reach of the press.
     void boundaryPressed(double dDepth, double dTolerance);
