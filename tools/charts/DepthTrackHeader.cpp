@@ -49,16 +49,17 @@ void drawLimits(QPainter& painter, const QRectF& oRow, const DepthTrackHeaderCon
                Qt::AlignRight, content.m_sRight);
 }
 
-/// The unit, or the read-out with its unit where there is room for both.
+/// The unit; a read-out or a note comes with it where there is room for both, alone elsewhere.
 QString secondRow(const DepthTrackHeaderContent& content, const QPainter& painter, double dWidth)
 {
-    if (content.m_sValue.isEmpty() && !content.m_sNote.isEmpty())
-        return (content.m_sUnit + QLatin1String("  ") + content.m_sNote).trimmed();
-    if (content.m_sValue.isEmpty())
+    if (content.m_sValue.isEmpty() && content.m_sNote.isEmpty())
         return content.m_sUnit;
-    const QString sLong = content.m_sValue + QLatin1Char(' ') + content.m_sUnit;
-    return QFontMetricsF(painter.font(), painter.device()).horizontalAdvance(sLong) <= dWidth ? sLong
-                                                                                              : content.m_sValue;
+    const bool bNote = content.m_sValue.isEmpty();
+    const QString sShort = bNote ? content.m_sNote : content.m_sValue;
+    const QString sLong =
+        bNote ? content.m_sUnit + QLatin1String("  ") + sShort : sShort + QLatin1Char(' ') + content.m_sUnit;
+    const bool bFits = QFontMetricsF(painter.font(), painter.device()).horizontalAdvance(sLong) <= dWidth;
+    return bFits ? sLong.trimmed() : sShort;
 }
 
 /// The colours are those that the track draws on black, which comes with light texts, or on white.

@@ -38,6 +38,9 @@ void QDepthTrackArea::createSurroundings()
     m_pqFrame->setAutoFillBackground(true);
     m_pqTitle = new ElidedLabel(m_pqFrame);
     m_pqTitle->setTextFormat(Qt::PlainText);
+    QFont oBold = m_oChartFont;
+    oBold.setBold(true);
+    m_pqTitle->setFont(oBold);
     m_pqDepthHeader = new DepthTrackHeader(m_pqFrame);
     m_pqAxis = new QCartesianAxisWidget(QCartesianAxisWidget::Left, m_pqFrame);
     m_pqAxis->setInverted(true);
