@@ -205,6 +205,7 @@ private:
     std::vector<CrossPlotLineHandle> currentHandles();
     int handleAt(const QPointF& oPosition);
     int nearLine(const QPointF& oPosition);
+    double rowOfLine(int iLine); ///< of the widget
     bool isPicked(int iLine) const;
     void pressOnLines(const QPointF& oPosition, int iLine, bool bAdd);
     void pickForMenu(const QPointF& oPosition, bool bAdd);
@@ -252,6 +253,7 @@ private:
     bool m_bMovingTops = false;
     bool m_bTopsMoved = false;
     double m_dPressRow = 0.0;                      ///< widget pixels
+    double m_dGrabbedRow = 0.0;                    ///< of the line that is held, from the pressed row
     QPointF m_oPressed;                            ///< chart units
     QPointF m_oLastMove;                           ///< chart units
     int m_iOnlyLine = -1;                          ///< that stays picked when the button is released without a move

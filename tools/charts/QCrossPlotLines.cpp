@@ -56,6 +56,12 @@ int QCrossPlot::nearLine(const QPointF& oPosition)
     return pTops ? nearestShownLine(*pTops, transformInDataPoint(chartPixel(oPosition)).y(), pickingEpsY()) : -1;
 }
 
+double QCrossPlot::rowOfLine(int iLine)
+{
+    const double dDepth = structuralTops()->lineDepths()[static_cast<std::size_t>(iLine)];
+    return transformInPixelPoint({0.0, dDepth}).y() - pixmapRect().top();
+}
+
 int QCrossPlot::lineAt(const QPointF& oPosition)
 {
     const DepthLineField* pTops = structuralTops();
@@ -118,6 +124,7 @@ void QCrossPlot::pressOnLines(const QPointF& oPosition, int iLine, bool bAdd)
     m_iOnlyLine = -1;
     m_bTopsMoved = false;
     m_dPressRow = oPosition.y();
+    m_dGrabbedRow = iLine < 0 ? 0.0 : rowOfLine(iLine) - m_dPressRow;
     m_oPressed = transformInDataPoint(chartPixel(oPosition));
     m_oLastMove = m_oPressed;
     if (iLine < 0) {
@@ -172,7 +179,9 @@ void QCrossPlot::dragLines(const QPointF& oPosition)
     if (!m_bTopsMoved && std::abs(oPosition.y() - m_dPressRow) < g_dDragPixels) {
         return;
     }
-    const QPointF oData = transformInDataPoint(chartPixel(oPosition));
+    // The line that is held stays in sight, wherever the mouse goes.
+    const double dRow = std::clamp(oPosition.y() + m_dGrabbedRow, 0.0, std::max(0.0, height() - 1.0)) - m_dGrabbedRow;
+    const QPointF oData = transformInDataPoint(chartPixel({oPosition.x(), dRow}));
     // The step since the last move, so that lines keep their distances.
     const QPointF oStep = oData - m_oLastMove;
     DepthLineField* pTops = structuralTops();
