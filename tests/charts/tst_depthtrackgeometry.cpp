@@ -1,7 +1,10 @@
 // Shapes of depth tracks: curves, bars, labels of lines, and the record at a depth.
 
+#include "TestDataSets.h"
+
 #include <gkBase/DepthOrder.h>
 #include <gkBase/DepthTrackGeometry.h>
+#include <gkBase/QRelationshipItemModel.h>
 #include <gkBase/SeriesThinning.h>
 
 #include <QTest>
@@ -9,6 +12,8 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <memory>
+#include <numeric>
 #include <random>
 
 using namespace gkBase;
@@ -24,6 +29,26 @@ std::vector<DepthTrackPiece> pieces(const std::vector<double>& vdValues, const s
                             vdDepths, map);
 }
 
+/// The lines through these values at the depths 0, 1, 2, … as their values; one pixel per unit.
+QStringList lines(const std::vector<double>& vdValues, const std::vector<int>& viTableRows, double dFullTurn = 99999.0)
+{
+    std::vector<double> vdDepths(vdValues.size());
+    std::iota(vdDepths.begin(), vdDepths.end(), 0.0);
+    const std::unique_ptr<MatrixData> poValues(gkTest::attribute(QStringLiteral("a"), vdValues));
+    const std::unique_ptr<MatrixData> poDepths(gkTest::attribute(QStringLiteral("Depth"), vdDepths));
+    QRelationshipItemModel model;
+    model.takeNewDataSet(-1, QRelationshipItemModel::DepthDisplay, poValues.get(), poDepths.get(), viTableRows);
+    QStringList lLines;
+    for (const DepthTrackPiece& piece :
+         depthTrackLine(model, depthTrackMap({0, 400}, 0, 20, {401, 21}), 21, dFullTurn)) {
+        QStringList lValues;
+        for (const QPointF& oPoint : piece.m_oLine)
+            lValues << QString::number(oPoint.x());
+        lLines << lValues.join(QLatin1Char(' '));
+    }
+    return lLines;
+}
+
 } // namespace
 
 class TestDepthTrackGeometry : public QObject
@@ -31,6 +56,8 @@ class TestDepthTrackGeometry : public QObject
     Q_OBJECT
 private slots:
     void gapsBreakTheLine();
+    void recordsLeftOutLeaveNoGap();
+    void directionsGoRoundNorth();
     void longLinesKeepTheirExtremes();
     void valuesFarOutsideStayDrawable();
     void barsEndAtTheirValues();
@@ -53,6 +80,22 @@ void TestDepthTrackGeometry::gapsBreakTheLine()
     QCOMPARE(vPieces[2].m_oLine, QPolygonF({{40, 50}, {50, 60}, {60, 70}}));
     QCOMPARE(vPieces[2].m_dTop, 50.0);
     QCOMPARE(vPieces[2].m_dBottom, 70.0);
+}
+
+void TestDepthTrackGeometry::recordsLeftOutLeaveNoGap()
+{
+    const std::vector<double> vdValues{1, 2, 3, g_dNone, 5, 6, g_dNone, 8, 9, 10};
+    QCOMPARE(lines(vdValues, {}), (QStringList{"1 2 3", "5 6", "8 9 10"}));
+    QCOMPARE(lines(vdValues, {0, 2, 4, 6, 8}), (QStringList{"1 3 5", "9 9"})); // the missing one that takes part is
+    QCOMPARE(lines(vdValues, {9, 5, 1, -1, 7}), QStringList{"2 6 8 10"});      // a table sorted the other way
+}
+
+void TestDepthTrackGeometry::directionsGoRoundNorth()
+{
+    const std::vector<double> vdAzimuths{340, 359, 1, 20, g_dNone, 350, 100, 280, 90};
+    QCOMPARE(lines(vdAzimuths, {}, 360.0), (QStringList{"340 359", "1 20", "350 350", "100 280", "90 90"}));
+    QCOMPARE(lines(vdAzimuths, {}), (QStringList{"340 359 1 20", "350 100 280 90"}));
+    QCOMPARE(lines(vdAzimuths, {0, 2, 3}, 360.0), (QStringList{"340 340", "1 20"}));
 }
 
 void TestDepthTrackGeometry::longLinesKeepTheirExtremes()

@@ -1,5 +1,6 @@
 #include "DepthTrack.h"
 
+#include "AngleUnits.h"
 #include "AxisTicks.h"
 #include "MatrixData.h"
 #include "MatrixDataNotifier.h"
@@ -123,6 +124,13 @@ QColor DepthTrack::color() const
 QColor DepthTrack::pointColor() const
 {
     return m_oStyle.m_oPointColor.isValid() ? m_oStyle.m_oPointColor : color();
+}
+
+double DepthTrack::fullTurn() const
+{
+    const MatrixData* poNode = m_poValues.get();
+    const bool bDirections = poNode && m_eKind == Curve && (m_bDirections || isAzimuth(*poNode));
+    return bDirections ? g_dFullCircle / degreesPerUnit(*poNode) : g_dMissingValue;
 }
 
 QString DepthTrack::displayText(double dValue) const

@@ -52,6 +52,7 @@ struct GKBASETOOLS_EXPORT DepthTrack
     MatrixDataPointer m_poAzimuth; ///< dip azimuth of the tadpoles
     MatrixDataPointer m_poQuality; ///< tadpoles below the minimum have open heads; null: all are filled
     double m_dMinimumQuality = 0.0;
+    bool m_bDirections = false; ///< the values are azimuths, although the data set has another one
     DepthTrackStyle m_oStyle;
     /// Stands in the header in place of the attributes' names; the track is then read without its azimuth.
     QString m_sTitle;
@@ -68,6 +69,9 @@ struct GKBASETOOLS_EXPORT DepthTrack
     /// The style's colour or, when that is invalid, the attribute's.
     QColor color() const;
     QColor pointColor() const;
+    /// A whole turn in the attribute's unit when the values are azimuths, of which the greatest is next to the least;
+    /// otherwise 99999.0.
+    double fullTurn() const;
     /// A value in the attribute's display unit without the tag; empty when missing.
     QString displayText(double dValue) const;
     /// Automatic limits: 0 … 90 for tadpoles, 0 … 360 for the azimuth of a data set, otherwise the attribute's range

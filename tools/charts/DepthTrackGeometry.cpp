@@ -64,6 +64,41 @@ std::pair<double, double> drawableValues(const ScaleMap& map)
     return {std::min(map.data0(), map.data1()) - dFar, std::max(map.data0(), map.data1()) + dFar};
 }
 
+bool goesRoundTheOtherSide(double dFrom, double dTo, double dFullTurn)
+{
+    return !isMissing(dFullTurn) && std::abs(dTo - dFrom) > dFullTurn / 2.0; // never for a missing value
+}
+
+/// The records that take part, in their order, with an empty sample wherever the line is broken.
+struct LineSamples
+{
+    LineSamples(const QRelationshipItemModel& model, double dFullTurn)
+    {
+        std::vector<unsigned char> vbTakesPart(model.x().size(), 0);
+        for (int i = 0; i < model.numberOfTableRows(); ++i) {
+            if (const int iRecord = model.tableRow(i); iRecord >= 0)
+                vbTakesPart[static_cast<std::size_t>(iRecord)] = 1;
+        }
+        m_vdX.reserve(vbTakesPart.size());
+        m_vdY.reserve(vbTakesPart.size());
+        for (std::size_t i = 0; i < vbTakesPart.size(); ++i) {
+            if (vbTakesPart[i] == 0)
+                continue;
+            if (!m_vdX.empty() && goesRoundTheOtherSide(m_vdX.back(), model.x()[i], dFullTurn))
+                add(g_dEmptyCell, g_dEmptyCell);
+            add(model.x()[i], model.y()[i]);
+        }
+    }
+    void add(double dX, double dY)
+    {
+        m_vdX.push_back(dX);
+        m_vdY.push_back(dY);
+    }
+
+    std::vector<double> m_vdX;
+    std::vector<double> m_vdY;
+};
+
 /// The lines that keep their labels: all, or as many as fit, without those that lie closest below another.
 std::vector<std::size_t> labelledLines(std::span<const double> vdY, std::size_t iRoom)
 {
@@ -114,6 +149,18 @@ std::vector<DepthTrackPiece> depthTrackPieces(std::span<const std::size_t> viSam
         builder.add(oPoint);
     }
     return builder.take();
+}
+
+std::vector<DepthTrackPiece> depthTrackLine(const QRelationshipItemModel& model, const DepthTrackMap& map, int iRows,
+                                            double dFullTurn)
+{
+    const auto pieces = [&](std::span<const double> vdX, std::span<const double> vdY) {
+        return depthTrackPieces(thinSeries(vdY, vdX, map.m_oY.data0(), map.m_oY.data1(), iRows), vdX, vdY, map);
+    };
+    if (isMissing(dFullTurn) && model.numberOfTableRows() == model.numberOfPoints())
+        return pieces(model.x(), model.y());
+    const LineSamples samples(model, dFullTurn);
+    return pieces(samples.m_vdX, samples.m_vdY);
 }
 
 std::vector<DepthBin> decimatedBins(const QRelationshipItemModel& model, bool bBinAverage)

@@ -48,6 +48,14 @@ GKBASETOOLS_EXPORT std::vector<DepthTrackPiece> depthTrackPieces(std::span<const
                                                                  std::span<const double> vdDepths,
                                                                  const DepthTrackMap& map);
 
+/// The line through the records of a model that take part, in their order, as a picture of iRows rows shows it. It is
+/// broken where a value is missing; records that do not take part leave no gap. Of directions dFullTurn is a whole turn
+/// in the attribute's unit: where neighbours differ by more than half of it the way between them leads round the other
+/// side, and the line is broken. 99999.0: the values are no directions.
+GKBASETOOLS_EXPORT std::vector<DepthTrackPiece> depthTrackLine(const QRelationshipItemModel& model,
+                                                               const DepthTrackMap& map, int iRows,
+                                                               double dFullTurn = g_dMissingValue);
+
 /// One decimated value between two depths; an empty bin has the value 99999.0. Tadpoles have an azimuth as well.
 struct DepthBin
 {

@@ -6,7 +6,6 @@
 #include "PointBatch.h"
 #include "QRelationshipItemModel.h"
 #include "ReadableColor.h"
-#include "SeriesThinning.h"
 #include "SymbolGeometry.h"
 #include "UnitManager.h"
 
@@ -181,6 +180,7 @@ QDepthTrackPlot::LineKey QDepthTrackPlot::lineKey() const
     return {pModel,
             pModel ? pModel->pointsRevision() : 0,
             pModel && m_oTrack.m_oStyle.m_bLine && m_oTrack.m_eKind == DepthTrack::Curve,
+            m_oTrack.fullTurn(),
             chartSize(),
             rangeA(),
             rangeB()};
@@ -188,12 +188,9 @@ QDepthTrackPlot::LineKey QDepthTrackPlot::lineKey() const
 
 std::vector<DepthTrackPiece> QDepthTrackPlot::thinnedLine(int iRowsPerPixel) const
 {
-    const QRelationshipItemModel* pModel = model();
     if (!lineKey().m_bLine)
         return {};
-    const std::vector<std::size_t> viSamples =
-        thinSeries(pModel->y(), pModel->x(), m_dFrom, m_dTo, chartSize().height() * iRowsPerPixel);
-    return depthTrackPieces(viSamples, pModel->x(), pModel->y(), map());
+    return depthTrackLine(*model(), map(), chartSize().height() * iRowsPerPixel, m_oTrack.fullTurn());
 }
 
 void QDepthTrackPlot::layoutChart()
@@ -218,6 +215,7 @@ void QDepthTrackPlot::drawUnderPoints(QPainter& painter)
 
 void QDepthTrackPlot::drawOverPoints(QPainter& painter)
 {
+    drawSteepSamples(painter);
     drawSelectedSamples(painter);
     if (m_oTrack.m_eKind == DepthTrack::Tadpoles)
         drawDecimatedTadpoles(painter);
@@ -271,6 +269,22 @@ void QDepthTrackPlot::drawDecimation(QPainter& painter)
     painter.restore();
 }
 
+void QDepthTrackPlot::drawSteepSamples(QPainter& painter)
+{
+    // The line leaves the track where they are; drawn symbols stand at the sides anyway.
+    if (!model() || model()->drawSymbols() || isMissing(m_dSteepLimit))
+        return;
+    const std::vector<QPointF>& voPixels = pointPixels();
+    std::vector<QPointF> voSteep;
+    for (std::size_t i = 0; i < m_vbSteep.size(); ++i) {
+        if (m_vbSteep[i] != 0)
+            voSteep.push_back(voPixels[i]);
+    }
+    const QColor oColor = readableColor(m_oTrack.color(), backgroundColor(), labelColor());
+    m_oSprites.drawSymbols(&painter, voSteep,
+                           {PointStyle::Circle, oColor, backgroundColor(), model()->pointPixelSize()});
+}
+
 void QDepthTrackPlot::drawSelectedSamples(QPainter& painter)
 {
     const QRelationshipItemModel* pModel = model();
@@ -278,16 +292,13 @@ void QDepthTrackPlot::drawSelectedSamples(QPainter& painter)
     if (!pModel || pModel->drawSymbols() || pModel->numberOfSelectedPoints() == 0)
         return;
     const auto [dTop, dBottom] = clippedRows(painter, m_oPlotRect);
-    const DepthTrackMap oMap = map();
+    const std::vector<QPointF>& voPixels = pointPixels();
     const std::span<const unsigned char> vbSelected = pModel->selectionMask();
     const double dMargin = m_oTrack.m_oStyle.m_iPointSize + 1.0;
     std::vector<QPointF> voPoints;
     for (std::size_t i = 0; i < vbSelected.size(); ++i) {
-        if (vbSelected[i] == 0)
-            continue;
-        const QPointF oPoint = oMap.toPixel(pModel->x()[i], pModel->y()[i]);
-        if (oPoint.y() >= dTop - dMargin && oPoint.y() <= dBottom + dMargin)
-            voPoints.push_back(oPoint);
+        if (vbSelected[i] != 0 && voPixels[i].y() >= dTop - dMargin && voPixels[i].y() <= dBottom + dMargin)
+            voPoints.push_back(voPixels[i]);
     }
     const QColor oColor = QColor::fromRgb(PointBatch::s_oSelectionColor);
     m_oSprites.drawSymbols(&painter, voPoints, {PointStyle::Circle, oColor, oColor, m_oTrack.m_oStyle.m_iPointSize});

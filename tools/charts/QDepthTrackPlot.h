@@ -43,7 +43,7 @@ public:
     /// This canvas is the column of the marker labels.
     void setShowMarkerLabels(bool bShow);
     /// Records whose x lies farther from 0 than this stand as open symbols at the nearer side of the track, where they
-    /// are also selected. 99999.0: none.
+    /// are also selected; they stand there when the track shows no symbols, too. 99999.0: none.
     void setSteepLimit(double dDegrees);
     /// A line where x is 0, for values to both sides of it.
     void setZeroLine(bool bShow);
@@ -88,6 +88,7 @@ private:
         const QRelationshipItemModel* m_pModel = nullptr;
         quint64 m_iPoints = 0; ///< pointsRevision()
         bool m_bLine = false;
+        double m_dFullTurn = 0.0;
         QSize m_oChart;
         QPointF m_oA;
         QPointF m_oB;
@@ -101,6 +102,7 @@ private:
     void drawZeroLine(QPainter& painter) const;
     void drawLine(QPainter& painter);
     void drawDecimation(QPainter& painter);
+    void drawSteepSamples(QPainter& painter);
     void drawSelectedSamples(QPainter& painter);
     void drawMarkerLines(QPainter& painter);
     void drawDecimatedTadpoles(QPainter& painter);
