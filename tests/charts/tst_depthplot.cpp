@@ -69,7 +69,8 @@ struct Well
         }
         m_poSet = addDataSet(m_root, QStringLiteral("Well"),
                              {attribute(QStringLiteral("Depth"), vdDepth, "depth", "m"),
-                              attribute(QStringLiteral("GR"), vdGr), attribute(QStringLiteral("DT"), vdSonic)});
+                              attribute(QStringLiteral("GR"), vdGr, "gamma ray", "API"),
+                              attribute(QStringLiteral("DT"), vdSonic)});
     }
     MatrixData* node(const char* pName) { return m_root.getNodeFromName(QLatin1String(pName)); }
 
@@ -126,6 +127,7 @@ private slots:
     void initTestCase();
     void init() { QSettings().clear(); }
     void firstTracks();
+    void filteredTablesKeepTheLine();
     void dataSetWithoutDepth();
     void limits();
     void wheelKeepsTheDepthUnderIt();
@@ -170,6 +172,23 @@ void TestDepthPlot::firstTracks()
     QCOMPARE(panel.trackArea()->message(), QString());
     QCOMPARE(panel.trackArea()->model(2)->numberOfPoints(), 200);
     QCOMPARE(panel.trackArea()->model(2)->numberOfValidPoints(), 196);
+    // Lines of azimuths break at north.
+    QCOMPARE(DepthTrack::curve(well.node("Dip Azimuth")).fullTurn(), 360.0);
+    QCOMPARE(DepthTrack::curve(well.node("Dip")).fullTurn(), g_dMissingValue);
+}
+
+void TestDepthPlot::filteredTablesKeepTheLine()
+{
+    Well well;
+    Panel panel(well);
+    std::vector<int> viOdd;
+    for (int i = 1; i < 200; i += 2)
+        viOdd.push_back(i);
+    panel.trackArea()->setTableRows(viOdd);
+    panel.grab();
+    QCOMPARE(panel.plot(0).pieces().size(), std::size_t(1));
+    QCOMPARE(panel.plot(0).pieces().front().m_oLine.size(), 100);
+    QCOMPARE(panel.plot(1).pieces().size(), std::size_t(5)); // four values are missing
 }
 
 void TestDepthPlot::dataSetWithoutDepth()
@@ -367,7 +386,7 @@ void TestDepthPlot::cursorReadsAllTracks()
                      Qt::NoButton, {});
     QCoreApplication::sendEvent(&plot, &move);
     QCOMPARE(panel.trackArea()->readOuts(),
-             (QStringList{QString::number(depthAtRow(plot, dRow), 'f', 2), "129.8", "90.00"}));
+             (QStringList{QString::number(depthAtRow(plot, dRow), 'f', 2), "129.8", "90.000"}));
     QVERIFY(panel.plot(1).grab().toImage() != oBefore); // the line crosses the other track
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(&plot, &leave);
@@ -450,7 +469,7 @@ void TestDepthPlot::settingsComeBack()
         Panel panel(well);
         std::vector<DepthTrack> vTracks = panel.depthTracks();
         std::swap(vTracks[0], vTracks[1]);
-        vTracks[0].m_oStyle = {true, true, 3, 5, QColor(1, 2, 3), QColor(), false, -12.5, 1e-3, true};
+        vTracks[0].m_oStyle = {true, true, 3, 5, QColor(1, 2, 3), QColor(4, 5, 6), false, -12.5, 1e-3, true};
         panel.setDepthTracks(vTracks);
         panel.setBlackBackground(true);
         panel.setAllScatMarkersVisibility(false);
@@ -552,6 +571,15 @@ void TestDepthPlot::steepDipsStandAtTheSides()
     for (const std::size_t i : {0U, 4U}) {
         QCOMPARE(voPixels[i], plot.transformInPixelPoint({model.x()[i], model.y()[i]}));
         QVERIFY(plot.grab().toImage().pixelColor(voPixels[i].toPoint()) != plot.backgroundColor());
+    }
+    // Where the track shows a line only, too.
+    model.clearSelection();
+    model.setDrawSymbols(false);
+    plot.scheduleRedraw();
+    const QImage oLineOnly = plot.grab().toImage();
+    for (const std::size_t i : {1U, 2U}) {
+        QCOMPARE(oLineOnly.pixelColor(voPixels[i].toPoint()), plot.backgroundColor());
+        QVERIFY(oLineOnly.pixelColor(voPixels[i].toPoint() - QPoint(0, 5)) != plot.backgroundColor());
     }
     plot.setSteepLimit(99999.0);
     QVERIFY(plot.pointPixels()[2].x() > 200.0);

@@ -31,6 +31,12 @@ double number(const QSettings& settings, const char* pKey, double dDefault)
     return bOk && !isMissing(dValue) ? dValue : dDefault;
 }
 
+/// Empty for the colour that is chosen when none is given.
+QString colorName(const QColor& oColor)
+{
+    return oColor.isValid() ? oColor.name() : QString();
+}
+
 DepthTrackStyle loadStyle(const QSettings& settings)
 {
     DepthTrackStyle style;
@@ -41,6 +47,7 @@ DepthTrackStyle loadStyle(const QSettings& settings)
     style.m_iPointSize =
         std::clamp(settings.value(QStringLiteral("point_size"), style.m_iPointSize).toInt(), 1, g_iMaximumPointSize);
     style.m_oColor = QColor(settings.value(QStringLiteral("color")).toString());
+    style.m_oPointColor = QColor(settings.value(QStringLiteral("point_color")).toString());
     style.m_bAutomaticLimits = flag(settings, "automatic_limits", style.m_bAutomaticLimits);
     style.m_dMinimum = number(settings, "minimum", style.m_dMinimum);
     style.m_dMaximum = number(settings, "maximum", style.m_dMaximum);
@@ -54,7 +61,8 @@ void saveStyle(QSettings& settings, const DepthTrackStyle& style)
     settings.setValue(QStringLiteral("points"), style.m_bPoints);
     settings.setValue(QStringLiteral("line_width"), style.m_iLineWidth);
     settings.setValue(QStringLiteral("point_size"), style.m_iPointSize);
-    settings.setValue(QStringLiteral("color"), style.m_oColor.isValid() ? style.m_oColor.name() : QString());
+    settings.setValue(QStringLiteral("color"), colorName(style.m_oColor));
+    settings.setValue(QStringLiteral("point_color"), colorName(style.m_oPointColor));
     settings.setValue(QStringLiteral("automatic_limits"), style.m_bAutomaticLimits);
     settings.setValue(QStringLiteral("minimum"), style.m_dMinimum);
     settings.setValue(QStringLiteral("maximum"), style.m_dMaximum);

@@ -6,7 +6,7 @@
 #include "QCartesianAxisWidget.h"
 #include "QDepthTrackArea.h"
 #include "QDepthTrackPlot.h"
-#include "UnitManager.h"
+#include "UnitText.h"
 
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -23,21 +23,11 @@ constexpr double g_dRangeMargin = 0.01;
 constexpr double g_dMarginOfOneDepth = 0.5;
 /// How far beyond the records the cursor still reads the last one, as a share of the shown range.
 constexpr double g_dReadOutReach = 0.01;
-constexpr QLatin1String g_noValue("---");
-constexpr int g_iReadOutDigits = 4;
-constexpr int g_iDepthDecimals = 2;
 
-/// A model value in display units, of four digits, or with as many decimals as are given. "---" when missing.
-QString readOut(const MatrixData* poNode, double dValue, int iDecimals = -1)
+/// A model value in display units; whole numbers have no decimals, others the unit's unless they are given.
+QString readOut(const MatrixData& node, double dValue, int iDecimals = -1)
 {
-    if (isMissing(dValue))
-        return g_noValue;
-    const double dShown = poNode->unitManager()->convertModelToDisplay(dValue);
-    const double dSize = std::abs(dShown);
-    const int iBefore = dSize >= 1.0 ? static_cast<int>(std::floor(std::log10(dSize))) + 1 : 1;
-    if (iDecimals < 0)
-        iDecimals = poNode->type() == QMetaType::Double ? std::max(0, g_iReadOutDigits - iBefore) : 0;
-    return QString::number(dShown, 'f', iDecimals);
+    return displayNumber(&node, dValue, node.type() == QMetaType::Double ? iDecimals : 0);
 }
 
 } // namespace
@@ -138,23 +128,26 @@ void QDepthTrackArea::setCursor(double dDepth)
 void QDepthTrackArea::showReadOuts(double dDepth)
 {
     const bool bNone = isMissing(dDepth) || !m_poDepth;
-    m_pqDepthHeader->setValue(bNone ? QString() : readOut(m_poDepth.get(), dDepth, g_iDepthDecimals));
+    m_pqDepthHeader->setValue(bNone ? QString() : displayNumber(m_poDepth.get(), dDepth));
     if (!bNone && m_bOrderOutdated) {
         m_vdDepths = m_poDepth->column().numbers();
         m_oOrder = DepthOrder(m_vdDepths);
         m_bOrderOutdated = false;
     }
     const int iRecord = bNone ? -1 : m_oOrder.recordAt(m_vdDepths, dDepth, (m_dTo - m_dFrom) * g_dReadOutReach);
-    const auto valueOf = [iRecord](const MatrixData* poNode, int iDecimals) {
-        return iRecord >= 0 ? readOut(poNode, poNode->recordNumber(iRecord), iDecimals) : QString(g_noValue);
+    const auto valueOf = [iRecord](const MatrixData& node, int iDecimals) {
+        return readOut(node, iRecord >= 0 ? node.recordNumber(iRecord) : g_dMissingValue, iDecimals);
     };
     for (const View& view : m_vViews) {
         const MatrixData* poValues = view.m_oTrack.m_poValues.get();
         const MatrixData* poAzimuth = view.m_oTrack.m_sTitle.isEmpty() ? view.m_oTrack.m_poAzimuth.get() : nullptr;
         const int iDecimals = poAzimuth ? 0 : -1; // dip / azimuth is written in whole degrees
-        QString sText = bNone || !poValues ? QString() : valueOf(poValues, iDecimals);
-        if (poAzimuth && !sText.isEmpty() && sText != g_noValue)
-            sText += QLatin1String(" / ") + valueOf(poAzimuth, iDecimals);
+        QString sText;
+        if (!bNone && poValues) {
+            sText = valueOf(*poValues, iDecimals);
+            if (poAzimuth && iRecord >= 0 && !isMissing(poValues->recordNumber(iRecord)))
+                sText += QLatin1String(" / ") + valueOf(*poAzimuth, iDecimals);
+        }
         view.m_pqHeader->setValue(sText);
     }
 }
