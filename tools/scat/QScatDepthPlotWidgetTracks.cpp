@@ -91,6 +91,7 @@ DepthTrack QScatDepthPlotWidget::depthTrack(int iTrack) const
     track.m_oStyle.m_iPointSize = settings.m_bTadpoles ? g_iTadpoleSize : g_iPointSize;
     track.m_oStyle.m_oColor = settings.m_oLineColor;
     track.m_oStyle.m_oPointColor = settings.m_oPointColor;
+    track.m_bDirections = iTrack == AzimuthTrack;
     track.m_oStyle.m_bAutomaticLimits = false;
     const auto [dMinimum, dMaximum] = limits(iTrack);
     const double dUnit = degreesPerUnit(*poValues);
