@@ -18,6 +18,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QSettings>
@@ -149,6 +150,7 @@ private slots:
     void selectionRules();
     void orientationMode();
     void activeTracksTakeSettings();
+    void settingsOfTracksThatDiffer();
     void samplingKeepsRecordNumbers();
     void closingAsksForChanges();
     void savingRenames();
@@ -395,6 +397,46 @@ void TestScatDepthPlot::activeTracksTakeSettings()
         QCOMPARE(panel.lines(i).domainTransparency(), bActive ? 15 : 70);
         QCOMPARE(panel.lines(i).showFaults(), !bActive);
     }
+}
+
+void TestScatDepthPlot::settingsOfTracksThatDiffer()
+{
+    FoldedWell well;
+    Panel panel(well);
+    const auto enter = [&panel](const char* pName, const char* pText) {
+        auto* pqEdit = panel.findChild<QLineEdit*>(QLatin1String(pName));
+        pqEdit->clear();
+        QTest::keyClicks(pqEdit, QLatin1String(pText));
+        QTest::keyClick(pqEdit, Qt::Key_Return);
+    };
+    const auto axis = [&panel](int i) { return std::pair(panel.plot(i).rangeA().x(), panel.plot(i).rangeB().x()); };
+    // Each end on its own; the other one stays what suits the track.
+    enter("m_pqHorizontalMaxEdit", "30");
+    QCOMPARE(axis(0), std::pair(0.0, 30.0));
+    QCOMPARE(axis(1), std::pair(0.0, 30.0));
+    QCOMPARE(axis(2), std::pair(-60.0, 30.0));
+    // Reversed in the tracks of dips, which go back to what suits them.
+    enter("m_pqHorizontalMaxEdit", "270");
+    enter("m_pqHorizontalMinEdit", "100");
+    QCOMPARE(axis(1), std::pair(100.0, 270.0));
+    QCOMPARE(axis(3), std::pair(-60.0, 60.0));
+    panel.choose("m_pqResetLimitsBtn");
+    QCOMPARE(axis(1), std::pair(0.0, 360.0));
+    // Dips have tadpoles at first, the other tracks have none.
+    auto* pqTadpoles = panel.findChild<QCheckBox*>(QStringLiteral("m_pqTadpoles"));
+    auto* pqData = panel.findChild<QComboBox*>(QStringLiteral("m_pqDisplayDataType"));
+    QCOMPARE(pqTadpoles->checkState(), Qt::PartiallyChecked);
+    QVERIFY(QMetaObject::invokeMethod(&panel, "updateDisplayDataType", Q_ARG(int, int(ScatTrackSettings::Line))));
+    QCOMPARE(pqTadpoles->checkState(), Qt::Unchecked);
+    panel.setActiveTracks({1});
+    pqTadpoles->click();
+    QCOMPARE(pqData->currentIndex(), int(ScatTrackSettings::Points));
+    QCOMPARE(panel.trackArea()->tracks()[1].m_oStyle.m_bPoints, true);
+    panel.setActiveTracks({0, 1});
+    QCOMPARE(pqData->currentIndex(), -1);
+    pqTadpoles->click(); // for both, although the one had them
+    for (int i : {0, 1})
+        QCOMPARE(panel.trackArea()->tracks()[static_cast<std::size_t>(i)].m_eKind, DepthTrack::Tadpoles);
 }
 
 void TestScatDepthPlot::samplingKeepsRecordNumbers()

@@ -88,7 +88,7 @@ void ChartDisplayPage::createControls()
 void ChartDisplayPage::connectControls()
 {
     using Page = ChartDisplayPage;
-    connect(m_pqShowGrid, &QCheckBox::toggled, this, &Page::gridSwitch);
+    connect(m_pqShowGrid, &QCheckBox::stateChanged, this, &Page::gridSwitch);
     connect(m_pqBlackBackgroundBtn, &QRadioButton::clicked, this, &Page::blackWhiteSwitch);
     connect(m_pqWhiteBackgroundBtn, &QRadioButton::clicked, this, &Page::blackWhiteSwitch);
     connect(m_pqFontSizeSpinBox, &QDoubleSpinBoxWithSlider::valueChanged, this, m_actions.m_fnSetFontSize);
@@ -119,9 +119,23 @@ ChartDisplaySettings ChartDisplayPage::settings() const
 void ChartDisplayPage::setSettings(const ChartDisplaySettings& settings)
 {
     m_pqShowGrid->setChecked(settings.m_bGrid);
+    m_eShownGrid = m_pqShowGrid->checkState();
     setBlackBackground(settings.m_bBlackBackground);
     if (settings.m_dFontSize > 0.0)
         m_pqFontSizeSpinBox->setValue(settings.m_dFontSize);
+}
+
+void ChartDisplayPage::setGridMixed(bool bMixed)
+{
+    m_pqShowGrid->setTristate(bMixed); // clicks lead out of the third state, not into it
+    if (bMixed)
+        m_pqShowGrid->setCheckState(Qt::PartiallyChecked);
+    m_eShownGrid = m_pqShowGrid->checkState();
+}
+
+bool ChartDisplayPage::isGridSwitched() const
+{
+    return m_pqShowGrid->checkState() != m_eShownGrid;
 }
 
 bool ChartDisplayPage::blackBackground() const

@@ -45,6 +45,10 @@ public:
 
     ChartDisplaySettings settings() const;
     void setSettings(const ChartDisplaySettings& settings);
+    /// Shows that the grid is on in some charts only, until setSettings() or a click says otherwise.
+    void setGridMixed(bool bMixed);
+    /// The grid's box stands elsewhere than setSettings() and setGridMixed() put it.
+    bool isGridSwitched() const;
     bool blackBackground() const;
     void setBlackBackground(bool bBlack);
     /// A further check box, checked, below the grid's; owned by the page.
@@ -70,6 +74,7 @@ private:
     QVBoxLayout* m_pqLayout = nullptr;
     int m_iBoxes = 1; ///< check boxes at the top
     QCheckBox* m_pqShowGrid = nullptr;
+    Qt::CheckState m_eShownGrid = Qt::Checked;
     QRadioButton* m_pqBlackBackgroundBtn = nullptr;
     QRadioButton* m_pqWhiteBackgroundBtn = nullptr;
     QDoubleSpinBoxWithSlider* m_pqFontSizeSpinBox = nullptr;

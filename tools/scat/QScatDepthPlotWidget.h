@@ -265,7 +265,7 @@ private:
     // Tracks.
     MatrixData* values(int iTrack) const;
     DepthTrack depthTrack(int iTrack) const;
-    /// Limits of a track in degrees.
+    /// Limits of a track in degrees: what its settings say, or those that suit it.
     std::pair<double, double> limits(int iTrack) const;
     void refillTrack(int iTrack);
     double positionOf(int iTrack, const QPointF& oDipAndAzimuth) const;
@@ -302,7 +302,6 @@ private:
     bool m_bShowingSettings = false; ///< controls follow the settings, not the user
 
     ScatSettings m_settings;
-    ScatTrackSettings m_shown; ///< what the pages show
     std::vector<int> m_viActiveTracks;
     ScatLineDefaults m_lineDefaults;
     bool m_bOrientationMode = false;

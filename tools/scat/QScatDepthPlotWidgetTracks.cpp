@@ -64,18 +64,20 @@ MatrixData* QScatDepthPlotWidget::values(int iTrack) const
 std::pair<double, double> QScatDepthPlotWidget::limits(int iTrack) const
 {
     const ScatTrackSettings& settings = m_settings.m_aTracks[static_cast<std::size_t>(iTrack)];
-    std::pair<double, double> result{0.0, g_dRightAngle};
+    std::pair<double, double> suitable{0.0, g_dRightAngle};
     if (iTrack == AzimuthTrack)
-        result.second = m_bMercatorScaling ? g_dHalfCircle : g_dFullCircle;
+        suitable.second = m_bMercatorScaling ? g_dHalfCircle : g_dFullCircle;
     else if (isApparentDip(iTrack))
-        result = {-m_dSteepest, m_dSteepest};
+        suitable = {-m_dSteepest, m_dSteepest};
+    std::pair<double, double> result = suitable;
     if (!isMissing(settings.m_dMinimum))
         result.first = settings.m_dMinimum;
     if (!isMissing(settings.m_dMaximum))
         result.second = settings.m_dMaximum;
     if (isApparentDip(iTrack))
         result = {std::max(result.first, -g_dSteepestLimit), std::min(result.second, g_dSteepestLimit)};
-    return result;
+    // Limits that were given to several tracks need not make an axis in each of them.
+    return result.first < result.second ? result : suitable;
 }
 
 DepthTrack QScatDepthPlotWidget::depthTrack(int iTrack) const
@@ -169,65 +171,69 @@ void QScatDepthPlotWidget::editActiveTracks(const std::function<void(ScatTrackSe
 
 // ---- looks ----------------------------------------------------------------------------------------------------------
 
-/// The pages show the settings of the first active track.
+/// The pages show the settings of the active tracks, and where these differ.
 void QScatDepthPlotWidget::showTrackSettings()
 {
-    const int iTrack = m_viActiveTracks.front();
-    m_shown = m_settings.m_aTracks[static_cast<std::size_t>(iTrack)];
-    const auto [dMinimum, dMaximum] = limits(iTrack);
-    m_pqTrackPage->setSettings(m_shown, dMinimum, dMaximum);
-    m_pqLinePage->setSettings(m_shown);
-    const bool bShowing = std::exchange(m_bShowingSettings, true);
-    m_pqDisplayPage->setSettings(m_shown.m_oDisplay);
-    m_bShowingSettings = bShowing;
+    std::vector<ScatTrackSettings> vSettings;
+    std::vector<ScatTrackPage::Shown> vShown;
     QStringList lNames;
-    for (const int iActive : m_viActiveTracks) {
-        const MatrixData* poValues = values(iActive);
-        lNames << (poValues ? poValues->name() : tr("Track %1").arg(iActive + 1));
+    for (const int iTrack : m_viActiveTracks) {
+        vSettings.push_back(m_settings.m_aTracks[static_cast<std::size_t>(iTrack)]);
+        const auto [dMinimum, dMaximum] = limits(iTrack);
+        vShown.push_back({vSettings.back(), dMinimum, dMaximum});
+        const MatrixData* poValues = values(iTrack);
+        lNames << (poValues ? poValues->name() : tr("Track %1").arg(iTrack + 1));
     }
-    m_pqTrackPage->setActiveTracks(lNames.join(QStringLiteral(", ")));
+    m_pqTrackPage->setSettings(vShown);
+    m_pqLinePage->setSettings(vSettings);
+    const ChartDisplaySettings& display = vSettings.front().m_oDisplay;
+    const bool bSameGrid = std::all_of(vSettings.begin(), vSettings.end(), [&](const ScatTrackSettings& settings) {
+        return settings.m_oDisplay.m_bGrid == display.m_bGrid;
+    });
+    const bool bShowing = std::exchange(m_bShowingSettings, true);
+    m_pqDisplayPage->setSettings(display);
+    m_pqDisplayPage->setGridMixed(!bSameGrid);
+    m_bShowingSettings = bShowing;
+    m_pqTrackPage->setActiveTracks(lNames.size() == NumberOfTracks ? QStringList() : lNames);
 }
 
 void QScatDepthPlotWidget::updateDiagramSettings()
 {
     if (m_bShowingSettings || !m_pqDisplayPage)
         return;
-    ScatTrackSettings now = m_shown;
-    m_pqTrackPage->writeTo(now);
-    m_pqLinePage->writeTo(now);
-    now.m_oDisplay = m_pqDisplayPage->settings();
-    const ScatTrackSettings before = m_shown;
+    const ChartDisplaySettings display = m_pqDisplayPage->settings();
+    const bool bGridSwitched = m_pqDisplayPage->isGridSwitched();
     for (ScatTrackSettings& settings : m_settings.m_aTracks) {
-        settings.m_oDisplay.m_bBlackBackground = now.m_oDisplay.m_bBlackBackground;
-        settings.m_oDisplay.m_dFontSize = now.m_oDisplay.m_dFontSize;
-        settings.m_iVertexSampling = now.m_iVertexSampling;
+        settings.m_oDisplay.m_bBlackBackground = display.m_bBlackBackground;
+        settings.m_oDisplay.m_dFontSize = display.m_dFontSize;
+        settings.m_iVertexSampling = m_pqTrackPage->vertexSampling();
     }
-    editActiveTracks([&](ScatTrackSettings& settings) { settings.takeChanges(before, now); });
+    editActiveTracks([&](ScatTrackSettings& settings) {
+        m_pqTrackPage->writeTo(settings);
+        m_pqLinePage->writeTo(settings);
+        if (bGridSwitched)
+            settings.m_oDisplay.m_bGrid = display.m_bGrid;
+    });
 }
 
 void QScatDepthPlotWidget::updateDisplayDataType(int iData)
 {
     if (iData < ScatTrackSettings::Points || iData > ScatTrackSettings::PointsAndLine)
         return;
-    editActiveTracks([iData](ScatTrackSettings& settings) {
-        settings.m_eData = static_cast<ScatTrackSettings::Data>(iData);
-        // A tail on a point leaves no room for a line; who asks for one wants to see it.
-        settings.m_bTadpoles = settings.m_bTadpoles && settings.m_eData == ScatTrackSettings::Points;
-    });
+    editActiveTracks(
+        [iData](ScatTrackSettings& settings) { settings.setData(static_cast<ScatTrackSettings::Data>(iData)); });
 }
 
 void QScatDepthPlotWidget::changeLineColor()
 {
-    ScatTrackSettings now = m_shown;
-    m_pqTrackPage->writeTo(now);
-    editActiveTracks([&now](ScatTrackSettings& settings) { settings.m_oLineColor = now.m_oLineColor; });
+    const QColor oColor = m_pqTrackPage->lineColor();
+    editActiveTracks([&oColor](ScatTrackSettings& settings) { settings.m_oLineColor = oColor; });
 }
 
 void QScatDepthPlotWidget::changePointColor()
 {
-    ScatTrackSettings now = m_shown;
-    m_pqTrackPage->writeTo(now);
-    editActiveTracks([&now](ScatTrackSettings& settings) { settings.m_oPointColor = now.m_oPointColor; });
+    const QColor oColor = m_pqTrackPage->pointColor();
+    editActiveTracks([&oColor](ScatTrackSettings& settings) { settings.m_oPointColor = oColor; });
 }
 
 /// Only lines are drawn again while the slider moves.
@@ -309,14 +315,10 @@ void QScatDepthPlotWidget::slotUpdateChartBoundaries()
 {
     if (m_pqTrackPage->depthFrom() != m_pqArea->depthFrom() || m_pqTrackPage->depthTo() != m_pqArea->depthTo())
         m_pqArea->setDepthRange(m_pqTrackPage->depthFrom(), m_pqTrackPage->depthTo());
-    ScatTrackSettings now = m_shown;
-    m_pqTrackPage->writeTo(now);
-    if (!isMissing(now.m_dMinimum) && !isMissing(now.m_dMaximum) && !(now.m_dMinimum < now.m_dMaximum)) {
-        now.m_dMinimum = m_shown.m_dMinimum; // ends that make no axis go back
-        now.m_dMaximum = m_shown.m_dMaximum;
-    }
-    const ScatTrackSettings before = m_shown;
-    editActiveTracks([&](ScatTrackSettings& settings) { settings.takeChanges(before, now); });
+    if (m_pqTrackPage->areLimitsReversed())
+        showTrackSettings(); // ends that make no axis go back
+    else
+        editActiveTracks([this](ScatTrackSettings& settings) { m_pqTrackPage->writeTo(settings); });
 }
 
 void QScatDepthPlotWidget::blackWhiteSwitch()

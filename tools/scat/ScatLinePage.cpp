@@ -2,6 +2,7 @@
 
 #include "ChartPanelControls.h"
 #include "QIntSpinBoxWithSlider.h"
+#include "ScatMixedControls.h"
 #include "ScatSettings.h"
 
 #include <QCheckBox>
@@ -11,6 +12,8 @@
 #include <QGroupBox>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace gkBase {
 
@@ -57,9 +60,9 @@ ScatLinePage::ScatLinePage(QWidget* pqParent)
     pqLayout->addLayout(pqSwitches);
     pqLayout->addWidget(pqDomains);
     pqLayout->addStretch(1);
-    setSettings(ScatTrackSettings());
-    for (const auto& [pqSwitch, pbFlag] : m_vSwitches)
-        connect(pqSwitch, &QCheckBox::toggled, this, &ScatLinePage::edited);
+    setSettings({ScatTrackSettings()});
+    for (const Switch& oSwitch : m_vSwitches)
+        connect(oSwitch.m_pqBox, &QCheckBox::stateChanged, this, &ScatLinePage::edited);
     connect(m_pqDomainsComboBox, &QComboBox::activated, this, &ScatLinePage::edited);
     connect(m_pqTransparencySpinBox, &QIntSpinBoxWithSlider::valueChanged, this, &ScatLinePage::transparencyEdited);
 }
@@ -68,25 +71,34 @@ QCheckBox* ScatLinePage::newSwitch(const QString& sText, const QString& sToolTip
                                    bool ScatTrackSettings::*pbFlag)
 {
     QCheckBox* pqSwitch = newCheckBox(sText, sToolTip, pObjectName);
-    m_vSwitches.emplace_back(pqSwitch, pbFlag);
+    m_vSwitches.push_back({pqSwitch, pbFlag, Qt::Unchecked});
     return pqSwitch;
 }
 
 void ScatLinePage::writeTo(ScatTrackSettings& settings) const
 {
-    for (const auto& [pqSwitch, pbFlag] : m_vSwitches)
-        settings.*pbFlag = pqSwitch->isChecked();
-    settings.m_eDomains = static_cast<DepthLineField::DomainType>(m_pqDomainsComboBox->currentData().toInt());
-    settings.m_iTransparency = m_pqTransparencySpinBox->getValue();
+    for (const auto& [pqBox, pbFlag, eShown] : m_vSwitches) {
+        if (pqBox->checkState() != eShown)
+            settings.*pbFlag = pqBox->isChecked();
+    }
+    if (m_pqDomainsComboBox->currentIndex() != m_iShownDomains)
+        settings.m_eDomains = static_cast<DepthLineField::DomainType>(m_pqDomainsComboBox->currentData().toInt());
 }
 
-void ScatLinePage::setSettings(const ScatTrackSettings& settings)
+void ScatLinePage::setSettings(const std::vector<ScatTrackSettings>& vSettings)
 {
     const QSignalBlocker blocker(this);
-    for (const auto& [pqSwitch, pbFlag] : m_vSwitches)
-        pqSwitch->setChecked(settings.*pbFlag);
-    m_pqDomainsComboBox->setCurrentIndex(m_pqDomainsComboBox->findData(settings.m_eDomains));
-    m_pqTransparencySpinBox->setValue(settings.m_iTransparency);
+    const ScatTrackSettings& first = vSettings.front();
+    const auto common = [&](auto ScatTrackSettings::*pMember) {
+        return std::all_of(vSettings.begin(), vSettings.end(),
+                           [&](const ScatTrackSettings& settings) { return settings.*pMember == first.*pMember; });
+    };
+    for (Switch& oSwitch : m_vSwitches)
+        oSwitch.m_eShown = showSwitch(*oSwitch.m_pqBox, common(oSwitch.m_pbFlag), first.*oSwitch.m_pbFlag);
+    showChoice(*m_pqDomainsComboBox, common(&ScatTrackSettings::m_eDomains),
+               m_pqDomainsComboBox->findData(first.m_eDomains));
+    m_iShownDomains = m_pqDomainsComboBox->currentIndex();
+    m_pqTransparencySpinBox->setValue(first.m_iTransparency);
 }
 
 } // namespace gkBase

@@ -4,7 +4,6 @@
 
 #include <QWidget>
 
-#include <utility>
 #include <vector>
 
 class QCheckBox;
@@ -22,10 +21,10 @@ class GKBASETOOLS_EXPORT ScatLinePage : public QWidget
 public:
     explicit ScatLinePage(QWidget* pqParent = nullptr);
 
-    /// Writes what stands here into the settings; the rest of them stays.
+    /// Writes what the user has changed here since setSettings(); the rest stays.
     void writeTo(ScatTrackSettings& settings) const;
-    /// Emits nothing.
-    void setSettings(const ScatTrackSettings& settings);
+    /// Shows the settings of the active tracks, at least one, and where they differ. Emits nothing.
+    void setSettings(const std::vector<ScatTrackSettings>& vSettings);
 
 signals:
     /// The user has switched something other than the transparency.
@@ -33,11 +32,19 @@ signals:
     void transparencyEdited(int iPercent);
 
 private:
+    struct Switch
+    {
+        QCheckBox* m_pqBox;
+        bool ScatTrackSettings::*m_pbFlag;
+        Qt::CheckState m_eShown;
+    };
+
     QCheckBox* newSwitch(const QString& sText, const QString& sToolTip, const char* pObjectName,
                          bool ScatTrackSettings::*pbFlag);
 
-    std::vector<std::pair<QCheckBox*, bool ScatTrackSettings::*>> m_vSwitches;
+    std::vector<Switch> m_vSwitches;
     QComboBox* m_pqDomainsComboBox;
+    int m_iShownDomains = -1; ///< index in the box
     QIntSpinBoxWithSlider* m_pqTransparencySpinBox;
 };
 

@@ -52,13 +52,6 @@ struct Number
 constexpr Number g_aNumbers[] = {{"horizontal_min", &ScatTrackSettings::m_dMinimum},
                                  {"horizontal_max", &ScatTrackSettings::m_dMaximum}};
 
-template <typename Struct, typename Member>
-void takeChange(Struct& target, const Struct& before, const Struct& after, Member Struct::*pMember)
-{
-    if (before.*pMember != after.*pMember)
-        target.*pMember = after.*pMember;
-}
-
 /// A whole number from iLeast to iMost; anything else leaves iValue as it is.
 void readNumber(const QSettings& settings, const char* pKey, int iLeast, int iMost, int& iValue)
 {
@@ -70,22 +63,17 @@ void readNumber(const QSettings& settings, const char* pKey, int iLeast, int iMo
 
 } // namespace
 
-void ScatTrackSettings::takeChanges(const ScatTrackSettings& before, const ScatTrackSettings& after)
+void ScatTrackSettings::setTadpoles(bool bOn)
 {
-    for (const Flag& flag : g_aFlags)
-        takeChange(*this, before, after, flag.m_pbFlag);
-    for (const Color& color : g_aColors)
-        takeChange(*this, before, after, color.m_poColor);
-    for (const Number& number : g_aNumbers)
-        takeChange(*this, before, after, number.m_pdNumber);
-    takeChange(*this, before, after, &ScatTrackSettings::m_eData);
-    takeChange(*this, before, after, &ScatTrackSettings::m_iVertexSampling);
-    takeChange(*this, before, after, &ScatTrackSettings::m_eDomains);
-    takeChange(*this, before, after, &ScatTrackSettings::m_iTransparency);
-    using Display = ChartDisplaySettings;
-    takeChange(m_oDisplay, before.m_oDisplay, after.m_oDisplay, &Display::m_bGrid);
-    takeChange(m_oDisplay, before.m_oDisplay, after.m_oDisplay, &Display::m_bBlackBackground);
-    takeChange(m_oDisplay, before.m_oDisplay, after.m_oDisplay, &Display::m_dFontSize);
+    m_bTadpoles = bOn;
+    if (bOn)
+        m_eData = Points;
+}
+
+void ScatTrackSettings::setData(Data eData)
+{
+    m_eData = eData;
+    m_bTadpoles = m_bTadpoles && eData == Points;
 }
 
 void ScatTrackSettings::applyTo(DepthLineField& oField) const
@@ -119,7 +107,7 @@ void ScatTrackSettings::read(const QSettings& settings)
     readNumber(settings, "transparency", 0, g_iMostPerCent, m_iTransparency);
     int iData = m_eData;
     readNumber(settings, "data", Points, PointsAndLine, iData);
-    m_eData = static_cast<Data>(iData);
+    setData(static_cast<Data>(iData));
     int iDomains = m_eDomains;
     readNumber(settings, "domains", DepthLineField::NoDomains, DepthLineField::AllLineDomains, iDomains);
     m_eDomains = static_cast<DepthLineField::DomainType>(iDomains);

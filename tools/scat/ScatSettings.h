@@ -48,8 +48,9 @@ struct GKBASETOOLS_EXPORT ScatTrackSettings
 
     bool operator==(const ScatTrackSettings&) const = default;
 
-    /// Takes over what differs between the other two; the rest stays.
-    void takeChanges(const ScatTrackSettings& before, const ScatTrackSettings& after);
+    /// A tail on a point leaves no room for a line: whoever asks for one of them gets it, and the other one goes.
+    void setTadpoles(bool bOn);
+    void setData(Data eData);
     /// Sets how the lines of a scenario are shown in this track.
     void applyTo(DepthLineField& oField) const;
 

@@ -3,18 +3,28 @@
 #include "AngleUnits.h"
 #include "ChartPanelControls.h"
 #include "ColorButton.h"
+#include "MissingValue.h"
 #include "QIntSpinBoxWithSlider.h"
 #include "QUnitLineEdit.h"
-#include "ScatSettings.h"
+#include "ScatMixedControls.h"
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QFormLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
 
+#include <algorithm>
+
 namespace gkBase {
+
+namespace {
+
+constexpr int g_iLabelLines = 2;
+
+} // namespace
 
 ScatTrackPage::ScatTrackPage(QWidget* pqParent)
     : QWidget(pqParent)
@@ -29,6 +39,8 @@ ScatTrackPage::ScatTrackPage(QWidget* pqParent)
 {
     m_pqActiveLabel->setWordWrap(true);
     m_pqActiveLabel->setTextFormat(Qt::PlainText);
+    m_pqActiveLabel->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    fixLabelHeight(); // other controls stay where they are whatever it says
     m_pqActiveLabel->setToolTip(
         tr("A click on the header of a track makes it the active one, with Ctrl beside others"));
     m_pqDataComboBox->addItems({tr("Points"), tr("Line"), tr("Points and Line")});
@@ -58,7 +70,7 @@ ScatTrackPage::ScatTrackPage(QWidget* pqParent)
     connect(m_pqDataComboBox, &QComboBox::activated, this, &ScatTrackPage::dataChosen);
     connect(m_pqLineColorButton, &ColorButton::colorPicked, this, &ScatTrackPage::lineColorPicked);
     connect(m_pqPointColorButton, &ColorButton::colorPicked, this, &ScatTrackPage::pointColorPicked);
-    connect(m_pqTadpoles, &QCheckBox::toggled, this, &ScatTrackPage::edited);
+    connect(m_pqTadpoles, &QCheckBox::stateChanged, this, &ScatTrackPage::edited);
     connect(m_pqVertexSampling, &QIntSpinBoxWithSlider::valueChanged, this, &ScatTrackPage::edited);
     connect(pqReset, &QPushButton::clicked, this, [this] { emit boundariesReset(true); });
 }
@@ -75,31 +87,58 @@ QUnitLineEdit* ScatTrackPage::newLimit(QFormLayout* pqForm, const QString& sName
 
 void ScatTrackPage::writeTo(ScatTrackSettings& settings) const
 {
-    settings.m_eData = static_cast<ScatTrackSettings::Data>(m_pqDataComboBox->currentIndex());
-    settings.m_oLineColor = m_pqLineColorButton->color();
-    settings.m_oPointColor = m_pqPointColorButton->color();
-    settings.m_bTadpoles = m_pqTadpoles->isChecked();
-    settings.m_iVertexSampling = m_pqVertexSampling->getValue();
-    const double dMinimum = m_pqHorizontalMinEdit->modelValue();
-    const double dMaximum = m_pqHorizontalMaxEdit->modelValue();
-    if (dMinimum != m_dShownMinimum || dMaximum != m_dShownMaximum) {
-        settings.m_dMinimum = dMinimum;
-        settings.m_dMaximum = dMaximum;
-    }
+    if (m_pqTadpoles->checkState() != m_eShownTadpoles)
+        settings.setTadpoles(m_pqTadpoles->isChecked());
+    if (m_pqHorizontalMinEdit->modelValue() != m_dShownMinimum)
+        settings.m_dMinimum = m_pqHorizontalMinEdit->modelValue();
+    if (m_pqHorizontalMaxEdit->modelValue() != m_dShownMaximum)
+        settings.m_dMaximum = m_pqHorizontalMaxEdit->modelValue();
 }
 
-void ScatTrackPage::setSettings(const ScatTrackSettings& settings, double dMinimum, double dMaximum)
+void ScatTrackPage::setSettings(const std::vector<Shown>& vShown)
 {
     const QSignalBlocker blocker(this);
-    m_pqDataComboBox->setCurrentIndex(settings.m_eData);
-    m_pqLineColorButton->setColor(settings.m_oLineColor);
-    m_pqPointColorButton->setColor(settings.m_oPointColor);
-    m_pqTadpoles->setChecked(settings.m_bTadpoles);
-    m_pqVertexSampling->setValue(settings.m_iVertexSampling);
-    m_pqHorizontalMinEdit->setModelValue(dMinimum, false);
-    m_pqHorizontalMaxEdit->setModelValue(dMaximum, false);
-    m_dShownMinimum = dMinimum;
-    m_dShownMaximum = dMaximum;
+    const auto common = [&vShown](const auto& fnValue) {
+        return std::all_of(vShown.begin(), vShown.end(),
+                           [&](const Shown& shown) { return fnValue(shown) == fnValue(vShown.front()); });
+    };
+    const ScatTrackSettings& first = vShown.front().m_settings;
+    showChoice(*m_pqDataComboBox, common([](const Shown& shown) { return shown.m_settings.m_eData; }), first.m_eData);
+    m_eShownTadpoles = showSwitch(
+        *m_pqTadpoles, common([](const Shown& shown) { return shown.m_settings.m_bTadpoles; }), first.m_bTadpoles);
+    m_pqLineColorButton->setColor(first.m_oLineColor);
+    m_pqPointColorButton->setColor(first.m_oPointColor);
+    m_pqVertexSampling->setValue(first.m_iVertexSampling);
+    const bool bMinimum = common([](const Shown& shown) { return shown.m_dMinimum; });
+    const bool bMaximum = common([](const Shown& shown) { return shown.m_dMaximum; });
+    m_dShownMinimum = bMinimum ? vShown.front().m_dMinimum : g_dMissingValue;
+    m_dShownMaximum = bMaximum ? vShown.front().m_dMaximum : g_dMissingValue;
+    m_pqHorizontalMinEdit->setModelValue(m_dShownMinimum, false);
+    m_pqHorizontalMaxEdit->setModelValue(m_dShownMaximum, false);
+    m_pqHorizontalMinEdit->setPlaceholderText(bMinimum ? QString() : variousText());
+    m_pqHorizontalMaxEdit->setPlaceholderText(bMaximum ? QString() : variousText());
+}
+
+bool ScatTrackPage::areLimitsReversed() const
+{
+    const double dMinimum = m_pqHorizontalMinEdit->modelValue();
+    const double dMaximum = m_pqHorizontalMaxEdit->modelValue();
+    return !isMissing(dMinimum) && !isMissing(dMaximum) && !(dMinimum < dMaximum);
+}
+
+QColor ScatTrackPage::lineColor() const
+{
+    return m_pqLineColorButton->color();
+}
+
+QColor ScatTrackPage::pointColor() const
+{
+    return m_pqPointColorButton->color();
+}
+
+int ScatTrackPage::vertexSampling() const
+{
+    return m_pqVertexSampling->getValue();
 }
 
 void ScatTrackPage::setDepthUnit(const boost::shared_ptr<UnitManager>& poUnit)
@@ -124,9 +163,22 @@ double ScatTrackPage::depthTo() const
     return m_pqVerticalMaxEdit->modelValue();
 }
 
-void ScatTrackPage::setActiveTracks(const QString& sNames)
+void ScatTrackPage::setActiveTracks(const QStringList& lNames)
 {
-    m_pqActiveLabel->setText(tr("Active tracks: %1").arg(sNames));
+    m_pqActiveLabel->setText(
+        tr("Active tracks: %1").arg(lNames.isEmpty() ? tr("all") : lNames.join(QStringLiteral(", "))));
+}
+
+void ScatTrackPage::fixLabelHeight()
+{
+    m_pqActiveLabel->setFixedHeight(g_iLabelLines * m_pqActiveLabel->fontMetrics().lineSpacing());
+}
+
+void ScatTrackPage::changeEvent(QEvent* pEvent)
+{
+    QWidget::changeEvent(pEvent);
+    if (pEvent->type() == QEvent::FontChange || pEvent->type() == QEvent::StyleChange)
+        fixLabelHeight();
 }
 
 } // namespace gkBase
