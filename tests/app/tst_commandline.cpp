@@ -1,4 +1,4 @@
-#include "CommandLine.h"
+#include "CommandRun.h"
 #include "TestFolder.h"
 
 #include <QApplication>
@@ -11,6 +11,7 @@
 
 using gkHost::CommandLine;
 using gkHost::CommandResult;
+using gkTest::runCommand;
 
 class tst_CommandLine : public QObject, private gkTest::TestFolder
 {
@@ -97,7 +98,7 @@ private slots:
         QFETCH(QStringList, arguments);
         QFETCH(int, values);
         QFETCH(double, max);
-        const CommandResult result = run(QStringList{"stats", path("sets.csv"), "--json"} + arguments);
+        const CommandResult result = runCommand(QStringList{"stats", path("sets.csv"), "--json"} + arguments);
         QCOMPARE(result.m_sMessage, QString());
         const QJsonObject json = QJsonDocument::fromJson(result.m_sOutput.toUtf8()).object();
         QCOMPARE(json[QStringLiteral("n")].toInt(), values);
@@ -158,7 +159,7 @@ private slots:
         QFETCH(QList<QByteArray>, lines);
         const QString sOut = path("means.csv");
         const CommandResult result =
-            run(QStringList{"decimate", path("well.csv"), "--depth", "depth", "--out", sOut} + arguments);
+            runCommand(QStringList{"decimate", path("well.csv"), "--depth", "depth", "--out", sOut} + arguments);
         QCOMPARE(result.m_sMessage.isEmpty(), !lines.isEmpty()); // a single depth has no range
         const QList<QByteArray> lRows = content(sOut).split('\n').mid(1);
         for (qsizetype i = 0; i < lines.size(); ++i) {
@@ -179,7 +180,7 @@ private slots:
     {
         for (const QString& sCommand : {QStringLiteral("stats"), QStringLiteral("cluster"), QStringLiteral("decimate"),
                                         QStringLiteral("convert"), QStringLiteral("render")}) {
-            const CommandResult help = run({sCommand, "--help"});
+            const CommandResult help = runCommand({sCommand, "--help"});
             QCOMPARE(help.m_sMessage, QString());
             QVERIFY2(help.m_sOutput.startsWith("Usage: gkanalyser " + sCommand), qPrintable(help.m_sOutput));
             QVERIFY2(!help.m_sOutput.contains("--help-all"), "there is no such option");
@@ -259,7 +260,7 @@ private slots:
     {
         QFETCH(QStringList, arguments);
         QFETCH(int, status);
-        const CommandResult result = run(arguments);
+        const CommandResult result = runCommand(arguments);
         QCOMPARE(static_cast<int>(result.m_eStatus), status);
         QCOMPARE(result.m_sMessage.isEmpty(), status == 0); // one message when something is wrong
         QVERIFY(!result.m_sMessage.contains(QLatin1Char('\n')));
@@ -297,9 +298,9 @@ private slots:
         QFETCH(QStringList, chart);
         QFETCH(QString, file);
         QFETCH(QByteArray, start);
-        const CommandResult result = run(QStringList{"render", path("even.csv"), "--background", "black", "--size",
-                                                     "640x480", "--out", file, "--chart"} +
-                                         chart);
+        const CommandResult result = runCommand(QStringList{"render", path("even.csv"), "--background", "black",
+                                                            "--size", "640x480", "--out", file, "--chart"} +
+                                                chart);
         QCOMPARE(result.m_sMessage, QString());
         QFile picture(file);
         QVERIFY(picture.open(QIODevice::ReadOnly));
@@ -316,9 +317,9 @@ private slots:
         const QString sFirst = path("first.csv");
         const QString sSecond = path("second.csv");
         const QString sReport = path("report.txt");
-        QCOMPARE(run({"convert", path("even.csv"), "--out", sFirst, "--report", sReport}).m_sMessage, QString());
+        QCOMPARE(runCommand({"convert", path("even.csv"), "--out", sFirst, "--report", sReport}).m_sMessage, QString());
         QVERIFY(QFile::exists(sReport));
-        QCOMPARE(run({"convert", sFirst, "--out", sSecond}).m_sMessage, QString());
+        QCOMPARE(runCommand({"convert", sFirst, "--out", sSecond}).m_sMessage, QString());
         QByteArray qFirst = content(sFirst);
         QByteArray qSecond = content(sSecond);
         QVERIFY(!qFirst.isEmpty());
@@ -348,11 +349,6 @@ private:
         return qRows + ",even,true\n";
     }
 
-    static CommandResult run(const QStringList& lArguments)
-    {
-        return CommandLine(QStringList{QStringLiteral("gkanalyser")} + lArguments).run();
-    }
-
     QJsonObject stats(const QStringList& lArguments) const
     {
         return jsonOf(QStringList{"stats", path("even.csv"), "--attribute", "Value", "--json"} + lArguments);
@@ -360,7 +356,7 @@ private:
 
     static QJsonObject jsonOf(const QStringList& lArguments)
     {
-        const CommandResult result = run(lArguments);
+        const CommandResult result = runCommand(lArguments);
         if (!result.m_sMessage.isEmpty())
             qWarning().noquote() << result.m_sMessage;
         return QJsonDocument::fromJson(result.m_sOutput.toUtf8()).object();

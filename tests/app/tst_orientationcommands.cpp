@@ -1,4 +1,4 @@
-#include "CommandLine.h"
+#include "CommandRun.h"
 #include "TestFolder.h"
 
 #include <QApplication>
@@ -9,8 +9,8 @@
 #include <QJsonObject>
 #include <QTest>
 
-using gkHost::CommandLine;
 using gkHost::CommandResult;
+using gkTest::runCommand;
 
 namespace {
 
@@ -105,7 +105,7 @@ private slots:
         for (const QString& sKey : none.keys()) {
             QVERIFY2(none[sKey].isNull() != (sKey == "n" || sKey == "missing"), qPrintable(sKey));
         }
-        const QString sText = run(lNone + g_lAngles).m_sOutput;
+        const QString sText = runCommand(lNone + g_lAngles).m_sOutput;
         QVERIFY2(sText.contains("---") && !sText.contains("nan") && !sText.contains("99999"), qPrintable(sText));
     }
 
@@ -119,12 +119,12 @@ private slots:
         QCOMPARE(json["sectors"][1].toInt(), 1);
         // 7 degrees leave 357 to 360 uncovered; 100 leave 300 to 360.
         QCOMPARE(jsonOf(lStats + QStringList{"--json", "--sector", "7"})["sectors"].toArray().size(), 51);
-        const QString sText = run(lStats + QStringList{"--sector", "100"}).m_sOutput;
+        const QString sText = runCommand(lStats + QStringList{"--sector", "100"}).m_sOutput;
         QVERIFY2(sText.contains("   300    360         1"), qPrintable(sText));
         // Axes: 189 is 9.
         json = jsonOf(lStats + QStringList{"--json", "--axial", "--sector", "180"});
         QCOMPARE(json["sectors"], QJsonValue(QJsonArray{5, 5}));
-        const QString sAxes = run(lStats + QStringList{"--axial", "--sector", "180"}).m_sOutput;
+        const QString sAxes = runCommand(lStats + QStringList{"--axial", "--sector", "180"}).m_sOutput;
         QVERIFY2(sAxes.contains("180         5     50.00"), qPrintable(sAxes));
         QVERIFY2(sAxes.contains("per cent of 5 records, both ends"), qPrintable(sAxes));
         QVERIFY(isClose(json["meanDirection"].toDouble(), 6.8, 0.1));
@@ -151,7 +151,7 @@ private slots:
         const QJsonArray poles = jsonOf(lDensity + g_lAngles)["counts"].toArray();
         QCOMPARE(poles[2].toArray(), (QJsonArray{0, 3, 3, 0, 0}));
         const QString sText =
-            run(QStringList{"density", path("same.csv"), "--projection", "equal-angle"} + g_lAngles).m_sOutput;
+            runCommand(QStringList{"density", path("same.csv"), "--projection", "equal-angle"} + g_lAngles).m_sOutput;
         QVERIFY2(sText.contains("100.00 per cent of N"), qPrintable(sText));
     }
 
@@ -159,7 +159,7 @@ private slots:
     {
         const QString sOut = path("rotated.csv");
         const QStringList lRotate{"rotate", path("planes.csv"), "--axis", "0/45", "--angle", "40", "--out", sOut};
-        const CommandResult result = run(lRotate + g_lAngles);
+        const CommandResult result = runCommand(lRotate + g_lAngles);
         QCOMPARE(result.m_sMessage, QString());
         QVERIFY(result.m_sOutput.startsWith("5 of 6 records"));
         QList<QByteArray> lRows = content(sOut).split('\n');
@@ -173,7 +173,7 @@ private slots:
         // And back again, beside the attributes of the first rotation.
         const QStringList lBack{"rotate", sOut, "--axis", "0/45",        "--angle",   "-40",
                                 "--out",  sOut, "--dip",  "Rotated:Dip", "--azimuth", "Rotated:Dip Azimuth"};
-        QCOMPARE(run(lBack).m_sMessage, QString());
+        QCOMPARE(runCommand(lBack).m_sMessage, QString());
         const QJsonObject before = jsonOf(QStringList{"stats", path("planes.csv"), "--json"} + g_lAngles);
         const QJsonObject after =
             jsonOf({"stats", sOut, "--json", "--dip", "Rotated:Dip_1", "--azimuth", "Rotated:Dip Azimuth_1"});
@@ -186,7 +186,7 @@ private slots:
     {
         const QStringList lRender{"render", path("planes.csv"), "--chart", "woodcock", "--size", "400x300", "--out"};
         const CommandResult result =
-            run(lRender + QStringList{path("w.png"), "--color-by", "bed", "--background", "black"} + g_lAngles);
+            runCommand(lRender + QStringList{path("w.png"), "--color-by", "bed", "--background", "black"} + g_lAngles);
         QCOMPARE(result.m_sMessage, QString());
         QVERIFY2(result.m_sOutput.startsWith("\"a\" is not in the diagram."),
                  qPrintable(result.m_sOutput)); // two planes
@@ -223,8 +223,8 @@ private slots:
         for (const QStringList& lOptions : options) {
             const QString sFile = path("chart.png");
             const CommandResult result =
-                run(QStringList{"render", path("planes.csv"), "--size", "500x400", "--out", sFile, "--chart"} + chart +
-                    lOptions);
+                runCommand(QStringList{"render", path("planes.csv"), "--size", "500x400", "--out", sFile, "--chart"} +
+                           chart + lOptions);
             QCOMPARE(result.m_sMessage, QString());
             const QByteArray qPicture = content(sFile);
             QVERIFY2(!hPictures.contains(qPicture),
@@ -233,8 +233,9 @@ private slots:
         }
         for (const char* pFormat : {"svg", "pdf", "emf"}) {
             const QString sFile = path("chart.") + QLatin1String(pFormat);
-            QCOMPARE(run(QStringList{"render", path("planes.csv"), "--out", sFile, "--chart"} + chart).m_sMessage,
-                     QString());
+            QCOMPARE(
+                runCommand(QStringList{"render", path("planes.csv"), "--out", sFile, "--chart"} + chart).m_sMessage,
+                QString());
             QVERIFY(content(sFile).size() > 1000);
         }
     }
@@ -244,9 +245,9 @@ private slots:
         // Planes that contain the line 20/050: tan dip · cos(azimuth − 50) = tan 20.
         write("fold.csv", "dip,azimuth\n20,50\n36.05389,110\n36.05389,350\n27.2366,95\n");
         const QStringList lRender{"render", path("fold.csv"), "--chart", "tangent", "--fold-axis", "--out"};
-        const CommandResult result = run(lRender + QStringList{path("t.png")} + g_lAngles);
+        const CommandResult result = runCommand(lRender + QStringList{path("t.png")} + g_lAngles);
         QVERIFY2(result.m_sOutput.startsWith("fold axis 20.0/050.0"), qPrintable(result.m_sOutput));
-        const CommandResult one = run(lRender + QStringList{path("t.png"), "--rows", "1"} + g_lAngles);
+        const CommandResult one = runCommand(lRender + QStringList{path("t.png"), "--rows", "1"} + g_lAngles);
         QVERIFY2(one.m_sOutput.startsWith("no fold axis"), qPrintable(one.m_sOutput));
     }
 
@@ -305,21 +306,13 @@ private slots:
         QFETCH(QStringList, arguments);
         QFETCH(int, status);
         QFETCH(QString, word);
-        const CommandResult result = run(arguments);
-        QCOMPARE(static_cast<int>(result.m_eStatus), status);
-        QVERIFY2(result.m_sMessage.contains(word), qPrintable(result.m_sMessage));
-        QVERIFY(!result.m_sMessage.contains(QLatin1Char('\n')) && result.m_sOutput.isEmpty());
+        gkTest::verifyFailure(arguments, status, word);
     }
 
 private:
-    static CommandResult run(const QStringList& lArguments)
-    {
-        return CommandLine(QStringList{QStringLiteral("gkanalyser")} + lArguments).run();
-    }
-
     static QJsonObject jsonOf(const QStringList& lArguments)
     {
-        const CommandResult result = run(lArguments);
+        const CommandResult result = runCommand(lArguments);
         if (!result.m_sMessage.isEmpty())
             qWarning().noquote() << result.m_sMessage;
         return QJsonDocument::fromJson(result.m_sOutput.toUtf8()).object();

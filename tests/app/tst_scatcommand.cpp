@@ -1,12 +1,12 @@
-#include "CommandLine.h"
+#include "CommandRun.h"
 #include "ReferenceData.h"
 #include "TestFolder.h"
 
 #include <QApplication>
 #include <QTest>
 
-using gkHost::CommandLine;
 using gkHost::CommandResult;
+using gkTest::runCommand;
 
 namespace {
 
@@ -68,8 +68,9 @@ private slots:
     void directionsOfReferenceWell()
     {
         GK_REQUIRE_REFERENCE();
-        const QJsonObject json = jsonOf(run({"scat", gkTest::referenceFolder() + "/data/fold_well_a.csv", "--depth",
-                                             "depth", "--dip", "dip", "--azimuth", "dip_azimuth", "--json"}));
+        const QJsonObject json =
+            jsonOf(runCommand({"scat", gkTest::referenceFolder() + "/data/fold_well_a.csv", "--depth", "depth", "--dip",
+                               "dip", "--azimuth", "dip_azimuth", "--json"}));
         QVERIFY(qAbs(json["t"].toDouble() - 70.0) < 1.0);
         QVERIFY(qAbs(json["l"].toDouble() - 340.0) < 1.0);
         QCOMPARE(json["crests"].toArray().size(), 1);
@@ -159,26 +160,18 @@ private slots:
         QFETCH(QStringList, arguments);
         QFETCH(int, status);
         QFETCH(QString, word);
-        const CommandResult result = run(arguments);
-        QCOMPARE(static_cast<int>(result.m_eStatus), status);
-        QVERIFY2(result.m_sMessage.contains(word), qPrintable(result.m_sMessage));
-        QVERIFY(!result.m_sMessage.contains(QLatin1Char('\n')) && result.m_sOutput.isEmpty());
+        gkTest::verifyFailure(arguments, status, word);
     }
 
 private:
-    static CommandResult run(const QStringList& lArguments)
-    {
-        return CommandLine(QStringList{QStringLiteral("gkanalyser")} + lArguments).run();
-    }
-
     CommandResult scat(const QString& sFile, const QStringList& lOptions) const
     {
-        return run(QStringList{"scat", m_folder.filePath(sFile)} + g_lNames + lOptions);
+        return runCommand(QStringList{"scat", m_folder.filePath(sFile)} + g_lNames + lOptions);
     }
 
     CommandResult render(const QStringList& lOptions) const
     {
-        return run(QStringList{"render", path("fold.csv"), "--chart", "scat"} + g_lNames + lOptions);
+        return runCommand(QStringList{"render", path("fold.csv"), "--chart", "scat"} + g_lNames + lOptions);
     }
 
     static QJsonObject jsonOf(const CommandResult& result)
