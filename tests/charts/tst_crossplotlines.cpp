@@ -84,6 +84,7 @@ private slots:
     void picksReplaceAddAndReduce_data();
     void picksReplaceAddAndReduce();
     void gripsAreReachable();
+    void nameOfThePickedLineStays();
     void linesFollowTheirFlags();
     void menuOffersLinesOnlyWhenPicked();
 };
@@ -292,6 +293,35 @@ void TestCrossPlotLines::gripsAreReachable()
     plot.m_plot.grab(); // before the canvas hears of it
     plot.m_plot.updateLines();
     QCOMPARE(plot.m_plot.cursor().shape(), eShape);
+}
+
+void TestCrossPlotLines::nameOfThePickedLineStays()
+{
+    Plot plot(6);
+    plot.addLines({44.0, 47.0, 53.0, 56.0});
+    plot.tops().insertHorizontalLine(50.0, 0.0, QStringLiteral("Top"), Qt::blue, DepthLineField::Horizon);
+    // Marks of orientations stand where names do.
+    plot.tops().setSelected({0, 1, 2, 3, 4});
+    plot.tops().changePickedOrientation({97.0, 90.0});
+    plot.m_plot.setLineOrientationPosition([](const QPointF& oOrientation) { return oOrientation.x(); });
+    plot.m_plot.setStructuralTopsMovable(true);
+    const auto hasName = [&plot] {
+        plot.m_plot.updateLines();
+        const QImage oPicture = plot.m_plot.grab().toImage();
+        // The stripe before a name is higher than the line and stands right of the grips.
+        for (int x = 100; x < 380; ++x) {
+            int iBlue = 0;
+            for (int y = 0; y < oPicture.height(); ++y)
+                iBlue += oPicture.pixelColor(x, y) == QColor(Qt::blue);
+            if (iBlue > 8)
+                return true;
+        }
+        return false;
+    };
+    plot.tops().deselectAll();
+    QVERIFY(!hasName());
+    plot.tops().setSelected({4});
+    QVERIFY(hasName());
 }
 
 void TestCrossPlotLines::linesFollowTheirFlags()

@@ -332,7 +332,8 @@ crossPlotOrientationMarks(const DepthLineField& oField, std::span<const CrossPlo
         const bool bBeyond = dX < 0.0 || dX > oX.m_dLastPixel;
         const double dInset = bBeyond ? CrossPlotOrientationMark::s_iRadius + g_dHandleMargin : 0.0;
         const double dShown = std::clamp(dX, dInset, std::max(dInset, oX.m_dLastPixel - dInset));
-        vMarks.push_back({QPointF(dShown - oVisible.left(), dY), oOrientation.y(), bBeyond, line.m_oColor,
+        vMarks.push_back({QPointF(dShown - oVisible.left(), dY), oOrientation.y(), bBeyond, line.m_bSelected,
+                          line.m_oColor,
                           oField.showAverageOrientationLabels() ? lineOrientationText(oOrientation) : QString()});
     }
     return vMarks;

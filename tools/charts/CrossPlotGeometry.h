@@ -97,7 +97,8 @@ struct CrossPlotOrientationMark
 
     QPointF m_oCentre; ///< pixels of the visible part
     double m_dAzimuth = 0.0;
-    bool m_bBeyond = false; ///< its place lies beyond the chart's side, where it stands now
+    bool m_bBeyond = false;   ///< its place lies beyond the chart's side, where it stands now
+    bool m_bSelected = false; ///< its line is
     QColor m_oColor;
     QString m_sLabel; ///< empty: none
 };

@@ -40,6 +40,8 @@ constexpr int g_iHandleFont = 9; ///< pixels
 constexpr int g_iDarkGray = 140;
 constexpr int g_iMarkPen = 2;
 constexpr double g_dLabelShare = 0.7; ///< of the width, for the longest name
+constexpr double g_dNameGap = 2.0;    ///< between a line and its name
+constexpr double g_dNameStep = 16.0;  ///< pixels to the left, to the next place of a name
 
 void drawLineWithHalo(QPainter& painter, const QLineF& oLine, const QPen& pen, const CrossPlotStyle& style)
 {
@@ -125,12 +127,42 @@ QColor inkOn(const QColor& oColor)
     return qGray(oColor.rgb()) < g_iDarkGray ? Qt::white : Qt::black;
 }
 
+/// The box for a name at the right end of a line, above it, or below where there is no room; a null rectangle for none.
+/// A name that is needed also goes further left, and where nothing is free it lies over what stands at the right end.
+QRectF placeName(double dY, double dRight, const QSizeF& oSize, bool bNeeded, LabelPlacement& placement)
+{
+    const double dAbove = dY - g_dNameGap - oSize.height();
+    const double dFirst = std::max(0.0, dRight - oSize.width());
+    std::vector<QRectF> voBoxes;
+    for (double dX = dFirst; dX >= (bNeeded ? 0.0 : dFirst); dX -= g_dNameStep) {
+        voBoxes.emplace_back(QPointF(dX, dAbove), oSize);
+        voBoxes.emplace_back(QPointF(dX, dY + g_dNameGap), oSize);
+    }
+    QRectF oBox = placement.place(voBoxes);
+    if (oBox.isNull() && bNeeded) {
+        oBox = voBoxes[dAbove >= 0.0 ? 0 : 1];
+        placement.block(oBox);
+    }
+    return oBox;
+}
+
 double distanceToLine(const QPointF& oPoint, const QLineF& oLine)
 {
     const double dLength = oLine.length();
     const QPointF oAlong = oLine.p2() - oLine.p1();
     const QPointF oTo = oPoint - oLine.p1();
     return dLength > 0.0 ? std::abs(oAlong.x() * oTo.y() - oAlong.y() * oTo.x()) / dLength : 0.0;
+}
+
+/// The marks of lines that are selected, or that are not, from top to bottom.
+template <typename Draw>
+void forMarks(std::span<const CrossPlotOrientationMark> vMarks, bool bSelected, const Draw& draw)
+{
+    for (const CrossPlotOrientationMark& mark : vMarks) {
+        if (mark.m_bSelected == bSelected) {
+            draw(mark);
+        }
+    }
 }
 
 } // namespace
@@ -272,7 +304,7 @@ void drawCrossPlotOrientationMarks(QPainter& painter, std::span<const CrossPlotO
     const PainterState state(&painter);
     painter.setRenderHint(QPainter::Antialiasing, true);
     constexpr int iRadius = CrossPlotOrientationMark::s_iRadius;
-    for (const CrossPlotOrientationMark& mark : vMarks) {
+    const auto draw = [&](const CrossPlotOrientationMark& mark) {
         if (const std::optional<QLineF> oTail = tadpoleTail(mark.m_oCentre, mark.m_dAzimuth, iRadius)) {
             painter.setPen(QPen(style.m_oLabel, g_iMarkPen));
             painter.drawLine(*oTail);
@@ -284,7 +316,9 @@ void drawCrossPlotOrientationMarks(QPainter& painter, std::span<const CrossPlotO
         look = {Circle, style.m_oLabel, mark.m_bBeyond ? style.m_oBackground : mark.m_oColor, iRadius, g_iMarkPen};
         sprites.drawSymbols(&painter, {&mark.m_oCentre, 1}, look);
         placement.block(QRectF(mark.m_oCentre, QSizeF()).adjusted(-iRadius, -iRadius, iRadius, iRadius));
-    }
+    };
+    forMarks(vMarks, false, draw);
+    forMarks(vMarks, true, draw); // on top
 }
 
 void drawCrossPlotOrientationLabels(QPainter& painter, std::span<const CrossPlotOrientationMark> vMarks,
@@ -293,16 +327,18 @@ void drawCrossPlotOrientationLabels(QPainter& painter, std::span<const CrossPlot
     constexpr double dReach = CrossPlotOrientationMark::s_iRadius + g_dPadding;
     const QFontMetricsF metrics(painter.font(), painter.device());
     const QSizeF oSize = nameBoxSize(metrics, QStringLiteral("00/000")); // digits are equally wide
-    for (const CrossPlotOrientationMark& mark : vMarks) {
+    const auto draw = [&](const CrossPlotOrientationMark& mark) {
         if (mark.m_sLabel.isEmpty()) {
-            continue;
+            return;
         }
         const QRectF oAnchor = QRectF(mark.m_oCentre, QSizeF()).adjusted(-dReach, -dReach, dReach, dReach);
         const QRectF oBox = placement.place(oAnchor, oSize);
         if (!oBox.isNull()) {
             drawNameBox(painter, oBox, mark.m_sLabel, metrics, QColor(), style);
         }
-    }
+    };
+    forMarks(vMarks, true, draw); // they have the first choice of places
+    forMarks(vMarks, false, draw);
 }
 
 void drawCrossPlotLabels(QPainter& painter, std::span<const CrossPlotDepthLine> vLines, int iHovered,
@@ -313,8 +349,11 @@ void drawCrossPlotLabels(QPainter& painter, std::span<const CrossPlotDepthLine> 
     const auto rest = std::stable_partition(viOrder.begin(), viOrder.end(),
                                             [&](std::size_t i) { return vLines[i].m_iLine == iHovered; });
     std::stable_partition(rest, viOrder.end(), [&vLines](std::size_t i) { return vLines[i].m_bSelected; });
+    const auto iPicked = std::count_if(vLines.begin(), vLines.end(), [](const auto& line) { return line.m_bSelected; });
     const QFontMetricsF metrics(painter.font(), painter.device());
+    const double dHeight = std::ceil(metrics.height());
     const double dWidest = oVisible.width() * g_dLabelShare;
+    const double dRight = oVisible.width() - g_dMargin;
     for (const std::size_t i : viOrder) {
         const CrossPlotDepthLine& line = vLines[i];
         const double dY = line.m_dY - oVisible.top();
@@ -322,10 +361,9 @@ void drawCrossPlotLabels(QPainter& painter, std::span<const CrossPlotDepthLine> 
             continue;
         }
         // Most of many names have no room; those are not measured.
-        const double dHeight = std::ceil(metrics.height());
-        const double dRight = oVisible.width() - g_dMargin;
-        if (!placement.isFree(QRectF(dRight - 1.0, dY - 2.0 - dHeight, 1.0, dHeight)) &&
-            !placement.isFree(QRectF(dRight - 1.0, dY + 2.0, 1.0, dHeight))) {
+        const bool bNeeded = line.m_iLine == iHovered || (line.m_bSelected && iPicked == 1);
+        if (!bNeeded && !placement.isFree(QRectF(dRight - 1.0, dY - g_dNameGap - dHeight, 1.0, dHeight)) &&
+            !placement.isFree(QRectF(dRight - 1.0, dY + g_dNameGap, 1.0, dHeight))) {
             continue;
         }
         QString sLabel = line.m_sLabel;
@@ -335,11 +373,7 @@ void drawCrossPlotLabels(QPainter& painter, std::span<const CrossPlotDepthLine> 
             oSize = nameBoxSize(metrics, sLabel);
         }
         oSize += QSizeF(g_dStripe, 0.0);
-        const double dX = dRight - oSize.width();
-        // Above the line, or below it where there is no room.
-        const std::array<QRectF, 2> voBoxes{QRectF(QPointF(dX, dY - 2.0 - oSize.height()), oSize),
-                                            QRectF(QPointF(dX, dY + 2.0), oSize)};
-        const QRectF oBox = placement.place(voBoxes);
+        const QRectF oBox = placeName(dY, dRight, oSize, bNeeded, placement);
         if (!oBox.isNull()) {
             // The stripe tells which of two lines beside a label is meant.
             drawNameBox(painter, oBox.adjusted(g_dStripe, 0.0, 0.0, 0.0), sLabel, metrics,
