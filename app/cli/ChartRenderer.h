@@ -16,7 +16,7 @@ struct ChartRenderer
 {
     QString m_sName;
     std::function<void(QCommandLineParser&)> m_fnAddOptions;
-    /// Draws into the file of that path; a result when something is wrong.
+    /// Draws into the file of that path; a result when something is wrong or odd.
     std::function<std::optional<CommandResult>(CommandInput&, const QString& sPath, const QSize& oSize)> m_fnRender;
 };
 

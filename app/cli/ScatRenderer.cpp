@@ -4,6 +4,7 @@
 #include "CommandText.h"
 #include "ScatInput.h"
 
+#include <gkBase/DepthLineField.h>
 #include <gkBase/QScatDepthPlotWidget.h>
 
 namespace gkHost {
@@ -30,16 +31,24 @@ std::optional<CommandResult> renderScat(CommandInput& input, const QString& sPat
     }
     gkBase::QScatDepthPlotWidget panel;
     panel.setDataRoot(&input.root());
-    panel.setDataSet(scat.m_poDepth);
     panel.setAttributes(scat.m_poDepth, scat.m_poDip, scat.m_poAzimuth);
     panel.setDirections(scat.m_dTransverse, scat.m_dLongitudinal);
     panel.setBlackBackground(bBlack);
+    if (!input.isSet(QStringLiteral("scenario"))) {
+        return exported(panel, sPath, oSize);
+    }
+    const QString sScenario = input.value(QStringLiteral("scenario"));
     QString sError;
-    if (input.isSet(QStringLiteral("scenario")) &&
-        !panel.importScenario(input.value(QStringLiteral("scenario")), &sError)) {
+    if (!panel.importScenario(sScenario, &sError)) {
         return CommandResult::badInput(sError);
     }
-    return exported(panel, sPath, oSize);
+    if (const auto oFailure = exported(panel, sPath, oSize)) {
+        return oFailure;
+    }
+    if (panel.structuralTops() && panel.structuralTops()->count() > 0) {
+        return std::nullopt;
+    }
+    return CommandResult::warned(text("warning: %1 holds no line of a scenario").arg(sScenario));
 }
 
 } // namespace

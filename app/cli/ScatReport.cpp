@@ -76,12 +76,12 @@ ScatReport scatReport(const ScatInput& scat)
 
 QString ScatReport::toJson() const
 {
-    const auto depths = [this](const std::vector<double>& vdDepths) {
+    const auto depths = [](const std::vector<double>& vdDepths) {
         QJsonArray array;
         for (const double dDepth : vdDepths) {
             array.append(dDepth);
         }
-        return gkBase::isMissing(m_scat.m_dTransverse) ? QJsonValue(QJsonValue::Null) : QJsonValue(array);
+        return QJsonValue(array);
     };
     const QStringList lMembers{
         member(QStringLiteral("n"), static_cast<qint64>(m_scat.m_oByTangentLine.m_iCount)),

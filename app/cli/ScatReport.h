@@ -21,8 +21,8 @@ struct ScatReport
     gkBase::SummaryStatistics m_oLongitudinal;
     gkBase::TransverseDipEvents m_oEvents;
 
-    /// One line: the number of planes, T and L, what T is by both rules, and the depths of crests and inflections in
-    /// the unit of the depths; null what is undefined.
+    /// One line: the number of planes, T and L, what T is by both rules, null what is undefined, and the depths of
+    /// crests and inflections in the unit of the depths, empty arrays without any.
     QString toJson() const;
     QString toText() const;
 };

@@ -6,13 +6,17 @@
 #include <QAction>
 #include <QFileInfo>
 #include <QMenu>
+#include <QPoint>
 #include <QSettings>
+
+#include <algorithm>
 
 namespace gkHost {
 
 namespace {
 
 constexpr int g_iMaxRecentFiles = 8;
+constexpr QPoint g_oStepOfWindows(32, 32);
 
 QString recentFilesKey()
 {
@@ -57,8 +61,19 @@ ScatWindow* AnalyserApplication::newScatWindow(AnalyserWindow* pqAnalyser)
     gkBase::MatrixData* poDataSet = ScatWindow::dataSetFor(*pqAnalyser);
     if (!poDataSet)
         return nullptr;
-    auto* pqWindow = new ScatWindow(this, pqAnalyser, poDataSet);
     m_lScatWindows.removeIf([](const Scat& scat) { return !scat.m_pqWindow; });
+    const auto hasWindow = [this](auto&& isSame) {
+        return std::any_of(m_lScatWindows.cbegin(), m_lScatWindows.cend(),
+                           [&isSame](const Scat& scat) { return isSame(*scat.m_pqWindow); });
+    };
+    int iNumber = 1;
+    while (hasWindow(
+        [&](const ScatWindow& other) { return other.number() == iNumber && other.wellName() == poDataSet->name(); }))
+        ++iNumber;
+    auto* pqWindow = new ScatWindow(this, pqAnalyser, poDataSet, iNumber);
+    // Each comes back where the last one was; two must not hide each other.
+    while (hasWindow([pqWindow](const ScatWindow& other) { return other.pos() == pqWindow->pos(); }))
+        pqWindow->move(pqWindow->pos() + g_oStepOfWindows);
     m_lScatWindows.append({pqWindow, pqAnalyser});
     pqWindow->show();
     return pqWindow;
@@ -104,7 +119,7 @@ void AnalyserApplication::listWindows(QMenu* pqMenu, const QWidget* pqCurrent) c
         for (ScatWindow* pqScat : scatWindows(pqWindow))
             add(pqScat,
                 QStringLiteral("    ") +
-                    tr("SCAT Dipmeter: %1").arg(pqScat->wellName().replace(QLatin1Char('&'), QLatin1String("&&"))));
+                    tr("SCAT Dipmeter: %1").arg(pqScat->numberedName().replace(QLatin1Char('&'), QLatin1String("&&"))));
     }
 }
 

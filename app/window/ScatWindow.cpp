@@ -59,8 +59,10 @@ MatrixData* ScatWindow::dataSetFor(const AnalyserWindow& analyser)
     return nullptr;
 }
 
-ScatWindow::ScatWindow(AnalyserApplication* pApplication, AnalyserWindow* pqAnalyser, MatrixData* poDataSet)
+ScatWindow::ScatWindow(AnalyserApplication* pApplication, AnalyserWindow* pqAnalyser, MatrixData* poDataSet,
+                       int iNumber)
     : m_pApplication(pApplication)
+    , m_iNumber(iNumber)
     , m_pqPanel(new QScatDepthPlotWidget(this))
     , m_pqStatusLabel(new QLabel(this))
 {
@@ -126,6 +128,7 @@ void ScatWindow::createMenus(const AnalyserWindow* pqAnalyser)
 
 void ScatWindow::restoreAttributes()
 {
+    updateTitle(); // a data set that went takes its name along
     if (m_pqPanel->depthAttribute() && m_pqPanel->dipAttribute() && m_pqPanel->azimuthAttribute())
         return;
     std::array<MatrixData*, 3> apNodes{};
@@ -144,10 +147,16 @@ QString ScatWindow::wellName() const
     return poDataSet ? poDataSet->name() : QString();
 }
 
+QString ScatWindow::numberedName() const
+{
+    const QString sName = wellName();
+    return m_iNumber > 1 && !sName.isEmpty() ? tr("%1 (%2)").arg(sName).arg(m_iNumber) : sName;
+}
+
 void ScatWindow::updateTitle()
 {
     const QString sProgram = tr("SCAT Dipmeter[*] — gkanalyser");
-    QString sName = wellName(); // doubled, the sign of modified windows stands for itself
+    QString sName = numberedName(); // doubled, the sign of modified windows stands for itself
     sName.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
     setWindowTitle(sName.isEmpty() ? sProgram : sName + QStringLiteral(" — ") + sProgram);
     bool bModified = false;

@@ -29,13 +29,18 @@ public:
     /// azimuth. Null when none has.
     static gkBase::MatrixData* dataSetFor(const AnalyserWindow& analyser);
 
-    /// Shows the data set. Neither the application nor the analyser's window is owned.
-    ScatWindow(AnalyserApplication* pApplication, AnalyserWindow* pqAnalyser, gkBase::MatrixData* poDataSet);
+    /// Shows the data set. iNumber, from 1, tells windows on the same data set apart. Neither the application nor the
+    /// analyser's window is owned.
+    ScatWindow(AnalyserApplication* pApplication, AnalyserWindow* pqAnalyser, gkBase::MatrixData* poDataSet,
+               int iNumber);
     ~ScatWindow() override;
 
     gkBase::QScatDepthPlotWidget* panel() const { return m_pqPanel; }
     /// The name of the data set that is shown; empty for none.
     QString wellName() const;
+    /// The same with the number behind it, where that is not 1.
+    QString numberedName() const;
+    int number() const { return m_iNumber; }
     /// Asks what becomes of scenarios with changes; false when the user wants to keep the window.
     bool canClose();
     /// Closes the window of which canClose() was asked before.
@@ -55,6 +60,7 @@ private:
     void writeSettings() const;
 
     AnalyserApplication* m_pApplication; ///< not owned
+    int m_iNumber;
     gkBase::QScatDepthPlotWidget* m_pqPanel;
     gkBase::ScatAnalyserLink* m_pLink = nullptr;
     QLabel* m_pqStatusLabel;

@@ -136,6 +136,9 @@ private slots:
         action(QStringLiteral("SCAT Dipmeter"))->trigger();
         action(QStringLiteral("SCAT Dipmeter"))->trigger();
         QCOMPARE(m_pApplication->scatWindows(m_pqWindow).size(), 2);
+        const ScatWindow* pqOther = m_pApplication->scatWindows(m_pqWindow).constLast();
+        QVERIFY2(pqOther->windowTitle().startsWith(QLatin1String("dips (2) ")), qPrintable(pqOther->windowTitle()));
+        QVERIFY(pqOther->pos() != m_pApplication->scatWindows(m_pqWindow).constFirst()->pos());
         QVERIFY(m_pApplication->scatWindows(m_pApplication->newWindow()).isEmpty());
         ScatWindow* pqScat = m_pApplication->scatWindows(m_pqWindow).constFirst();
         QCOMPARE(pqScat->wellName(), QStringLiteral("dips"));
@@ -147,7 +150,7 @@ private slots:
         gkBase::MatrixData* poRoot = document()->root();
         poRoot->appendUndoAction(new gkBase::MatrixDataRestore(poRoot->child(1), QStringLiteral("Delete"), true), true);
         poRoot->removeChild(poRoot->child(1));
-        QVERIFY(pqScat->wellName().isEmpty());
+        QVERIFY(pqScat->wellName().isEmpty() && !pqScat->windowTitle().contains(QLatin1String("dips")));
         document()->undo();
         QCOMPARE(pqScat->panel()->numberOfRecords(), 4);
         QCOMPARE(pqScat->panel()->structuralTops()->count(), 1);

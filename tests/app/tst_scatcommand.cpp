@@ -80,9 +80,11 @@ private slots:
     {
         const QStringList lOne{"--rows", "1", "--out", path("one.csv")};
         const QJsonObject json = jsonOf(scat("fold.csv", lOne + QStringList{"--json"}));
-        for (const char* pKey : {"t", "l", "tFromTangent", "tFromRms", "crests", "inflections"}) {
+        for (const char* pKey : {"t", "l", "tFromTangent", "tFromRms"}) {
             QVERIFY2(json[QLatin1String(pKey)].isNull(), pKey);
         }
+        QCOMPARE(json["crests"], QJsonValue(QJsonArray()));
+        QCOMPARE(json["inflections"], QJsonValue(QJsonArray()));
         QCOMPARE(json["n"].toInt(), 1);
         QVERIFY2(content(path("one.csv")).endsWith("1000,22.02,155.85,,\n"), content(path("one.csv")));
         const QString sText = scat("fold.csv", lOne).m_sOutput;
@@ -131,6 +133,15 @@ private slots:
             QVERIFY2(!qPicture.isEmpty() && !lPictures.contains(qPicture), qPrintable(lOptions.join(' ')));
             lPictures << qPicture;
         }
+    }
+
+    void scenarioWithoutLinesIsDrawnWithAWarning()
+    {
+        write("no_lines.txt", "Title\nX Depth\n");
+        const CommandResult result = render({"--out", path("bare.png"), "--scenario", path("no_lines.txt")});
+        QCOMPARE(static_cast<int>(result.m_eStatus), 0);
+        QVERIFY2(result.m_sMessage.contains(path("no_lines.txt")), qPrintable(result.m_sMessage));
+        QVERIFY(!content(path("bare.png")).isEmpty());
     }
 
     void exitStatus_data()
