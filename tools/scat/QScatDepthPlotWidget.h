@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ChartExporter.h"
+#include "DepthLineField.h"
 #include "MatrixDataPointer.h"
 #include "ScatDialogs.h"
 #include "ScatLineDefaults.h"
@@ -27,12 +28,12 @@ class QPainter;
 class QPushButton;
 class QRectF;
 class QTabWidget;
+class QTimer;
 class QUndoGroup;
 
 namespace gkBase {
 
 class ChartDisplayPage;
-class DepthLineField;
 class MatrixData;
 class QCrossPlot;
 class QDepthTrackArea;
@@ -107,7 +108,7 @@ public:
     // ---- lines ---------------------------------------------------------------------------------------------------
     ScatScenarios* scenarios() const { return m_pScenarios.get(); }
     QUndoGroup* undoGroup() const;
-    /// For the menu of a window; their keys work wherever the panel has the focus.
+    /// For the menu of a window; their keys work wherever the panel has the focus, and only there.
     QAction* undoAction() const { return m_pqUndoAction; }
     QAction* redoAction() const { return m_pqRedoAction; }
     /// The lines of the active scenario; null without one.
@@ -169,8 +170,11 @@ signals:
     void directionsChanged(double dT, double dL);
 
 protected:
+    /// Within the panel the keys of undo and redo are the panel's, whatever they do in its window.
+    bool event(QEvent* pEvent) override;
     void closeEvent(QCloseEvent* pEvent) override;
-    /// Escape ends the orientation mode or clears the selection, Delete deletes the picked lines.
+    /// Escape ends the orientation mode, or clears the selection, or without one deselects all lines. Delete deletes
+    /// the picked lines that are seen.
     void keyPressEvent(QKeyEvent* pEvent) override;
 
 private slots:
@@ -280,8 +284,15 @@ private:
     QDepthTrackPlot* plot(int iTrack) const;
 
     // Selection and lines.
+    QAction* editAction(const QKeyEvent& event) const;
     void updateSelectionFrom(int iTrack, bool* pbSelection, int iLength);
+    /// What a selecting gesture on a track does whether or not it selects a record.
+    void selectingOn(int iTrack);
     void slotUpdateSelectionFromFinder(bool* pbSelection, int iLength);
+    void deselectHiddenLines();
+    /// On one of the tracks at least.
+    bool isTypeSeen(DepthLineField::DataType eType) const;
+    void showNotice(const QString& sText);
     void setOrientationMode(bool bOn);
     void setCreationTypeOfTracks(int iType);
     void showLines();
@@ -324,6 +335,8 @@ private:
     ChartDisplayPage* m_pqDisplayPage = nullptr;
     QLabel* m_pqCursorPosLabel = nullptr;
     QLabel* m_pqOrientationLabel = nullptr; ///< seen in the orientation mode
+    QLabel* m_pqNoticeLabel = nullptr;      ///< seen for some seconds
+    QTimer* m_pqNoticeTimer = nullptr;
 };
 
 } // namespace gkBase

@@ -9,14 +9,19 @@
 #include "ScatScenarioGroup.h"
 #include "ScatScenarios.h"
 
+#include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
+#include <QTimer>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace gkBase {
@@ -54,7 +59,7 @@ void QScatDepthPlotWidget::showLines()
         plot(iTrack)->updateLines();
     const DepthLineField* pLines = m_pScenarios->lines();
     const bool bLines = pLines && pLines->count() > 0;
-    m_pqCreateMarkersButton->setEnabled(bLines);
+    m_pqCreateMarkersButton->setEnabled(bLines && hasData());
     m_pqDeleteMarkersButton->setEnabled(hasData()); // markers outlive their scenario
 }
 
@@ -80,17 +85,52 @@ void QScatDepthPlotWidget::slotInsertScatUpdate(QPointF oPosition)
     ScatLineDefaults defaults = m_lineDefaults;
     const QString sName = defaults.nextName(*eType, m_pScenarios->lines());
     const double dTolerance = plot(DipTrack)->pickingEpsY();
-    if (m_pScenarios->insert(*eType, oPosition, sName, ScatLineDefaults::nextColor(*eType), dTolerance))
+    const bool bInserted =
+        m_pScenarios->insert(*eType, oPosition, sName, ScatLineDefaults::nextColor(*eType), dTolerance);
+    if (bInserted)
         m_lineDefaults = defaults; // a line that was not made takes no number
+    if (!isTypeSeen(*eType))
+        showNotice(bInserted ? tr("Lines of this type are hidden: %1 is not seen on the tracks.").arg(sName)
+                             : tr("There is a hidden line of this type already."));
+}
+
+/// Takes the place of the cursor's position for a while.
+void QScatDepthPlotWidget::showNotice(const QString& sText)
+{
+    m_pqNoticeLabel->setText(sText);
+    m_pqNoticeLabel->show();
+    m_pqNoticeTimer->start();
 }
 
 void QScatDepthPlotWidget::slotPickPosUpdate(const std::vector<int>& viLines)
 {
-    m_pScenarios->pick(viLines, QGuiApplication::keyboardModifiers().testFlag(Qt::ControlModifier));
+    m_pScenarios->pick(viLines, QApplication::keyboardModifiers().testFlag(Qt::ControlModifier));
+}
+
+/// What is not seen on any track must not be moved or deleted with the lines that are.
+void QScatDepthPlotWidget::deselectHiddenLines()
+{
+    const DepthLineField* pLines = m_pScenarios->lines();
+    if (!pLines || !pLines->isSomethingSelected())
+        return;
+    const std::vector<int> viPicked = pLines->selectedLines();
+    std::vector<int> viSeen;
+    std::copy_if(viPicked.begin(), viPicked.end(), std::back_inserter(viSeen),
+                 [&](int iLine) { return isTypeSeen(pLines->line(iLine).m_eType); });
+    if (viSeen != viPicked)
+        m_pScenarios->pick(viSeen, false);
+}
+
+bool QScatDepthPlotWidget::isTypeSeen(DepthLineField::DataType eType) const
+{
+    const std::vector<DepthLineField*> vpFields = m_pScenarios->fields(m_pScenarios->active());
+    return std::any_of(vpFields.begin(), vpFields.end(),
+                       [eType](const DepthLineField* pField) { return pField->isShown(eType); });
 }
 
 void QScatDepthPlotWidget::slotMoveSelectedUpdate(QPointF oStep)
 {
+    deselectHiddenLines();
     m_pScenarios->move(oStep);
 }
 
@@ -116,6 +156,7 @@ void QScatDepthPlotWidget::slotSendScatUpdate(const QString& sName)
 
 void QScatDepthPlotWidget::slotDeleteSelected()
 {
+    deselectHiddenLines();
     m_pScenarios->erasePicked();
 }
 
@@ -130,6 +171,7 @@ void QScatDepthPlotWidget::slotModifySelectedOrientation()
         setCreationTypeOfTracks(QCrossPlot::OrientationCreation);
         return;
     }
+    // Back to what the radio buttons say, which is no creation for "None": a click must not create what is not chosen.
     setDataCreationType();
 }
 
@@ -159,12 +201,38 @@ void QScatDepthPlotWidget::updateMeanOrientation(const QPointF& oDipAndAzimuth)
         m_pScenarios->setPickedOrientation(oDipAndAzimuth);
 }
 
+/// Undo or redo when the key is theirs, null for others.
+QAction* QScatDepthPlotWidget::editAction(const QKeyEvent& event) const
+{
+    for (QAction* pqAction : {m_pqUndoAction, m_pqRedoAction}) {
+        if (pqAction->shortcuts().contains(QKeySequence(event.keyCombination())))
+            return pqAction;
+    }
+    return nullptr;
+}
+
+bool QScatDepthPlotWidget::event(QEvent* pEvent)
+{
+    // A combo box would swallow the key; it is left to the shortcut then.
+    const bool bKeyIsOurs = pEvent->type() == QEvent::ShortcutOverride &&
+                            editAction(*static_cast<QKeyEvent*>(pEvent)) &&
+                            !qobject_cast<QComboBox*>(QApplication::focusWidget());
+    if (!bKeyIsOurs)
+        return QWidget::event(pEvent);
+    pEvent->accept();
+    return true;
+}
+
 void QScatDepthPlotWidget::keyPressEvent(QKeyEvent* pEvent)
 {
-    if (pEvent->key() == Qt::Key_Delete && pEvent->modifiers() == Qt::NoModifier)
+    if (QAction* pqAction = editAction(*pEvent))
+        pqAction->trigger();
+    else if (pEvent->key() == Qt::Key_Delete && pEvent->modifiers() == Qt::NoModifier)
         slotDeleteSelected();
     else if (pEvent->key() == Qt::Key_Escape && m_bOrientationMode)
         slotModifySelectedOrientation();
+    else if (pEvent->key() == Qt::Key_Escape && selectedRecords().empty())
+        deselectAllStructuralTops();
     else if (pEvent->key() == Qt::Key_Escape)
         clearSelection();
     else

@@ -127,6 +127,14 @@ void QScatDepthPlotWidget::updateSelectionFrom(int iTrack, bool* pbSelection, in
 {
     if (!hasData() || !pbSelection)
         return;
+    selectingOn(iTrack);
+    m_pqDirectionFinder->setSelectedRecords(selectedRecords());
+    if (std::any_of(pbSelection, pbSelection + iLength, [](bool bSelected) { return bSelected; }))
+        emit dataPointsSelection(pbSelection, iLength);
+}
+
+void QScatDepthPlotWidget::selectingOn(int iTrack)
+{
     if (!m_bOrientationMode)
         m_pScenarios->deselectAll();
     std::vector<int> viActive = m_viActiveTracks;
@@ -134,9 +142,6 @@ void QScatDepthPlotWidget::updateSelectionFrom(int iTrack, bool* pbSelection, in
         viActive.clear();
     viActive.push_back(iTrack);
     setActiveTracks(viActive);
-    m_pqDirectionFinder->setSelectedRecords(selectedRecords());
-    if (std::any_of(pbSelection, pbSelection + iLength, [](bool bSelected) { return bSelected; }))
-        emit dataPointsSelection(pbSelection, iLength);
 }
 
 void QScatDepthPlotWidget::slotUpdateSelectionFromFinder(bool* pbSelection, int iLength)

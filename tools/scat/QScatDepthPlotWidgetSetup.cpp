@@ -26,6 +26,7 @@
 #include <QScrollArea>
 #include <QSplitter>
 #include <QTabWidget>
+#include <QTimer>
 #include <QUndoGroup>
 #include <QVBoxLayout>
 
@@ -38,6 +39,20 @@ constexpr int g_iAreaMinimumHeight = 160;
 constexpr int g_iAreaWidth = 1000;
 constexpr int g_iSideBarWidth = 360;
 constexpr int g_iListMinimumHeight = 110;
+constexpr int g_iNoticeMilliseconds = 6000;
+
+/// A text that stands out below the tracks while it is wanted.
+QLabel* newHint(const char* pObjectName)
+{
+    auto* pqLabel = new QLabel;
+    pqLabel->setTextFormat(Qt::PlainText);
+    pqLabel->setObjectName(QLatin1String(pObjectName));
+    pqLabel->setAutoFillBackground(true);
+    pqLabel->setBackgroundRole(QPalette::ToolTipBase);
+    pqLabel->setForegroundRole(QPalette::ToolTipText);
+    pqLabel->hide();
+    return pqLabel;
+}
 
 } // namespace
 
@@ -76,6 +91,9 @@ void QScatDepthPlotWidget::createActions()
     m_pqRedoAction->setIconText(tr("Redo"));
     m_pqUndoAction->setShortcut(Qt::CTRL | Qt::Key_Z);
     m_pqRedoAction->setShortcuts({Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y});
+    // Within the panel only: other panels of the window have their own histories, and so may the window.
+    for (QAction* pqAction : {m_pqUndoAction, m_pqRedoAction})
+        pqAction->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     addActions({m_pqUndoAction, m_pqRedoAction});
 }
 
@@ -98,18 +116,20 @@ QWidget* QScatDepthPlotWidget::createTracks()
     m_pqCursorPosLabel->setObjectName(QStringLiteral("m_pqCursorPosLabel"));
     m_pqCursorPosLabel->setAccessibleName(tr("Position of the cursor"));
     m_pqCursorPosLabel->setMinimumWidth(1);
-    m_pqOrientationLabel =
-        new QLabel(tr("Select the records that give the picked lines their orientation. Escape ends this."));
-    m_pqOrientationLabel->setObjectName(QStringLiteral("m_pqOrientationLabel"));
-    m_pqOrientationLabel->setAutoFillBackground(true);
-    m_pqOrientationLabel->setBackgroundRole(QPalette::ToolTipBase);
-    m_pqOrientationLabel->setForegroundRole(QPalette::ToolTipText);
-    m_pqOrientationLabel->hide();
+    m_pqOrientationLabel = newHint("m_pqOrientationLabel");
+    m_pqOrientationLabel->setText(
+        tr("Select the records that give the picked lines their orientation. Escape ends this."));
+    m_pqNoticeLabel = newHint("m_pqNoticeLabel");
+    m_pqNoticeTimer = new QTimer(this);
+    m_pqNoticeTimer->setSingleShot(true);
+    m_pqNoticeTimer->setInterval(g_iNoticeMilliseconds);
+    connect(m_pqNoticeTimer, &QTimer::timeout, m_pqNoticeLabel, &QWidget::hide);
     auto* pqTracks = new QWidget;
     auto* pqLayout = new QVBoxLayout(pqTracks);
     pqLayout->setContentsMargins(0, 0, 0, 0);
     auto* pqLine = new QHBoxLayout;
     pqLine->addWidget(m_pqCursorPosLabel, 1);
+    pqLine->addWidget(m_pqNoticeLabel);
     pqLine->addWidget(m_pqOrientationLabel);
     pqLayout->addWidget(m_pqArea, 1);
     pqLayout->addLayout(pqLine);
@@ -239,6 +259,7 @@ void QScatDepthPlotWidget::connectArea()
         if (iTrack >= 0 && iTrack < NumberOfTracks)
             (this->*aSlots[static_cast<std::size_t>(iTrack)])(pbSelection, iLength);
     });
+    connect(m_pqArea, &QDepthTrackArea::nothingSelected, this, &Panel::selectingOn);
     connect(plot(DipTrack), &QCrossPlot::cursorPos, this, &Panel::updateCursorPosLabelDip);
     connect(plot(AzimuthTrack), &QCrossPlot::cursorPos, this, &Panel::updateCursorPosLabelAzimuth);
     connect(plot(TransverseDipTrack), &QCrossPlot::cursorPos, this, &Panel::updateCursorPosLabelTransverseDip);

@@ -278,6 +278,7 @@ void QScatDepthPlotWidget::applyLineLooks()
         for (std::size_t iTrack = 0; iTrack < vpFields.size(); ++iTrack)
             m_settings.m_aTracks[iTrack].applyTo(*vpFields[iTrack]);
     }
+    deselectHiddenLines();
     showLines();
 }
 
