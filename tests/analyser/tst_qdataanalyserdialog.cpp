@@ -193,6 +193,26 @@ private slots:
         QVERIFY(iTracks > 0);
     }
 
+    void selectedRowsComeIntoView()
+    {
+        auto* poLong = new MatrixData(QStringLiteral("Long"));
+        m_poRoot->appendChild(poLong, false);
+        poLong->appendChild(newAttribute(QStringLiteral("Value"), 1000, 1.0), true);
+        m_pqDialog->updateAllViews();
+        QCoreApplication::processEvents();
+        const auto bFlags = std::make_unique<bool[]>(1000);
+        const auto seenAfterSelecting = [&](std::initializer_list<int> lRecords, int iRecord) {
+            for (const int iSelected : lRecords)
+                bFlags[static_cast<std::size_t>(iSelected)] = true;
+            m_pqDialog->selectRecordsOf(poLong, bFlags.get(), 1000);
+            QVertexModelTableView* pqTable = m_pqDialog->vertexTable();
+            const QRect oRow = pqTable->visualRect(m_pqDialog->vertexItemModel()->index(iRecord + 3, 0));
+            return pqTable->viewport()->rect().intersects(oRow);
+        };
+        QVERIFY(seenAfterSelecting({500, 900}, 500));
+        QVERIFY2(seenAfterSelecting({2}, 500), "what is in view stays there");
+    }
+
     void thinnedTableDoesNotCutWhatAChartSelected()
     {
         m_pqDialog->vertexItemModel()->updateModel(3, {}); // records 0, 2, 5, 8

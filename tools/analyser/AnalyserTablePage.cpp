@@ -4,6 +4,7 @@
 #include "QVertexMinMaxItemModel.h"
 #include "QVertexMinMaxModelTableView.h"
 #include "QVertexModelTableView.h"
+#include "RowRuns.h"
 
 #include <QFrame>
 #include <QHeaderView>
@@ -99,6 +100,19 @@ void AnalyserTablePage::clearSelection()
 {
     m_pqTable->clearSelection();
     m_pqSummaryTable->clearSelection();
+}
+
+void AnalyserTablePage::scrollToSelectedRows()
+{
+    const RowRuns vRows = m_pqTable->selectedCells().fullRows();
+    if (vRows.empty())
+        return;
+    const int iFirst = std::max(m_pqTable->rowAt(0), 0);
+    const int iLast = m_pqTable->rowAt(m_pqTable->viewport()->height() - 1);
+    const RowRun seen{iFirst, iLast < 0 ? m_pModel->rowCount() - 1 : iLast};
+    if (intersectedRuns(vRows, {seen}).empty())
+        m_pqTable->scrollTo(m_pModel->index(vRows.front().iFirst, std::max(m_pqTable->columnAt(0), 0)),
+                            QAbstractItemView::PositionAtTop);
 }
 
 void AnalyserTablePage::setSummaryVisible(bool bVisible)

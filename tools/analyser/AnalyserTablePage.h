@@ -32,6 +32,8 @@ public:
     /// Reads the checked attributes again; selected rows stay selected.
     void updateModels();
     void clearSelection();
+    /// Brings the first selected row to the top of the table while none is seen.
+    void scrollToSelectedRows();
     void setSummaryVisible(bool bVisible);
 
 signals:

@@ -55,6 +55,7 @@ void QDataAnalyserDialog::selectRecordsOf(MatrixData* poDataSet, bool* pvFlags, 
     if (!m_pqTablePage)
         return;
     vertexTable()->setNewRowSelection(pvFlags, iCount);
+    m_pqTablePage->scrollToSelectedRows();
     markSelectionChanged();
     m_oGestureData = MatrixDataPointer(poDataSet);
     Gesture gesture{{}, vertexTable()->selectedRecords()};
