@@ -119,12 +119,13 @@ void QChartDrawingArea::colorPoints(PointBatch& batch, const RelationshipClasses
 
 void QChartDrawingArea::drawTadPoles(QPainter* pPainter, PointBatch& batch)
 {
+    const QRelationshipItemModel* pModel = drawnModel();
     const std::size_t iCount = batch.m_voPixels.size();
     std::vector<double> vdAzimuths(iCount);
     std::vector<unsigned char> vbOpen(iCount);
     for (std::size_t i = 0; i < iCount; ++i) {
-        vdAzimuths[i] = drawnModel()->azimuthTadPole(static_cast<int>(i));
-        vbOpen[i] = batch.isOpen(i) || drawnModel()->tadPoleIsOpen(static_cast<int>(i)) ? 1 : 0;
+        vdAzimuths[i] = pModel->azimuthTadPole(static_cast<int>(i));
+        vbOpen[i] = batch.isOpen(i) || pModel->tadPoleIsOpen(static_cast<int>(i)) ? 1 : 0;
     }
     batch.m_bTadPoles = true;
     batch.m_vdAzimuths = vdAzimuths;
