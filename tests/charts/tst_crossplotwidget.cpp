@@ -139,9 +139,6 @@ private slots:
     void legendSelectsExactlyItsClasses_data();
     void legendSelectsExactlyItsClasses();
     void recolouredClassesStayRecoloured();
-    void selectedRowsAreHighlighted();
-    void whatCannotBeShownIsSaid_data();
-    void whatCannotBeShownIsSaid();
     void removedAttributesLeaveTheChart();
     void rootMayDieFirst();
     void swapExchangesAttributesAndLimits();
@@ -297,40 +294,6 @@ void TestCrossPlotWidget::recolouredClassesStayRecoloured()
     QCOMPARE(f.model().colorClasses().color(3), QColor(Qt::magenta));
     QVERIFY(f.model().colorClasses().color(2) != QColor(Qt::magenta));
     QCOMPARE(pLegend->classColors().value(3), QColor(Qt::magenta));
-}
-
-void TestCrossPlotWidget::selectedRowsAreHighlighted()
-{
-    Fixture f;
-    QVERIFY(f.m_panel.setSelectedRows({3, 5, 59}));
-    QVERIFY(!f.m_panel.setSelectedRows({3, 5, 59}));
-    QCOMPARE(f.m_panel.numberOfSelectedRows(), 3);
-    QCOMPARE(f.model().numberOfValidPoints(), g_iRecords - 1);
-    f.m_panel.setAttributes(nullptr, f.node("depth"));
-    f.m_panel.setAttributes(f.node("facies"), f.node("depth"));
-    QCOMPARE(f.m_panel.numberOfSelectedRows(), 3);
-    QVERIFY(f.m_panel.setSelectedRows({}));
-    QCOMPARE(f.m_panel.numberOfSelectedRows(), 0);
-}
-
-void TestCrossPlotWidget::whatCannotBeShownIsSaid_data()
-{
-    QTest::addColumn<QString>("x");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("nothing chosen") << QString() << "Select two attributes of numbers";
-    QTest::newRow("texts") << "rock"
-                           << "\"rock\" does not hold numbers";
-    QTest::newRow("numbers") << "gamma" << QString();
-}
-
-void TestCrossPlotWidget::whatCannotBeShownIsSaid()
-{
-    QFETCH(QString, x);
-    QFETCH(QString, text);
-    Fixture f;
-    f.m_panel.setAttributes(x.isEmpty() ? nullptr : f.m_poRoot->getNodeFromName(x), f.node("depth"));
-    QCOMPARE(f.m_panel.drawingArea()->message(), text);
-    QCOMPARE(f.model().numberOfPoints(), text.isEmpty() ? g_iRecords : 0);
 }
 
 void TestCrossPlotWidget::removedAttributesLeaveTheChart()

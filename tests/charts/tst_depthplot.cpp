@@ -3,7 +3,6 @@
 #include "TemporarySettings.h"
 #include "TestDataSets.h"
 
-#include <gkBase/DepthMarkers.h>
 #include <gkBase/MatrixData.h>
 #include <gkBase/QCartesianAxisWidget.h>
 #include <gkBase/QDepthPlotWidget.h>
@@ -110,14 +109,6 @@ double depthAtRow(QDepthTrackPlot& plot, double dRow)
     return plot.transformInDataPoint(QPointF(0.0, dRow) + plot.pixmapRect().topLeft()).y();
 }
 
-QStringList markerTexts(const DepthMarkers& markers)
-{
-    QStringList lTexts;
-    for (const DepthMarker& marker : markers.m_vLines)
-        lTexts << QStringLiteral("%1 %2 %3").arg(marker.m_eKind).arg(marker.m_dDepth).arg(marker.m_sName);
-    return lTexts;
-}
-
 } // namespace
 
 class TestDepthPlot : public QObject
@@ -141,9 +132,6 @@ private slots:
     void removedDataSetLeavesAnEmptyPlot();
     void tracksAreEdited();
     void settingsComeBack();
-    void markersOfTheData();
-    void visibilityFlagsRule();
-    void decimatedDipsAreTadpoles();
     void steepDipsStandAtTheSides();
     void pictureNeedsNoWindow();
 
@@ -489,60 +477,6 @@ void TestDepthPlot::settingsComeBack()
     QSettings settings;
     QVERIFY(DepthPlotSettings::load(settings, QStringLiteral("again")) == saved);
     QCOMPARE(DepthPlotSettings::load(settings, QStringLiteral("none")), DepthPlotSettings());
-}
-
-void TestDepthPlot::markersOfTheData()
-{
-    Well well;
-    addDataSet(well.m_root, QStringLiteral("Picks"),
-               {attribute(QStringLiteral("Depth"), {3400, 3300, g_dNone, 3350, 3360, 3370}, "depth", "ft"),
-                texts(QStringLiteral("Top"), {"T1", "", "T3", "", "", ""}),
-                texts(QStringLiteral("Fault"), {"", "F1", "", "", "", ""}),
-                texts(QStringLiteral("Type"), {"", "Top", "", "Axial Plane", "bedding", "Horizon"}),
-                texts(QStringLiteral("Name"), {"", "", "", "", "", "H1"})});
-    const DepthMarkers markers = collectDepthMarkers(&well.m_root, well.node("Depth"), {});
-    QCOMPARE(markerTexts(markers), (QStringList{"2 1005.84 F1", "3 1021.08 Axial Plane", "1 1027.18 H1",
-                                                "0 1036.32 T1"})); // in metres, without the unknown and the depthless
-    DepthMarkerSwitches switches;
-    switches.m_bTops = false;
-    switches.m_bScat = false;
-    QCOMPARE(markerTexts(collectDepthMarkers(&well.m_root, well.node("Depth"), switches)),
-             (QStringList{"2 1005.84 F1"}));
-}
-
-void TestDepthPlot::visibilityFlagsRule()
-{
-    Well well;
-    auto* poVisible = new MatrixData(QStringLiteral("$V"), 0, 1, QMetaType::Bool);
-    MatrixColumn flags(QMetaType::Bool);
-    for (const QVariant& qFlag : {QVariant(true), QVariant(false), QVariant()})
-        flags.appendValue(qFlag);
-    poVisible->setColumn(0, flags);
-    addDataSet(well.m_root, QStringLiteral("Picks"),
-               {attribute(QStringLiteral("Depth"), {1001, 1002, 1003}, "depth", "m"),
-                texts(QStringLiteral("Top"), {"a", "b", "c"}), poVisible});
-    const auto shown = [&well] { return markerTexts(collectDepthMarkers(&well.m_root, well.node("Depth"), {})); };
-    QCOMPARE(shown(), (QStringList{"0 1001 a", "0 1003 c"}));
-    poVisible->setDefaultValue1(markerDefaultOfRows());
-    QCOMPARE(shown(), (QStringList{"0 1001 a"}));
-    addDataSet(well.m_root, QStringLiteral("Well Tops"),
-               {attribute(QStringLiteral("Depth"), {1004}, "depth", "m"), texts(QStringLiteral("Top"), {"d"})});
-    QCOMPARE(shown(), (QStringList{"0 1001 a", "0 1004 d"})); // without cells nothing was switched
-    poVisible->setDefaultValue1(markerDefaultOfAll(false));
-    QCOMPARE(shown(), QStringList());
-    poVisible->setDefaultValue1(markerDefaultOfAll(true));
-    QCOMPARE(shown().size(), 4);
-}
-
-void TestDepthPlot::decimatedDipsAreTadpoles()
-{
-    Well well;
-    addDataSet(well.m_root, QStringLiteral("Data Decimation"),
-               {attribute(QStringLiteral("Decimated:Depth"), {1010, 1020, 1030}),
-                attribute(QStringLiteral("Decimated:dip"), {30, g_dNone, 50}, "orientation", "deg"),
-                attribute(QStringLiteral("Decimated:azimuth"), {100, 200, 300}, "orientation", "deg")});
-    const DepthMarkers markers = collectDepthMarkers(&well.m_root, well.node("Depth"), {});
-    QCOMPARE(markers.m_vTadpoles, (std::vector<DepthTadpole>{{1010, 30, 100}, {1030, 50, 300}}));
 }
 
 void TestDepthPlot::steepDipsStandAtTheSides()
