@@ -1,13 +1,10 @@
+#include "AnalyserWithWell.h"
 #include "DepthMarkers.h"
 #include "DisplayUnitManager.h"
 #include "MatrixDataRestore.h"
 #include "QAttributeTreeView.h"
-#include "QCrossPlot.h"
 #include "QCrossPlotWidget.h"
-#include "QDataAnalyserDialog.h"
 #include "QDepthPlotWidget.h"
-#include "QHistogramChartWidget.h"
-#include "QHistogramItemModel.h"
 #include "QHistogramPlotWidget.h"
 #include "QMarkerVisibilityDlg.h"
 #include "QModifyCellsDialog.h"
@@ -15,12 +12,7 @@
 #include "QSelectCellsDialog.h"
 #include "QTreeItemModel.h"
 #include "QValueChangeOnOffWidget.h"
-#include "QVertexItemModel.h"
 #include "QVertexMinMaxModelTableView.h"
-#include "QVertexModelTableView.h"
-#include "TabWidgetWithFloatingTabs.h"
-#include "TemporarySettings.h"
-#include "UnitRegistry.h"
 #include "ValueChangeWidget.h"
 
 #include <QApplication>
@@ -29,79 +21,26 @@
 #include <QFile>
 #include <QHeaderView>
 #include <QLabel>
-#include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QMouseEvent>
 #include <QPushButton>
-#include <QSettings>
 #include <QSignalSpy>
 #include <QSplitter>
-#include <QTemporaryDir>
 #include <QTest>
 
-#include <array>
 #include <memory>
 
 using namespace gkBase;
 
-namespace {
-
-MatrixData* newAttribute(const QString& sName, int iRecords, double dStep)
-{
-    auto* poAttribute = new MatrixData(sName, iRecords, 1);
-    for (int i = 0; i < iRecords; ++i)
-        poAttribute->setValue(poAttribute->rowOffSet() + i, 0, dStep * i);
-    poAttribute->setSelected(true);
-    return poAttribute;
-}
-
-/// A root with one well of ten records: depth 0, 1, … and dip 0, 5, ….
-std::unique_ptr<MatrixData> newRoot()
-{
-    auto poRoot = std::make_unique<MatrixData>(QStringLiteral("Data"));
-    auto* poWell = new MatrixData(QStringLiteral("Well"));
-    poRoot->appendChild(poWell, false);
-    poWell->appendChild(newAttribute(QStringLiteral("Depth"), 10, 1.0), true);
-    poWell->appendChild(newAttribute(QStringLiteral("Dip"), 10, 5.0), true);
-    return poRoot;
-}
-
-} // namespace
-
-class tst_QDataAnalyserDialog : public QObject
+class tst_QDataAnalyserDialog : public QObject, private gkTest::AnalyserWithWell
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(m_folder.isValid());
-        gkTest::useTemporarySettings(m_folder.path(), QStringLiteral("analyser"));
-    }
-
-    void init()
-    {
-        QTest::failOnWarning(QRegularExpression(QStringLiteral("QObject::connect|No such (signal|slot)|Ambiguous")));
-        QSettings().clear();
-        m_poRoot = newRoot();
-        m_pqWindow = std::make_unique<QMainWindow>();
-        m_pqDialog = new QDataAnalyserDialog(m_pqWindow.get());
-        m_pqWindow->setCentralWidget(m_pqDialog);
-        m_pqDialog->initialize(QStringLiteral("Test"), nullptr, Qt::Horizontal, false, true, true, 0);
-        m_pqDialog->setRegistry(&m_registry);
-        m_pqDialog->changeDataRoot(m_poRoot.get());
-        m_pqWindow->resize(1000, 700);
-        m_pqWindow->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_pqWindow.get()));
-    }
-
-    void cleanup()
-    {
-        m_pqWindow.reset();
-        m_poRoot.reset();
-    }
+    void initTestCase() { useSettings(QStringLiteral("analyser")); }
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void pagesAndTables()
     {
@@ -119,153 +58,6 @@ private slots:
         QCOMPARE(m_pqDialog->minMaxVertexTable()->columnWidth(1), 177);
         QCOMPARE(m_pqDialog->minMaxVertexTable()->verticalHeader()->width(),
                  m_pqDialog->vertexTable()->verticalHeader()->width());
-    }
-
-    void selectionOfAChartReachesTableAndOtherCharts()
-    {
-        const QSignalSpy refills(histogramModel(), &QAbstractItemModel::modelReset);
-        QVERIFY(refills.isValid());
-        select({1, 2, 5});
-        QCOMPARE(m_pqDialog->vertexTable()->selectedRecords(), (std::vector<int>{1, 2, 5}));
-        QCoreApplication::processEvents();
-        QCOMPARE(refills.count(), 0); // hidden
-
-        showHistogram();
-        QVERIFY(refills.count() > 0);
-        QCOMPARE(histogramModel()->numberOfPoints(), 3);
-        const auto iRefills = refills.count();
-        showTable();
-        showHistogram();
-        QCOMPARE(refills.count(), iRefills); // nothing changed since
-
-        select({7}); // while it is shown
-        QTRY_COMPARE(histogramModel()->numberOfPoints(), 1);
-        select({7, 8});
-        m_pqDialog->copyToClipboard();
-        QCOMPARE(histogramModel()->numberOfPoints(), 2); // a picture of what is selected now
-        select({});
-        QTRY_COMPARE(histogramModel()->numberOfPoints(), 10); // no selection means all
-    }
-
-    void tornOffChartFollowsTheSelection()
-    {
-        m_pqDialog->tabWidget()->slotTabBarMoved(m_pqDialog->tabWidget()->indexOf(m_pqDialog->histogramChart()));
-        QVERIFY(m_pqDialog->tabWidget()->isFloating(m_pqDialog->histogramChart()));
-        QTRY_COMPARE(histogramModel()->numberOfPoints(), 10);
-        select({0, 9});
-        QTRY_COMPARE(histogramModel()->numberOfPoints(), 2);
-
-        QWidget* pqDock = m_pqDialog->histogramChart()->window();
-        pqDock->hide();
-        select({0, 1, 2});
-        QCoreApplication::processEvents();
-        QCOMPARE(histogramModel()->numberOfPoints(), 2);
-        pqDock->show();
-        QTRY_COMPARE(histogramModel()->numberOfPoints(), 3);
-    }
-
-    void lassoInTheCrossPlotSelectsEverywhere()
-    {
-        m_pqDialog->tabWidget()->slotTabBarMoved(m_pqDialog->tabWidget()->indexOf(m_pqDialog->histogramChart()));
-        showPage(m_pqDialog->crossPlot());
-        QCrossPlot* pqCanvas = m_pqDialog->crossPlot()->drawingArea();
-        // Around the upper half of the points: Dip against Depth rises from corner to corner.
-        const QRect oHalf(pqCanvas->width() / 2, -5, pqCanvas->width() / 2 + 10, pqCanvas->height() + 10);
-        QTest::mousePress(pqCanvas, Qt::LeftButton, {}, oHalf.topLeft());
-        for (const QPoint& oCorner : {oHalf.bottomLeft(), oHalf.bottomRight(), oHalf.topRight()}) {
-            QMouseEvent move(QEvent::MouseMove, oCorner, pqCanvas->mapToGlobal(oCorner), Qt::NoButton, Qt::LeftButton,
-                             {});
-            QCoreApplication::sendEvent(pqCanvas, &move);
-        }
-        QTest::mouseRelease(pqCanvas, Qt::LeftButton, {}, oHalf.topRight());
-
-        const std::vector<int> viRecords = m_pqDialog->vertexTable()->selectedRecords();
-        QCOMPARE(viRecords, (std::vector<int>{5, 6, 7, 8, 9}));
-        QTRY_COMPARE(histogramModel()->numberOfPoints(), 5);
-        QCOMPARE(m_pqDialog->crossPlot()->numberOfSelectedRows(), 5);
-        showPage(m_pqDialog->depthPlot());
-        int iTracks = 0;
-        for (const QRelationshipItemModel* pModel : m_pqDialog->depthPlot()->findChildren<QRelationshipItemModel*>())
-            if (pModel->nodeX()) {
-                ++iTracks;
-                QCOMPARE(pModel->selectedRecords(), viRecords);
-            }
-        QVERIFY(iTracks > 0);
-    }
-
-    void selectedRowsComeIntoView()
-    {
-        auto* poLong = new MatrixData(QStringLiteral("Long"));
-        m_poRoot->appendChild(poLong, false);
-        poLong->appendChild(newAttribute(QStringLiteral("Value"), 1000, 1.0), true);
-        m_pqDialog->updateAllViews();
-        QCoreApplication::processEvents();
-        const auto bFlags = std::make_unique<bool[]>(1000);
-        const auto seenAfterSelecting = [&](std::initializer_list<int> lRecords, int iRecord) {
-            for (const int iSelected : lRecords)
-                bFlags[static_cast<std::size_t>(iSelected)] = true;
-            m_pqDialog->selectRecordsOf(poLong, bFlags.get(), 1000);
-            QVertexModelTableView* pqTable = m_pqDialog->vertexTable();
-            const QRect oRow = pqTable->visualRect(m_pqDialog->vertexItemModel()->index(iRecord + 3, 0));
-            return pqTable->viewport()->rect().intersects(oRow);
-        };
-        QVERIFY(seenAfterSelecting({500, 900}, 500));
-        QVERIFY2(seenAfterSelecting({2}, 500), "what is in view stays there");
-    }
-
-    void thinnedTableDoesNotCutWhatAChartSelected()
-    {
-        m_pqDialog->vertexItemModel()->updateModel(3, {}); // records 0, 2, 5, 8
-        const auto showsAfterRefill = [this](int iRecords) {
-            showTable();
-            showHistogram();
-            const int iInHistogram = histogramModel()->numberOfPoints();
-            showPage(m_pqDialog->crossPlot());
-            const int iInCrossPlot = m_pqDialog->crossPlot()->numberOfSelectedRows();
-            return iInHistogram == iRecords && iInCrossPlot == iRecords % 10;
-        };
-        select({1, 2, 3});
-        QCOMPARE(m_pqDialog->vertexTable()->selectedRecords(), std::vector<int>{2});
-        QVERIFY(showsAfterRefill(3));
-        select({3, 4}); // the table shows none of them
-        QVERIFY(m_pqDialog->vertexTable()->selectedRecords().empty());
-        QVERIFY(showsAfterRefill(2));
-        QTest::keyClick(m_pqDialog->vertexTable(), Qt::Key_Escape);
-        QVERIFY(showsAfterRefill(10));
-        select({1, 2, 3});
-        m_pqDialog->selectInverse(); // in the table
-        QVERIFY(showsAfterRefill(3));
-    }
-
-    void selectionIsAnnouncedOncePerChange()
-    {
-        auto* poOther = new MatrixData(QStringLiteral("Other"));
-        m_poRoot->appendChild(poOther, false);
-        poOther->appendChild(newAttribute(QStringLiteral("Value"), 4, 1.0), true);
-        m_pqDialog->vertexItemModel()->updateModel(3, {}); // records 0, 2, 5, 8
-        QCoreApplication::processEvents();
-        const QSignalSpy changed(m_pqDialog, &QDataAnalyserDialog::selectionChanged);
-        const auto announced = [&changed](int iTimes) {
-            QCoreApplication::processEvents();
-            return changed.count() == iTimes;
-        };
-        select({7});
-        select({1, 2, 3});
-        QVERIFY(announced(1));
-        QCOMPARE(m_pqDialog->selectedRecords(), (std::vector<int>{1, 2, 3}));
-        MatrixData& well = *m_poRoot->child(0);
-        QVERIFY(m_pqDialog->selectsRecordsOf(well) && !m_pqDialog->selectsRecordsOf(*poOther));
-        select({1, 2, 3});
-        QVERIFY(announced(1));
-        m_pqDialog->vertexTable()->clearSelection();
-        m_pqDialog->vertexTable()->setCurrentIndex(m_pqDialog->vertexItemModel()->index(3, 2)); // a cell, no row
-        QVERIFY(announced(2) && m_pqDialog->selectedRecords().empty());
-        QCOMPARE(m_pqDialog->currentDataSet(), poOther);
-        QVERIFY(m_pqDialog->selectsRecordsOf(*poOther) && !m_pqDialog->selectsRecordsOf(well));
-        m_pqDialog->vertexTable()->selectAll();
-        QVERIFY(announced(3));
-        m_pqDialog->clearAllSelections();
-        QVERIFY(announced(4));
     }
 
     void resultsBecomeAttributesUntilUndo()
@@ -427,16 +219,6 @@ private slots:
             QVERIFY2(QSettings().contains(QLatin1String(pKey)), pKey);
     }
 
-    void switchingAttributesKeepsTheSelection()
-    {
-        select({3, 4});
-        QTreeItemModel* pTree = m_pqDialog->treeItemModel();
-        const QModelIndex dip = pTree->indexFromNode(m_poRoot->getNodeFromName(QStringLiteral("Dip")));
-        QVERIFY(pTree->setData(dip, Qt::Unchecked, Qt::CheckStateRole));
-        QCOMPARE(m_pqDialog->vertexItemModel()->columnCount(), 1);
-        QCOMPARE(m_pqDialog->vertexTable()->selectedRecords(), (std::vector<int>{3, 4}));
-    }
-
     void editsUndoAndRedoReachHostAndCharts()
     {
         QSignalSpy modified(m_pqDialog, &QDataAnalyserDialog::dataModified);
@@ -456,18 +238,6 @@ private slots:
         poDip->getMinMax(dMin, dMax);
         QCOMPARE(dMax, 45.0);
         QCOMPARE(m_pqDialog->vertexItemModel()->data(cell, Qt::EditRole).toDouble(), 0.0);
-    }
-
-    void clickInTheTreeClearsTheRowsAndChoosesTheHistogram()
-    {
-        select({1});
-        QAttributeTreeView* pqTree = m_pqDialog->treeView();
-        MatrixData* poDip = m_poRoot->getNodeFromName(QStringLiteral("Dip"));
-        const QRect oRect = pqTree->visualRect(m_pqDialog->treeItemModel()->indexFromNode(poDip));
-        QVERIFY(oRect.isValid());
-        QTest::mouseClick(pqTree->viewport(), Qt::LeftButton, {}, oRect.center());
-        QCOMPARE(m_pqDialog->vertexTable()->selectedRowCount(), 0);
-        QCOMPARE(m_pqDialog->histogramChart()->currentSelectedDataSet(), poDip);
     }
 
     void pasteIsOfferedAfterCopyingCellsOnly()
@@ -491,7 +261,7 @@ private slots:
     {
         auto* poShort = new MatrixData(QStringLiteral("Short"));
         m_poRoot->appendChild(poShort, false);
-        poShort->appendChild(newAttribute(QStringLiteral("Other"), 4, 1.0), true);
+        poShort->appendChild(gkTest::risingAttribute(QStringLiteral("Other"), 4, 1.0), true);
         const MatrixData* poDip = m_poRoot->getNodeFromName(QStringLiteral("Dip"));
         m_pqDialog->setCurrentColorItem(poDip->globalID()); // before points are chosen
         showPage(m_pqDialog->crossPlot());
@@ -516,7 +286,7 @@ private slots:
         const auto addTable = [this](const char* pName, const char* pAttribute, const char* pText) {
             auto* poTable = new MatrixData(QLatin1String(pName));
             m_poRoot->appendChild(poTable, false);
-            poTable->appendChild(newAttribute(QStringLiteral("Depth"), 2, 1.0), true);
+            poTable->appendChild(gkTest::risingAttribute(QStringLiteral("Depth"), 2, 1.0), true);
             poTable->appendChild(new MatrixData(QLatin1String(pAttribute), 2, 1, QMetaType::QString), true);
             poTable->child(1)->setValue(3, 0, QLatin1String(pText));
             return poTable;
@@ -653,8 +423,8 @@ private slots:
         showPage(m_pqDialog->depthPlot());
         auto* poOther = new MatrixData(QStringLiteral("Other"));
         m_poRoot->appendChild(poOther, false);
-        poOther->appendChild(newAttribute(QStringLiteral("MD"), 10, 1.0), true);
-        poOther->appendChild(newAttribute(QStringLiteral("GR"), 10, 1.0), true);
+        poOther->appendChild(gkTest::risingAttribute(QStringLiteral("MD"), 10, 1.0), true);
+        poOther->appendChild(gkTest::risingAttribute(QStringLiteral("GR"), 10, 1.0), true);
         m_poRoot->removeChild(m_poRoot->child(0));
         QCoreApplication::processEvents();
         QVERIFY(!m_pqDialog->depthPlot()->currentSelectedDataSet());
@@ -672,38 +442,6 @@ private slots:
         m_pqDialog->slotSaveAs();
         m_pqDialog->updateCellView();
     }
-
-    void updateCellViewKeepsTheRows()
-    {
-        select({0, 1, 8});
-        m_pqDialog->updateCellView();
-        QCOMPARE(m_pqDialog->vertexTable()->selectedRecords(), (std::vector<int>{0, 1, 8}));
-    }
-
-private:
-    void select(const std::vector<int>& viRecords)
-    {
-        std::array<bool, 10> bFlags{};
-        for (const int iRecord : viRecords)
-            bFlags[static_cast<std::size_t>(iRecord)] = true;
-        m_pqDialog->setNewRowSelectionFromGraphicalSelection(bFlags.data(), static_cast<int>(bFlags.size()));
-        bFlags.fill(true); // a receiver that kept the array would see this
-    }
-
-    void showTable() { m_pqDialog->tabWidget()->setCurrentIndex(0); }
-    void showPage(QWidget* pqPage)
-    {
-        m_pqDialog->tabWidget()->setCurrentWidget(pqPage);
-        QCoreApplication::processEvents();
-    }
-    void showHistogram() { showPage(m_pqDialog->histogramChart()); }
-    QHistogramItemModel* histogramModel() const { return m_pqDialog->histogramChart()->histogramItemModel(); }
-
-    QTemporaryDir m_folder;
-    UnitRegistry m_registry;
-    std::unique_ptr<MatrixData> m_poRoot;
-    std::unique_ptr<QMainWindow> m_pqWindow;
-    QDataAnalyserDialog* m_pqDialog = nullptr;
 };
 
 QTEST_MAIN(tst_QDataAnalyserDialog)
