@@ -23,9 +23,11 @@ bool haveSameRecords(MatrixData& left, MatrixData& right)
 {
     if (&left == &right)
         return true;
+    if (recordsOf(left) != recordsOf(right))
+        return false;
     WellFinder finder;
     const MatrixData* poWell = finder.wellOf(left);
-    return recordsOf(left) == recordsOf(right) && poWell && finder.wellOf(right) == poWell;
+    return poWell && finder.wellOf(right) == poWell;
 }
 
 } // namespace
