@@ -148,9 +148,9 @@ public:
     /// Whether the data have an attribute "$V", without which setMarkerVisibility() does nothing.
     bool hasMarkerVisibility() const;
     /// Switches markers of the depth plot by the attributes "$V": all of them through its default value, or, with a
-    /// default that hides, the rows of the chosen kinds (see MarkerVisibility.h). One undo step. The boxes of the depth
-    /// plot, which no undo changes, are checked for what is to be seen, and unchecked for a kind only where markers of
-    /// it stand in data sets without "$V".
+    /// default that hides, the rows of the chosen kinds (see MarkerVisibility.h). One undo step. With chosen
+    /// kinds the boxes of the depth plot, which no undo changes, are checked for kinds that are to be seen, and
+    /// unchecked only where markers of the kind stand in data sets without "$V".
     void setMarkerVisibility(bool bAll, bool bScat, bool bDecimated, bool bTops, bool bFaults, bool bVisible);
     /// Makes the markers of the well of a depth those lines, or takes them away, as the functions in WellMarkers.h do,
     /// tells the host and returns whether there was something to do. Whether the depth plot shows them is a matter of

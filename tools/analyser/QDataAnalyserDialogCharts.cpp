@@ -146,7 +146,8 @@ void QDataAnalyserDialog::setMarkerVisibility(bool bAll, bool bScat, bool bDecim
 {
     if (!hasMarkerVisibility())
         return;
-    const auto isMeant = [bAll, bVisible](bool bKind) { return bAll ? bVisible : bKind; };
+    // All of them follow the default of "$V" alone; the boxes of the depth plot stay.
+    const auto isMeant = [bAll](bool bKind) { return !bAll && bKind; };
     if (isMeant(bScat))
         switchInDepthPlot(MarkerKind::Scat, QString(), bVisible);
     if (isMeant(bDecimated))
