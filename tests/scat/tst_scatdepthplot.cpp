@@ -10,6 +10,7 @@
 #include <gkBase/QDepthTrackPlot.h>
 #include <gkBase/QRelationshipItemModel.h>
 #include <gkBase/QScatDepthPlotWidget.h>
+#include <gkBase/ScatDirectionFinder.h>
 #include <gkBase/ScatScenarios.h>
 #include <gkBase/UnitManager.h>
 
@@ -19,11 +20,15 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSettings>
 #include <QSignalSpy>
+#include <QTabBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -53,6 +58,7 @@ private slots:
     void selectionRules();
     void activeTracksTakeSettings();
     void settingsOfTracksThatDiffer();
+    void shortPanelsFoldTheHelp();
     void samplingKeepsRecordNumbers();
     void closingAsksForChanges();
     void savingRenames();
@@ -236,6 +242,32 @@ void TestScatDepthPlot::settingsOfTracksThatDiffer()
     pqTadpoles->click(); // for both, although the one had them
     for (int i : {0, 1})
         QCOMPARE(panel.trackArea()->tracks()[static_cast<std::size_t>(i)].m_eKind, DepthTrack::Tadpoles);
+}
+
+void TestScatDepthPlot::shortPanelsFoldTheHelp()
+{
+    FoldedWell well;
+    Panel panel(well);
+    auto* pqFinder = panel.findChild<ScatDirectionFinder*>();
+    const auto* pqPage = panel.findChild<QScrollArea*>(QStringLiteral("interpretationPage"));
+    panel.show();
+    panel.resize(1400, 1000);
+    QTRY_VERIFY(pqFinder->areDiagramsShown());
+    panel.resize(1400, 640);
+    QTRY_VERIFY(!pqFinder->areDiagramsShown());
+    QTRY_COMPARE(pqPage->verticalScrollBar()->maximum(), 0);
+    panel.choose("m_pqHelpBtn"); // what the user unfolds stays
+    panel.resize(1400, 600);
+    QTRY_VERIFY(pqPage->verticalScrollBar()->maximum() > 0);
+    QVERIFY(pqFinder->areDiagramsShown());
+    // The wheel over a control changes nothing that has no focus, and is left to the page.
+    auto* pqTabs = pqFinder->findChild<QTabBar*>();
+    const QPointF oCentre = pqTabs->rect().center();
+    QWheelEvent wheel(oCentre, pqTabs->mapToGlobal(oCentre), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(pqTabs, &wheel);
+    QCOMPARE(pqTabs->currentIndex(), 0);
+    QVERIFY(!wheel.isAccepted());
 }
 
 void TestScatDepthPlot::samplingKeepsRecordNumbers()

@@ -49,7 +49,8 @@ void drawLimits(QPainter& painter, const QRectF& oRow, const DepthTrackHeaderCon
                Qt::AlignRight, content.m_sRight);
 }
 
-/// The unit; a read-out or a note comes with it where there is room for both, alone elsewhere.
+/// The unit; a read-out or a note comes with it where there is room for both, alone elsewhere, and at last without
+/// blanks.
 QString secondRow(const DepthTrackHeaderContent& content, const QPainter& painter, double dWidth)
 {
     if (content.m_sValue.isEmpty() && content.m_sNote.isEmpty())
@@ -58,8 +59,10 @@ QString secondRow(const DepthTrackHeaderContent& content, const QPainter& painte
     const QString sShort = bNote ? content.m_sNote : content.m_sValue;
     const QString sLong =
         bNote ? content.m_sUnit + QLatin1String("  ") + sShort : sShort + QLatin1Char(' ') + content.m_sUnit;
-    const bool bFits = QFontMetricsF(painter.font(), painter.device()).horizontalAdvance(sLong) <= dWidth;
-    return bFits ? sLong.trimmed() : sShort;
+    const QFontMetricsF metrics(painter.font(), painter.device());
+    if (metrics.horizontalAdvance(sLong) <= dWidth)
+        return sLong.trimmed();
+    return metrics.horizontalAdvance(sShort) <= dWidth ? sShort : QString(sShort).remove(QLatin1Char(' '));
 }
 
 /// The colours are those that the track draws on black, which comes with light texts, or on white.

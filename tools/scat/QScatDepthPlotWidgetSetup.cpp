@@ -12,11 +12,13 @@
 #include "ScatCreationGroup.h"
 #include "ScatDirectionFinder.h"
 #include "ScatDirectionGroup.h"
+#include "ScatHelpSplitter.h"
 #include "ScatLineList.h"
 #include "ScatLinePage.h"
 #include "ScatScenarioGroup.h"
 #include "ScatScenarios.h"
 #include "ScatTrackPage.h"
+#include "ScatWheelGuard.h"
 
 #include <QAction>
 #include <QGroupBox>
@@ -24,11 +26,12 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
-#include <QSplitter>
 #include <QTabWidget>
 #include <QTimer>
 #include <QUndoGroup>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace gkBase {
 
@@ -38,8 +41,17 @@ constexpr int g_iAreaMinimumWidth = 360;
 constexpr int g_iAreaMinimumHeight = 160;
 constexpr int g_iAreaWidth = 1000;
 constexpr int g_iSideBarWidth = 360;
-constexpr int g_iListMinimumHeight = 110;
+constexpr int g_iGroupMargin = 6;
 constexpr int g_iNoticeMilliseconds = 6000;
+
+/// The page of all groups has room for the list of lines at the usual heights of windows.
+void tighten(QLayout& layout)
+{
+    const QMargins margins = layout.contentsMargins();
+    layout.setContentsMargins(margins.left(), std::min(margins.top(), g_iGroupMargin), margins.right(),
+                              std::min(margins.bottom(), g_iGroupMargin));
+    layout.setSpacing(g_iGroupMargin / 2);
+}
 
 /// A text that stands out below the tracks while it is wanted.
 QLabel* newHint(const char* pObjectName)
@@ -148,12 +160,13 @@ QWidget* QScatDepthPlotWidget::createInterpretationPage()
     pqLayout->setContentsMargins(4, 4, 4, 4);
     pqLayout->addWidget(m_pqScenarioGroup);
     pqLayout->addWidget(m_pqCreationGroup);
-    auto* pqHelp = new QSplitter(Qt::Vertical);
-    pqHelp->setChildrenCollapsible(false);
-    pqHelp->addWidget(m_pqDirectionGroup);
-    pqHelp->addWidget(createLineGroup());
+    auto* pqHelp = new ScatHelpSplitter(m_pqDirectionGroup, m_pqDirectionFinder, createLineGroup());
+    m_pqDirectionGroup->addButton(pqHelp->foldButton());
     pqLayout->addWidget(pqHelp, 1);
     pqLayout->addWidget(createMarkerGroup());
+    for (QGroupBox* pqGroup : pqControls->findChildren<QGroupBox*>())
+        tighten(*pqGroup->layout());
+    keepFromWheel(*pqControls);
     QWidget* pqPage = newControlScrollArea(pqControls);
     pqPage->setObjectName(QStringLiteral("interpretationPage"));
     return pqPage;
@@ -162,7 +175,6 @@ QWidget* QScatDepthPlotWidget::createInterpretationPage()
 QWidget* QScatDepthPlotWidget::createLineGroup()
 {
     m_pqLineList = new ScatLineList(m_pScenarios.get());
-    m_pqLineList->setMinimumHeight(g_iListMinimumHeight);
     connect(m_pqLineList, &ScatLineList::depthActivated, this, &QScatDepthPlotWidget::centreOnDepth);
     auto* pqGroup = new QGroupBox(tr("Lines"));
     auto* pqLayout = new QVBoxLayout(pqGroup);
@@ -205,6 +217,7 @@ QWidget* QScatDepthPlotWidget::createDisplayPage()
     pqToolBox->addItem(m_pqTrackPage, tr("Tracks"));
     pqToolBox->addItem(m_pqLinePage, tr("Lines"));
     pqToolBox->addItem(pqAnnotation, tr("Annotation/Display Settings"));
+    keepFromWheel(*pqToolBox);
     QWidget* pqPage = newSideBar({}, pqToolBox, tallestPage(*pqToolBox));
     pqPage->setObjectName(QStringLiteral("displayPage"));
     return pqPage;

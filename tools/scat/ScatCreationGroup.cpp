@@ -4,12 +4,17 @@
 #include <QGridLayout>
 #include <QRadioButton>
 
+#include <algorithm>
+#include <numeric>
+#include <vector>
+
 namespace gkBase {
 
 namespace {
 
 constexpr int g_iNone = -1;
-constexpr int g_iColumns = 3;
+constexpr int g_iMostColumns = 3;
+constexpr int g_iWidth = 360; ///< that the buttons may take, so that large letters do not cost the tracks theirs
 
 } // namespace
 
@@ -35,19 +40,33 @@ ScatCreationGroup::ScatCreationGroup(QWidget* pqParent)
         {DepthLineField::Horizon, tr("Horizon"), tr("A bed"), "m_pqHorizonBtn"},
         {DepthLineField::Fault, tr("Fault"), tr("A fault"), "m_pqFaultBtn"},
     };
-    auto* pqGrid = new QGridLayout(this);
-    int iPlace = 0;
     for (const Choice& choice : aChoices) {
         auto* pqButton = new QRadioButton(choice.m_sText);
         pqButton->setToolTip(choice.m_sToolTip);
         pqButton->setObjectName(QLatin1String(choice.m_pObjectName));
         // Identifiers of the group begin at 0: −1 makes it give one of its own.
         m_pqTypes->addButton(pqButton, choice.m_iType + 1);
-        pqGrid->addWidget(pqButton, iPlace / g_iColumns, iPlace % g_iColumns);
-        ++iPlace;
         connect(pqButton, &QRadioButton::clicked, this, &ScatCreationGroup::typeChosen);
     }
     m_pqTypes->button(g_iNone + 1)->setChecked(true);
+    layOut();
+}
+
+void ScatCreationGroup::layOut()
+{
+    const QList<QAbstractButton*> lpqButtons = m_pqTypes->buttons();
+    auto* pqGrid = new QGridLayout(this);
+    const auto width = [&](int iColumns) {
+        std::vector<int> viWidths(static_cast<std::size_t>(iColumns));
+        for (int i = 0; i < lpqButtons.size(); ++i) {
+            int& iWidth = viWidths[static_cast<std::size_t>(i % iColumns)];
+            iWidth = std::max(iWidth, lpqButtons[i]->sizeHint().width());
+        }
+        return std::accumulate(viWidths.begin(), viWidths.end(), (iColumns - 1) * pqGrid->horizontalSpacing());
+    };
+    const int iColumns = width(g_iMostColumns) <= g_iWidth ? g_iMostColumns : g_iMostColumns - 1;
+    for (int i = 0; i < lpqButtons.size(); ++i)
+        pqGrid->addWidget(lpqButtons[i], i / iColumns, i % iColumns);
 }
 
 std::optional<DepthLineField::DataType> ScatCreationGroup::type() const

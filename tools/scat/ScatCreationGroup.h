@@ -25,6 +25,8 @@ signals:
     void typeChosen();
 
 private:
+    void layOut();
+
     QButtonGroup* m_pqTypes;
 };
 

@@ -26,10 +26,12 @@ namespace gkBase {
 
 namespace {
 
-constexpr double g_dSteepest = 85.0; ///< of the planes that shape the line, as directionsByTangentLine() has it
-constexpr int g_iPointSize = 2;
+constexpr double g_dSteepest = 85.0;    ///< of the planes that shape the line, as directionsByTangentLine() has it
+constexpr int g_iPointSize = 1;         // they lie close together
 const QColor g_oFoldColor(0, 120, 215); ///< of the line and the curve, seen on black, white and over the points
-constexpr int g_iNoteHeight = 400;      ///< of the widget, below which the diagrams need the room of the note
+constexpr QSize g_oSizeHint(340, 350);
+constexpr int g_iSpacing = 4;
+constexpr int g_iNoteHeight = 400; ///< of the widget, below which the diagrams need the room of the note
 
 AxisTicks dipTicks()
 {
@@ -56,7 +58,7 @@ ScatDirectionFinder::ScatDirectionFinder(QWidget* pqParent)
     createSuggestions();
     auto* pqLayout = new QVBoxLayout(this);
     pqLayout->setContentsMargins(0, 0, 0, 0);
-    pqLayout->setSpacing(4);
+    pqLayout->setSpacing(g_iSpacing);
     pqLayout->addWidget(m_pqTabs, 1);
     pqLayout->addWidget(m_pqFitLabel);
     pqLayout->addWidget(m_pqLineBtn);
@@ -248,6 +250,51 @@ void ScatDirectionFinder::setFontSize(double dPointSize)
     for (CanvasFrame* pqFrame : std::array<CanvasFrame*, 3>{m_pqTangentFrame, m_pqDipAzimuthFrame, m_pqAzimuthFrame}) {
         pqFrame->setFontSize(dPointSize);
     }
+}
+
+void ScatDirectionFinder::showDiagrams(bool bShow)
+{
+    m_pqTabs->setVisible(bShow);
+    showNoteIfRoom();
+    // At once, for who asks for the heights now.
+    for (QWidget* pqWidget = this; pqWidget; pqWidget = pqWidget->parentWidget()) {
+        if (pqWidget->layout())
+            pqWidget->layout()->invalidate();
+    }
+    updateGeometry();
+}
+
+/// The tool tip of the button says it, too.
+void ScatDirectionFinder::showNoteIfRoom()
+{
+    m_pqNoteLabel->setVisible(areDiagramsShown() && height() >= g_iNoteHeight);
+}
+
+void ScatDirectionFinder::resizeEvent(QResizeEvent* pEvent)
+{
+    QWidget::resizeEvent(pEvent);
+    showNoteIfRoom();
+}
+
+bool ScatDirectionFinder::areDiagramsShown() const
+{
+    return !m_pqTabs->isHidden();
+}
+
+int ScatDirectionFinder::diagramsHeight() const
+{
+    const int iNote = m_pqNoteLabel->isHidden() ? 0 : m_pqNoteLabel->minimumSizeHint().height() + g_iSpacing;
+    return m_pqTabs->minimumSizeHint().height() + g_iSpacing + iNote;
+}
+
+int ScatDirectionFinder::suggestionsHeight() const
+{
+    return minimumSizeHint().height() - (areDiagramsShown() ? diagramsHeight() : 0);
+}
+
+QSize ScatDirectionFinder::sizeHint() const
+{
+    return areDiagramsShown() ? g_oSizeHint : minimumSizeHint();
 }
 
 void ScatDirectionFinder::showEvent(QShowEvent* pEvent)

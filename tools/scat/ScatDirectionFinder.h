@@ -62,7 +62,14 @@ public:
     const TransverseDirections& lineSuggestion() const { return m_lineSuggestion; }
     const TransverseDirections& firstGuess() const { return m_firstGuess; }
 
-    QSize sizeHint() const override { return {340, 350}; }
+    /// Without the diagrams the fit and the suggestions remain.
+    void showDiagrams(bool bShow);
+    bool areDiagramsShown() const;
+    /// The least height of the fit and the suggestions, and by how much the diagrams add to it.
+    int suggestionsHeight() const;
+    int diagramsHeight() const;
+
+    QSize sizeHint() const override;
 
 signals:
     /// The user took a suggestion.
@@ -72,10 +79,12 @@ signals:
 
 protected:
     void showEvent(QShowEvent* pEvent) override;
+    void resizeEvent(QResizeEvent* pEvent) override;
 
 private:
     void createDiagrams();
     void createSuggestions();
+    void showNoteIfRoom();
     void connectAll();
 
     void slotCanvasSelection();

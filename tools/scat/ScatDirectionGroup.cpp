@@ -8,6 +8,7 @@
 
 #include <QCheckBox>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -30,6 +31,7 @@ ScatDirectionGroup::ScatDirectionGroup(QWidget* pqParent)
                                    "m_pqKeepTandLCheckBox"))
     , m_pqTransverseEdit(newEdit(tr("Direction of most Change (T Direction)"), "m_pqTDirectionEdit"))
     , m_pqLongitudinalEdit(newEdit(tr("Direction of least Change (L Direction)"), "m_pqLDirectionEdit"))
+    , m_pqFirstRow(new QHBoxLayout)
     , m_pqLayout(new QVBoxLayout(this))
 {
     m_pqKeepCheckBox->setChecked(true);
@@ -37,7 +39,8 @@ ScatDirectionGroup::ScatDirectionGroup(QWidget* pqParent)
     auto* pqGrid = new QGridLayout;
     int iRow = 0;
     for (QUnitLineEdit* pqEdit : {m_pqTransverseEdit, m_pqLongitudinalEdit}) {
-        auto* pqLabel = new QLabel(pqEdit->accessibleName());
+        auto*& pqLabel = m_apqLabels[static_cast<std::size_t>(iRow)];
+        pqLabel = new QLabel(pqEdit->accessibleName());
         pqLabel->setWordWrap(true);
         pqLabel->setBuddy(pqEdit);
         pqGrid->addWidget(pqLabel, iRow, 0);
@@ -45,7 +48,8 @@ ScatDirectionGroup::ScatDirectionGroup(QWidget* pqParent)
         pqEdit->setModelValue(0.0, false);
     }
     pqGrid->setColumnStretch(0, 1);
-    m_pqLayout->addWidget(m_pqKeepCheckBox);
+    m_pqFirstRow->addWidget(m_pqKeepCheckBox, 1);
+    m_pqLayout->addLayout(m_pqFirstRow);
     m_pqLayout->addLayout(pqGrid);
     connect(m_pqKeepCheckBox, &QCheckBox::toggled, this, &ScatDirectionGroup::keepSwitched);
     connect(m_pqTransverseEdit, &QUnitLineEdit::modelValueChanged, this, [this] {
@@ -111,6 +115,19 @@ void ScatDirectionGroup::setAngles(const MatrixData* poDip)
     const boost::shared_ptr<UnitManager> poUnit = degreeUnit(poDip ? poDip->registry() : nullptr);
     m_pqTransverseEdit->unitManager(poUnit);
     m_pqLongitudinalEdit->unitManager(poUnit);
+}
+
+/// The least height of a wrapped text depends on the width.
+void ScatDirectionGroup::resizeEvent(QResizeEvent* pEvent)
+{
+    QGroupBox::resizeEvent(pEvent);
+    for (QLabel* pqLabel : m_apqLabels)
+        pqLabel->setMinimumHeight(pqLabel->heightForWidth(pqLabel->width()));
+}
+
+void ScatDirectionGroup::addButton(QWidget* pqButton)
+{
+    m_pqFirstRow->addWidget(pqButton);
 }
 
 void ScatDirectionGroup::addHelp(QWidget* pqWidget)

@@ -4,7 +4,11 @@
 
 #include <QGroupBox>
 
+#include <array>
+
 class QCheckBox;
+class QHBoxLayout;
+class QLabel;
 class QVBoxLayout;
 
 namespace gkBase {
@@ -32,12 +36,17 @@ public:
     void setAngles(const MatrixData* poDip);
     /// Puts a widget below the directions, which it helps to find. The group becomes its parent.
     void addHelp(QWidget* pqWidget);
+    /// Puts a button into the first row.
+    void addButton(QWidget* pqButton);
 
 signals:
     /// The user has given another direction.
     void transverseEdited(double dDirection);
     void longitudinalEdited(double dDirection);
     void keepSwitched(bool bKeep);
+
+protected:
+    void resizeEvent(QResizeEvent* pEvent) override;
 
 private:
     QUnitLineEdit* newEdit(const QString& sName, const char* pObjectName);
@@ -46,6 +55,8 @@ private:
     QCheckBox* m_pqKeepCheckBox;
     QUnitLineEdit* m_pqTransverseEdit;
     QUnitLineEdit* m_pqLongitudinalEdit;
+    std::array<QLabel*, 2> m_apqLabels{};
+    QHBoxLayout* m_pqFirstRow;
     QVBoxLayout* m_pqLayout;
 };
 

@@ -22,6 +22,7 @@ namespace gkBase {
 namespace {
 
 constexpr int g_iRowPadding = 6;
+constexpr int g_iLeastRows = 5;
 constexpr int g_iNarrowestName = 90;
 constexpr QSize g_oSizeHint(340, 240);
 
@@ -99,12 +100,25 @@ QSize ScatLineList::sizeHint() const
     return g_oSizeHint;
 }
 
+QSize ScatLineList::minimumSizeHint() const
+{
+    return {QTableView::minimumSizeHint().width(),
+            horizontalHeader()->sizeHint().height() + g_iLeastRows * rowHeightForText() + 2 * frameWidth()};
+}
+
+int ScatLineList::rowHeightForText() const
+{
+    return fontMetrics().height() + g_iRowPadding;
+}
+
 void ScatLineList::fitColumns()
 {
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + g_iRowPadding);
+    verticalHeader()->setDefaultSectionSize(rowHeightForText());
     for (const int iColumn : {ScatLineModel::TypeColumn, ScatLineModel::DepthColumn, ScatLineModel::OrientationColumn})
         resizeColumnToContents(iColumn);
-    setColumnWidth(ScatLineModel::ColorColumn, ScatLineDelegate::colorColumnWidth());
+    setColumnWidth(ScatLineModel::ColorColumn,
+                   std::max(ScatLineDelegate::colorColumnWidth(),
+                            horizontalHeader()->sectionSizeHint(ScatLineModel::ColorColumn)));
     int iName = viewport()->width();
     for (int iColumn = ScatLineModel::TypeColumn; iColumn < ScatLineModel::ColumnCount; ++iColumn)
         iName -= columnWidth(iColumn);

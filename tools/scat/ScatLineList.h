@@ -32,6 +32,8 @@ public:
 
     using QTableView::edit;
     QSize sizeHint() const override;
+    /// The header with some rows.
+    QSize minimumSizeHint() const override;
 
 signals:
     /// The tracks should show this depth (model units).
@@ -47,6 +49,7 @@ protected:
 private:
     void setUpView();
     void setUpActions();
+    int rowHeightForText() const;
     void fitColumns();
     std::vector<int> selectedLines() const;
     std::vector<int> pickedLines() const;

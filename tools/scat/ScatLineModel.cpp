@@ -301,7 +301,7 @@ QVariant ScatLineModel::headerData(int iSection, Qt::Orientation eOrientation, i
 {
     if (eOrientation != Qt::Horizontal || iSection < 0 || iSection >= ColumnCount)
         return {};
-    const std::array<QString, ColumnCount> vTitles = {tr("Name"), tr("Type"), tr("Depth"), tr("Dip/Azi"), QString()};
+    const std::array<QString, ColumnCount> vTitles = {tr("Name"), tr("Type"), tr("Depth"), tr("Dip/Az."), tr("Col.")};
     const std::array<QString, ColumnCount> vToolTips = {
         tr("Name"), tr("Type of the line, with its look on the tracks"), tr("Depth"),
         tr("Dip and dip azimuth in degrees, for example 30/120"), tr("Colour")};
