@@ -87,6 +87,7 @@ ScatWindow::ScatWindow(AnalyserApplication* pApplication, AnalyserWindow* pqAnal
     connect(poRoot->notifier(), &MatrixDataNotifier::attributesChanged, this, &ScatWindow::updateTitle);
     connect(poRoot->notifier(), &MatrixDataNotifier::structureChanged, this, &ScatWindow::restoreAttributes);
     updateTitle();
+    m_pqPanel->setFocus();
 }
 
 ScatWindow::~ScatWindow()

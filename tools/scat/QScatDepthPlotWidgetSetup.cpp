@@ -91,6 +91,7 @@ QScatDepthPlotWidget::QScatDepthPlotWidget(QWidget* pqParent)
     applySettings();
     showScenarios();
     initializeDataSet();
+    setFocusProxy(plot(DipTrack)); // keys act on the tracks at first
 }
 
 QScatDepthPlotWidget::~QScatDepthPlotWidget() = default;
