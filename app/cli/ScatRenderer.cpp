@@ -42,7 +42,7 @@ std::optional<CommandResult> renderScat(CommandInput& input, const QString& sPat
     if (!panel.importScenario(sScenario, &sError)) {
         return CommandResult::badInput(sError);
     }
-    if (const auto oFailure = exported(panel, sPath, oSize)) {
+    if (auto oFailure = exported(panel, sPath, oSize)) {
         return oFailure;
     }
     if (panel.structuralTops() && panel.structuralTops()->count() > 0) {

@@ -35,7 +35,7 @@ QString write(QWidget* pqParent, const QString& sStart,
     if (dialog.exec() != QDialog::Accepted)
         return {};
     const QString sFilters = gkBase::ChartExporter::nameFilters().join(QLatin1String(";;"));
-    const QString sPath = withExtension(QFileDialog::getSaveFileName(pqParent, tr("Export Chart"), sStart, sFilters),
+    QString sPath = withExtension(QFileDialog::getSaveFileName(pqParent, tr("Export Chart"), sStart, sFilters),
                                         QStringLiteral("png"));
     if (sPath.isEmpty())
         return {};

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace gkBase {
 
@@ -41,7 +42,7 @@ void drawSample(QPainter& painter, const DepthLineField::Line& line, const QRect
     sample.m_eType = line.m_eType;
     sample.m_oColor = readableColor(line.m_oColor, style.m_oBackground, style.m_oLabel);
     sample.m_iWidth = 2;
-    sample.m_dY = oRect.height() / 2;
+    sample.m_dY = std::floor(oRect.height() / 2.0);
     const PainterState state(&painter);
     painter.setClipRect(oRect, Qt::IntersectClip);
     if (option.state.testFlag(QStyle::State_Selected))

@@ -149,7 +149,9 @@ double bestOfScan(const std::vector<TangentPoint>& vPoints)
     constexpr double dRounding = 1e-12;
     double dBest = 0.0;
     double dLargest = -1.0;
-    for (double dDirection = 0.0; dDirection < 180.0; dDirection += g_dScanStep) {
+    const int iSteps = static_cast<int>(180.0 / g_dScanStep);
+    for (int i = 0; i < iSteps; ++i) {
+        const double dDirection = i * g_dScanStep;
         const double dSum = sumOfSquares(vPoints, dDirection);
         if (dSum > dLargest * (1.0 + dRounding)) {
             dLargest = dSum;
