@@ -36,7 +36,7 @@ QString write(QWidget* pqParent, const QString& sStart,
         return {};
     const QString sFilters = gkBase::ChartExporter::nameFilters().join(QLatin1String(";;"));
     QString sPath = withExtension(QFileDialog::getSaveFileName(pqParent, tr("Export Chart"), sStart, sFilters),
-                                        QStringLiteral("png"));
+                                  QStringLiteral("png"));
     if (sPath.isEmpty())
         return {};
     QString sError;
