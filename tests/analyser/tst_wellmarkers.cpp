@@ -138,7 +138,8 @@ private slots:
         const std::unique_ptr<MatrixData> poOther(m_poRoot->clone());
         MatrixData* poDepth = poOther->child(1)->depthAttribute();
         poDepth->setColumn(0, MatrixColumn::fromDoubles({1010 / 0.3048, 1050 / 0.3048, 1150 / 0.3048}));
-        poDepth->setUnitManager(depths({}, "ft")->unitManager());
+        const std::unique_ptr<MatrixData> poFeet(depths({}, "ft"));
+        poDepth->setUnitManager(poFeet->unitManager());
         poOther->child(1)->removeChild(poOther->child(1)->getNodeFromName(QStringLiteral("$V")));
         m_lines.eraseLine(1);
         QVERIFY(createWellMarkers(*poOther, m_lines, *poOther->child(0)->depthAttribute()));
