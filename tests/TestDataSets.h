@@ -2,8 +2,11 @@
 
 #include <gkBase/MatrixColumn.h>
 #include <gkBase/MatrixData.h>
+#include <gkBase/UnitManager.h>
 
 #include <QStringList>
+
+#include <boost/shared_ptr.hpp>
 
 #include <memory>
 #include <utility>
@@ -24,6 +27,16 @@ inline gkBase::MatrixData* attribute(const QString& sName, const std::vector<dou
     return attribute(sName, gkBase::MatrixColumn::fromDoubles(vdValues));
 }
 
+/// Numbers in a unit.
+inline gkBase::MatrixData* attribute(const QString& sName, const std::vector<double>& vdValues, const char* pCategory,
+                                     const char* pUnit)
+{
+    gkBase::MatrixData* poNode = attribute(sName, vdValues);
+    poNode->setUnitManager(boost::shared_ptr<gkBase::UnitManager>(
+        new gkBase::UnitManager(QLatin1String(pCategory), QLatin1String(pUnit))));
+    return poNode;
+}
+
 /// Cells from texts; an empty one is a missing cell.
 inline gkBase::MatrixData* attribute(const QString& sName, QMetaType::Type eType, const QStringList& lCells)
 {
@@ -31,6 +44,11 @@ inline gkBase::MatrixData* attribute(const QString& sName, QMetaType::Type eType
     for (const QString& sCell : lCells)
         column.appendValue(sCell.isEmpty() ? QVariant() : QVariant(sCell));
     return attribute(sName, std::move(column));
+}
+
+inline gkBase::MatrixData* texts(const QString& sName, const QStringList& lTexts)
+{
+    return attribute(sName, QMetaType::QString, lTexts);
 }
 
 inline gkBase::MatrixData* addDataSet(gkBase::MatrixData& root, const QString& sName,

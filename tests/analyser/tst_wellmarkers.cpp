@@ -27,9 +27,7 @@ namespace {
 
 MatrixData* depths(const std::vector<double>& vdDepths, const char* pUnit = "m")
 {
-    MatrixData* poNode = gkTest::attribute(QStringLiteral("Depth"), vdDepths);
-    poNode->setUnitManager(boost::shared_ptr<UnitManager>(new UnitManager(u"depth"_qs, QLatin1String(pUnit))));
-    return poNode;
+    return gkTest::attribute(QStringLiteral("Depth"), vdDepths, "depth", pUnit);
 }
 
 MatrixData* texts(const char* pName, const QStringList& lTexts)

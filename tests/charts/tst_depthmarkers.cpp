@@ -10,21 +10,14 @@
 
 using namespace gkBase;
 using gkTest::addDataSet;
+using gkTest::texts;
 
 namespace {
 
 MatrixData* attribute(const QString& sName, const std::vector<double>& vdValues, const char* pCategory = "depth",
                       const char* pUnit = "m")
 {
-    MatrixData* poNode = gkTest::attribute(sName, vdValues);
-    poNode->setUnitManager(
-        boost::shared_ptr<UnitManager>(new UnitManager(QLatin1String(pCategory), QLatin1String(pUnit))));
-    return poNode;
-}
-
-MatrixData* texts(const QString& sName, const QStringList& lTexts)
-{
-    return gkTest::attribute(sName, QMetaType::QString, lTexts);
+    return gkTest::attribute(sName, vdValues, pCategory, pUnit);
 }
 
 /// A depth plot of this data set, whose depths are in metres, looks for markers.

@@ -32,26 +32,13 @@
 
 using namespace gkBase;
 using gkTest::addDataSet;
+using gkTest::attribute;
+using gkTest::texts;
 
 namespace {
 
 constexpr double g_dNone = std::numeric_limits<double>::quiet_NaN();
 const QString g_sGroup = QStringLiteral("attribute_analyser/well_log_plot/");
-
-MatrixData* attribute(const QString& sName, const std::vector<double>& vdValues, const char* pCategory = nullptr,
-                      const char* pUnit = nullptr)
-{
-    MatrixData* poNode = gkTest::attribute(sName, vdValues);
-    if (pCategory)
-        poNode->setUnitManager(
-            boost::shared_ptr<UnitManager>(new UnitManager(QLatin1String(pCategory), QLatin1String(pUnit))));
-    return poNode;
-}
-
-MatrixData* texts(const QString& sName, const QStringList& lTexts)
-{
-    return gkTest::attribute(sName, QMetaType::QString, lTexts);
-}
 
 /// 200 records from 1000 m down, every half metre.
 struct Well

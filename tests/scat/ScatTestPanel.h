@@ -30,19 +30,13 @@ struct FoldedWell
 {
     FoldedWell()
     {
-        const auto withUnit = [](const char* pName, const char* pCategory, const char* pUnit,
-                                 const std::vector<double>& vdValues) {
-            MatrixData* poNode = attribute(QLatin1String(pName), vdValues);
-            poNode->setUnitManager(
-                boost::shared_ptr<UnitManager>(new UnitManager(QLatin1String(pCategory), QLatin1String(pUnit))));
-            return poNode;
-        };
-        m_poSet =
-            addDataSet(*m_poRoot, QStringLiteral("Well"),
-                       {withUnit("Depth", "depth", "m", {1000, 1100, 1200, 1300, 1400, 1500, 1600, 1700}),
-                        withUnit("Dip", "orientation", "deg", {22.02, 31.12, 22.02, 10.00, 12.71, 34.88, 40.61, 36.78}),
-                        withUnit("Azimuth", "orientation", "deg",
-                                 {155.85, 146.98, 155.85, 220.00, 258.56, 295.35, 298.13, 296.36})});
+        m_poSet = addDataSet(
+            *m_poRoot, QStringLiteral("Well"),
+            {attribute(QStringLiteral("Depth"), {1000, 1100, 1200, 1300, 1400, 1500, 1600, 1700}, "depth", "m"),
+             attribute(QStringLiteral("Dip"), {22.02, 31.12, 22.02, 10.00, 12.71, 34.88, 40.61, 36.78}, "orientation",
+                       "deg"),
+             attribute(QStringLiteral("Azimuth"), {155.85, 146.98, 155.85, 220.00, 258.56, 295.35, 298.13, 296.36},
+                       "orientation", "deg")});
     }
     MatrixData& node(const char* pName) { return *m_poRoot->getNodeFromName(QLatin1String(pName)); }
 
