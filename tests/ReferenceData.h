@@ -37,6 +37,12 @@ inline QString referenceFolder()
     return {};
 }
 
+/// Path of a file below the folder.
+inline QString referenceFile(const QString& sFile)
+{
+    return QDir(referenceFolder()).filePath(sFile);
+}
+
 /// expected/<sName>.json; empty when it cannot be read.
 inline QJsonObject referenceValues(const QString& sName)
 {

@@ -282,7 +282,7 @@ void TestLasImport::likeTheOtherReader_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QJsonObject>("expected");
-    QFile file(gkTest::referenceFolder() + "/las/expected.json");
+    QFile file(gkTest::referenceFile(QStringLiteral("las/expected.json")));
     if (!file.open(QIODevice::ReadOnly)) {
         QTest::newRow("no reference files") << QString() << QJsonObject();
         return;

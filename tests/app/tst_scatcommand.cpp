@@ -69,8 +69,8 @@ private slots:
     {
         GK_REQUIRE_REFERENCE();
         const QJsonObject json =
-            jsonOf(runCommand({"scat", gkTest::referenceFolder() + "/data/fold_well_a.csv", "--depth", "depth", "--dip",
-                               "dip", "--azimuth", "dip_azimuth", "--json"}));
+            jsonOf(runCommand({"scat", gkTest::referenceFile(QStringLiteral("data/fold_well_a.csv")), "--depth",
+                               "depth", "--dip", "dip", "--azimuth", "dip_azimuth", "--json"}));
         QVERIFY(qAbs(json["t"].toDouble() - 70.0) < 1.0);
         QVERIFY(qAbs(json["l"].toDouble() - 340.0) < 1.0);
         QCOMPARE(json["crests"].toArray().size(), 1);
@@ -120,7 +120,7 @@ private slots:
 
     void everyOptionChangesTheChart()
     {
-        const QString sScenario = QStringLiteral(GK_SOURCE_DIR "/samples/folded_well_scenario.txt");
+        const QString sScenario = QDir(GK_SOURCE_DIR).filePath("samples/folded_well_scenario.txt");
         QList<QByteArray> lPictures;
         for (const QStringList& lOptions : QList<QStringList>{{},
                                                               {"--scenario", sScenario},

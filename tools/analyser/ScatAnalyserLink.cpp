@@ -131,6 +131,10 @@ void ScatAnalyserLink::sendOrientations(const std::vector<int>& viRecords)
     const MatrixData* poAzimuth = m_pqPanel->azimuthAttribute();
     if (!poDip || !poAzimuth)
         return;
+    // What orients a line says nothing about the fold, and without records nothing is said about the line.
+    const bool bLines = m_pqPanel->isOrientationMode();
+    if (bLines ? viRecords.empty() : !m_pqPanel->takesProposals())
+        return;
     const std::vector<double> vdDips = numbersInDegrees(*poDip);
     const std::vector<double> vdAzimuths = numbersInDegrees(*poAzimuth);
     const std::vector<int>& viMeant = viRecords.empty() ? m_viTableRows : viRecords;
@@ -140,10 +144,8 @@ void ScatAnalyserLink::sendOrientations(const std::vector<int>& viRecords)
             vbMask[static_cast<std::size_t>(iRecord)] = 1;
 
     const auto statistics = [&] { return orientationStatistics(OrientationType::Planes, vdDips, vdAzimuths, vbMask); };
-    // What orients a line says nothing about the fold, and without records nothing is said about the line.
-    if (m_pqPanel->isOrientationMode()) {
-        if (!viRecords.empty())
-            sendMeanOrientation(statistics());
+    if (bLines) {
+        sendMeanOrientation(statistics());
         return;
     }
     TransverseDirections directions = directionsByTangentLine(vdDips, vdAzimuths, vbMask);

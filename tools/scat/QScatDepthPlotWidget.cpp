@@ -30,9 +30,6 @@ namespace gkBase {
 
 namespace {
 
-/// What the tracks of apparent dips end at, in degrees; steeper dips stand at their frames.
-constexpr std::array<double, 6> g_adSteepest = {10.0, 20.0, 30.0, 40.0, 60.0, 80.0};
-constexpr double g_dMargin = 1.03; ///< so that no frame cuts the symbol of the steepest dip
 constexpr QLatin1String g_transverseDip("Transverse Dip");
 constexpr QLatin1String g_longitudinalDip("Longitudinal Dip");
 /// Of the points until the user chooses others; readable on white and black.
@@ -248,9 +245,8 @@ void QScatDepthPlotWidget::slotRotateInLDirection(double dL)
 /// Both tracks end at the same dip, so that they can be compared.
 void QScatDepthPlotWidget::showApparentDips()
 {
-    const double dSteepest = std::max(steepestDip(m_poTransverseDip.get()), steepestDip(m_poLongitudinalDip.get()));
-    const auto limit = std::lower_bound(g_adSteepest.begin(), g_adSteepest.end(), g_dMargin * dSteepest);
-    m_dSteepest = limit == g_adSteepest.end() ? g_adSteepest.back() : *limit;
+    m_apparentDipLimits =
+        apparentDipLimits(std::max(steepestDip(m_poTransverseDip.get()), steepestDip(m_poLongitudinalDip.get())));
     const std::pair<double, double> directions(transverseDirection(), longitudinalDirection());
     m_pqDirectionFinder->setDirections(directions.first, directions.second);
     refillTrack(TransverseDipTrack);
@@ -275,10 +271,14 @@ void QScatDepthPlotWidget::proposeDirections()
 
 void QScatDepthPlotWidget::updateTandLdirection(const double& dT, const double& dL)
 {
+    if (takesProposals())
+        setDirections(dT, dL);
+}
+
+bool QScatDepthPlotWidget::takesProposals() const
+{
     const bool bNone = transverseDirection() == 0.0 && longitudinalDirection() == 0.0;
-    if (m_pqDirectionGroup->isKept() && !bNone)
-        return;
-    setDirections(dT, dL);
+    return !m_pqDirectionGroup->isKept() || bNone;
 }
 
 void QScatDepthPlotWidget::setDirections(double dT, double dL)

@@ -6,6 +6,7 @@
 #include "ScatDialogs.h"
 #include "ScatLineDefaults.h"
 #include "ScatSettings.h"
+#include "ScatTrackLimits.h"
 #include "gkBaseToolsExport.h"
 
 #include <QPointF>
@@ -100,6 +101,8 @@ public:
     /// What a host proposes for its present selection: taken unless the user keeps the directions; also taken then
     /// while both are 0.
     void updateTandLdirection(const double& dT, const double& dL);
+    /// Whether updateTandLdirection() would take anything; a host need not compute what would not be taken.
+    bool takesProposals() const;
     /// Takes the directions in any case. A missing one stays as it is.
     void setDirections(double dT, double dL);
     double transverseDirection() const;
@@ -270,7 +273,7 @@ private:
     MatrixData* values(int iTrack) const;
     DepthTrack depthTrack(int iTrack) const;
     /// Limits of a track in degrees: what its settings say, or those that suit it.
-    std::pair<double, double> limits(int iTrack) const;
+    ScatTrackLimits limits(int iTrack) const;
     void refillTrack(int iTrack);
     double positionOf(int iTrack, const QPointF& oDipAndAzimuth) const;
     void showTrackSettings();
@@ -307,7 +310,7 @@ private:
     std::unique_ptr<MatrixData> m_poTransverseDip;
     std::unique_ptr<MatrixData> m_poLongitudinalDip;
     std::vector<int> m_viTableRows;                  ///< empty: all
-    double m_dSteepest = 0.0;                        ///< at the edges of the tracks of apparent dips, degrees
+    ScatTrackLimits m_apparentDipLimits;             ///< of both tracks, after their steepest dip
     std::pair<double, double> m_announcedDirections; ///< by directionsChanged()
     bool m_bMercatorScaling = false;
     bool m_bShowingSettings = false; ///< controls follow the settings, not the user

@@ -29,8 +29,6 @@ namespace {
 constexpr double g_dRightAngle = 90.0;
 constexpr double g_dHalfCircle = 180.0;
 constexpr double g_dFullCircle = 360.0;
-/// Apparent dips beyond it are too steep to be read against others.
-constexpr double g_dSteepestLimit = 80.0;
 constexpr int g_iPointSize = 2;
 constexpr int g_iTadpoleSize = 3;
 constexpr int g_iDecimals = 1;
@@ -61,23 +59,15 @@ MatrixData* QScatDepthPlotWidget::values(int iTrack) const
     }
 }
 
-std::pair<double, double> QScatDepthPlotWidget::limits(int iTrack) const
+ScatTrackLimits QScatDepthPlotWidget::limits(int iTrack) const
 {
-    const ScatTrackSettings& settings = m_settings.m_aTracks[static_cast<std::size_t>(iTrack)];
-    std::pair<double, double> suitable{0.0, g_dRightAngle};
+    ScatTrackLimits suitable{0.0, g_dRightAngle};
     if (iTrack == AzimuthTrack)
-        suitable.second = m_bMercatorScaling ? g_dHalfCircle : g_dFullCircle;
+        suitable.m_dMaximum = m_bMercatorScaling ? g_dHalfCircle : g_dFullCircle;
     else if (isApparentDip(iTrack))
-        suitable = {-m_dSteepest, m_dSteepest};
-    std::pair<double, double> result = suitable;
-    if (!isMissing(settings.m_dMinimum))
-        result.first = settings.m_dMinimum;
-    if (!isMissing(settings.m_dMaximum))
-        result.second = settings.m_dMaximum;
-    if (isApparentDip(iTrack))
-        result = {std::max(result.first, -g_dSteepestLimit), std::min(result.second, g_dSteepestLimit)};
-    // Limits that were given to several tracks need not make an axis in each of them.
-    return result.first < result.second ? result : suitable;
+        suitable = m_apparentDipLimits;
+    const ScatTrackSettings& settings = m_settings.m_aTracks[static_cast<std::size_t>(iTrack)];
+    return chosenTrackLimits(suitable, settings.m_dMinimum, settings.m_dMaximum, isApparentDip(iTrack));
 }
 
 DepthTrack QScatDepthPlotWidget::depthTrack(int iTrack) const
@@ -111,7 +101,7 @@ void QScatDepthPlotWidget::refillTrack(int iTrack)
 {
     m_pqArea->refillTrack(iTrack, depthTrack(iTrack));
     if (isApparentDip(iTrack) && m_poDip)
-        plot(iTrack)->setSteepLimit(g_dSteepestLimit / degreesPerUnit(*m_poDip.get()));
+        plot(iTrack)->setSteepLimit(g_dSteepestApparentDip / degreesPerUnit(*m_poDip.get()));
 }
 
 /// Where an orientation in degrees stands on a track.
